@@ -1,0 +1,6 @@
+find_package(benchmark REQUIRED)
+file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*_bench.cpp)
+if(bench_sources)
+  add_executable(torvale_bench ${bench_sources})
+  target_link_libraries(torvale_bench PRIVATE torvale_script_lib benchmark::benchmark_main torvale_options)
+endif()
