@@ -1,0 +1,24 @@
+// The pattern language in which numbers reach the screen and paper.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace torvale {
+
+// The value in a pattern. In the pattern "#" is a digit shown only where it is significant, "0" a digit always shown,
+// the first "." the decimal point; any other character, a later "." among them, stands as written.
+//
+// The value is taken to its 15-digit decimal form (a 32-bit value is widened first) and that decimal is rounded to the
+// pattern's decimals, half away from zero: 2.675 in "##.00" is "2.68". Digits beyond the pattern's integer positions
+// are shown at the first of them. A "#" between the point and a "0" behind it is always shown, so is a "#" between a
+// "0" and the point. The point stands also with no decimals behind it: 92 in "##.##" is "92.", 0 in it is ".". A minus
+// sign stands ahead of everything, literals included (-5 in " .#" is "- 5."); a value that rounds to zero has none.
+// Throws kOverflow when the value is infinite or no number.
+std::string Format(double value, std::string_view pattern);
+
+// A text in a pattern: its number where the whole text, blanks aside, is one; any other text comes back as it is, so do
+// the empty text, "3/4" and "12abc". Throws kOverflow when the number is beyond the 64-bit range.
+std::string FormatText(std::string_view text, std::string_view pattern);
+
+}  // namespace torvale
