@@ -3,6 +3,10 @@
 # since each lays out a few things its own way.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
-mapfile -d '' files < <(find src tests bench -name '*.h' -print0 -o -name '*.cpp' -print0)
+folders=()
+for folder in src tests bench; do
+  [ ! -d "$folder" ] || folders+=("$folder")
+done
+mapfile -d '' files < <(find "${folders[@]}" -name '*.h' -print0 -o -name '*.cpp' -print0)
 [ ${#files[@]} -gt 0 ]
 clang-format-14 --dry-run -Werror "${files[@]}"

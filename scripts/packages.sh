@@ -36,8 +36,10 @@ need_packages() {
 
 # missing_packages PACKAGE...: those that are not installed, one a line.
 missing_packages() {
+  # dpkg-query fails when it doesn't know one of the names.
   local installed
-  installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p')
+  installed=$({ dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true; } |
+    sed -n 's/^installed //p')
   local package
   for package in "$@"; do
     grep -qxF -- "$package" <<<"$installed" || echo "$package"
