@@ -1,0 +1,150 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "record/row_array.h"
+
+namespace torvale {
+
+// A number that may not have been set yet; unset, it counts as 0.
+using FreeValue = std::optional<double>;
+
+inline double Number(const FreeValue& value) {
+  return value.value_or(0.0);
+}
+
+// The kinds of design, as `DesignType` holds them.
+inline constexpr std::int16_t kNoDesign = 0;
+inline constexpr std::int16_t kPlanned = 1;
+inline constexpr std::int16_t kConstantSlope = 2;
+inline constexpr std::int16_t kDualSlope = 3;
+inline constexpr std::int16_t kComputerHoles = 4;
+inline constexpr std::int16_t kExistingField = 5;
+inline constexpr std::int16_t kLimitedHoles = 6;
+
+inline constexpr int kHoleSizes = 50;         // listed hole sizes, rows 1 to 50 of the table
+inline constexpr int kClipboardRows = 320;    // highest row of the block clipboard
+inline constexpr int kClipboardColumns = 12;  // highest column of the block clipboard
+
+// The whole state of the design: one instance for the process, read and written by every part by field name. Opening a
+// design overwrites it, a new design clears its row arrays.
+//
+// Lengths, stations, elevations and heads are in feet, flows in US gallons per minute, hole and pipe diameters in
+// inches unless a field says feet. Hole rows 1 to `HoleRows` lie along the pipe: row 1 at the head of the line, where
+// the water enters, row `HoleRows` at the far end. `float` fields are 32-bit store points: a value is rounded where it
+// is stored into one, and nowhere else.
+struct DesignRecord {
+  DesignRecord();
+
+  // Counts and mode
+  std::int16_t DesignType = kNoDesign;
+  std::string PipeKind = "L";       // "L" layflat tubing, "R" rigid gated pipe
+  std::int16_t SurveyRows = 0;      // filled rows of the input sheet
+  std::int16_t HoleRows = 0;        // hole rows; index of the far end
+  std::int16_t WateredFurrows = 0;  // rows with holes, recounted by the march among rows with flow and length
+  std::string FileVersion;          // program version, major.minor.revision
+
+  // Flow and head settings
+  float TargetGPM = 0;
+  float HazenWilliamsC = 0;  // Hazen-Williams roughness coefficient
+  float DischargeCoef = 0;   // orifice discharge coefficient
+  float LowQuarter = 0;      // share of the furrow length that makes the low quarter; 0.25 after start
+  float SeedEndHead = 0;     // far-end head from which the march starts for design types 4 and 6
+  float ManualTargetHead = 0;
+  float BestHeadFound = 0;
+
+  // Status
+  std::string DesignOK;                // "True" or "False": whether the current calculation stands
+  bool CancelFlag = false;             // the user cancelled, or a calculation gave up
+  std::int16_t MissingData = 0;        // -1 after refused input or a run-time fault
+  std::int16_t SpacingWarningOff = 0;  // 1 once the user accepted stations that fail to rise
+  std::string CalcProblem;             // "Problem" after the try limit
+  std::string FlowCalcStatus;          // "Ok" once the march has finished a hole trial
+
+  // Survey data by hole row
+  RowArray<float> Station;                // hundredths of a foot; 0 ends the list beyond row 1
+  RowArray<std::int16_t> HolesPerFurrow;  // 0 where the row has none
+  RowArray<unsigned char> PastReach;      // 1 where the row stands past the last furrow of a watered reach
+  RowArray<float> HoleDia;                // feet; the row has holes where it is above 0
+  RowArray<float> SurveyHoleDia;          // inches
+  RowArray<float> HoleSpacing;
+  RowArray<float> PlantedWidth;  // planted furrow width between watered furrows
+  RowArray<float> PipeDia;       // of the span that ends at the row
+  RowArray<float> PipeArea;      // square inches
+  RowArray<std::string> MilText;
+  RowArray<std::int16_t> FurrowLength;
+  RowArray<float> CrownElev;                // existing crown, in the survey's units (rod reading or elevation)
+  RowArray<float> DesignElev;               // designed crown, same units
+  RowArray<float> ReservedRowValue;         // carried by design files alone; always 0
+  RowArray<std::string> ReservedRowValue2;  // the same, as text
+
+  // By whole foot of station (index = foot)
+  RowArray<float> ElevByFoot;
+  RowArray<double> FurrowLengthByFoot;
+
+  // Results by hole row
+  RowArray<double> Head;     // not rounded to 32 bits between rows
+  RowArray<float> HoleArea;  // square feet, all holes of the row
+  RowArray<float> FurrowFlow;
+  RowArray<float> FurrowNumber;  // running number among the watered furrows, 0 on others
+  RowArray<float> FlowRatio;     // furrow length / average furrow length
+  RowArray<float> RequiredFlow;
+  RowArray<float> ComputerHoleDia;
+  RowArray<float> LimitedHoleDia;
+  RowArray<float> HoleSizeIdeal;
+  RowArray<double> FrictionLoss;
+  RowArray<float> DisplayHoleNumber;  // by row of the Summary table: flow that has left the pipe up to that row
+
+  // By watered furrow, sorted
+  RowArray<float> NormFurrowFlow;           // furrow flow / FlowRatio
+  RowArray<std::int16_t> NormFurrowLength;  // furrow length / FlowRatio; follows NormFurrowFlow in the sort
+
+  // Design summary
+  float AccumGPM = 0;  // pipe flow of the march; after a finished march the flow of all holes
+  float AverageFurrowFlow = 0;
+  float TotalFurrowLength = 0;
+  float TotalAcres = 0;
+  float MaxHead = 0;
+  float MinHead = 0;
+  std::int16_t MaxHeadStation = 0;
+  std::int16_t MinHeadStation = 0;
+  float MaxFurrowFlow = 0;
+  float MinFurrowFlow = 0;
+  float Uniformity = 0;  // distribution uniformity, percent, one decimal, at most 100
+  float BestUniformity = 0;
+  float CrownSlope = 0;
+  float SlopeDelta = 0;  // slope under trial; scratch value of the survey interpolation
+  FreeValue DualBreakStation;
+  float HighestFill = 0;
+  float HoursHalfInch = 0;  // hours to apply that many gross inches
+  float HoursOneInch = 0;
+  float HoursOneHalfInch = 0;
+  float HoursTwoInch = 0;
+  float HoursThreeInch = 0;
+
+  // Hole size tables
+  BoundedArray<std::string, kHoleSizes + 1> HoleSizeName;
+  BoundedArray<float, kHoleSizes + 1> HoleSizeValue;  // inches
+  BoundedArray<std::string, kHoleSizes> SelectedHoleName;
+  BoundedArray<float, kHoleSizes> SelectedHoleValue;
+  FreeValue HoleSizeIndexLimit;
+
+  // Hole summary texts
+  std::string HoleSumStations;  // the hole size column
+  std::string HoleSumSeparator;
+  std::string HoleSumLengths;  // the station column
+  std::string HoleSumCounts;
+  RowArray<std::string> HoleSumFurrowText;
+  RowArray<std::int16_t> HoleSumCount;
+
+  // Distance between surveyed stations, feet
+  std::int16_t StationInterval = 0;
+};
+
+// Empties the row arrays that a new design starts without. The other fields keep their values.
+void ClearRowArrays(DesignRecord& record);
+
+}  // namespace torvale
