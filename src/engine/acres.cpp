@@ -1,0 +1,20 @@
+#include "engine/acres.h"
+
+#include "base/arithmetic.h"
+
+namespace torvale {
+
+void AcreCalc(DesignRecord& record, EngineHost& host) {
+  record.TotalAcres = 0;
+  try {
+    double sum = 0;
+    for (int i = 1; i <= record.HoleRows - 1; ++i) {
+      sum += static_cast<double>(record.FurrowLength[i]) * static_cast<double>(record.PlantedWidth[i]) / 43560;
+    }
+    record.TotalAcres = Store32(sum);
+  } catch (const RunTimeFault&) {
+    host.Message("Error calculating acres.", "");
+  }
+}
+
+}  // namespace torvale

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "engine/engine_host.h"
+#include "record/design_record.h"
+#include "record/text_grid.h"
+
+namespace torvale {
+
+// The typed texts that the hydraulics read beside the record.
+struct TypedTexts {
+  const TextGrid& sheet;           // the survey
+  const std::string& target_head;  // feet; where the search on the far-end head begins
+  const std::string& survey_kind;  // exactly "E": elevations; anything else: rod readings, larger is lower ground
+};
+
+// Marks that `FlowCalc` leaves in its counter of tries.
+inline constexpr int kTryLimit = 200;
+inline constexpr int kTriesAfterFault = 100;
+
+// Finds the far-end head at which the flow out of all holes meets `TargetGPM` within 0.0005 of it. The line is marched
+// from the far end to its head, row by row; the far-end head then moves by 0.5, 0.1, 0.01, 0.001 or 0.0001 feet, the
+// step getting finer at each crossing of the target, and the line is marched again.
+//
+// Needs the rows prepared by the procedures of stations.h; `DesignElev` for design types 2 and 3; `SeedEndHead` and the
+// chosen hole sizes for types 4 and 6. Writes `Head`, `FurrowFlow`, `HoleArea`, `AccumGPM`, `FurrowNumber`,
+// `NormFurrowFlow`, `NormFurrowLength`, `WateredFurrows`, `TotalFurrowLength`, `TotalAcres` and the extremes of head
+// and flow. `tries` is set to 0 and counts the marches that ended at the head of the line or in a negative head.
+//
+//   converged          flags as they were, `FlowCalcStatus` "Ok"
+//   cancelled          `CancelFlag` was set during a yield: nothing more is done
+//   try limit          a message; `CancelFlag`, `DesignOK` "False", `tries` = kTryLimit, the march left as it stands
+//   run-time fault     a message; `CancelFlag`, `MissingData` -1, `tries` = kTriesAfterFault
+void FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host, int& tries);
+
+// One correction of the far-end head. `last_step` is the mark of the step before ("" at first) and takes the mark of
+// this one; `flow` is what the march delivered. Exactly the target leaves both as they are.
+void CorrectEndHead(double& end_head, std::string_view& last_step, float flow, float target);
+
+}  // namespace torvale

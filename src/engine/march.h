@@ -1,0 +1,48 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+namespace torvale {
+
+// The hydraulics of one line, prepared once and marched many times. Element 0 is unused; elements 1 to `rows` belong
+// to the rows, 1 at the head of the line.
+struct Line {
+  int rows = 0;
+  std::vector<float> opening;          // square feet of all holes of the row, 0 where the row has none
+  std::vector<unsigned char> watered;  // 1 where the row has holes
+  std::vector<double> length;          // feet of the span that ends at the row, to hundredths
+  std::vector<double> dia_power;       // pipe diameter (inches) to the power 4.866
+  std::vector<double> rise;            // feet that the crown rises from the row to the next one upstream
+  double friction_factor = 0;          // 0.2083 (100 / C)^1.852, friction in feet per 100 feet
+  double discharge_coef = 0;
+};
+
+// Where the march writes: `head` and `flow` and `area` reach from element 0 to `Line::rows`.
+struct Profile {
+  double* head;  // feet; the element of the far end is the march's start
+  float* flow;   // gallons per minute out of the row
+  float* area;   // square feet
+};
+
+// The place of a march between two stretches of rows.
+struct MarchPlace {
+  int row = 0;     // the next row to work
+  float flow = 0;  // gallons per minute in the pipe below that row
+};
+
+// Works rows from `place.row` upstream, at most `count` of them and none below row 2, and stops after a row that leaves
+// a negative head at the next one upstream. At each row: the flow out of its holes
+//     q = A sqrt(64.4 h) 448.8 Cd                     (orifice, gallons per minute)
+// joins the pipe, and the head upstream is
+//     h' = h - rise + L (Q^1.852 / d^4.866 F / 100)   (Hazen-Williams, feet per 100 feet)
+// The flow is rounded to 32 bits at each row as the record stores it, the head stays in 64 bits. Needs a head of 0 or
+// more at `place.row`. An overflow or a zero pipe diameter is a RunTimeFault with the rows before it written.
+// Returns the number of rows worked.
+int MarchRows(const Line& line, const Profile& profile, MarchPlace& place, int count);
+
+// One row of the march in its two steps, for the rows at which a caller must look in between.
+void TakeOrifice(const Line& line, const Profile& profile, MarchPlace& place);
+void CarryHead(const Line& line, const Profile& profile, const MarchPlace& place);
+
+}  // namespace torvale
