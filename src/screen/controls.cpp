@@ -1,0 +1,82 @@
+#include "screen/controls.h"
+
+#include <algorithm>
+
+#include "base/run_time_fault.h"
+
+namespace torvale {
+
+void TextField::Set(std::string_view text) {
+  if (text_ == text) return;
+  text_.assign(text);
+  if (on_change) on_change();
+}
+
+void Grid::Resize(int rows, int column_count) {
+  if (rows == cells_.rows() && column_count == cells_.columns()) return;
+  const int old_rows = cells_.rows();
+  const int old_columns = cells_.columns();
+  const std::vector<CellLook> old = std::move(looks_);
+  cells_.Resize(rows, column_count);
+  columns.resize(static_cast<std::size_t>(column_count));
+  looks_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(column_count), CellLook{});
+  for (int r = 0; r < std::min(rows, old_rows); ++r) {
+    for (int c = 0; c < std::min(column_count, old_columns); ++c) {
+      LookForChange(r, c) =
+          old[static_cast<std::size_t>(r) * static_cast<std::size_t>(old_columns) + static_cast<std::size_t>(c)];
+    }
+  }
+}
+
+void Grid::Clear() {
+  cells_.Clear();
+  std::fill(looks_.begin(), looks_.end(), CellLook{});
+}
+
+void Grid::SetCurrent(int r, int c) {
+  if (r < 0 || r >= rows() || c < 0 || c >= column_count()) throw RunTimeFault{Fault::kSubscript};
+  row = row_sel = r;
+  column = column_sel = c;
+}
+
+void Grid::SetSelection(int r, int c) {
+  if (r < 0 || r >= rows() || c < 0 || c >= column_count()) throw RunTimeFault{Fault::kSubscript};
+  row_sel = r;
+  column_sel = c;
+}
+
+const Grid::CellLook& Grid::Look(int r, int c) const {
+  if (r < 0 || r >= rows() || c < 0 || c >= column_count()) throw RunTimeFault{Fault::kSubscript};
+  return looks_[static_cast<std::size_t>(r) * static_cast<std::size_t>(column_count()) + static_cast<std::size_t>(c)];
+}
+
+Grid::CellLook& Grid::LookForChange(int r, int c) {
+  return const_cast<CellLook&>(Look(r, c));
+}
+
+Align Grid::AlignOf(int r, int c) const {
+  return Look(r, c).align.value_or(columns[static_cast<std::size_t>(c)].align);
+}
+
+void Grid::SetBack(int r, int c, std::optional<Colour> colour) {
+  CellLook& look = LookForChange(r, c);
+  if (look.back == colour) return;
+  look.back = colour;
+  ++look_revision_;
+}
+
+void Grid::SetFore(int r, int c, std::optional<Colour> colour) {
+  CellLook& look = LookForChange(r, c);
+  if (look.fore == colour) return;
+  look.fore = colour;
+  ++look_revision_;
+}
+
+void Grid::SetAlign(int r, int c, Align align) {
+  CellLook& look = LookForChange(r, c);
+  if (look.align == align) return;
+  look.align = align;
+  ++look_revision_;
+}
+
+}  // namespace torvale

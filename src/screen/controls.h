@@ -1,0 +1,139 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "record/text_grid.h"
+
+namespace torvale {
+
+// The screen as plain data. The logic reads and writes these structures; a window is a rendering of them and keeps no
+// state that they lack. Positions and sizes are in twips, 1,440 to the inch.
+
+struct Colour {
+  std::uint8_t red = 0;
+  std::uint8_t green = 0;
+  std::uint8_t blue = 0;
+  bool operator==(const Colour&) const = default;
+};
+
+inline constexpr Colour kBlack{0, 0, 0};
+inline constexpr Colour kWhite{255, 255, 255};
+inline constexpr Colour kLightGrey{224, 224, 224};
+inline constexpr Colour kTeal{0, 128, 128};
+inline constexpr Colour kStrongGreen{0, 192, 0};
+inline constexpr Colour kBrightGreen{0, 255, 0};
+inline constexpr Colour kYellow{255, 255, 0};
+inline constexpr Colour kPaleYellow{255, 255, 128};
+inline constexpr Colour kRed{255, 0, 0};
+
+struct Place {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  bool operator==(const Place&) const = default;
+};
+
+// What labels, buttons, frames, fields, grids and menu entries have in common. In a caption "&" marks the mnemonic of
+// a button or menu entry; in a label it stands for itself.
+struct Control {
+  std::string caption;
+  std::string tool_tip;
+  Place place;
+  bool visible = true;
+  bool enabled = true;
+  bool ticked = false;         // menu entries
+  std::optional<Colour> back;  // unset: the window's own background
+  std::optional<Colour> fore;  // unset: the window's own text colour
+  bool operator==(const Control&) const = default;
+};
+
+// A line of text that the user types into.
+class TextField {
+ public:
+  const std::string& text() const { return text_; }
+  // Replaces the text and runs the change handling, as typing does. The text that stands already changes nothing.
+  void Set(std::string_view text);
+
+  Control control;
+  int max_length = 0;               // characters that may be typed; 0 for no limit
+  bool select_all = false;          // the whole text is selected; the window takes the mark down once it has done so
+  std::function<void()> on_change;  // registered at start by the part that owns the field
+
+ private:
+  std::string text_;
+};
+
+enum class Align { kGeneral, kCentreCentre, kCentreBottom };
+
+struct GridColumn {
+  int width = 0;  // twips
+  Align align = Align::kGeneral;
+  bool operator==(const GridColumn&) const = default;
+};
+
+// A grid: text cells with a current cell, the far corner of a selection, and the looks of its cells. Row 0 is the
+// heading row and stays in place when the grid scrolls. Cells outside the grid are a RunTimeFault (kSubscript).
+class Grid {
+ public:
+  Control control;
+  std::vector<GridColumn> columns;
+  int heading_height = 0;            // twips
+  std::optional<Colour> fixed_back;  // the heading row
+  std::optional<Colour> fixed_fore;
+  int top_row = 1;  // first row below the headings that is in view; a window moves it as the user scrolls
+  int row = 1;      // the current cell ...
+  int column = 0;
+  int row_sel = 1;  // ... and the far corner of the selection
+  int column_sel = 0;
+
+  TextGrid& cells() { return cells_; }
+  const TextGrid& cells() const { return cells_; }
+  int rows() const { return cells_.rows(); }
+  int column_count() const { return cells_.columns(); }
+  // Moves with every change of a cell's text or look.
+  std::uint64_t revision() const { return cells_.revision() + look_revision_; }
+
+  void Resize(int rows, int column_count);
+  // Empties every cell, headings included, and takes the looks of single cells away.
+  void Clear();
+
+  const std::string& Text(int r, int c) const { return cells_.Text(r, c); }
+  void Set(int r, int c, std::string_view text) { cells_.Set(r, c, text); }
+  // The text of the current cell.
+  const std::string& CurrentText() const { return cells_.Text(row, column); }
+
+  // Moves the current cell, and the selection with it. A row or column outside the grid is a RunTimeFault.
+  void SetCurrent(int r, int c);
+  // Moves the far corner of the selection.
+  void SetSelection(int r, int c);
+
+  std::optional<Colour> Back(int r, int c) const { return Look(r, c).back; }
+  std::optional<Colour> Fore(int r, int c) const { return Look(r, c).fore; }
+  // How the cell is aligned: its own way, or its column's.
+  Align AlignOf(int r, int c) const;
+  void SetBack(int r, int c, std::optional<Colour> colour);
+  void SetFore(int r, int c, std::optional<Colour> colour);
+  void SetAlign(int r, int c, Align align);
+
+ private:
+  struct CellLook {
+    std::optional<Colour> back;
+    std::optional<Colour> fore;
+    std::optional<Align> align;
+    bool operator==(const CellLook&) const = default;
+  };
+  const CellLook& Look(int r, int c) const;
+  CellLook& LookForChange(int r, int c);
+
+  TextGrid cells_;
+  std::vector<CellLook> looks_;
+  std::uint64_t look_revision_ = 0;
+};
+
+}  // namespace torvale

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace torvale {
+
+// The services of a windowing desktop that the program needs. The windows implement them with a toolkit, the script
+// runner without one.
+class Host {
+ public:
+  virtual ~Host() = default;
+
+  // The event yield: see EngineHost::Yield.
+  virtual long Yield(long due) = 0;
+
+  // Shows a message with an OK button and waits for it. An empty title stands for the program's name.
+  virtual void Message(std::string_view body, std::string_view title) = 0;
+  // Asks with Yes and No; true for Yes. An empty title stands for the program's name.
+  virtual bool Question(std::string_view body, std::string_view title) = 0;
+  virtual void Beep() = 0;
+
+  // Per-user settings by key; nothing where the key was never saved.
+  virtual std::optional<std::string> Setting(std::string_view key) = 0;
+  virtual void SaveSetting(std::string_view key, std::string_view value) = 0;
+
+  // Today's date as the user's desktop writes it in short.
+  virtual std::string Today() = 0;
+  // The folder of the program's data files (defaults, soils, help), without a separator at its end.
+  virtual std::string ProgramFolder() = 0;
+};
+
+}  // namespace torvale

@@ -1,0 +1,296 @@
+#include "screen/main_screen.h"
+
+#include <algorithm>
+
+namespace torvale {
+namespace {
+
+NamedControl Plain(std::string_view name, ControlKind kind, Control& control, std::string_view parent = "") {
+  return {std::string(name), kind, std::string(parent), &control};
+}
+
+NamedControl Label(std::string_view name, Control& control, std::string_view parent = "") {
+  return Plain(name, ControlKind::kLabel, control, parent);
+}
+
+NamedControl Button(std::string_view name, Control& control, std::string_view parent = "") {
+  return Plain(name, ControlKind::kButton, control, parent);
+}
+
+NamedControl Frame(std::string_view name, Control& control, std::string_view parent = "") {
+  return Plain(name, ControlKind::kFrame, control, parent);
+}
+
+NamedControl Menu(std::string_view name, Control& control, std::string_view parent = "") {
+  return Plain(name, ControlKind::kMenu, control, parent);
+}
+
+NamedControl Sheet(std::string_view name, Grid& grid) {
+  return {std::string(name), ControlKind::kGrid, "", &grid.control, nullptr, &grid};
+}
+
+std::string Indexed(std::string_view name, std::size_t index) {
+  return std::string(name) + "(" + std::to_string(index) + ")";
+}
+
+void AddMenus(MainScreen& s, std::vector<NamedControl>& all) {
+  all.insert(all.end(), {Menu("mnuFile", s.mnuFile),
+                         Menu("mnuFileNew", s.mnuFileNew, "mnuFile"),
+                         Menu("mnuPrintSummary", s.mnuPrintSummary, "mnuFile"),
+                         Menu("mnuPrintComplete", s.mnuPrintComplete, "mnuFile"),
+                         Menu("mnuPrtHoleSummary", s.mnuPrtHoleSummary, "mnuFile"),
+                         Menu("mnuFileExit", s.mnuFileExit, "mnuFile"),
+                         Menu("mnuEdit", s.mnuEdit),
+                         Menu("mnuInsertRow", s.mnuInsertRow, "mnuEdit"),
+                         Menu("mnuDeleteRow", s.mnuDeleteRow, "mnuEdit"),
+                         Menu("mnuPreference", s.mnuPreference),
+                         Menu("mnuDesign", s.mnuDesign),
+                         Menu("mnuDesignField", s.mnuDesignField, "mnuDesign"),
+                         Menu("mnuDesignConstSlope", s.mnuDesignConstSlope, "mnuDesign"),
+                         Menu("mnuDesignDualSlope", s.mnuDesignDualSlope, "mnuDesign"),
+                         Menu("mnuComputerHoleSelection", s.mnuComputerHoleSelection, "mnuDesign"),
+                         Menu("mnuManHoleSelection", s.mnuManHoleSelection, "mnuDesign"),
+                         Menu("mnuExistingDesign", s.mnuExistingDesign, "mnuDesign"),
+                         Menu("mnuTypeOfPipe", s.mnuTypeOfPipe),
+                         Menu("mnuLayflatPipe", s.mnuLayflatPipe, "mnuTypeOfPipe"),
+                         Menu("mnuRigidPipe", s.mnuRigidPipe, "mnuTypeOfPipe"),
+                         Menu("mnuView", s.mnuView),
+                         Menu("mnuZoom", s.mnuZoom, "mnuView")});
+  for (std::size_t i = 0; i < s.mnuZoomTo.size(); ++i) {
+    all.push_back(Menu(Indexed("mnuZoomTo", i), s.mnuZoomTo[i], "mnuZoom"));
+  }
+  all.insert(all.end(), {Menu("mnuWindowInfo", s.mnuWindowInfo), Menu("mnuProfile", s.mnuProfile),
+                         Menu("mnuSurveyCopy", s.mnuSurveyCopy), Menu("mnuHelp", s.mnuHelp)});
+}
+
+void AddFields(std::array<TextField, 6>& fields, std::vector<NamedControl>& all) {
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    all.push_back({Indexed("txtInfo", i), ControlKind::kField, "", &fields[i].control, &fields[i]});
+  }
+}
+
+void AddPreferences(MainScreen& s, std::vector<NamedControl>& all) {
+  all.insert(all.end(),
+             {Frame("Frame1", s.Frame1), Label("lblDefDistance", s.lblDefDistance, "Frame1"),
+              Label("lblHoleSize", s.lblHoleSize, "Frame1"), Label("lblOpenFilter", s.lblOpenFilter, "Frame1")});
+  for (std::size_t i = 0; i < s.txtDefault.size(); ++i) {
+    all.push_back(
+        {Indexed("txtDefault", i), ControlKind::kField, "Frame1", &s.txtDefault[i].control, &s.txtDefault[i]});
+  }
+  all.push_back(Frame("frameHoleSelection", s.frameHoleSelection));
+}
+
+void AddResults(MainScreen& s, std::vector<NamedControl>& all) {
+  all.insert(all.end(), {Label("lblEffic", s.lblEffic), Label("lblCrownSlope", s.lblCrownSlope),
+                         Label("lblAcresTotal", s.lblAcresTotal), Label("lblActiveInactive", s.lblActiveInactive),
+                         Label("lblAvgFurrowFlow", s.lblAvgFurrowFlow), Label("lblHeadCount", s.lblHeadCount),
+                         Frame("frmDisplay", s.frmDisplay)});
+  for (std::size_t i = 0; i < s.frmDisplayLbl.size(); ++i) {
+    all.push_back(Label(Indexed("frmDisplayLbl", i), s.frmDisplayLbl[i], "frmDisplay"));
+  }
+  all.insert(all.end(),
+             {Frame("frameShowLimitedHoles", s.frameShowLimitedHoles),
+              Label("lblSumHoleDia", s.lblSumHoleDia, "frameShowLimitedHoles"),
+              Label("lblSumStation", s.lblSumStation, "frameShowLimitedHoles"),
+              Label("lblSumlNumHoles", s.lblSumlNumHoles, "frameShowLimitedHoles"),
+              Frame("frameHoleEquiv", s.frameHoleEquiv), Label("lblHoleEquiv", s.lblHoleEquiv, "frameHoleEquiv"),
+              Plain("sbStatusBar", ControlKind::kStatusBar, s.sbStatusBar)});
+}
+
+// How a control looks when the screen is made. Places of the grids, the result panel and the frames beside it are set
+// again by the procedures that lay the screen out.
+struct Look {
+  std::string_view name;
+  std::string_view caption;
+  Place place;
+  bool visible;
+  std::string_view tool_tip;
+};
+
+constexpr bool kShown = true;
+constexpr bool kAway = false;
+
+constexpr std::string_view kGpmTip =
+    "This Gallons Per Minute should be measured from your water source. If this number is different from your actual "
+    "flow you may burst the layflat pipe or the design will not inefficient as designed.";
+constexpr std::string_view kHeadTip =
+    "The Target Pressure is used for a starting pressure in the calculations and an estimate of the highest pressure "
+    "for the design.  The designed highest pressure may be different from the Target Pressure head ";
+
+constexpr Look kLooks[] = {
+    {"mnuFile", "&File", {}, kShown, ""},
+    {"mnuFileNew", "&New", {}, kShown, "Clear the sheet and begin a new design"},
+    {"mnuPrintSummary", "", {}, kShown, ""},
+    {"mnuPrintComplete", "", {}, kShown, ""},
+    {"mnuPrtHoleSummary", "", {}, kShown, ""},
+    {"mnuFileExit", "E&xit", {}, kShown, "End the program"},
+    {"mnuEdit", "&Edit", {}, kShown, ""},
+    {"mnuInsertRow", "&Insert Row", {}, kShown, "Move the rows from the current one on down by one"},
+    {"mnuDeleteRow", "&Delete Row", {}, kShown, "Take the current row out and move those below up"},
+    {"mnuPreference", "P&reference", {}, kShown, ""},
+    {"mnuDesign", "D&esign", {}, kShown, ""},
+    {"mnuDesignField",
+     "&Planned Design",
+     {},
+     kShown,
+     "Flow and head at each hole with the holes and crown as surveyed"},
+    {"mnuDesignConstSlope", "Design &Constant Slope", {}, kShown, ""},
+    {"mnuDesignDualSlope", "Design D&ual Slope", {}, kShown, ""},
+    {"mnuComputerHoleSelection", "&Computer Hole Selection", {}, kShown, ""},
+    {"mnuManHoleSelection", "&User Hole Selection", {}, kShown, ""},
+    {"mnuExistingDesign", "&Existing Field Design", {}, kShown, "The same for a line that already lies in the field"},
+    {"mnuTypeOfPipe", "&Type of Pipe", {}, kShown, ""},
+    {"mnuLayflatPipe", "LayFlat Tubing", {}, kShown, "Layflat tubing with punched holes"},
+    {"mnuRigidPipe", "Rigid Pipe", {}, kShown, "Rigid gated pipe"},
+    {"mnuView", "&View", {}, kShown, ""},
+    {"mnuZoom", "&Zoom", {}, kShown, ""},
+    {"mnuWindowInfo", "&Input Screen", {}, kAway, "Back to the survey sheet"},
+    {"mnuProfile", "Crown Profile", {}, kAway, ""},
+    {"mnuSurveyCopy", "Paste Excel Survey", {}, kShown, ""},
+    {"mnuHelp", "&Help", {}, kShown, ""},
+
+    {"lblName", "Name:", {120, 120, 840, 255}, kShown, ""},
+    {"txtInfo(0)", "", {1000, 75, 4300, 315}, kShown, "Name of the design"},
+    {"lblDate", "Date:", {5460, 120, 540, 255}, kShown, ""},
+    {"txtInfo(1)", "", {6040, 75, 1500, 315}, kShown, "Date of the design"},
+    {"lblGPM", "GPM:", {120, 510, 840, 255}, kShown, kGpmTip},
+    {"txtInfo(2)", "", {1000, 465, 1200, 315}, kShown, kGpmTip},
+    {"lblHead", "Target Head (ft):", {2460, 510, 1500, 255}, kShown, kHeadTip},
+    {"txtInfo(3)", "", {4000, 465, 1300, 315}, kShown, kHeadTip},
+    {"lblLocation", "Location:", {120, 900, 840, 255}, kShown, ""},
+    {"txtInfo(4)", "", {1000, 855, 4300, 315}, kShown, "Where the field lies"},
+    {"lblRodOrElev", "Enter Rod Readings or Elevations (R or E):", {120, 1290, 3800, 255}, kShown, ""},
+    {"txtInfo(5)",
+     "",
+     {4000, 1245, 480, 315},
+     kShown,
+     "R: the survey gives rod readings, where a larger reading is lower ground. E: it gives elevations."},
+
+    {"cmdInterpolate",
+     "Interpolate Furrow Length and Calculate Elevations",
+     {120, 1665, 4700, 435},
+     kShown,
+     "Fill in the missing crown readings and furrow lengths by straight lines between the filled cells"},
+    {"cmdCancel", "Cancel", {4920, 1665, 1100, 435}, kAway, "Stop the calculation"},
+    {"cmdReCalc",
+     "Re-Calculate",
+     {9250, 2295, 1100, 315},
+     kAway,
+     "Run the design again with the fields as they are now"},
+    {"cmdDesignToggle",
+     "Complete Design",
+     {9250, 2620, 1100, 580},
+     kAway,
+     "Change between the complete table and its summary"},
+
+    {"lblActiveInactive",
+     "Inactive Design",
+     {7800, 75, 1900, 285},
+     kShown,
+     "Whether the results on the screen belong to the last calculation"},
+    {"lblHeadCount", "", {7800, 420, 3000, 255}, kAway, ""},
+    {"lblAvgFurrowFlow", "", {5460, 900, 5340, 255}, kAway, ""},
+    {"lblAcresTotal", "", {5460, 1290, 5340, 255}, kShown, ""},
+    {"lblCrownSlope", "", {6120, 1590, 4680, 255}, kAway, ""},
+    {"lblEffic",
+     "",
+     {6120, 1900, 3000, 270},
+     kAway,
+     "Mean of the lowest quarter over the target mean. Green from 90 percent up."},
+
+    {"frmDisplay", "", {8840, 3280, 1770, 6010}, kAway, ""},
+    {"frmDisplayLbl(0)", "Highest Head", {60, 90, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(1)",
+     "",
+     {60, 390, 1650, 300},
+     kShown,
+     "Highest calculated head. When background color is green it is below target head."},
+    {"frmDisplayLbl(2)", "Max Head Station", {60, 830, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(3)", "", {60, 1130, 1650, 300}, kShown, "Feet from the head of the line"},
+    {"frmDisplayLbl(4)", "Lowest Head", {60, 1570, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(5)",
+     "",
+     {60, 1870, 1650, 300},
+     kShown,
+     "Lowest calculated head, feet. When background color is yellow it is below half a foot."},
+    {"frmDisplayLbl(6)", "Low Head Station", {60, 2310, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(7)", "", {60, 2610, 1650, 300}, kShown, "Feet from the head of the line"},
+    {"frmDisplayLbl(8)", "Max. Furrow Flow", {60, 3050, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(9)", "", {60, 3350, 1650, 300}, kShown, "Gallons per minute"},
+    {"frmDisplayLbl(10)", "Min. Furrow Flow", {60, 3790, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(11)", "", {60, 4090, 1650, 300}, kShown, "Gallons per minute"},
+    {"frmDisplayLbl(12)", "Calculated GPM", {60, 4530, 1650, 300}, kShown, ""},
+    {"frmDisplayLbl(13)", "", {60, 4830, 1650, 300}, kShown, "Flow out of all holes, gallons per minute"},
+    {"frmDisplayLbl(14)", "Crown Differential", {60, 5270, 1650, 300}, kAway, ""},
+    {"frmDisplayLbl(15)",
+     "",
+     {60, 5570, 1650, 300},
+     kAway,
+     "The difference between the highest and lowest elevation of the crown."},
+
+    {"Grid1", "", {120, 2200, 8490, 7100}, kShown, ""},
+    {"Grid2", "", {120, 2200, 10720, 7100}, kAway, ""},
+    {"GridInchesApplied",
+     "",
+     {11000, 480, 2850, 1575},
+     kAway,
+     "Hours and days of pumping that apply a gross depth over the field"},
+
+    {"frameShowLimitedHoles", "", {10900, 2200, 4455, 7130}, kAway, ""},
+    {"lblSumHoleDia", "", {60, 90, 1400, 6980}, kShown, ""},
+    {"lblSumStation", "", {1480, 90, 1500, 6980}, kShown, "From the first to the last station of the hole size, feet"},
+    {"lblSumlNumHoles", "", {3000, 90, 1400, 6980}, kShown, ""},
+    {"frameHoleEquiv", "", {1680, 3660, 7200, 420}, kAway, ""},
+    {"lblHoleEquiv", "", {60, 75, 7080, 270}, kShown, ""},
+
+    {"Frame1", "Defaults", {10000, 700, 7200, 8400}, kAway, ""},
+    {"frameHoleSelection", "", {2040, 360, 6800, 5400}, kAway, ""},
+};
+
+constexpr MenuTrait kMenuTraits[] = {
+    {"mnuFileNew", "Ctrl+N", false},        {"mnuFileExit", "Ctrl+Q", true}, {"mnuInsertRow", "Ctrl+Ins", false},
+    {"mnuDeleteRow", "Ctrl+Del", false},    {"mnuDesignField", "F5", false}, {"mnuExistingDesign", "F9", false},
+    {"mnuComputerHoleSelection", "", true}, {"mnuWindowInfo", "F4", false},
+};
+
+constexpr std::string_view kZoomCaptions[] = {"75 %", "100 %", "125 %", "150 %", "175 %", "200 %", "250 %"};
+
+}  // namespace
+
+MainScreen::MainScreen() {
+  for (const NamedControl& named : ControlsOf(*this)) {
+    for (const Look& look : kLooks) {
+      if (named.name != look.name) continue;
+      named.control->caption = look.caption;
+      named.control->tool_tip = look.tool_tip;
+      named.control->place = look.place;
+      named.control->visible = look.visible;
+    }
+  }
+  for (std::size_t i = 0; i < mnuZoomTo.size(); ++i) mnuZoomTo[i].caption = kZoomCaptions[i];
+}
+
+std::vector<NamedControl> ControlsOf(MainScreen& s) {
+  std::vector<NamedControl> all;
+  AddMenus(s, all);
+  all.insert(all.end(),
+             {Label("lblName", s.lblName), Label("lblDate", s.lblDate), Label("lblGPM", s.lblGPM),
+              Label("lblHead", s.lblHead), Label("lblLocation", s.lblLocation), Label("lblRodOrElev", s.lblRodOrElev)});
+  AddFields(s.txtInfo, all);
+  all.insert(all.end(),
+             {Sheet("Grid1", s.Grid1), Sheet("Grid2", s.Grid2), Sheet("GridInchesApplied", s.GridInchesApplied),
+              Button("cmdInterpolate", s.cmdInterpolate), Button("cmdCancel", s.cmdCancel),
+              Button("cmdReCalc", s.cmdReCalc), Button("cmdDesignToggle", s.cmdDesignToggle)});
+  AddResults(s, all);
+  AddPreferences(s, all);
+  return all;
+}
+
+MenuTrait MenuTraitOf(std::string_view name) {
+  for (const MenuTrait& trait : kMenuTraits) {
+    if (trait.name == name) return trait;
+  }
+  return {name, "", false};
+}
+
+}  // namespace torvale

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/controls.h"
+
+namespace torvale {
+
+enum class WindowState { kNormal, kMinimized, kMaximized };
+
+inline constexpr std::string_view kProgramTitle = "TORVALE";
+
+// The main design screen: the input sheet, the results and everything around them, by the names of the controls.
+struct MainScreen {
+  MainScreen();
+
+  std::string title;
+  Place window;  // twips
+  WindowState state = WindowState::kNormal;
+  int zoom = 100;          // percent; one scale factor for the whole screen
+  bool busy = false;       // the whole program's pointer is the hourglass
+  bool main_busy = false;  // this screen's own pointer is
+  bool closed = false;     // the screen was unloaded; the program ends
+  std::string focus;       // name of the active control
+
+  // Menus
+  Control mnuFile, mnuFileNew, mnuPrintComplete, mnuPrintSummary, mnuPrtHoleSummary, mnuFileExit;
+  Control mnuEdit, mnuInsertRow, mnuDeleteRow, mnuSurveyCopy;
+  Control mnuPreference;
+  Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
+      mnuExistingDesign, mnuManHoleSelection;
+  Control mnuTypeOfPipe, mnuLayflatPipe, mnuRigidPipe;
+  Control mnuView, mnuZoom;
+  std::array<Control, 7> mnuZoomTo;
+  Control mnuWindowInfo, mnuProfile, mnuHelp;
+
+  // Information fields and their labels
+  std::array<TextField, 6> txtInfo;
+  Control lblName, lblDate, lblGPM, lblHead, lblLocation, lblRodOrElev;
+
+  // Preferences
+  Control Frame1, lblDefDistance, lblHoleSize, lblOpenFilter;
+  std::array<TextField, 16> txtDefault;
+
+  // Hole selection
+  Control frameHoleSelection;
+
+  // Buttons
+  Control cmdInterpolate, cmdCancel, cmdReCalc, cmdDesignToggle;
+
+  // Sheets
+  Grid Grid1, Grid2, GridInchesApplied;
+
+  // Results
+  Control lblEffic, lblCrownSlope, lblAcresTotal, lblActiveInactive, lblAvgFurrowFlow, lblHeadCount;
+  Control frmDisplay;
+  std::array<Control, 16> frmDisplayLbl;
+  Control frameShowLimitedHoles, lblSumHoleDia, lblSumStation, lblSumlNumHoles;
+  Control frameHoleEquiv, lblHoleEquiv;
+
+  // One line at the foot of the window
+  Control sbStatusBar;
+};
+
+enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kMenu, kStatusBar };
+
+// One control of a screen as its name finds it.
+struct NamedControl {
+  std::string name;  // "lblEffic", "txtInfo(3)"
+  ControlKind kind;
+  std::string parent;  // the frame or menu that it stands in; empty for the screen itself
+  Control* control;
+  TextField* field = nullptr;  // of kind kField
+  Grid* grid = nullptr;        // of kind kGrid
+};
+
+// Every control of the screen, in tab order where it can have the focus; menus in the order of the menu bar.
+std::vector<NamedControl> ControlsOf(MainScreen& screen);
+
+// The key that runs a menu entry, and whether a line stands above it.
+struct MenuTrait {
+  std::string_view name;
+  std::string_view shortcut;  // "Ctrl+N"; empty for none
+  bool starts_group;
+};
+MenuTrait MenuTraitOf(std::string_view name);
+
+// Percentages that mnuZoomTo offers, by index.
+inline constexpr std::array<int, 7> kZoomSteps = {75, 100, 125, 150, 175, 200, 250};
+
+}  // namespace torvale

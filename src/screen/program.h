@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+
+#include "engine/engine_host.h"
+#include "engine/flow_calc.h"
+#include "record/design_record.h"
+#include "screen/host.h"
+#include "screen/main_screen.h"
+
+namespace torvale {
+
+// The whole program: the record, the screens, and the desktop it runs on. One instance, owned by the program's start.
+struct Program {
+  explicit Program(Host& desktop) : host(desktop) {}
+  // Fields call back into the program that they stand in.
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  DesignRecord record;
+  MainScreen main;
+  Host& host;
+};
+
+// The control, field or grid of that name, or nullptr.
+Control* FindControl(Program& program, std::string_view name);
+TextField* FindField(Program& program, std::string_view name);
+Grid* FindGrid(Program& program, std::string_view name);
+
+// Whether the user can reach a control: "hidden" and "disabled" count for the frames and menus it stands in too.
+enum class Reach { kUsable, kHidden, kDisabled, kUnknown };
+Reach ReachOf(Program& program, std::string_view name);
+
+// The engine's view of the program: its messages and its effects on the screen.
+class ScreenEngineHost final : public EngineHost {
+ public:
+  explicit ScreenEngineHost(Program& program) : program_(program) {}
+
+  long Yield(long due) override;
+  void Message(std::string_view body, std::string_view title) override;
+  void EndBusy() override;
+  void HideCancel() override;
+  void OfferInterpolation() override;
+  void ShowSurvey() override;
+  void MoveSurveyCell(int row, int column) override;
+  void AlignSurveyCell(int row, int column) override;
+  void TotalAcresChanged() override;
+  void UniformityChanged() override;
+
+ private:
+  Program& program_;
+};
+
+// The march over the program's record, sheet and fields.
+void RunFlowCalc(Program& program, int& tries);
+
+// Caption "Total Acres = " with `TotalAcres`, which most read-outs begin with.
+std::string TotalAcresText(const Program& program);
+
+}  // namespace torvale
