@@ -1,0 +1,17 @@
+#pragma once
+
+#include "screen/program.h"
+
+namespace torvale {
+
+inline constexpr std::string_view kDefaultsFile = "Default50.TVL";
+
+// Registers the change handling of the preference fields: the coefficients follow every keystroke, the letters of
+// fields 9 and 11 are capitals. Once, at start.
+void ConnectPreferences(Program& program);
+
+// Reads the defaults file of the program's folder into `txtDefault`. Fields end at commas and line ends alike. A
+// missing file or line leaves the fields as they are.
+void ReadDefaultsFile(Program& program);
+
+}  // namespace torvale

@@ -1,0 +1,114 @@
+#include "search/design_commands.h"
+
+#include "base/arithmetic.h"
+#include "display/design_display.h"
+#include "engine/interpolation.h"
+#include "search/cal_dsign_var.h"
+
+namespace torvale {
+namespace {
+
+void TickOnly(MainScreen& main, const Control* ticked) {
+  for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
+                         &main.mnuExistingDesign, &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
+    entry->ticked = entry == ticked;
+  }
+}
+
+// The two designs that march the input holes over the existing crown differ in their titles and marks alone.
+void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& entry, std::string_view title) {
+  MainScreen& main = program.main;
+  main.lblCrownSlope.visible = false;
+  main.cmdInterpolate.visible = false;
+  main.frmDisplayLbl[15].caption.clear();
+  TickOnly(main, &entry);
+  program.record.DesignType = design_type;
+  main.title = title;
+  main.busy = true;
+  cmdInterpolate_Click(program);
+  Cal_Dsign_Var(program);
+}
+
+bool Refused(const DesignRecord& record) {
+  return record.DesignOK == "False" || record.MissingData == -1;
+}
+
+}  // namespace
+
+void mnuDesignField_Click(Program& program) {
+  program.main.title = "TORVALE   Planned Design";
+  StartOnExistingCrown(program, kPlanned, program.main.mnuDesignField, "TORVALE   Planned Design");
+  if (!Refused(program.record)) {
+    program.main.busy = false;
+    return;
+  }
+  program.main.Grid1.control.visible = true;
+  program.main.Grid2.control.visible = false;
+  program.main.lblEffic.visible = false;
+}
+
+void mnuExistingDesign_Click(Program& program) {
+  program.main.title = "TORVALE   Existing Field Conditions Design";
+  StartOnExistingCrown(program, kExistingField, program.main.mnuExistingDesign, "TORVALE   Existing Field Design");
+  if (Refused(program.record)) {
+    program.main.Grid1.control.visible = true;
+  } else {
+    program.main.busy = false;
+  }
+}
+
+void cmdReCalc_Click(Program& program) {
+  program.main.lblAcresTotal.caption = TotalAcresText(program) + std::string(48, ' ');
+  program.main.main_busy = true;
+  cmdInterpolate_Click(program);
+  Cal_Dsign_Var(program);
+  program.main.main_busy = false;
+  if (program.record.CancelFlag) mnuWindowInfo_Click(program);
+}
+
+void cmdCancel_Click(Program& program) {
+  program.record.CancelFlag = true;
+  program.record.DesignOK = "False";
+  program.main.cmdCancel.visible = false;
+}
+
+void mnuWindowInfo_Click(Program& program) {
+  MainScreen& main = program.main;
+  main.title = "TORVALE   ";
+  main.mnuProfile.visible = false;
+  main.lblAvgFurrowFlow.visible = false;
+  main.lblActiveInactive.caption = "Inactive Design";
+  main.lblActiveInactive.back = kPaleYellow;
+  main.lblActiveInactive.fore = kBlack;
+  main.frameShowLimitedHoles.place.left = 9350;
+  main.mnuSurveyCopy.visible = true;
+  main.Grid2.control.visible = false;
+  program.record.TotalAcres = 0;
+  main.lblAcresTotal.caption.clear();
+  main.mnuWindowInfo.visible = false;
+  main.cmdInterpolate.visible = true;
+  for (Control* hidden : {&main.lblEffic, &main.frmDisplay, &main.cmdDesignToggle, &main.cmdReCalc}) {
+    hidden->visible = false;
+  }
+  main.Grid1.control.visible = true;
+  main.lblCrownSlope.visible = false;
+  // The mark of an existing field design stays until the next design command takes it away.
+  for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
+                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
+    entry->ticked = false;
+  }
+  program.record.DesignType = kNoDesign;
+  program.record.SpacingWarningOff = 0;
+  program.record.CancelFlag = false;
+  cmdInterpolate_Click(program);
+  main.GridInchesApplied.control.visible = false;
+}
+
+void cmdInterpolate_Click(Program& program) {
+  MainScreen& main = program.main;
+  ScreenEngineHost host(program);
+  InterpolateSurvey(program.record, main.Grid1.cells(),
+                    {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()}, host);
+}
+
+}  // namespace torvale

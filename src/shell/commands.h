@@ -1,0 +1,23 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// A menu entry or button that does something when it is clicked.
+struct Command {
+  std::string_view name;
+  void (*run)(Program&);
+};
+
+// Every command by the name of its control. A menu entry without a command is not shown by a window.
+std::span<const Command> Commands();
+bool HasCommand(std::string_view name);
+
+// What a click on the control does, when the user can reach it; otherwise nothing happens and the reason comes back.
+Reach Click(Program& program, std::string_view name);
+
+}  // namespace torvale

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "display/result_pointer.h"
+#include "screen/program.h"
+
+namespace torvale {
+
+// Every event that a user can cause, as a window or a script hands it to the program. A fault that no procedure traps
+// ends here: a plain message, the program goes on, nothing typed is lost.
+
+// Runs `work` inside that boundary.
+void Guarded(Program& program, const std::function<void()>& work);
+
+enum class Key {
+  kCharacter,
+  kEnter,
+  kBackspace,
+  kDelete,
+  kEscape,
+  kUp,
+  kDown,
+  kLeft,
+  kRight,
+  kPageUp,
+  kPageDown,
+  kHome,
+  kEnd,
+  kCtrlHome,
+  kCtrlEnd,
+  kCopy,   // Ctrl+C
+  kCut,    // Ctrl+X
+  kPaste,  // Ctrl+V
+};
+
+struct KeyStroke {
+  Key key = Key::kCharacter;
+  std::string_view character;  // UTF-8, for kCharacter
+  bool shift = false;
+};
+
+// A key in a grid ("Grid1" or "Grid2"). Arrows move the current cell, with Shift the far corner of the selection.
+void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke);
+// The user points at a cell; with `extend` the far corner of the selection goes there.
+void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend);
+
+// A field's text as the user has typed it, cut to the field's longest text, with its change handling.
+void TypeText(Program& program, std::string_view field, std::string_view text);
+// A key in a field before it changes the text. True where the key is swallowed.
+bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
+// A control gets the focus.
+void FocusGained(Program& program, std::string_view control);
+
+// The mouse over the result table; x and y in twips from its corner.
+enum class MouseAction { kDown, kMove, kUp };
+void ResultMouse(Program& program, MouseAction action, MouseButton button, int x, int y);
+// The mouse moves over the screen's background.
+void BackgroundMouse(Program& program);
+
+}  // namespace torvale

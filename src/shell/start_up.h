@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// Version of the program, major.minor.revision.
+std::string ProgramVersion();
+
+// Brings the program up: loads the main screen, applies defaults, lays the grids out.
+void StartProgram(Program& program);
+
+// Loads the main screen: window place, panels, blank fields, first row of the sheet.
+void Form_Load(Program& program);
+// The main screen was resized by the user or the desktop: a normal window goes back to its fixed width and top.
+void Form_Resize(Program& program);
+// The main screen became active: the first information field has the focus.
+void Form_Activate(Program& program);
+// The main screen closes: its place is saved, unless it is minimised, and the program ends. A running calculation is
+// cancelled.
+void Form_Unload(Program& program);
+
+// A panel is grabbed at (x, y), twips from its corner, and dropped.
+struct PanelDrag {
+  float DragX = 0;
+  std::int16_t DragY = 0;
+};
+void GrabPanel(PanelDrag& drag, float x, float y);
+void DropOnPanel(Control& panel, const PanelDrag& drag, float x, float y);   // (x, y) from the panel's corner
+void DropOnScreen(Control& panel, const PanelDrag& drag, float x, float y);  // (x, y) from the screen's corner
+
+// One scale factor for the whole screen, percent; remembered for the next start.
+void SetZoom(Program& program, int percent);
+
+}  // namespace torvale
