@@ -1,6 +1,5 @@
 #include "search/design_commands.h"
 
-#include "base/arithmetic.h"
 #include "display/design_display.h"
 #include "engine/interpolation.h"
 #include "search/cal_dsign_var.h"

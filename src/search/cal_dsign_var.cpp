@@ -1,0 +1,168 @@
+#include "search/cal_dsign_var.h"
+
+#include "base/arithmetic.h"
+#include "base/numbers.h"
+#include "display/design_display.h"
+#include "engine/acres.h"
+#include "engine/stations.h"
+#include "engine/survey.h"
+#include "engine/uniformity.h"
+#include "search/survey_diagnosis.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kMissingTitle = "Missing Data";
+
+void Say(Program& program, std::string sentence) {
+  program.main.sbStatusBar.caption = std::move(sentence);
+}
+
+// What every refused input leaves behind.
+void Refuse(Program& program) {
+  program.record.MissingData = -1;
+  program.main.cmdInterpolate.visible = true;
+  program.main.cmdCancel.visible = false;
+}
+
+void StartRun(Program& program) {
+  program.record.MissingData = 0;
+  program.record.DesignOK = "True";
+  program.main.cmdCancel.visible = true;
+  program.record.CancelFlag = false;
+}
+
+bool FieldsFilled(Program& program) {
+  const auto& fields = program.main.txtInfo;
+  if (!fields[2].text().empty() && !fields[3].text().empty() && !fields[5].text().empty()) return true;
+  Say(program, EmptyFieldSentence(program));
+  program.main.busy = false;
+  program.host.Message("Some Information Data is missing(i.e. GPM, Target Head)", kMissingTitle);
+  Refuse(program);
+  return false;
+}
+
+// The words name the hole size and the mil, which are not looked at here.
+bool SurveyFilled(Program& program) {
+  const Grid& sheet = program.main.Grid1;
+  for (int i = 1; i <= program.record.SurveyRows; ++i) {
+    for (int column : {kPipeDiaColumn, kCrownColumn, kStationColumn}) {
+      if (!sheet.Text(i, column).empty()) continue;
+      Say(program, EmptyCellSentence(i, column));
+      program.host.Message("You must compelte all Survey information on the survey grid (i.e Hole Size Mil).",
+                           kMissingTitle);
+      program.main.busy = false;
+      Refuse(program);
+      return false;
+    }
+  }
+  return true;
+}
+
+// Asks about stations that fail to rise, in words that speak of the distance between holes. A Yes holds for the runs
+// that follow; the rows after it are still asked about in this one.
+bool StationsAccepted(Program& program) {
+  if (program.record.SpacingWarningOff != 0) return true;
+  Grid& sheet = program.main.Grid1;
+  for (int i = 2; i <= program.record.SurveyRows; ++i) {
+    const std::string& here = sheet.Text(i, kStationColumn);
+    const std::string& before = sheet.Text(i - 1, kStationColumn);
+    if (Val(here) > Val(before)) continue;
+    sheet.control.visible = true;
+    if (!program.host.Question("Your distance between holes at station " + here +
+                                   " is greater than the distance between Station " + before + " and " + here +
+                                   " is this ok?",
+                               "")) {
+      Say(program, StationOrderSentence(i));
+      program.main.busy = false;
+      Refuse(program);
+      return false;
+    }
+    program.record.SpacingWarningOff = 1;
+  }
+  return true;
+}
+
+bool HoleRowsFilled(Program& program) {
+  const Grid& sheet = program.main.Grid1;
+  for (int i = 1; i <= program.record.SurveyRows; ++i) {
+    if (sheet.Text(i, kHoleSizeColumn).empty()) continue;
+    for (int column : {kHoleCountColumn, kMilColumn}) {
+      if (!sheet.Text(i, column).empty()) continue;
+      Say(program, EmptyCellSentence(i, column));
+      program.main.busy = false;
+      program.host.Message("You must compelte all Survey information on the survey grid.", kMissingTitle);
+      Refuse(program);
+      return false;
+    }
+  }
+  return true;
+}
+
+void BuildRows(Program& program) {
+  DesignRecord& record = program.record;
+  TextGrid& sheet = program.main.Grid1.cells();
+  CalCrownDist(record, sheet);
+  CalStations(record);
+  CalHoleStation(record, sheet);
+  record.AverageFurrowFlow = Store32(Divide(static_cast<double>(record.TargetGPM), record.WateredFurrows));
+  CalCrownElev(record, sheet);
+  FlowRatio(record);
+}
+
+// A march that counted exactly as many tries as a fault would leave is taken for one.
+void ResetScreen(Program& program) {
+  MainScreen& main = program.main;
+  program.record.DesignOK = "False";
+  main.title = "TORVALE  ";
+  main.cmdInterpolate.visible = true;
+  for (Control* hidden : {&main.frmDisplay, &main.lblCrownSlope, &main.lblEffic, &main.cmdDesignToggle, &main.cmdReCalc,
+                          &main.Grid2.control}) {
+    hidden->visible = false;
+  }
+  main.Grid1.control.visible = true;
+  main.busy = false;
+}
+
+void Finish(Program& program, int tries) {
+  DesignRecord& record = program.record;
+  if (record.CancelFlag) return;
+  if (record.DesignOK == "False") {
+    program.main.busy = false;
+    return;
+  }
+  if (tries == kTriesAfterFault) {
+    ResetScreen(program);
+    return;
+  }
+  ScreenEngineHost host(program);
+  SortFurrows(record);
+  AcreCalc(record, host);
+  DistributionEffic(record, host);
+  DisplayDesign(program);
+}
+
+void Run(Program& program) {
+  StartRun(program);
+  if (!FieldsFilled(program) || !SurveyFilled(program) || !StationsAccepted(program) || !HoleRowsFilled(program)) {
+    return;
+  }
+  BuildRows(program);
+  int tries = 0;
+  RunFlowCalc(program, tries);
+  Finish(program, tries);
+}
+
+}  // namespace
+
+void Cal_Dsign_Var(Program& program) {
+  try {
+    Run(program);
+  } catch (const RunTimeFault& fault) {
+    Say(program, WhatStopped(program, fault));
+    program.record.MissingData = -1;
+    program.record.CancelFlag = true;
+  }
+}
+
+}  // namespace torvale

@@ -1,0 +1,74 @@
+#include "search/survey_diagnosis.h"
+
+#include <array>
+#include <string_view>
+
+#include "base/numbers.h"
+#include "engine/survey.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::array<std::string_view, kSurveyColumns> kColumnNames = {
+    "station",   "rod reading or elevation", "furrow length", "distance between holes", "pipe diameter",
+    "hole size", "number of holes",          "mil",           "planted furrow width"};
+
+struct NeededField {
+  std::size_t index;
+  std::string_view sentence;
+};
+
+constexpr std::array<NeededField, 3> kNeededFields = {{
+    {2, "The GPM is missing: enter the pumped flow."},
+    {3, "The Target Head is missing: enter it in feet."},
+    {5, "Enter R for rod readings or E for elevations."},
+}};
+
+// The first survey row that stands at or before the row above it, or 0.
+int RowOutOfOrder(const Program& program) {
+  const SurveyReader survey(program.main.Grid1.cells(), program.record.SurveyRows);
+  for (int i = 2; i <= program.record.SurveyRows; ++i) {
+    if (!(survey.Val(i, kStationColumn) > survey.Val(i - 1, kStationColumn))) return i;
+  }
+  return 0;
+}
+
+bool NoFurrowLength(const DesignRecord& record) {
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (record.FurrowLength[i] > 0) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string EmptyFieldSentence(const Program& program) {
+  for (const NeededField& field : kNeededFields) {
+    if (program.main.txtInfo[field.index].text().empty()) return std::string(field.sentence);
+  }
+  return "";
+}
+
+std::string EmptyCellSentence(int row, int column) {
+  return "Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
+         " is missing.";
+}
+
+std::string StationOrderSentence(int row) {
+  return "Rows " + GeneralText(row - 1) + " and " + GeneralText(row) + ": the station does not rise.";
+}
+
+std::string WhatStopped(const Program& program, const RunTimeFault& fault) {
+  const DesignRecord& record = program.record;
+  if (const int row = RowOutOfOrder(program); row > 0) return StationOrderSentence(row);
+  if (record.WateredFurrows == 0) {
+    return "No row has holes: a watered row needs a furrow length, a hole size and a number of holes.";
+  }
+  if (fault.kind == Fault::kDivisionByZero && record.SurveyRows == 1) {
+    return "The survey has one row only: a line needs at least two stations.";
+  }
+  if (NoFurrowLength(record)) return "The rows with holes have no furrow length.";
+  return "A number in the survey is too large or out of place for a design.";
+}
+
+}  // namespace torvale
