@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -70,23 +71,27 @@ LeadingNumber ReadLeading(std::string_view text) {
   return number;
 }
 
+// The power of ten of an exponent ("e+05"). One too long to hold counts as the power where any text of digits is beyond
+// the range whatever its point does.
+long long PowerOf(std::string_view exponent) {
+  constexpr long long kBeyondAnyText = 1'000'000'000'000'000;
+  exponent.remove_prefix(exponent[1] == '+' ? 2 : 1);
+  long long power = 0;
+  const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+  if (read.ec == std::errc::result_out_of_range) power = exponent.front() == '-' ? -kBeyondAnyText : kBeyondAnyText;
+  return std::clamp(power, -kBeyondAnyText, kBeyondAnyText);
+}
+
 // Whether a number that lies beyond the 64-bit range is too large rather than too small.
 bool IsLarge(std::string_view number, std::size_t point) {
-  const std::size_t mark = number.find('e');
-  const std::string_view mantissa = number.substr(0, mark);
-  std::size_t first = 0;  // digits ahead of the first that isn't 0
-  for (const char c : mantissa) {
-    if (c == '0') ++first;
+  const std::size_t mark = std::min(number.find('e'), number.size());
+  long long zeros = 0;  // digits ahead of the first that isn't 0
+  for (const char c : number.substr(0, mark)) {
+    if (c == '0') ++zeros;
     if (c > '0') break;
   }
-  long long exponent = 0;
-  if (mark != std::string_view::npos) {
-    std::string_view power = number.substr(mark + 1);
-    if (power.front() == '+') power.remove_prefix(1);
-    const auto read = std::from_chars(power.data(), power.data() + power.size(), exponent);
-    if (read.ec == std::errc::result_out_of_range) return power.front() != '-';
-  }
-  return static_cast<long long>(point) - static_cast<long long>(first) + exponent > 0;
+  const long long power = mark < number.size() ? PowerOf(number.substr(mark)) : 0;
+  return static_cast<long long>(point) - zeros + power > 0;
 }
 
 double ValueOf(const LeadingNumber& number) {
