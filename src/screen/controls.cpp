@@ -12,6 +12,43 @@ void TextField::Set(std::string_view text) {
   if (on_change) on_change();
 }
 
+const std::string& ListBox::Line(int index) const {
+  static const std::string kEmpty;
+  return Holds(index) ? lines_[static_cast<std::size_t>(index)].text : kEmpty;
+}
+
+bool ListBox::Selected(int index) const {
+  return Holds(index) && lines_[static_cast<std::size_t>(index)].selected;
+}
+
+void ListBox::Add(std::string_view line) {
+  const auto place = sorted ? std::upper_bound(lines_.begin(), lines_.end(), line,
+                                               [](std::string_view text, const Entry& e) { return text < e.text; })
+                            : lines_.end();
+  lines_.insert(place, Entry{std::string(line)});
+  ++revision_;
+}
+
+void ListBox::Remove(int index) {
+  if (!Holds(index)) return;
+  lines_.erase(lines_.begin() + index);
+  ++revision_;
+}
+
+void ListBox::Clear() {
+  lines_.clear();
+  ++revision_;
+}
+
+void ListBox::Select(int index, bool selected) {
+  if (!Holds(index)) return;
+  if (!multiple && selected) {
+    for (Entry& entry : lines_) entry.selected = false;
+  }
+  lines_[static_cast<std::size_t>(index)].selected = selected;
+  ++revision_;
+}
+
 void Grid::Resize(int rows, int column_count) {
   if (rows == cells_.rows() && column_count == cells_.columns()) return;
   const int old_rows = cells_.rows();

@@ -69,6 +69,37 @@ class TextField {
   std::string text_;
 };
 
+// A list of text lines of which some are selected.
+class ListBox {
+ public:
+  Control control;
+  bool multiple = false;  // several lines may be selected at once
+  bool sorted = false;    // lines are kept in ascending order of their character codes
+
+  int count() const { return static_cast<int>(lines_.size()); }
+  std::uint64_t revision() const { return revision_; }
+  // The text of a line, from 0; a line that is not there reads as empty.
+  const std::string& Line(int index) const;
+  bool Selected(int index) const;
+
+  void Add(std::string_view line);
+  // A line that is not there is passed over, here and below.
+  void Remove(int index);
+  void Clear();
+  // In a list of one selected line, selecting it takes the mark from the others.
+  void Select(int index, bool selected);
+
+ private:
+  struct Entry {
+    std::string text;
+    bool selected = false;
+  };
+  bool Holds(int index) const { return index >= 0 && index < count(); }
+
+  std::vector<Entry> lines_;
+  std::uint64_t revision_ = 0;
+};
+
 enum class Align { kGeneral, kCentreCentre, kCentreBottom };
 
 struct GridColumn {

@@ -29,6 +29,10 @@ NamedControl Sheet(std::string_view name, Grid& grid) {
   return {std::string(name), ControlKind::kGrid, "", &grid.control, nullptr, &grid};
 }
 
+NamedControl List(std::string_view name, ListBox& list, std::string_view parent) {
+  return {std::string(name), ControlKind::kList, std::string(parent), &list.control, nullptr, nullptr, &list};
+}
+
 std::string Indexed(std::string_view name, std::size_t index) {
   return std::string(name) + "(" + std::to_string(index) + ")";
 }
@@ -77,7 +81,18 @@ void AddPreferences(MainScreen& s, std::vector<NamedControl>& all) {
     all.push_back(
         {Indexed("txtDefault", i), ControlKind::kField, "Frame1", &s.txtDefault[i].control, &s.txtDefault[i]});
   }
-  all.push_back(Frame("frameHoleSelection", s.frameHoleSelection));
+}
+
+void AddHoleSelection(MainScreen& s, std::vector<NamedControl>& all) {
+  constexpr std::string_view kPanel = "frameHoleSelection";
+  all.insert(
+      all.end(),
+      {Frame(kPanel, s.frameHoleSelection), Label("lblAllHoles", s.lblAllHoles, kPanel),
+       List("listAllHoles", s.listAllHoles, kPanel), Button("cmdADDtoSelected", s.cmdADDtoSelected, kPanel),
+       Label("cmdHoleSelected", s.cmdHoleSelected, kPanel), List("listHolesSelected", s.listHolesSelected, kPanel),
+       Button("cmdremoveSelected", s.cmdremoveSelected, kPanel), Button("Command1", s.Command1, kPanel),
+       Button("cmdExitHoleSelect", s.cmdExitHoleSelect, kPanel),
+       List("listSortSelectedHoles", s.listSortSelectedHoles, kPanel)});
 }
 
 void AddResults(MainScreen& s, std::vector<NamedControl>& all) {
@@ -244,7 +259,37 @@ constexpr Look kLooks[] = {
     {"lblHoleEquiv", "", {60, 75, 7080, 270}, kShown, ""},
 
     {"Frame1", "Defaults", {10000, 700, 7200, 8400}, kAway, ""},
-    {"frameHoleSelection", "", {2040, 360, 6800, 5400}, kAway, ""},
+    {"frameHoleSelection", "", {2040, 360, 6400, 5600}, kAway, ""},
+    {"lblAllHoles", "Holes Selection", {120, 120, 1500, 255}, kShown, ""},
+    {"listAllHoles", "", {120, 420, 1500, 4980}, kShown, "Hold Ctrl down to select more than one hole size at a time."},
+    {"cmdADDtoSelected",
+     "---> Add to Selected Holes --->",
+     {1740, 420, 2760, 435},
+     kShown,
+     "This button will copy the hole or holes that you have selected from the Hole Selection List to the Selected Hole "
+     "List"},
+    {"cmdHoleSelected", "Selected Holes", {4620, 120, 1620, 255}, kShown, ""},
+    {"listHolesSelected",
+     "",
+     {4620, 420, 1620, 4980},
+     kShown,
+     "The computer will select the holes from this list based on Head and GPM, All holes may not be used."},
+    {"cmdremoveSelected",
+     "Remove a Selected Hole",
+     {1740, 1020, 2760, 435},
+     kShown,
+     "This button will delete the hole or holes you have selected from the Selected Holes list"},
+    {"Command1",
+     "Clear All Selected Holes",
+     {1740, 1620, 2760, 435},
+     kShown,
+     "This button will delete all the holes from the Selected Holes list"},
+    {"cmdExitHoleSelect",
+     "&Exit",
+     {1740, 4965, 2760, 435},
+     kShown,
+     "Exit button will return you to the Design Screen after calculating a design with the holes you have selected"},
+    {"listSortSelectedHoles", "", {}, kAway, ""},
 };
 
 constexpr MenuTrait kMenuTraits[] = {
@@ -268,6 +313,9 @@ MainScreen::MainScreen() {
     }
   }
   for (std::size_t i = 0; i < mnuZoomTo.size(); ++i) mnuZoomTo[i].caption = kZoomCaptions[i];
+  listAllHoles.multiple = true;
+  listHolesSelected.multiple = true;
+  listSortSelectedHoles.sorted = true;
 }
 
 std::vector<NamedControl> ControlsOf(MainScreen& s) {
@@ -283,6 +331,7 @@ std::vector<NamedControl> ControlsOf(MainScreen& s) {
               Button("cmdReCalc", s.cmdReCalc), Button("cmdDesignToggle", s.cmdDesignToggle)});
   AddResults(s, all);
   AddPreferences(s, all);
+  AddHoleSelection(s, all);
   return all;
 }
 

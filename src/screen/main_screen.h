@@ -46,7 +46,9 @@ struct MainScreen {
   std::array<TextField, 16> txtDefault;
 
   // Hole selection
-  Control frameHoleSelection;
+  Control frameHoleSelection, lblAllHoles, cmdADDtoSelected, cmdHoleSelected, cmdremoveSelected, Command1,
+      cmdExitHoleSelect;
+  ListBox listAllHoles, listHolesSelected, listSortSelectedHoles;
 
   // Buttons
   Control cmdInterpolate, cmdCancel, cmdReCalc, cmdDesignToggle;
@@ -65,7 +67,7 @@ struct MainScreen {
   Control sbStatusBar;
 };
 
-enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kMenu, kStatusBar };
+enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, kStatusBar };
 
 // One control of a screen as its name finds it.
 struct NamedControl {
@@ -75,6 +77,7 @@ struct NamedControl {
   Control* control;
   TextField* field = nullptr;  // of kind kField
   Grid* grid = nullptr;        // of kind kGrid
+  ListBox* list = nullptr;     // of kind kList
 };
 
 // Every control of the screen, in tab order where it can have the focus; menus in the order of the menu bar.

@@ -17,6 +17,10 @@ std::optional<NamedControl> Find(Program& program, std::string_view name) {
 
 }  // namespace
 
+Program::Program(Host& desktop) : host(desktop) {
+  for (int row = 1; row <= kHoleSizes; ++row) main.listAllHoles.Add(record.HoleSizeName[row]);
+}
+
 Control* FindControl(Program& program, std::string_view name) {
   const auto found = Find(program, name);
   return found ? found->control : nullptr;

@@ -12,7 +12,8 @@ namespace torvale {
 
 // The whole program: the record, the screens, and the desktop it runs on. One instance, owned by the program's start.
 struct Program {
-  explicit Program(Host& desktop) : host(desktop) {}
+  // `listAllHoles` takes the names of the hole size table.
+  explicit Program(Host& desktop);
   // Fields call back into the program that they stand in.
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
