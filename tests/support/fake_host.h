@@ -1,0 +1,105 @@
+// A desktop for tests: it shows nothing, keeps what it was told and gives prepared answers.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <optional>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/host.h"
+
+namespace torvale {
+
+// A message box or question as it was shown.
+struct Shown {
+  std::string body;
+  std::string title;
+  bool operator==(const Shown&) const = default;
+};
+
+inline void PrintTo(const Shown& shown, std::ostream* out) {
+  *out << '"' << shown.title << "\" \"" << shown.body << '"';
+}
+
+class FakeHost final : public Host {
+ public:
+  FakeHost() : folder_(MakeFolder()) {}
+  ~FakeHost() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+  FakeHost(const FakeHost&) = delete;
+  FakeHost& operator=(const FakeHost&) = delete;
+
+  std::vector<Shown> messages;
+  std::vector<Shown> questions;
+  std::deque<bool> answers;  // to the coming questions; a question without one fails the test and gets a No
+  int beeps = 0;
+  std::map<std::string, std::string, std::less<>> settings;
+  long yields = 0;              // made so far
+  long event_at = 0;            // the yield at which `event` runs, once
+  std::function<void()> event;  // what the user does during a calculation
+
+  long Yield(long due) override {
+    yields += due;
+    if (!event) return kNoEventAhead;
+    if (yields < event_at) return event_at - yields - 1;
+    const std::function<void()> now = std::move(event);
+    event = nullptr;
+    now();
+    return kNoEventAhead;
+  }
+  void Message(std::string_view body, std::string_view title) override {
+    messages.push_back({std::string(body), std::string(title)});
+  }
+  bool Question(std::string_view body, std::string_view title) override {
+    questions.push_back({std::string(body), std::string(title)});
+    if (answers.empty()) {
+      ADD_FAILURE() << "no answer was prepared for: " << body;
+      return false;
+    }
+    const bool answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  void Beep() override { ++beeps; }
+  std::optional<std::string> Setting(std::string_view key) override {
+    const auto found = settings.find(key);
+    return found == settings.end() ? std::nullopt : std::optional<std::string>(found->second);
+  }
+  void SaveSetting(std::string_view key, std::string_view value) override {
+    settings.insert_or_assign(std::string(key), std::string(value));
+  }
+  std::string Today() override { return "11/21/2026"; }
+  // An empty folder of this host's own, removed with it.
+  std::string ProgramFolder() override { return folder_.string(); }
+
+  // Writes a file, byte for byte, into the program's folder.
+  void WriteFile(std::string_view name, std::string_view bytes) const {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+  }
+
+ private:
+  static constexpr long kNoEventAhead = 1'000'000;
+
+  static std::filesystem::path MakeFolder() {
+    std::random_device random;
+    for (;;) {
+      std::filesystem::path folder =
+          std::filesystem::temp_directory_path() / ("torvale-test-" + std::to_string(random()));
+      if (std::filesystem::create_directory(folder)) return folder;
+    }
+  }
+
+  std::filesystem::path folder_;
+};
+
+}  // namespace torvale
