@@ -3,9 +3,9 @@
 kRunPackages=(cmake ninja-build g++ qt6-base-dev fonts-dejavu-core)
 kTestPackages=(
   ccache python3
-  libgtest-dev libgmock-dev librapidcheck-dev libmpfr-dev libgmp-dev libbenchmark-dev
+  libgtest-dev libgmock-dev librapidcheck-dev libmpfr-dev libgmp-dev
   clang-format-14 xvfb xauth xdotool x11-utils imagemagick)
-kThoroughPackages=(clang-14 clang-tidy-14)
+kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
 
 # What must answer on a system whose packages we can't ask for.
 kRunTools=(cmake ninja c++)
