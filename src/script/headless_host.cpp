@@ -1,0 +1,100 @@
+#include "script/headless_host.h"
+
+#include <algorithm>
+#include <limits>
+#include <random>
+#include <system_error>
+
+#include "screen/main_screen.h"
+#include "script/quoting.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kToday = "11/21/2026";
+
+// Far more yields than any calculation makes, and far from the end of the counter.
+constexpr long kAllIdle = std::numeric_limits<int>::max();
+
+std::string QuotedTitle(std::string_view title) {
+  return Quoted(title.empty() ? kProgramTitle : title);
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  std::random_device random;
+  do {
+    path_ = std::filesystem::temp_directory_path() / ("torvale-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(path_));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+HeadlessHost::HeadlessHost(std::ostream& transcript, std::string program_folder)
+    : transcript_(transcript),
+      program_folder_(program_folder.empty() ? empty_folder_.path().string() : std::move(program_folder)) {}
+
+void HeadlessHost::OnYield(long count, std::string control) {
+  clicks_.push_back({yields_ + count, std::move(control)});
+}
+
+long HeadlessHost::IdleYields() const {
+  long idle = kAllIdle;
+  for (const PendingClick& click : clicks_) idle = std::min(idle, click.yield - yields_ - 1);
+  return std::max(idle, 0L);
+}
+
+long HeadlessHost::Yield(long due) {
+  yields_ += due;
+  for (;;) {
+    // A click may run a calculation of its own, which yields in turn: it is no longer pending then.
+    const auto next =
+        std::find_if(clicks_.begin(), clicks_.end(), [&](const PendingClick& c) { return c.yield <= yields_; });
+    if (next == clicks_.end()) return IdleYields();
+    const std::string control = std::move(next->control);
+    clicks_.erase(next);
+    on_click(control);
+  }
+}
+
+void HeadlessHost::Message(std::string_view body, std::string_view title) {
+  transcript_ << "message " << QuotedTitle(title) << ' ' << Quoted(body) << '\n';
+}
+
+bool HeadlessHost::Question(std::string_view body, std::string_view title) {
+  bool yes = false;
+  if (!answers_.empty()) {
+    yes = answers_.front();
+    answers_.pop();
+  }
+  transcript_ << "question " << QuotedTitle(title) << ' ' << Quoted(body) << " -> " << (yes ? "Yes" : "No") << '\n';
+  return yes;
+}
+
+void HeadlessHost::Beep() {
+  transcript_ << "beep\n";
+}
+
+std::optional<std::string> HeadlessHost::Setting(std::string_view key) {
+  const auto found = settings_.find(key);
+  if (found == settings_.end()) return std::nullopt;
+  return found->second;
+}
+
+void HeadlessHost::SaveSetting(std::string_view key, std::string_view value) {
+  settings_.insert_or_assign(std::string(key), std::string(value));
+}
+
+std::string HeadlessHost::Today() {
+  return std::string(kToday);
+}
+
+std::string HeadlessHost::ProgramFolder() {
+  return program_folder_;
+}
+
+}  // namespace torvale

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <ostream>
+#include <queue>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/host.h"
+
+namespace torvale {
+
+// An empty folder of its own, removed with all that is in it at the end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// A desktop without a window, the same on every machine: what a user would notice goes to a transcript, settings live
+// in memory, the date is always 11/21/2026. The program folder is empty unless one is named, so that no defaults file
+// of the machine changes what a script does.
+class HeadlessHost final : public Host {
+ public:
+  explicit HeadlessHost(std::ostream& transcript, std::string program_folder = "");
+
+  // The next question without an answer takes this one, in the order given. A question for which none was given is
+  // answered No: a run is refused or a change is not made, and the transcript shows it.
+  void Answer(bool yes) { answers_.push(yes); }
+
+  // The `count`th yield from now on runs a click. Several may be pending at once; those due at the same yield run in
+  // the order given. One that never comes due in a calculation waits for the next.
+  void OnYield(long count, std::string control);
+  // What a click of `OnYield` does; set once, before the first yield.
+  std::function<void(const std::string& control)> on_click;
+  // Yields so far.
+  long yields() const { return yields_; }
+
+  long Yield(long due) override;
+  void Message(std::string_view body, std::string_view title) override;
+  bool Question(std::string_view body, std::string_view title) override;
+  void Beep() override;
+  std::optional<std::string> Setting(std::string_view key) override;
+  void SaveSetting(std::string_view key, std::string_view value) override;
+  std::string Today() override;
+  std::string ProgramFolder() override;
+
+ private:
+  struct PendingClick {
+    long yield;
+    std::string control;
+  };
+  // How many of the coming yields do nothing.
+  long IdleYields() const;
+
+  std::ostream& transcript_;
+  TemporaryFolder empty_folder_;
+  std::string program_folder_;
+  std::queue<bool> answers_;
+  std::vector<PendingClick> clicks_;
+  std::map<std::string, std::string, std::less<>> settings_;
+  long yields_ = 0;
+};
+
+}  // namespace torvale

@@ -1,0 +1,81 @@
+#include "script/keys.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "shell/events.h"
+
+namespace torvale {
+namespace {
+
+struct NamedKey {
+  std::string_view name;
+  Key key;
+};
+
+constexpr NamedKey kKeys[] = {{"Enter", Key::kEnter},
+                              {"Backspace", Key::kBackspace},
+                              {"Delete", Key::kDelete},
+                              {"Escape", Key::kEscape},
+                              {"Up", Key::kUp},
+                              {"Down", Key::kDown},
+                              {"Left", Key::kLeft},
+                              {"Right", Key::kRight},
+                              {"PageUp", Key::kPageUp},
+                              {"PageDown", Key::kPageDown},
+                              {"Home", Key::kHome},
+                              {"End", Key::kEnd},
+                              {"Ctrl+Home", Key::kCtrlHome},
+                              {"Ctrl+End", Key::kCtrlEnd}};
+
+constexpr std::string_view kShift = "Shift+";
+
+// The character at the front of the text, as UTF-8.
+std::string_view FirstCharacter(std::string_view text) {
+  std::size_t length = 1;
+  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) ++length;
+  return text.substr(0, length);
+}
+
+// What the key types goes to the end of the field's text, as if the caret stood there.
+void PressInField(Program& program, const std::string& name, const KeyStroke& stroke) {
+  if (FieldKey(program, name, stroke) || stroke.key != Key::kCharacter) return;
+  TypeText(program, name, FindField(program, name)->text() + std::string(stroke.character));
+}
+
+void Press(Program& program, const std::string& name, const KeyStroke& stroke) {
+  if (FindGrid(program, name) != nullptr) {
+    GridKey(program, name, stroke);
+  } else if (FindField(program, name) != nullptr) {
+    PressInField(program, name, stroke);
+  } else {
+    throw ScriptError("neither a grid nor a field: " + name);
+  }
+}
+
+KeyStroke KeyByName(std::string_view word) {
+  KeyStroke stroke;
+  stroke.shift = word.starts_with(kShift);
+  if (stroke.shift) word.remove_prefix(kShift.size());
+  const auto found =
+      std::find_if(std::begin(kKeys), std::end(kKeys), [&](const NamedKey& k) { return k.name == word; });
+  if (found == std::end(kKeys)) throw ScriptError("not a key: " + std::string(word));
+  stroke.key = found->key;
+  return stroke;
+}
+
+}  // namespace
+
+void PressKeys(Program& program, const std::string& name, const Token& keys) {
+  if (!keys.quoted) {
+    Press(program, name, KeyByName(keys.text));
+    return;
+  }
+  for (std::string_view rest = keys.text; !rest.empty();) {
+    const std::string_view character = FirstCharacter(rest);
+    Press(program, name, {Key::kCharacter, character, false});
+    rest.remove_prefix(character.size());
+  }
+}
+
+}  // namespace torvale

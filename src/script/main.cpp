@@ -1,0 +1,45 @@
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "script/runner.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: torvale_script [--data DIR] [FILE]\n"
+    "Replays a script (standard input without FILE) and prints its transcript.\n"
+    "  --data DIR   start with the defaults file of that folder\n";
+
+int Refuse(const std::string& reason) {
+  std::cerr << reason << '\n' << kUsage;
+  return torvale::kScriptNotUnderstood;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  std::string data_folder;
+  std::string file;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] == "--help") {
+      std::cout << kUsage;
+      return torvale::kScriptDone;
+    }
+    if (arguments[i] == "--data") {
+      if (++i == arguments.size()) return Refuse("--data needs a folder");
+      data_folder = arguments[i];
+    } else if (arguments[i].starts_with("--") || !file.empty()) {
+      return Refuse("not understood: " + arguments[i]);
+    } else {
+      file = arguments[i];
+    }
+  }
+  if (file.empty()) return torvale::RunScript(std::cin, std::cout, std::cerr, data_folder);
+  std::ifstream script(file);
+  if (!script) return Refuse("can't read " + file);
+  return torvale::RunScript(script, std::cout, std::cerr, data_folder);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "screen/program.h"
+#include "script/headless_host.h"
+
+namespace torvale {
+
+// The program, started on a headless host, and the transcript of what is done with it.
+struct Session {
+  // Without a data folder the program starts with no defaults file: the preference fields hold their start-up values,
+  // and a script types those that it needs. So a script gives the same transcript everywhere.
+  explicit Session(std::ostream& out, std::string data_folder = "");
+
+  std::ostream& transcript;
+  HeadlessHost host;
+  Program program;
+};
+
+// A click as the user makes it. Of a control that is hidden or disabled the transcript tells so. Throws ScriptError
+// where no click can go to that name.
+void ClickControl(Session& session, std::string_view name);
+
+}  // namespace torvale

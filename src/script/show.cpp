@@ -1,0 +1,141 @@
+#include "script/show.h"
+
+#include "base/numbers.h"
+#include "script/quoting.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kMainForm = "frmMainForm";
+
+std::string ColourText(const Colour& colour) {
+  return std::to_string(colour.red) + "," + std::to_string(colour.green) + "," + std::to_string(colour.blue);
+}
+
+void ShowColours(std::ostream& out, const std::optional<Colour>& back, const std::optional<Colour>& fore) {
+  if (back) out << " back " << ColourText(*back);
+  if (fore && *fore != kBlack) out << " fore " << ColourText(*fore);
+}
+
+void ShowCell(std::ostream& out, std::string_view name, const Grid& grid, int row, int column) {
+  out << name << '[' << row << ',' << column << "] = " << Quoted(grid.Text(row, column));
+  ShowColours(out, grid.Back(row, column), grid.Fore(row, column));
+  out << '\n';
+}
+
+void ShowGrid(std::ostream& out, std::string_view name, const Grid& grid) {
+  for (int row = 0; row < grid.rows(); ++row) {
+    for (int column = 0; column < grid.column_count(); ++column) {
+      if (!grid.Text(row, column).empty()) ShowCell(out, name, grid, row, column);
+    }
+  }
+}
+
+void ShowControl(std::ostream& out, std::string_view name, const Control& control) {
+  out << name << " = " << Quoted(control.caption) << (control.visible ? " visible" : " hidden")
+      << (control.enabled ? " enabled" : " disabled") << (control.ticked ? " ticked" : "");
+  ShowColours(out, control.back, control.fore);
+  out << '\n';
+}
+
+void ShowMainForm(std::ostream& out, const MainScreen& screen) {
+  out << kMainForm << " = " << Quoted(screen.title) << " pointer "
+      << (screen.busy || screen.main_busy ? "busy" : "normal");
+  if (!screen.focus.empty()) out << " focus " << screen.focus;
+  if (screen.closed) out << " closed";
+  out << '\n';
+}
+
+std::string ValueText(bool value) {
+  return value ? "True" : "False";
+}
+std::string ValueText(unsigned char value) {
+  return std::to_string(value);
+}
+std::string ValueText(std::int16_t value) {
+  return std::to_string(value);
+}
+std::string ValueText(float value) {
+  return ShortestText(value);
+}
+std::string ValueText(double value) {
+  return ShortestText(value);
+}
+std::string ValueText(const std::string& value) {
+  return Quoted(value);
+}
+std::string ValueText(const FreeValue& value) {
+  return value ? ShortestText(*value) : "unset";
+}
+
+// Shows a field of the record, whatever its type.
+struct FieldPrinter {
+  std::ostream& out;
+  std::string_view name;
+  const DesignRecord& record;
+  Elements elements;
+
+  template <typename T>
+  void operator()(T DesignRecord::*member) const {
+    out << name << " = " << ValueText(record.*member) << '\n';
+  }
+
+  template <typename T, int Last>
+  void operator()(BoundedArray<T, Last> DesignRecord::*member) const {
+    const BoundedArray<T, Last>& list = record.*member;
+    const bool rows = Last == kLastRow && elements == Elements::kInUse;
+    for (int i = rows ? 1 : 0; i <= (rows ? record.HoleRows : Last); ++i) {
+      if (rows || list[i] != T{}) out << name << '[' << i << "] = " << ValueText(list[i]) << '\n';
+    }
+  }
+};
+
+void ShowField(std::ostream& out, const DesignRecord& record, const RecordField& field, Elements elements) {
+  std::visit(FieldPrinter{out, field.name, record, elements}, field.member);
+}
+
+// A name such as `Grid2[1,5]`. False where it isn't one.
+bool ShowNamedCell(std::ostream& out, Program& program, std::string_view name) {
+  const std::size_t open = name.find('[');
+  if (open == std::string_view::npos) return false;
+  const Grid* grid = FindGrid(program, name.substr(0, open));
+  const std::size_t comma = name.find(',', open);
+  if (grid == nullptr || comma == std::string_view::npos || name.back() != ']') return false;
+  const int row = WholeNumber(name.substr(open + 1, comma - open - 1));
+  const int column = WholeNumber(name.substr(comma + 1, name.size() - comma - 2));
+  if (row < 0 || row >= grid->rows() || column < 0 || column >= grid->column_count()) return false;
+  ShowCell(out, name.substr(0, open), *grid, row, column);
+  return true;
+}
+
+}  // namespace
+
+void Show(std::ostream& out, Program& program, std::string_view name, Elements elements) {
+  if (name == kMainForm) {
+    ShowMainForm(out, program.main);
+  } else if (const Grid* grid = FindGrid(program, name)) {
+    ShowGrid(out, name, *grid);
+  } else if (const TextField* field = FindField(program, name)) {
+    out << name << " = " << Quoted(field->text()) << '\n';
+  } else if (const Control* control = FindControl(program, name)) {
+    ShowControl(out, name, *control);
+  } else if (name == "record") {
+    for (const RecordField& each : RecordFields()) ShowField(out, program.record, each, elements);
+  } else if (const RecordField* member = FindRecordField(name)) {
+    ShowField(out, program.record, *member, elements);
+  } else if (!ShowNamedCell(out, program, name)) {
+    throw ScriptError("nothing to show: " + std::string(name));
+  }
+}
+
+void ShowCurrentCell(std::ostream& out, Program& program, std::string_view name) {
+  const Grid* grid = FindGrid(program, name);
+  if (grid == nullptr) throw ScriptError("no grid: " + std::string(name));
+  out << name << " at " << grid->row << ' ' << grid->column;
+  if (grid->row_sel != grid->row || grid->column_sel != grid->column) {
+    out << ' ' << grid->row_sel << ' ' << grid->column_sel;
+  }
+  out << '\n';
+}
+
+}  // namespace torvale

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <ostream>
+#include <string_view>
+
+#include "screen/program.h"
+#include "script/record_fields.h"
+
+namespace torvale {
+
+// State as lines of a transcript:
+//
+//   lblEffic = "Distribution Uniformity = 93.2" visible enabled back 0,255,0
+//   txtInfo(3) = "2.0"
+//   Grid2[1,5] = "1.00" back 0,192,0
+//   Head[12] = 2.0374609375
+//   frmMainForm = "TORVALE   " pointer normal focus txtInfo(0)
+//
+// A menu entry with a tick is "ticked". A text colour is told where it isn't black. Numbers are in the shortest form
+// that reads back to the same bits; an unset free value is `unset`, a truth value True or False.
+
+// Which elements of a list are shown: those in use, rows 1 to `HoleRows` of a row array and all of another list that
+// aren't zero or empty; or all that aren't zero or empty.
+enum class Elements { kInUse, kAll };
+
+// One control, grid or field, the screen itself (`frmMainForm`), one cell (`Grid2[1,5]`, also when it is empty), a
+// field of the record, or the whole record (`record`). Throws ScriptError for any other name.
+void Show(std::ostream& out, Program& program, std::string_view name, Elements elements);
+
+// The grid's current cell, and the far corner of the selection where it is another: `Grid1 at 5 0 9 3`.
+void ShowCurrentCell(std::ostream& out, Program& program, std::string_view grid);
+
+}  // namespace torvale

@@ -1,0 +1,209 @@
+#include "script/statements.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "base/run_time_fault.h"
+#include "script/keys.h"
+#include "script/quoting.h"
+#include "script/show.h"
+#include "shell/commands.h"
+#include "shell/events.h"
+
+namespace torvale {
+namespace {
+
+// What stands behind the statement's first word.
+class Arguments {
+ public:
+  explicit Arguments(std::span<const Token> tokens) : tokens_(tokens) {}
+
+  std::size_t count() const { return tokens_.size(); }
+  const Token& Any(std::size_t i) const { return tokens_[i]; }
+  const std::string& Word(std::size_t i) const { return Checked(i, false, "a word is needed"); }
+  const std::string& Text(std::size_t i) const { return Checked(i, true, "a text in quotes is needed"); }
+  int Number(std::size_t i) const { return WholeNumber(Word(i)); }
+  void Need(std::size_t least, std::size_t most) const {
+    if (count() < least) throw ScriptError("the statement is not complete");
+    if (count() > most) throw ScriptError("more than the statement takes: " + tokens_[most].text);
+  }
+
+ private:
+  const std::string& Checked(std::size_t i, bool quoted, const char* otherwise) const {
+    if (tokens_[i].quoted != quoted) throw ScriptError(std::string(otherwise) + ": " + tokens_[i].text);
+    return tokens_[i].text;
+  }
+
+  std::span<const Token> tokens_;
+};
+
+constexpr std::size_t kAnyCount = 1000;
+
+Grid& NeedGrid(Session& session, const std::string& name) {
+  Grid* grid = FindGrid(session.program, name);
+  if (grid == nullptr) throw ScriptError("no grid: " + name);
+  return *grid;
+}
+
+void NeedCommand(const std::string& name) {
+  if (!HasCommand(name)) throw ScriptError("nothing to click: " + name);
+}
+
+void NeedCell(const Grid& grid, int row, int column) {
+  if (row < 0 || row >= grid.rows() || column < 0 || column >= grid.column_count()) {
+    throw ScriptError("no such cell: " + std::to_string(row) + " " + std::to_string(column));
+  }
+}
+
+// The word's place in a list of words.
+template <std::size_t N>
+std::size_t OneOf(const std::array<std::string_view, N>& words, const std::string& word) {
+  const auto found = std::find(words.begin(), words.end(), word);
+  if (found == words.end()) throw ScriptError("not understood: " + word);
+  return static_cast<std::size_t>(found - words.begin());
+}
+
+bool YesOrNo(const std::string& word) {
+  return OneOf<2>({"No", "Yes"}, word) == 1;
+}
+
+void Type(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(2, 2);
+  if (FindField(session.program, arguments.Word(0)) == nullptr) throw ScriptError("no field: " + arguments.Word(0));
+  TypeText(session.program, arguments.Word(0), arguments.Text(1));
+}
+
+void WriteCell(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(4, 4);
+  Grid& grid = NeedGrid(session, arguments.Word(0));
+  NeedCell(grid, arguments.Number(1), arguments.Number(2));
+  grid.Set(arguments.Number(1), arguments.Number(2), arguments.Text(3));
+}
+
+void FillRow(Grid& grid, int row, int column, std::string_view line) {
+  for (;; ++column) {
+    const std::size_t tab = line.find('\t');
+    NeedCell(grid, row, column);
+    grid.Set(row, column, line.substr(0, tab));
+    if (tab == std::string_view::npos) return;
+    line.remove_prefix(tab + 1);
+  }
+}
+
+void Fill(Session& session, const Arguments& arguments, ScriptLines& lines) {
+  arguments.Need(3, 3);
+  Grid& grid = NeedGrid(session, arguments.Word(0));
+  int row = arguments.Number(1);
+  std::string line;
+  while (lines.Next(line)) {
+    if (line == "end") return;
+    FillRow(grid, row++, arguments.Number(2), line);
+  }
+  throw ScriptError("a fill without its end");
+}
+
+void ClickStatement(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  ClickControl(session, arguments.Word(0));
+}
+
+void Keys(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(2, kAnyCount);
+  for (std::size_t i = 1; i < arguments.count(); ++i) {
+    PressKeys(session.program, arguments.Word(0), arguments.Any(i));
+  }
+}
+
+void At(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(3, 5);
+  if (arguments.count() == 4) throw ScriptError("the statement is not complete");
+  const std::string& name = arguments.Word(0);
+  const Grid& grid = NeedGrid(session, name);
+  NeedCell(grid, arguments.Number(1), arguments.Number(2));
+  GridPoint(session.program, name, arguments.Number(1), arguments.Number(2), false);
+  if (arguments.count() == 3) return;
+  NeedCell(grid, arguments.Number(3), arguments.Number(4));
+  GridPoint(session.program, name, arguments.Number(3), arguments.Number(4), true);
+}
+
+void Focus(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  if (FindControl(session.program, arguments.Word(0)) == nullptr) {
+    throw ScriptError("no control: " + arguments.Word(0));
+  }
+  FocusGained(session.program, arguments.Word(0));
+}
+
+void Mouse(Session& session, const Arguments& arguments, ScriptLines&) {
+  constexpr std::array kActions = {MouseAction::kDown, MouseAction::kMove, MouseAction::kUp};
+  constexpr std::array kButtons = {MouseButton::kNone, MouseButton::kLeft, MouseButton::kRight};
+  arguments.Need(5, 5);
+  const auto surface = OneOf<2>({"Grid2", "frmMainForm"}, arguments.Word(0));
+  const MouseAction action = kActions[OneOf<3>({"down", "move", "up"}, arguments.Word(1))];
+  const MouseButton button = kButtons[OneOf<3>({"none", "left", "right"}, arguments.Word(2))];
+  if (surface == 0) {
+    ResultMouse(session.program, action, button, arguments.Number(3), arguments.Number(4));
+  } else {
+    BackgroundMouse(session.program);
+  }
+}
+
+void Answer(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  session.host.Answer(YesOrNo(arguments.Word(0)));
+}
+
+void OnYield(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(4, 4);
+  OneOf<1>({"yield"}, arguments.Word(0));
+  OneOf<1>({"click"}, arguments.Word(2));
+  if (arguments.Number(1) < 1) throw ScriptError("yields are counted from 1");
+  NeedCommand(arguments.Word(3));
+  session.host.OnYield(arguments.Number(1), arguments.Word(3));
+}
+
+void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, kAnyCount);
+  for (std::size_t i = 0; i < arguments.count(); ++i) {
+    const bool all = arguments.Word(i) == "all";
+    const bool at = arguments.Word(i) == "at";
+    if ((all || at) && ++i == arguments.count()) throw ScriptError("the statement is not complete");
+    if (at) {
+      ShowCurrentCell(session.transcript, session.program, arguments.Word(i));
+    } else {
+      Show(session.transcript, session.program, arguments.Word(i), all ? Elements::kAll : Elements::kInUse);
+    }
+  }
+}
+
+struct Statement {
+  std::string_view word;
+  void (*run)(Session&, const Arguments&, ScriptLines&);
+};
+
+constexpr Statement kStatements[] = {
+    {"type", Type},     {"cell", WriteCell}, {"fill", Fill},         {"click", ClickStatement},
+    {"key", Keys},      {"at", At},          {"focus", Focus},       {"mouse", Mouse},
+    {"answer", Answer}, {"on", OnYield},     {"show", ShowStatement}};
+
+}  // namespace
+
+bool ScriptLines::Next(std::string& line) {
+  if (!std::getline(source_, line)) return false;
+  ++number_;
+  if (line.ends_with('\r')) line.pop_back();
+  return true;
+}
+
+void RunStatement(Session& session, const std::string& line, ScriptLines& lines) {
+  const std::vector<Token> tokens = Tokens(line);
+  if (tokens.empty()) return;
+  const auto statement = std::find_if(std::begin(kStatements), std::end(kStatements), [&](const Statement& s) {
+    return !tokens.front().quoted && s.word == tokens.front().text;
+  });
+  if (statement == std::end(kStatements)) throw ScriptError("not a statement: " + tokens.front().text);
+  statement->run(session, Arguments(std::span(tokens).subspan(1)), lines);
+}
+
+}  // namespace torvale

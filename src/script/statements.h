@@ -1,0 +1,45 @@
+#pragma once
+
+#include <istream>
+#include <string>
+
+#include "script/session.h"
+
+namespace torvale {
+
+// The lines of a script, with the number of the one that was read last.
+class ScriptLines {
+ public:
+  explicit ScriptLines(std::istream& source) : source_(source) {}
+
+  // The next line without its line end. False after the last.
+  bool Next(std::string& line);
+  int number() const { return number_; }
+
+ private:
+  std::istream& source_;
+  int number_ = 0;
+};
+
+// Runs the statement that `line` holds; a line of blanks and comments is none. A statement of several lines takes the
+// rest from `lines`. Throws ScriptError where it can't be understood.
+//
+//   type txtInfo(2) "850"           replaces a field's text as if typed, with its change handling; also where the panel
+//                                   that the field stands in is hidden
+//   cell Grid1 2 0 "100"            writes one cell
+//   fill Grid1 1 0 ... end          writes rows of tab-separated cells from that cell on, up to the line `end`; the
+//                                   lines are cells and nothing else, so no comments, quotes or escapes
+//   click mnuDesignField            a click; a control that is hidden or disabled refuses
+//   key Grid1 "52.5" Enter          keys: characters in quotes, and Enter, Backspace, Delete, Escape, Up, Down, Left,
+//                                   Right, PageUp, PageDown, Home, End, Ctrl+Home, Ctrl+End
+//   at Grid1 5 0 / at Grid1 5 0 9 3 moves the current cell / and the selection's far corner
+//   focus txtInfo(0)                moves the focus
+//   mouse Grid2 down left 300 900   the mouse over the results: down, move, up; left, right, none; x and y in twips
+//   mouse frmMainForm move none 0 0 the mouse over the screen's background
+//   answer Yes / answer No          the answer to the next question
+//   on yield 40 click cmdCancel     at the 40th yield from here on, that click
+//   show NAME ...                   prints state, see show.h; `all NAME` every element of a list that isn't zero or
+//                                   empty, `at GRID` the grid's current cell
+void RunStatement(Session& session, const std::string& line, ScriptLines& lines);
+
+}  // namespace torvale
