@@ -7,6 +7,8 @@
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "search/hole_selection.h"
+#include "search/slope_search.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {
@@ -33,9 +35,9 @@ void StartRun(Program& program) {
 }
 
 bool FieldsFilled(Program& program) {
-  const auto& fields = program.main.txtInfo;
-  if (!fields[2].text().empty() && !fields[3].text().empty() && !fields[5].text().empty()) return true;
-  Say(program, EmptyFieldSentence(program));
+  const std::string missing = EmptyFieldSentence(program);
+  if (missing.empty()) return true;
+  Say(program, missing);
   program.main.busy = false;
   program.host.Message("Some Information Data is missing(i.e. GPM, Target Head)", kMissingTitle);
   Refuse(program);
@@ -139,7 +141,37 @@ void Finish(Program& program, int tries) {
   SortFurrows(record);
   AcreCalc(record, host);
   DistributionEffic(record, host);
-  DisplayDesign(program);
+  // The other types show their designs from their own commands.
+  const bool shown_here =
+      record.DesignType != kConstantSlope && record.DesignType != kDualSlope && record.DesignType != kLimitedHoles;
+  if (shown_here) DisplayDesign(program);
+}
+
+// The second selection starts as the first did and repeats it.
+void SelectHoles(Program& program) {
+  MultiHoleSize(program);
+  if (Narrow(Val(program.main.txtInfo[3].text())) < program.record.MaxHead) MultiHoleSize(program);
+}
+
+// Calculates by design type. False where the run ends there.
+bool Calculate(Program& program, int& tries) {
+  switch (program.record.DesignType) {
+    case kPlanned:
+    case kExistingField:
+      RunFlowCalc(program, tries);
+      return true;
+    case kConstantSlope:
+    case kDualSlope:
+      BestFitHead(program);
+      break;
+    case kComputerHoles:
+    case kLimitedHoles:
+      SelectHoles(program);
+      break;
+    default:
+      return true;
+  }
+  return program.record.DesignOK != "False";
 }
 
 void Run(Program& program) {
@@ -149,8 +181,7 @@ void Run(Program& program) {
   }
   BuildRows(program);
   int tries = 0;
-  RunFlowCalc(program, tries);
-  Finish(program, tries);
+  if (Calculate(program, tries)) Finish(program, tries);
 }
 
 }  // namespace
@@ -159,7 +190,8 @@ void Cal_Dsign_Var(Program& program) {
   try {
     Run(program);
   } catch (const RunTimeFault& fault) {
-    Say(program, WhatStopped(program, fault));
+    // A run that was cancelled may end in a fault of its unfinished figures.
+    if (program.record.DesignOK != "False") Say(program, WhatStopped(program, fault));
     program.record.MissingData = -1;
     program.record.CancelFlag = true;
   }

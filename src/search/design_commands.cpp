@@ -1,18 +1,14 @@
 #include "search/design_commands.h"
 
+#include "base/arithmetic.h"
+#include "base/numbers.h"
 #include "display/design_display.h"
 #include "engine/interpolation.h"
 #include "search/cal_dsign_var.h"
+#include "search/survey_diagnosis.h"
 
 namespace torvale {
 namespace {
-
-void TickOnly(MainScreen& main, const Control* ticked) {
-  for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
-                         &main.mnuExistingDesign, &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
-    entry->ticked = entry == ticked;
-  }
-}
 
 // The two designs that march the input holes over the existing crown differ in their titles and marks alone.
 void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& entry, std::string_view title) {
@@ -20,7 +16,7 @@ void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& e
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = false;
   main.frmDisplayLbl[15].caption.clear();
-  TickOnly(main, &entry);
+  TickDesign(program, &entry);
   program.record.DesignType = design_type;
   main.title = title;
   main.busy = true;
@@ -32,7 +28,25 @@ bool Refused(const DesignRecord& record) {
   return record.DesignOK == "False" || record.MissingData == -1;
 }
 
+bool GaveUp(const DesignRecord& record) {
+  return record.CancelFlag || record.DesignOK == "False";
+}
+
+// Locks the screen for a slope search; the Cancel button alone stays usable.
+void LockForSearch(Program& program) {
+  ScreenControlsOff(program);
+  program.main.cmdCancel.enabled = true;
+}
+
 }  // namespace
+
+void TickDesign(Program& program, const Control* ticked) {
+  MainScreen& main = program.main;
+  for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
+                         &main.mnuExistingDesign, &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
+    entry->ticked = entry == ticked;
+  }
+}
 
 void mnuDesignField_Click(Program& program) {
   program.main.title = "TORVALE   Planned Design";
@@ -56,11 +70,93 @@ void mnuExistingDesign_Click(Program& program) {
   }
 }
 
+// This command alone leaves the crown slope's label as it stands.
+void mnuDesignConstSlope_Click(Program& program) {
+  MainScreen& main = program.main;
+  program.record.DesignType = kConstantSlope;
+  program.record.SlopeDelta = 0;
+  main.title = "TORVALE   Constant Slope Design";
+  main.cmdInterpolate.visible = false;
+  main.frmDisplayLbl[15].caption.clear();
+  LockForSearch(program);
+  TickDesign(program, &main.mnuDesignConstSlope);
+  cmdInterpolate_Click(program);
+  main.busy = true;
+  Cal_Dsign_Var(program);
+  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+  main.busy = false;
+  ScreenControlsOn(program);
+}
+
+void mnuDesignDualSlope_Click(Program& program) {
+  MainScreen& main = program.main;
+  program.record.SlopeDelta = 0;
+  main.title = "TORVALE   Dual Slope Design";
+  main.frmDisplayLbl[15].caption.clear();
+  LockForSearch(program);
+  TickDesign(program, &main.mnuDesignDualSlope);
+  main.cmdInterpolate.visible = false;
+  main.lblCrownSlope.visible = false;
+  program.record.DesignType = kDualSlope;
+  main.busy = true;
+  cmdInterpolate_Click(program);
+  Cal_Dsign_Var(program);
+  main.busy = false;
+  ScreenControlsOn(program);
+  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+}
+
+void mnuComputerHoleSelection_Click(Program& program) {
+  MainScreen& main = program.main;
+  main.title = "TORVALE  Computer Selected Hole Design";
+  program.record.DesignOK = "True";
+  main.lblCrownSlope.visible = false;
+  main.cmdInterpolate.visible = false;
+  main.frmDisplayLbl[15].caption.clear();
+  TickDesign(program, &main.mnuComputerHoleSelection);
+  program.record.DesignType = kComputerHoles;
+  main.title = "TORVALE   Computer Selected Hole Design";
+  main.busy = true;
+  cmdInterpolate_Click(program);
+  Cal_Dsign_Var(program);
+  main.busy = false;
+  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+}
+
+void mnuManHoleSelection_Click(Program& program) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  record.MissingData = 0;
+  record.DesignOK = "True";
+  record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
+  record.BestUniformity = 0;
+  if (const std::string missing = EmptyFieldSentence(program); !missing.empty()) {
+    main.busy = false;
+    main.sbStatusBar.caption = missing;
+    program.host.Message("Some Information Data is missing.", "Missing Data");
+    record.MissingData = -1;
+    main.cmdInterpolate.visible = true;
+    main.cmdCancel.visible = false;
+    return;
+  }
+  main.frameHoleSelection.visible = true;
+  main.listSortSelectedHoles.Clear();
+}
+
 void cmdReCalc_Click(Program& program) {
   program.main.lblAcresTotal.caption = TotalAcresText(program) + std::string(48, ' ');
   program.main.main_busy = true;
   cmdInterpolate_Click(program);
-  Cal_Dsign_Var(program);
+  switch (program.record.DesignType) {
+    case kLimitedHoles:
+      mnuManHoleSelection_Click(program);
+      break;
+    case kConstantSlope:
+      mnuDesignConstSlope_Click(program);
+      break;
+    default:
+      Cal_Dsign_Var(program);
+  }
   program.main.main_busy = false;
   if (program.record.CancelFlag) mnuWindowInfo_Click(program);
 }

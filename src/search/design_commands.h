@@ -5,11 +5,18 @@
 namespace torvale {
 
 // The commands that start and steer a design. Each works from the click to the result on the screen.
-void mnuDesignField_Click(Program& program);     // Planned
-void mnuExistingDesign_Click(Program& program);  // Existing Field
-void cmdReCalc_Click(Program& program);          // the current design once more
-void cmdCancel_Click(Program& program);          // sets the flags that the running calculation looks at
-void mnuWindowInfo_Click(Program& program);      // back to the input screen
-void cmdInterpolate_Click(Program& program);     // completes the survey sheet
+void mnuDesignField_Click(Program& program);            // Planned
+void mnuExistingDesign_Click(Program& program);         // Existing Field
+void mnuDesignConstSlope_Click(Program& program);       // Constant Slope
+void mnuDesignDualSlope_Click(Program& program);        // Dual Slope
+void mnuComputerHoleSelection_Click(Program& program);  // Computer Selected Holes
+void mnuManHoleSelection_Click(Program& program);       // opens the panel of a limited selection
+void cmdReCalc_Click(Program& program);                 // the current design once more
+void cmdCancel_Click(Program& program);                 // sets the flags that the running calculation looks at
+void mnuWindowInfo_Click(Program& program);             // back to the input screen
+void cmdInterpolate_Click(Program& program);            // completes the survey sheet
+
+// Ticks one of the six design entries and takes the ticks of the others away; nullptr for none.
+void TickDesign(Program& program, const Control* ticked);
 
 }  // namespace torvale

@@ -9,7 +9,7 @@ namespace torvale {
 
 // One plain sentence for the status bar, where a refusal only says that something is missing or says nothing at all.
 
-// The first information field that a design needs and that is empty.
+// The first information field that a design needs and that is empty; no text where all are filled.
 std::string EmptyFieldSentence(const Program& program);
 // An empty cell of the survey, by row and column.
 std::string EmptyCellSentence(int row, int column);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// The earlier way of setting the crown, kept beside the search and reached by no command: the least squares slope of
+// head and friction loss against station over the rows with holes, taken at 0.8.
+
+// Levels `DesignElev` from row 1 on.
+void CalConstantSlopeElev(DesignRecord& record);
+
+// Levels the crown, lays it at the regression slope over the rows with holes, lifts it, and marches once. `CrownSlope`
+// becomes the absolute slope in feet per 100 feet, to two decimals. Rows at one single station are a RunTimeFault
+// (kDivisionByZero).
+void BestGrade(Program& program);
+
+}  // namespace torvale

@@ -1,0 +1,200 @@
+#include "search/hole_selection.h"
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "base/power.h"
+#include "display/design_display.h"
+#include "search/cal_dsign_var.h"
+#include "search/hole_fit.h"
+
+namespace torvale {
+namespace {
+
+// What the two passes do apart from each other.
+struct PassKind {
+  std::int16_t design_type;
+  // With rod readings the whole table looks at the head of the row itself, the list at that of the next row upstream.
+  bool watches_own_head;
+  std::string_view advice;
+  bool hides_cancel;
+};
+
+constexpr PassKind kTablePass = {kComputerHoles, true, " Try Changing Head or Hole Sizes", true};
+constexpr PassKind kListPass = {kLimitedHoles, false, " Try Changing Head ", false};
+
+double PassFactor(const DesignRecord& record) {
+  return Power(Divide(100, static_cast<double>(record.HazenWilliamsC)), 1.852) * 0.2083;
+}
+
+// One row of the pass's march: the flow that the furrow wants, the hole that would give it, and the friction of the
+// span below the row. The constant is 448.81 here and 448.8 in the march of FlowCalc.
+double WorkRow(DesignRecord& record, int row, float average, FitFlow& flow) {
+  const double holes = record.HolesPerFurrow[row];
+  flow.wanted = Store32(static_cast<double>(record.FlowRatio[row]) * static_cast<double>(average));
+  const double capacity = Power(record.Head[row] * 64.4, 0.5) * 448.81 * static_cast<double>(record.DischargeCoef);
+  const double opening = Divide(static_cast<double>(flow.wanted), capacity) * 144 * holes;
+  record.HoleSizeIdeal[row] = Store32(Divide(Power(opening, 0.5) * 1.128, holes));
+  record.AccumGPM = Store32(static_cast<double>(record.AccumGPM) + static_cast<double>(flow.wanted));
+  const double span =
+      Hundredths(static_cast<double>(record.Station[row]) - static_cast<double>(record.Station[row - 1]));
+  const double ratio = Divide(Power(static_cast<double>(record.AccumGPM), 1.852),
+                              Power(static_cast<double>(record.PipeDia[row]), 4.866));
+  return Finite(span * (ratio * PassFactor(record) / 100));
+}
+
+double UpstreamHead(const DesignRecord& record, int row, bool elevations, double friction) {
+  const double here = static_cast<double>(record.CrownElev[row]);
+  const double upstream = static_cast<double>(record.CrownElev[row - 1]);
+  return Finite(record.Head[row] - (elevations ? upstream - here : here - upstream) + friction);
+}
+
+// Whether the head was lost at `row`. The element ahead of row 1 is no row and is not looked at.
+bool HeadLost(const DesignRecord& record, int row, std::string_view survey_kind, const PassKind& kind) {
+  const bool upstream_lost = row >= 2 && record.Head[row - 1] <= 0;
+  if (survey_kind == "E") return upstream_lost;
+  if (survey_kind == "R") return kind.watches_own_head ? record.Head[row] <= 0 : upstream_lost;
+  return false;
+}
+
+// Marches the wanted flows up the line. False where the run was cancelled.
+bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
+  DesignRecord& record = program.record;
+  const std::string survey_kind = program.main.txtInfo[5].text();
+  const bool elevations = survey_kind == "E";
+  const float average = Store32(Divide(static_cast<double>(record.TargetGPM), record.WateredFurrows));
+  double friction = 0;  // a row without holes keeps the friction of the last row that had them
+  int row = record.HoleRows;
+  record.AccumGPM = 0;
+  while (row != 0) {
+    if (record.HoleDia[row] > 0) friction = WorkRow(record, row, average, flow);
+    record.Head[row - 1] = UpstreamHead(record, row, elevations, friction);
+    if (HeadLost(record, row, survey_kind, kind)) {
+      record.Head[record.HoleRows] += 0.1;
+      record.AccumGPM = 0;
+      row = record.HoleRows + 1;
+      program.host.Yield(1);
+    }
+    --row;
+    if (record.CancelFlag) return false;
+  }
+  return true;
+}
+
+void ReportFault(Program& program, const PassKind& kind) {
+  MainScreen& main = program.main;
+  program.host.Message("There is a programming problem calculating Computer Selected Holes." + std::string(kind.advice),
+                       "Computer Selected Hole Error");
+  program.record.DesignOK = "False";
+  if (kind.hides_cancel) main.cmdCancel.visible = false;
+  main.cmdInterpolate.visible = true;
+  for (Control* hidden : {&main.frmDisplay, &main.lblCrownSlope, &main.lblEffic, &main.cmdDesignToggle, &main.cmdReCalc,
+                          &main.Grid2.control, &main.mnuWindowInfo, &main.mnuProfile}) {
+    hidden->visible = false;
+  }
+  main.Grid1.control.visible = true;
+  main.busy = false;
+  program.record.DesignType = kNoDesign;
+  program.record.CancelFlag = true;
+}
+
+void Fit(Program& program, const PassKind& kind, FitFlow flow) {
+  if (kind.design_type == kComputerHoles) {
+    FitToTable(program.record, flow);
+  } else {
+    FitToList(program.record, flow, program.main.listHolesSelected.count(), program.main.listSortSelectedHoles.count());
+  }
+}
+
+void RunPass(Program& program, const PassKind& kind) {
+  DesignRecord& record = program.record;
+  record.HoleSizeIdeal.Clear();
+  record.ComputerHoleDia.Clear();
+  record.DesignType = kind.design_type;
+  record.HoleSizeIndexLimit = 0;
+  try {
+    FitFlow flow;
+    if (!MarchWantedFlows(program, kind, flow)) return;
+    Fit(program, kind, flow);
+    record.SeedEndHead = Store32(record.Head[record.HoleRows]);
+  } catch (const RunTimeFault&) {
+    ReportFault(program, kind);
+  }
+}
+
+// Lowers the Target Head by one increment, as the field shows it.
+void LowerTargetHead(TextField& field, float increment) {
+  const double head = Val(field.text()) - static_cast<double>(increment);
+  field.Set(Format(Val(GeneralText(head)), "##.##"));
+}
+
+void KeepBestHead(DesignRecord& record, double head) {
+  if (!(record.BestUniformity < record.Uniformity)) return;
+  record.BestUniformity = record.Uniformity;
+  record.BestHeadFound = Store32(head);
+}
+
+// One target head. False where the loop is over.
+bool TryHead(Program& program, float increment) {
+  TextField& field = program.main.txtInfo[3];
+  program.main.busy = true;
+  LowerTargetHead(field, increment);
+  program.host.Yield(1);
+  if (program.main.closed) return false;
+  const double head = Val(field.text());
+  if (head <= 0) return true;  // carries no water: the pass counts, nothing is worked out
+  Cal_Dsign_Var(program);
+  if (program.record.MissingData == -1) return false;
+  program.main.lblHeadCount.visible = true;
+  program.main.lblHeadCount.caption = "Calculating Selected Holes: " + GeneralText(head);
+  KeepBestHead(program.record, head);
+  return program.record.DesignOK != "False";
+}
+
+}  // namespace
+
+void MultiHoleOne(Program& program) {
+  RunPass(program, kTablePass);
+}
+
+void ManHoleCalSelected(Program& program) {
+  RunPass(program, kListPass);
+}
+
+void MultiHoleSize(Program& program) {
+  DesignRecord& record = program.record;
+  record.HoleSizeIdeal.Clear();
+  record.FlowCalcStatus.clear();
+  const double target_head = Finite(Val(program.main.txtInfo[3].text()));
+  record.SeedEndHead = Store32(target_head);
+  record.MaxHead = 0;
+  record.Head[record.HoleRows] = target_head;
+  int status = 0;
+  while (record.FlowCalcStatus < "Ok" && !record.CancelFlag) {
+    if (record.DesignType == kComputerHoles) MultiHoleOne(program);
+    if (record.DesignType == kLimitedHoles) ManHoleCalSelected(program);
+    RunFlowCalc(program, status);
+  }
+}
+
+bool EfficAdjust(Program& program) {
+  DesignRecord& record = program.record;
+  const MainScreen& main = program.main;
+  record.BestHeadFound = 0;
+  program.main.txtInfo[3].Set(main.txtDefault[13].text());
+  const float increment = Store32(Val(main.txtDefault[14].text()));
+  const double highest = Val(main.txtDefault[13].text());
+  // The counter only counts the passes. An increment of 0 or less never brings it past its bound.
+  for (double counter = 0.5; counter <= highest; counter += increment > 0 ? static_cast<double>(increment) : 0.0) {
+    if (!TryHead(program, increment)) return false;
+  }
+  program.main.txtInfo[3].Set(Trim(GeneralText(record.BestHeadFound)));
+  Cal_Dsign_Var(program);
+  if (record.MissingData == -1) return false;
+  DisplayDesign(program);
+  ScreenControlsOn(program);
+  program.main.busy = false;
+  return record.DesignOK != "False";
+}
+
+}  // namespace torvale

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// Computer selection of hole sizes, design types 4 and 6. A pass marches the wanted flows from the far end to the head
+// of the line, works out at each row the diameter that would give its furrow exactly the flow wanted, and fits it to a
+// real size; the march of FlowCalc then tells what those holes deliver.
+
+// Runs passes, each with its FlowCalc, until one has come to its end or the run is cancelled.
+void MultiHoleSize(Program& program);
+
+// One pass: type 4 fits to the whole table of sizes, type 6 to the user's list in `SelectedHoleValue`. A run-time fault
+// is caught here: a message, the input screen, `DesignOK` "False", `CancelFlag`, `DesignType` 0. Where the head is lost
+// on the way up, the far end gets another tenth of a foot and the march begins again; it yields before each new start.
+void MultiHoleOne(Program& program);
+void ManHoleCalSelected(Program& program);
+
+// The head loop of type 6: tries target heads downward from the highest one of the preferences and runs the best. False
+// where the run ended without a design to show: a trial failed, its input was refused, or the screen was closed.
+bool EfficAdjust(Program& program);
+
+}  // namespace torvale

@@ -1,0 +1,139 @@
+#include "search/hole_selection_panel.h"
+
+#include "base/arithmetic.h"
+#include "base/numbers.h"
+#include "display/design_display.h"
+#include "record/hole_sizes.h"
+#include "search/design_commands.h"
+#include "search/hole_selection.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kMostSelected = kHoleSizes + 1;  // lines that the record's list of sizes holds
+
+void Hide(std::initializer_list<Control*> controls) {
+  for (Control* control : controls) control->visible = false;
+}
+
+// The interpolation button is hidden again as the last act; the next change of the input brings it back.
+void AbandonDesign(Program& program) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  main.busy = false;
+  record.BestUniformity = 0;
+  record.BestHeadFound = 0;
+  main.frameHoleSelection.visible = false;
+  program.host.Message("No Holes were Selected", "");
+  record.TotalAcres = 0;
+  main.lblAcresTotal.caption.clear();
+  Hide({&main.Grid2.control, &main.mnuWindowInfo, &main.lblEffic, &main.frmDisplay, &main.cmdDesignToggle,
+        &main.cmdReCalc, &main.lblCrownSlope, &main.mnuProfile});
+  main.Grid1.control.visible = true;
+  TickDesign(program, nullptr);
+  record.DesignType = kNoDesign;
+  record.SpacingWarningOff = 0;
+  main.frmDisplayLbl[15].caption.clear();
+  main.title = "TORVALE   ";
+  main.cmdInterpolate.visible = false;
+}
+
+// Puts the chosen sizes into the record in ascending order. A line that is no name of the table adds no size, and the
+// sorted list is shorter then; a line that is not there reads as 0.
+void TakeSelectedSizes(Program& program) {
+  DesignRecord& record = program.record;
+  const ListBox& chosen = program.main.listHolesSelected;
+  ListBox& sorted = program.main.listSortSelectedHoles;
+  for (int j = 0; j < chosen.count(); ++j) {
+    const int size = HoleSizeByName(record, chosen.Line(j));
+    if (size == 0) continue;
+    record.SelectedHoleName[j] = record.HoleSizeName[size];
+    record.SelectedHoleValue[j] = record.HoleSizeValue[size];
+    // With its leading blank and no zero ahead of the point, the order of the texts is the order of the numbers.
+    sorted.Add(std::string(1, ' ').append(GeneralText(record.HoleSizeValue[size])));
+  }
+  for (int j = 0; j < chosen.count(); ++j) record.SelectedHoleValue[j] = Store32(Val(sorted.Line(j)));
+  for (int j = 0; j < sorted.count(); ++j) {
+    const int size = HoleSizeByValue(record, record.SelectedHoleValue[j]);
+    if (size > 0) record.SelectedHoleName[j] = record.HoleSizeName[size];
+  }
+}
+
+void BackToInput(Program& program) {
+  MainScreen& main = program.main;
+  ScreenControlsOn(program);
+  Hide({&main.lblEffic, &main.lblHeadCount, &main.frmDisplay, &main.cmdReCalc, &main.cmdDesignToggle,
+        &main.Grid2.control});
+  main.Grid1.control.visible = true;
+  main.busy = false;
+}
+
+}  // namespace
+
+void cmdADDtoSelected_Click(Program& program) {
+  const ListBox& all = program.main.listAllHoles;
+  ListBox& chosen = program.main.listHolesSelected;
+  for (int i = 0; i < all.count(); ++i) {
+    if (!all.Selected(i)) continue;
+    if (chosen.count() == kMostSelected) {
+      program.host.Beep();
+      break;
+    }
+    chosen.Add(all.Line(i));
+  }
+  // Only neighbours are merged: a size added again with another between stays twice.
+  for (int i = chosen.count() - 1; i >= 0; --i) {
+    if (i + 1 < chosen.count() && chosen.Line(i) == chosen.Line(i + 1)) chosen.Remove(i);
+  }
+}
+
+void cmdremoveSelected_Click(Program& program) {
+  ListBox& chosen = program.main.listHolesSelected;
+  for (int i = chosen.count() - 1; i >= 0; --i) {
+    if (chosen.Selected(i)) chosen.Remove(i);
+  }
+}
+
+void Command1_Click(Program& program) {
+  program.main.listHolesSelected.Clear();
+}
+
+void cmdExitHoleSelect_Click(Program& program) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  main.busy = true;
+  record.CalcProblem.clear();
+  record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
+  if (main.listHolesSelected.count() == 0) {
+    AbandonDesign(program);
+    return;
+  }
+  record.DesignType = kLimitedHoles;
+  record.BestUniformity = 0;
+  record.BestHeadFound = 0;
+  TakeSelectedSizes(program);
+  main.frmDisplayLbl[15].caption.clear();
+  TickDesign(program, &main.mnuManHoleSelection);
+  main.title = "TORVALE   Limited Computer Selected Hole Design";
+  main.lblCrownSlope.visible = false;
+  main.cmdInterpolate.visible = false;
+  ScreenControlsOff(program);
+  main.busy = true;
+  cmdInterpolate_Click(program);
+  main.frameHoleSelection.visible = false;
+  if (record.DesignOK == "False" || record.MissingData == -1) {
+    // The panel was left open while another run failed; the screen must not stay locked.
+    ScreenControlsOn(program);
+    main.busy = false;
+    main.Grid1.control.visible = true;
+    return;
+  }
+  main.busy = false;
+  if (EfficAdjust(program)) {
+    DisplayDesign(program);
+  } else {
+    BackToInput(program);
+  }
+}
+
+}  // namespace torvale
