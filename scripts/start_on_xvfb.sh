@@ -26,18 +26,19 @@ fail() {
   exit 1
 }
 
-# wait_for SECONDS COMMAND...: until the command succeeds.
+has_ended() { [ -n "$program_pid" ] && ! kill -0 "$program_pid" 2>/dev/null; }
+
+# wait_for SECONDS COMMAND...: until the command succeeds, the time is over, or the program has ended.
 wait_for() {
   local deadline=$((SECONDS + $1))
   shift
   until "$@" >/dev/null 2>&1; do
-    [ $SECONDS -lt $deadline ] || return 1
+    { [ $SECONDS -lt $deadline ] && ! has_ended; } || return 1
     sleep 0.2
   done
 }
 
 main_windows() { xdotool search --onlyvisible --name '^TORVALE'; }
-has_ended() { ! kill -0 "$program_pid"; }
 
 # The server picks a free display and writes its number when it is ready for clients.
 Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp 3>"$kTemp/display" 2>"$kTemp/xvfb" &
@@ -52,10 +53,10 @@ env -u WAYLAND_DISPLAY -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME -u 
   "$kProgram" >"$kTemp/stdout" 2>"$kTemp/stderr" &
 program_pid=$!
 
-wait_for 30 main_windows || fail "no window named TORVALE... within 30 seconds"
+wait_for 30 main_windows || fail "no window named TORVALE came up"
 # The splash screen closes by itself after two seconds.
 sleep 4
-has_ended 2>/dev/null && fail "the program ended by itself"
+! has_ended || fail "the program ended by itself"
 main_windows >"$kTemp/windows" || fail "the window went away"
 
 import -window root "$kTemp/picture.png"
