@@ -90,9 +90,12 @@ class Search {
   Outcome Run() {
     if (place_.row == 0) return Outcome::kNoRows;
     try {
-      return Loop();
+      const Outcome outcome = Loop();
+      Leave();
+      return outcome;
     } catch (const RunTimeFault&) {
-      record_.AccumGPM = place_.flow;
+      PassOver(stretch_ - 1, place_.row);  // the row of the fault had its yield, too
+      Leave();
       throw;
     }
   }
@@ -102,22 +105,22 @@ class Search {
  private:
   Outcome Loop() {
     for (;;) {
-      if (!Yield()) return Leave(Outcome::kCancelled);
+      if (!Yield()) return Outcome::kCancelled;
       if (profile_.head[place_.row] < 0) GoToHeadOfLine();
+      stretch_ = place_.row;
       if (place_.row == 1) {
         TakeOrifice(line_, profile_, place_);
-        if (Converged()) return Leave(Outcome::kConverged);
+        if (Converged()) return Outcome::kConverged;
         CarryHead(line_, profile_, place_);
-        if (tries_ == kTryLimit) return Leave(Outcome::kTryLimit);
+        if (tries_ == kTryLimit) return Outcome::kTryLimit;
         CountTry(1);
         CorrectEndHead(profile_.head[line_.rows], last_step_, place_.flow, record_.TargetGPM);
         place_ = {line_.rows, 0};
         continue;
       }
-      const int count = tries_ == kTryLimit ? 1 : RowsUntilYield();
-      const int worked = MarchRows(line_, profile_, place_, count);
-      PassOver(place_.row + worked - 1, place_.row + 1);
-      if (tries_ == kTryLimit) return Leave(Outcome::kTryLimit);
+      MarchRows(line_, profile_, place_, tries_ == kTryLimit ? 1 : RowsUntilYield());
+      PassOver(stretch_ - 1, place_.row + 1);
+      if (tries_ == kTryLimit) return Outcome::kTryLimit;
       if (profile_.head[place_.row] < 0) CountTry(place_.row + 1);
     }
   }
@@ -176,10 +179,9 @@ class Search {
     fail_row_ = row;
   }
 
-  Outcome Leave(Outcome outcome) {
+  void Leave() {
     record_.AccumGPM = place_.flow;
     if (passed_ > 0) host_.Yield(passed_);
-    return outcome;
   }
 
   DesignRecord& record_;
@@ -190,6 +192,7 @@ class Search {
   MarchPlace place_;
   std::string_view last_step_;
   int fail_row_ = 0;
+  int stretch_ = 0;  // the row at which the stretch of rows now worked began
   long idle_ = 0;    // coming yields that the host would do nothing in
   long passed_ = 0;  // yields passed over and not yet reported to it
 };
