@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "screen/program.h"
 
 namespace torvale {
@@ -10,5 +12,13 @@ void Default_Values(Program& program);
 
 // Starts a new design: empty sheet, results and fields, defaults in the first row. `DesignType` stays as it was.
 void mnuFileNew_Click(Program& program);
+
+// Crown reading that every new survey begins with.
+inline constexpr std::string_view kFirstCrown = "10.00";
+
+// The first survey row's preferences, each into its cell where that is empty.
+void FillFirstRow(Program& program);
+// The target head and the survey kind from the preferences.
+void TakeDefaultFields(Program& program);
 
 }  // namespace torvale

@@ -10,8 +10,11 @@ inline constexpr std::string_view kDefaultsFile = "Default50.TVL";
 // fields 9 and 11 are capitals. Once, at start.
 void ConnectPreferences(Program& program);
 
-// Reads the defaults file of the program's folder into `txtDefault`. Fields end at commas and line ends alike. A
-// missing file or line leaves the fields as they are.
+// Takes `DischargeCoef` and `HazenWilliamsC` from fields 2 and 3. A RunTimeFault (kOverflow) where one is too large.
+void ApplyCoefficients(Program& program);
+
+// Reads the defaults file of the program's folder into `txtDefault`; fields 2 to 6 take two decimals. Fields end at
+// commas and line ends alike. A missing file or line leaves the fields as they are, and nothing is reported.
 void ReadDefaultsFile(Program& program);
 
 }  // namespace torvale

@@ -6,21 +6,30 @@
 
 namespace torvale {
 
-// The six information fields above the sheet, and the kind of pipe.
+// The six information fields above the sheet, the kind of pipe, and the focus.
 
-// Registers the change handling of the fields; once, at start.
+// Registers the change handling of the fields; once, at start. A change of the pumped flow reaches `TargetGPM` at once;
+// the survey kind is a capital letter and names the crown column of both grids; the longest texts are set.
 void ConnectInfoFields(Program& program);
 
+// kUp and kDown move between the fields. kOther is any further key that carries a character, Backspace among them.
 enum class FieldKeyKind { kEnter, kUp, kDown, kOther };
 
+// Selects the whole text and leaves the panel of defaults.
 void txtInfo_GotFocus(Program& program, int index);
 // A key in a field, before it changes the text. True where the key is swallowed.
 bool txtInfo_Key(Program& program, int index, FieldKeyKind key);
 
+// The kind of pipe. A design that is shown is run again at once. The cursor of the sheet then stands in its heading row
+// until the user moves it.
 void mnuLayflatPipe_Click(Program& program);
 void mnuRigidPipe_Click(Program& program);
 
-// Moves the focus to a control and runs what it does on gaining it.
+// Moves the focus to a control and runs what it does on gaining it; the status bar tells what the control is for. A
+// control that the user can't reach leaves the focus where it is.
 void MoveFocus(Program& program, std::string_view control);
+
+// What a field or sheet is for, with its unit, for the status bar; nothing for other controls.
+std::string_view FocusHint(const Program& program, std::string_view control);
 
 }  // namespace torvale

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "screen/program.h"
@@ -9,7 +10,7 @@ namespace torvale {
 // Version of the program, major.minor.revision.
 std::string ProgramVersion();
 
-// Brings the program up: loads the main screen, applies defaults, lays the grids out.
+// Brings the program up: connects the fields, loads the main screen, applies defaults, lays the grids out.
 void StartProgram(Program& program);
 
 // Loads the main screen: window place, panels, blank fields, first row of the sheet.
@@ -19,10 +20,12 @@ void Form_Resize(Program& program);
 // The main screen became active: the first information field has the focus.
 void Form_Activate(Program& program);
 // The main screen closes: its place is saved, unless it is minimised, and the program ends. A running calculation is
-// cancelled.
+// cancelled. Closing a closed screen does nothing.
 void Form_Unload(Program& program);
+void mnuFileExit_Click(Program& program);
 
-// A panel is grabbed at (x, y), twips from its corner, and dropped.
+// A panel is grabbed at (x, y), twips from its corner, and dropped. A place beyond its field is a RunTimeFault
+// (kOverflow).
 struct PanelDrag {
   float DragX = 0;
   std::int16_t DragY = 0;

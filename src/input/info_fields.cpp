@@ -1,0 +1,177 @@
+#include "input/info_fields.h"
+
+#include <array>
+#include <string>
+
+#include "base/arithmetic.h"
+#include "base/numbers.h"
+#include "display/design_display.h"
+#include "engine/survey.h"
+#include "input/sheet.h"
+#include "search/design_commands.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kPumpedFlow = 2;
+constexpr int kSurveyKind = 5;
+constexpr std::array<int, 6> kLongestText = {60, 12, 10, 10, 60, 1};
+constexpr int kResultHeadingColumn = 2;  // of Grid2: the column that takes the survey's name with every change
+
+TextField& Field(Program& program, int index) {
+  return program.main.txtInfo.at(static_cast<std::size_t>(index));
+}
+
+// Names the crown column of both grids after the survey kind; any other kind leaves the headings.
+void NameCrown(Program& program, std::string_view rods, std::string_view elevations) {
+  const std::string& kind = Field(program, kSurveyKind).text();
+  if (kind != "R" && kind != "E") return;
+  const std::string_view heading = kind == "R" ? rods : elevations;
+  program.main.Grid1.Set(0, kCrownColumn, heading);
+  program.main.Grid2.Set(0, kResultHeadingColumn, heading);
+}
+
+// The survey kind is limited after its own first change, the other fields after the first change of any of them.
+void SetLongestTexts(Program& program, int index) {
+  const int first = index == kSurveyKind ? kSurveyKind : 0;
+  const int last = index == kSurveyKind ? kSurveyKind : kSurveyKind - 1;
+  for (int i = first; i <= last; ++i) Field(program, i).max_length = kLongestText.at(static_cast<std::size_t>(i));
+}
+
+void txtInfo_Change(Program& program, int index) {
+  if (index == kPumpedFlow) program.record.TargetGPM = Store32(Val(Field(program, kPumpedFlow).text()));
+  if (index == kSurveyKind) {
+    Field(program, kSurveyKind).Set(UpperCase(std::string(Field(program, kSurveyKind).text())));
+  }
+  NameCrown(program, "Rod Reading (feet)", "Elevation (feet)");
+  SetLongestTexts(program, index);
+}
+
+std::string FieldName(int index) {
+  return "txtInfo(" + std::to_string(index) + ")";
+}
+
+// The index of a field by its name, or -1.
+int InfoIndex(std::string_view control) {
+  for (int i = 0; i <= kSurveyKind; ++i) {
+    if (control == FieldName(i)) return i;
+  }
+  return -1;
+}
+
+const std::string& ShownText(Program& program, std::string_view control) {
+  static const std::string nothing;
+  if (const TextField* field = FindField(program, control)) return field->text();
+  const Control* other = FindControl(program, control);
+  return other != nullptr ? other->caption : nothing;
+}
+
+void ChoosePipe(Program& program, std::string_view kind, std::string_view heading) {
+  MainScreen& main = program.main;
+  main.mnuLayflatPipe.ticked = kind == "L";
+  main.mnuRigidPipe.ticked = kind == "R";
+  program.record.PipeKind = kind;
+  main.Grid1.SetCurrent(0, kHoleSizeColumn);
+  main.Grid1.Set(0, kHoleSizeColumn, heading);
+}
+
+// A shown design follows the kind of pipe. A limited hole selection keeps its holes: its line is marched again and the
+// table shows the openings of the kind that is ticked.
+void RunShownDesign(Program& program) {
+  if (!program.main.Grid2.control.visible) return;
+  if (program.record.DesignType == kLimitedHoles) {
+    int tries = 0;
+    RunFlowCalc(program, tries);
+    DisplayDesign(program);
+  } else {
+    cmdReCalc_Click(program);
+  }
+}
+
+struct Hint {
+  std::string_view control;
+  std::string_view text;
+};
+
+constexpr Hint kHints[] = {
+    {"txtInfo(0)", "Name of the design"},
+    {"txtInfo(1)", "Date of the design"},
+    {"txtInfo(2)", "Pumped flow, gallons per minute"},
+    {"txtInfo(3)", "Target head at the head of the line, feet"},
+    {"txtInfo(4)", "Where the field lies"},
+    {"txtInfo(5)", "R: the survey gives rod readings; E: it gives elevations"},
+    {"txtDefault(0)", "Distance between stations of the survey, feet"},
+    {"txtDefault(1)", "Hole size of a new survey, fractions of an inch; + and - step it"},
+    {"txtDefault(2)", "Orifice coefficient, usually 0.65 for layflat pipe"},
+    {"txtDefault(3)", "Hazen-Williams C: layflat 140, smooth steel commonly 100"},
+    {"txtDefault(4)", "Warning limit for the crown above the field, feet"},
+    {"txtDefault(5)", "Pipe diameter of a new survey, inches"},
+    {"txtDefault(6)", "Distance between watered furrows of a new survey, feet"},
+    {"txtDefault(7)", "Number of holes at each watered furrow of a new survey"},
+    {"txtDefault(8)", "Thickness of the pipe wall of a new survey, mils"},
+    {"txtDefault(9)", "R: surveys give rod readings; E: they give elevations"},
+    {"txtDefault(10)", "Target head of a new design, feet"},
+    {"txtDefault(11)", "Gates of rigid pipe. R: rectangular; C: circular"},
+    {"txtDefault(12)", "Diameter or height of a gate, inches"},
+    {"txtDefault(13)", "Highest target head of a limited hole selection, feet, at least 0.5"},
+    {"txtDefault(14)", "Step of the head in a limited hole selection, feet"},
+    {"txtDefault(15)", "Kind of file that the open dialog begins with"},
+    {"Grid2", "Results. Drag over rows to see their acres"},
+};
+
+}  // namespace
+
+void ConnectInfoFields(Program& program) {
+  for (int i = 0; i <= kSurveyKind; ++i) {
+    Field(program, i).on_change = [&program, i] { txtInfo_Change(program, i); };
+  }
+}
+
+void txtInfo_GotFocus(Program& program, int index) {
+  TextField& field = Field(program, index);
+  if (ShownText(program, program.main.focus) == field.text()) field.select_all = true;
+  program.main.Frame1.visible = false;
+}
+
+bool txtInfo_Key(Program& program, int index, FieldKeyKind key) {
+  if (key == FieldKeyKind::kDown || key == FieldKeyKind::kUp) {
+    const int next = key == FieldKeyKind::kDown ? index + 1 : index - 1;
+    if (next < 0 || next > kSurveyKind) return false;
+    MoveFocus(program, FieldName(next));
+    return true;
+  }
+  const bool goes_on = key == FieldKeyKind::kEnter && index < kSurveyKind;
+  if (goes_on) MoveFocus(program, FieldName(index + 1));
+  NameCrown(program, "Rod Readings", "Elevations");
+  return goes_on;
+}
+
+void mnuLayflatPipe_Click(Program& program) {
+  ChoosePipe(program, "L", "Hole Diameter (fractions)");
+  program.main.lblSumHoleDia.tool_tip.clear();
+  RunShownDesign(program);
+}
+
+void mnuRigidPipe_Click(Program& program) {
+  ChoosePipe(program, "R", "Hole Width (fractions)");
+  RunShownDesign(program);
+}
+
+void MoveFocus(Program& program, std::string_view control) {
+  if (ReachOf(program, control) != Reach::kUsable) return;
+  program.main.focus = control;
+  const int index = InfoIndex(control);
+  if (index >= 0) txtInfo_GotFocus(program, index);
+  const std::string_view hint = FocusHint(program, control);
+  if (!hint.empty()) program.main.sbStatusBar.caption = hint;
+}
+
+std::string_view FocusHint(const Program& program, std::string_view control) {
+  if (control == "Grid1") return ColumnHint(program.main.Grid1.column);
+  for (const Hint& hint : kHints) {
+    if (hint.control == control) return hint.text;
+  }
+  return "";
+}
+
+}  // namespace torvale

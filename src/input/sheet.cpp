@@ -1,0 +1,236 @@
+#include "input/sheet.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/format.h"
+#include "base/numbers.h"
+#include "engine/survey.h"
+#include "input/hole_step.h"
+
+namespace torvale {
+namespace {
+
+constexpr double kStationLimit = 5281;
+constexpr std::string_view kStationLimitBody = "Station length can not be greater than 5280 feet.";
+constexpr std::string_view kStationLimitTitle = "Station Length";
+
+// How a column takes an empty cell's text from the row above at Enter, how its text looks once the cursor has left, and
+// what it is for.
+struct ColumnTrait {
+  std::string_view fill;   // pattern; empty: copied as it stands
+  std::string_view leave;  // pattern; empty: the text stays
+  std::string_view hint;
+};
+
+constexpr std::array<ColumnTrait, kSurveyColumns> kColumns = {{
+    {"", "#####0",
+     "Station, feet from the head of the line, 0 to 5280. Enter adds the distance between stations; * next column"},
+    {"##.00", "###.00", "Rod reading or elevation of the crown, feet. Enter copies the cell above; * next column"},
+    {"##.00", "#####0", "Furrow length from this station on, feet. Enter copies the cell above; * next column"},
+    {"##.00", "###.00",
+     "Distance between holes from this station on, feet. Enter copies the cell above; * next column"},
+    {"#####", "###.00", "Inside diameter of the pipe, inches. Enter copies the cell above; * next column"},
+    {"", "", "Hole diameter or width, fractions of an inch. + and - step it; Enter copies the cell above"},
+    {"##.00", "#####0", "Number of holes at each watered furrow. Enter copies the cell above; * next column"},
+    {"", "#####0", "Thickness of the pipe wall, mils. Enter copies the cell above; * next column"},
+    {"#####.00", "###.00", "Planted width between watered furrows, feet. Enter copies the cell above"},
+}};
+
+const ColumnTrait& TraitOf(int column) {
+  return kColumns.at(static_cast<std::size_t>(column));
+}
+
+void ShowHint(Program& program) {
+  program.main.sbStatusBar.caption = ColumnHint(program.main.Grid1.column);
+}
+
+// The cursor leaves its cell for another one.
+void Go(Program& program, int row, int column) {
+  LeaveCell(program);
+  program.main.Grid1.SetCurrent(row, column);
+  ShowHint(program);
+}
+
+void SetCurrentText(Grid& sheet, std::string_view text) {
+  sheet.Set(sheet.row, sheet.column, text);
+}
+
+void RefuseStation(Program& program) {
+  program.host.Message(kStationLimitBody, kStationLimitTitle);
+  SetCurrentText(program.main.Grid1, "");
+}
+
+void NextColumn(Program& program) {
+  const int next = program.main.Grid1.column + 1;
+  if (next < program.main.Grid1.column_count()) {
+    Go(program, 1, next);
+  } else {
+    program.host.Beep();
+  }
+}
+
+void DropLastCharacter(Grid& sheet) {
+  std::string text = sheet.CurrentText();
+  if (Trim(text).empty()) return;
+  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+  while (text.size() > 1 && continues(text.back())) text.pop_back();
+  text.pop_back();
+  SetCurrentText(sheet, text);
+}
+
+void AppendCharacter(Program& program, std::string_view character) {
+  Grid& sheet = program.main.Grid1;
+  SetCurrentText(sheet, sheet.CurrentText() + std::string(character));
+  if (sheet.column == kStationColumn && Val(sheet.CurrentText()) >= kStationLimit) RefuseStation(program);
+}
+
+void FillBlankCell(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  if (!sheet.CurrentText().empty()) return;
+  if (sheet.row == 1 && sheet.column == kStationColumn) SetCurrentText(sheet, "0");
+  if (sheet.row < 2) return;
+  const std::string above = sheet.Text(sheet.row - 1, sheet.column);
+  if (sheet.column == kStationColumn) {
+    SetCurrentText(sheet, GeneralText(Val(above) + static_cast<double>(program.record.StationInterval)));
+  } else {
+    const std::string_view pattern = TraitOf(sheet.column).fill;
+    SetCurrentText(sheet, pattern.empty() ? above : FormatText(above, pattern));
+  }
+}
+
+// A station must rise. One that does not is emptied, and the cursor steps back so that its move down ends there again.
+void CheckStationOrder(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  if (sheet.row <= 1 || sheet.column != kStationColumn) return;
+  const std::string above = sheet.Text(sheet.row - 1, kStationColumn);
+  if (Val(above) < Val(sheet.CurrentText())) return;
+  program.host.Beep();
+  program.host.Message("You must enter a value greater than " + above, "");
+  SetCurrentText(sheet, "");
+  sheet.SetCurrent(sheet.row - 1, sheet.column);
+}
+
+void MoveDown(Program& program) {
+  const Grid& sheet = program.main.Grid1;
+  if (sheet.row + 1 < sheet.rows()) {
+    Go(program, sheet.row + 1, sheet.column);
+  } else if (sheet.column + 1 < sheet.column_count()) {
+    Go(program, 1, sheet.column + 1);
+  } else {
+    Go(program, 1, kCrownColumn);
+  }
+}
+
+void EnterKey(Program& program) {
+  FillBlankCell(program);
+  CheckStationOrder(program);
+  // Every column is held to the limit of a station here, under the station's words.
+  if (Val(program.main.Grid1.CurrentText()) >= kStationLimit) RefuseStation(program);
+  MoveDown(program);
+}
+
+void RunKey(Program& program, std::string_view character) {
+  if (character == "*") {
+    NextColumn(program);
+  } else if (character == "+") {
+    StepHoleSize(program, HoleStep::kLarger);
+  } else if (character == "-") {
+    StepHoleSize(program, HoleStep::kSmaller);
+  } else if (character == "\r") {
+    EnterKey(program);
+  } else if (character == "\b") {
+    DropLastCharacter(program.main.Grid1);
+  } else if (character == "." || (character.size() == 1 && character[0] >= '0' && character[0] <= '9')) {
+    AppendCharacter(program, character);
+  } else if (character.size() != 1 || static_cast<unsigned char>(character[0]) >= 32) {
+    program.host.Beep();
+  }
+}
+
+void HoldFirstStation(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  if (sheet.row != 1 || sheet.column != kStationColumn || sheet.CurrentText() == "0") return;
+  program.host.Message("First Crown Station must be Zero.", "");
+  SetCurrentText(sheet, "0");
+}
+
+// The planted width, in the last column, stays at its row when the others move.
+constexpr int kMovingColumns = kPlantedWidthColumn;
+
+// Whether the cursor stands in a row that can be moved.
+bool RowCanMove(Program& program) {
+  if (program.main.Grid2.control.visible) return false;
+  if (program.main.Grid1.row >= 1) return true;
+  program.host.Beep();
+  return false;
+}
+
+void CopyRow(Grid& sheet, int from, int to) {
+  for (int column = 0; column < kMovingColumns; ++column) {
+    sheet.Set(to, column, std::string(sheet.Text(from, column)));
+  }
+}
+
+void EmptyRow(Grid& sheet, int row) {
+  for (int column = 0; column < kMovingColumns; ++column) sheet.Set(row, column, "");
+}
+
+}  // namespace
+
+void Grid1_KeyPress(Program& program, std::string_view character) {
+  FollowHoleSize(program);
+  RunKey(program, character);
+  HoldFirstStation(program);
+}
+
+void LeaveCell(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  const std::string_view pattern = TraitOf(sheet.column).leave;
+  if (sheet.row == 0 || pattern.empty()) return;
+  try {
+    SetCurrentText(sheet, FormatText(sheet.CurrentText(), pattern));
+  } catch (const RunTimeFault&) {
+    // The text stays as typed: a fault here would keep the cursor from ever leaving the cell.
+  }
+}
+
+void MoveCursor(Program& program, int row, int column) {
+  Grid& sheet = program.main.Grid1;
+  const int to_row = std::clamp(row, 1, sheet.rows() - 1);
+  const int to_column = std::clamp(column, 0, sheet.column_count() - 1);
+  if (to_row == sheet.row && to_column == sheet.column) {
+    sheet.SetCurrent(to_row, to_column);
+    ShowHint(program);
+  } else {
+    Go(program, to_row, to_column);
+  }
+}
+
+void ExtendSelection(Program& program, int row, int column) {
+  Grid& sheet = program.main.Grid1;
+  if (sheet.row == 0) MoveCursor(program, 1, sheet.column);
+  sheet.SetSelection(std::clamp(row, 1, sheet.rows() - 1), std::clamp(column, 0, sheet.column_count() - 1));
+}
+
+void mnuInsertRow_Click(Program& program) {
+  if (!RowCanMove(program)) return;
+  Grid& sheet = program.main.Grid1;
+  for (int row = sheet.rows() - 2; row >= sheet.row; --row) CopyRow(sheet, row, row + 1);
+  EmptyRow(sheet, sheet.row);
+  sheet.SetCurrent(sheet.row, sheet.column);
+}
+
+void mnuDeleteRow_Click(Program& program) {
+  if (!RowCanMove(program)) return;
+  Grid& sheet = program.main.Grid1;
+  for (int row = sheet.row + 1; row < sheet.rows(); ++row) CopyRow(sheet, row, row - 1);
+  EmptyRow(sheet, sheet.rows() - 1);
+  sheet.SetCurrent(sheet.row, sheet.column);
+}
+
+std::string_view ColumnHint(int column) {
+  return column >= 0 && column < kSurveyColumns ? TraitOf(column).hint : std::string_view();
+}
+
+}  // namespace torvale

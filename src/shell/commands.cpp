@@ -1,0 +1,58 @@
+#include "shell/commands.h"
+
+#include <algorithm>
+
+#include "display/design_display.h"
+#include "files/new_design.h"
+#include "input/info_fields.h"
+#include "input/sheet.h"
+#include "search/design_commands.h"
+#include "shell/events.h"
+#include "shell/start_up.h"
+
+namespace torvale {
+namespace {
+
+template <std::size_t kStep>
+void mnuZoomTo_Click(Program& program) {
+  SetZoom(program, kZoomSteps[kStep]);
+}
+
+constexpr Command kCommands[] = {
+    {"mnuFileNew", mnuFileNew_Click},         {"mnuFileExit", mnuFileExit_Click},
+    {"mnuInsertRow", mnuInsertRow_Click},     {"mnuDeleteRow", mnuDeleteRow_Click},
+    {"mnuDesignField", mnuDesignField_Click}, {"mnuExistingDesign", mnuExistingDesign_Click},
+    {"mnuLayflatPipe", mnuLayflatPipe_Click}, {"mnuRigidPipe", mnuRigidPipe_Click},
+    {"mnuZoomTo(0)", mnuZoomTo_Click<0>},     {"mnuZoomTo(1)", mnuZoomTo_Click<1>},
+    {"mnuZoomTo(2)", mnuZoomTo_Click<2>},     {"mnuZoomTo(3)", mnuZoomTo_Click<3>},
+    {"mnuZoomTo(4)", mnuZoomTo_Click<4>},     {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
+    {"mnuZoomTo(6)", mnuZoomTo_Click<6>},     {"mnuWindowInfo", mnuWindowInfo_Click},
+    {"cmdInterpolate", cmdInterpolate_Click}, {"cmdCancel", cmdCancel_Click},
+    {"cmdReCalc", cmdReCalc_Click},           {"cmdDesignToggle", cmdDesignToggle_Click},
+};
+
+const Command* FindCommand(std::string_view name) {
+  const auto* const found =
+      std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command& c) { return c.name == name; });
+  return found == std::end(kCommands) ? nullptr : found;
+}
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
+bool HasCommand(std::string_view name) {
+  return FindCommand(name) != nullptr;
+}
+
+Reach Click(Program& program, std::string_view name) {
+  const Command* command = FindCommand(name);
+  if (command == nullptr) return Reach::kUnknown;
+  const Reach reach = ReachOf(program, name);
+  if (reach == Reach::kUsable) Guarded(program, [&] { command->run(program); });
+  return reach;
+}
+
+}  // namespace torvale

@@ -1,0 +1,205 @@
+#include "shell/start_up.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/arithmetic.h"
+#include "base/numbers.h"
+#include "display/design_display.h"
+#include "display/grid_layout.h"
+#include "engine/survey.h"
+#include "files/new_design.h"
+#include "files/preferences.h"
+#include "input/info_fields.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kZoomKey = "MainZoom";
+constexpr int kPlainZoom = 100;
+
+// The saved place of the main screen, by the key of each value.
+struct PlaceSetting {
+  std::string_view key;
+  int Place::*value;
+  int missing;  // twips where the setting is missing or no length
+  bool is_size;
+};
+
+constexpr std::array<PlaceSetting, 4> kPlaceSettings = {{
+    {"MainLeft", &Place::left, 1000, false},
+    {"MainTop", &Place::top, 1000, false},
+    {"MainWidth", &Place::width, 6500, true},
+    {"MainHeight", &Place::height, 6500, true},
+}};
+
+// What blank preferences begin with. These are not the factory defaults that the panel of defaults puts into a blank
+// field; they differ in several fields on purpose.
+struct StartValue {
+  std::size_t preference;
+  std::string_view text;
+};
+
+constexpr std::array<StartValue, 9> kStartValues = {{
+    {2, "0.65"},
+    {3, "140"},
+    {9, "E"},
+    {10, "2"},
+    {11, "R"},
+    {12, "1.2"},
+    {13, "3.5"},
+    {14, ".5"},
+    {15, "*.*"},
+}};
+
+// The whole number of twips nearest to a setting, or `missing` where it is no number that fits.
+int Twips(const std::optional<std::string>& setting, const PlaceSetting& place) {
+  if (!setting || !IsNumber(*setting)) return place.missing;
+  try {
+    const int twips = ToWhole(static_cast<double>(Store32(Val(*setting))));
+    return place.is_size && twips <= 0 ? place.missing : twips;
+  } catch (const RunTimeFault&) {
+    return place.missing;
+  }
+}
+
+void PlaceMainScreen(Program& program) {
+  for (const PlaceSetting& place : kPlaceSettings) {
+    program.main.window.*place.value = Twips(program.host.Setting(place.key), place);
+  }
+}
+
+void ShowZoom(MainScreen& main, int percent) {
+  main.zoom = percent;
+  for (std::size_t i = 0; i < kZoomSteps.size(); ++i) main.mnuZoomTo[i].ticked = kZoomSteps[i] == percent;
+}
+
+void LoadZoom(Program& program) {
+  const double saved = Val(program.host.Setting(kZoomKey).value_or(""));
+  const auto* const step = std::find(kZoomSteps.begin(), kZoomSteps.end(), saved);
+  ShowZoom(program.main, step == kZoomSteps.end() ? kPlainZoom : *step);
+}
+
+void PlacePanels(MainScreen& main) {
+  main.Frame1.place.left = 10000;
+  main.Frame1.place.top = 700;
+  main.frameHoleSelection.place.left = 2040;
+  main.frameHoleSelection.place.top = 360;
+  main.frmDisplay.place = {8840, 3280, 1770, 6010};
+  main.lblEffic.place.top = 1900;
+}
+
+void FillBlankPreferences(MainScreen& main) {
+  for (const StartValue& value : kStartValues) {
+    if (main.txtDefault[value.preference].text().empty()) main.txtDefault[value.preference].Set(value.text);
+  }
+}
+
+void UntickDesigns(MainScreen& main) {
+  for (Control* entry : {&main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuDesignField,
+                         &main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign}) {
+    entry->ticked = false;
+  }
+}
+
+void SetIfEmpty(Grid& sheet, int column, std::string_view text) {
+  if (sheet.Text(1, column).empty()) sheet.Set(1, column, text);
+}
+
+void DropAt(Control& panel, double left, double top) {
+  panel.place.left = ToWhole(left);
+  panel.place.top = ToWhole(top);
+}
+
+}  // namespace
+
+std::string ProgramVersion() {
+  return std::to_string(TORVALE_VERSION_MAJOR) + "." + std::to_string(TORVALE_VERSION_MINOR) + "." +
+         std::to_string(TORVALE_VERSION_REVISION);
+}
+
+void StartProgram(Program& program) {
+  ConnectInfoFields(program);
+  ConnectPreferences(program);
+  Form_Load(program);
+  Default_Values(program);
+  GridSet(program);
+}
+
+void Form_Load(Program& program) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  GridSet(program);
+  PlaceMainScreen(program);
+  LoadZoom(program);
+  for (Control* entry : {&main.mnuPrintComplete, &main.mnuPrintSummary, &main.mnuPrtHoleSummary}) {
+    entry->enabled = false;
+  }
+  PlacePanels(main);
+  main.mnuLayflatPipe.ticked = true;
+  record.FileVersion = ProgramVersion();
+  record.PipeKind = "L";
+  main.lblOpenFilter.caption = "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)";
+  if (record.StationInterval == 0) record.StationInterval = 100;
+  FillBlankPreferences(main);
+  record.LowQuarter = 0.25F;
+  main.txtInfo[1].Set(program.host.Today());
+  LabelColorSet(program);
+  UntickDesigns(main);
+  main.frmDisplayLbl[15].caption.clear();
+  main.title = "TORVALE   ";
+  main.lblCrownSlope.visible = false;
+  main.cmdInterpolate.visible = true;
+  SetIfEmpty(main.Grid1, kCrownColumn, kFirstCrown);
+  SetIfEmpty(main.Grid1, kFurrowLengthColumn, "1320");
+  FillFirstRow(program);
+  TakeDefaultFields(program);
+}
+
+void Form_Resize(Program& program) {
+  if (program.main.state != WindowState::kNormal) return;
+  program.main.window.width = 10000;
+  program.main.window.top = 500;
+}
+
+void Form_Activate(Program& program) {
+  MoveFocus(program, "txtInfo(0)");
+}
+
+void Form_Unload(Program& program) {
+  MainScreen& main = program.main;
+  if (main.closed) return;
+  if (main.state != WindowState::kMinimized) {
+    for (const PlaceSetting& place : kPlaceSettings) {
+      program.host.SaveSetting(place.key, GeneralText(main.window.*place.value));
+    }
+  }
+  program.record.CancelFlag = true;
+  program.record.DesignOK = "False";
+  main.closed = true;
+}
+
+void mnuFileExit_Click(Program& program) {
+  Form_Unload(program);
+}
+
+void GrabPanel(PanelDrag& drag, float x, float y) {
+  drag.DragX = x;
+  drag.DragY = StoreInt16(static_cast<double>(y));
+}
+
+void DropOnPanel(Control& panel, const PanelDrag& drag, float x, float y) {
+  DropAt(panel, panel.place.left + double{x} - drag.DragX, panel.place.top + double{y} - drag.DragY);
+}
+
+void DropOnScreen(Control& panel, const PanelDrag& drag, float x, float y) {
+  DropAt(panel, double{x} - static_cast<double>(drag.DragX), double{y} - drag.DragY);
+}
+
+void SetZoom(Program& program, int percent) {
+  ShowZoom(program.main, percent);
+  program.host.SaveSetting(kZoomKey, GeneralText(percent));
+}
+
+}  // namespace torvale
