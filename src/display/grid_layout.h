@@ -4,9 +4,30 @@
 
 namespace torvale {
 
+// Columns of the results grid `Grid2`.
+enum ResultColumn : int {
+  kResultStation = 0,
+  kResultOpening = 1,  // hole size or gate opening
+  kResultHoleNumber = 2,
+  kResultFlow = 3,
+  kResultHead = 4,
+  kResultFlowRatio = 5,  // flow over required flow
+  kResultFurrowLength = 6,
+  kResultCrown = 7,
+  kResultHoleCount = 8,  // holes per furrow
+  kResultMil = 9,
+  kResultPipeDia = 10,
+  kResultPlantedWidth = 11,
+  kResultMargin = 12,  // no heading, never written
+};
+
+inline constexpr int kResultRows = 5284;
+inline constexpr int kResultColumns = 13;
+
 // Gives `Grid1`, `Grid2`, `GridInchesApplied` and the frame beside them their fixed shape: place, size, headings,
 // widths, alignment and colours. Typed data stays, but for cell (1,0) of `Grid1`, which becomes "0", and, before any
-// design, an empty cell (1,5), which takes the first hole size. `Grid2` is made invisible.
+// design, an empty cell (1,5), which takes the first hole size. `Grid2` is made invisible. The ticks of the two pipe
+// menu entries follow `PipeKind`.
 void GridSet(Program& program);
 
 }  // namespace torvale

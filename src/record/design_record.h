@@ -140,6 +140,8 @@ struct DesignRecord {
   RowArray<std::string> HoleSumFurrowText;
   RowArray<std::int16_t> HoleSumCount;
 
+  float ProfileScale = 0;  // grid row at which the Summary table ends
+
   // Distance between surveyed stations, feet
   std::int16_t StationInterval = 0;
 };

@@ -1,0 +1,106 @@
+#include "display/cell_texts.h"
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "engine/hole_geometry.h"
+#include "record/hole_sizes.h"
+
+namespace torvale {
+namespace {
+
+constexpr double kSquareInches = 144;  // in a square foot
+
+std::string HoleNumberText(const DesignRecord& record, int i, std::string_view pattern) {
+  const std::string number = GeneralText(AtRow(record, record.FurrowNumber, i));
+  return pattern.empty() ? number : FormatText(number, pattern);
+}
+
+std::string Pattern(float value, std::string_view pattern) {
+  return Format(static_cast<double>(value), pattern);
+}
+
+}  // namespace
+
+const RowArray<float>& ChosenHoleDia(const DesignRecord& record) {
+  switch (record.DesignType) {
+    case kComputerHoles:
+      return record.ComputerHoleDia;
+    case kLimitedHoles:
+      return record.LimitedHoleDia;
+    default:
+      return record.SurveyHoleDia;
+  }
+}
+
+const RowArray<float>& ShownCrown(const DesignRecord& record) {
+  const bool designed = record.DesignType == kConstantSlope || record.DesignType == kDualSlope;
+  return designed ? record.DesignElev : record.CrownElev;
+}
+
+int ChosenSizeIndex(const DesignRecord& record, int i) {
+  return HoleSizeByValue(record, AtRow(record, ChosenHoleDia(record), i));
+}
+
+std::string StationText(const DesignRecord& record, int i) {
+  return Pattern(AtRow(record, record.Station, i), "####0");
+}
+
+std::string FlowRatioText(const DesignRecord& record, int i) {
+  const float required = AtRow(record, record.RequiredFlow, i);
+  if (required == 0) return "";
+  const float flow = AtRow(record, record.FurrowFlow, i);
+  return Format(Divide(static_cast<double>(flow), static_cast<double>(required)), "###.00");
+}
+
+double GateOpening(const Program& program, int i) {
+  const DesignRecord& record = program.record;
+  const auto& defaults = program.main.txtDefault;
+  const double area = static_cast<double>(AtRow(record, record.HoleArea, i)) * kSquareInches;
+  if (defaults[11].text() == "R") return Divide(area, Val(defaults[12].text()));
+  double opening = 0;
+  GateMove(area, static_cast<double>(AtRow(record, record.SurveyHoleDia, i)), opening);
+  return opening;
+}
+
+std::string OpeningText(const Program& program, int i, int size_index, std::string_view circular_gate_pattern) {
+  if (size_index == 0) return "";
+  if (program.record.PipeKind == "L") return program.record.HoleSizeName[size_index];
+  const bool rectangular = program.main.txtDefault[11].text() == "R";
+  return Format(GateOpening(program, i), rectangular ? "#.###" : circular_gate_pattern);
+}
+
+std::string CellText(const Program& program, ResultColumn column, int i, const RowPatterns& patterns) {
+  const DesignRecord& record = program.record;
+  switch (column) {
+    case kResultStation:
+      return StationText(record, i);
+    case kResultOpening:
+      return OpeningText(program, i, ChosenSizeIndex(record, i), patterns.circular_gate);
+    case kResultHoleNumber:
+      return HoleNumberText(record, i, patterns.hole_number);
+    case kResultFlow:
+      return Pattern(AtRow(record, record.FurrowFlow, i), patterns.flow);
+    case kResultHead:
+      return Format(AtRow(record, record.Head, i), patterns.head);
+    case kResultFlowRatio:
+      return FlowRatioText(record, i);
+    case kResultFurrowLength:
+      return Format(AtRow(record, record.FurrowLength, i), "#####");
+    case kResultCrown:
+      return Pattern(AtRow(record, ShownCrown(record), i), "####.00");
+    case kResultHoleCount:
+      return GeneralText(AtRow(record, record.HolesPerFurrow, i));
+    case kResultMil:
+      return AtRow(record, record.MilText, i);
+    case kResultPipeDia:
+      return GeneralText(AtRow(record, record.PipeDia, i));
+    case kResultPlantedWidth:
+      return Pattern(AtRow(record, record.PlantedWidth, i), "###.00");
+    case kResultMargin:
+      return "";
+  }
+  return "";
+}
+
+}  // namespace torvale

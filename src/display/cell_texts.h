@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "display/grid_layout.h"
+#include "screen/program.h"
+
+namespace torvale {
+
+// The texts that stand for one row of the design, in the result tables and the hole summary.
+
+// A field of the design at row i; past the far end it counts as empty, whatever an earlier, longer design left there.
+template <typename T>
+T AtRow(const DesignRecord& record, const RowArray<T>& field, int i) {
+  return i > record.HoleRows ? T{} : field[i];
+}
+
+// The hole size array that the design type works with: the computer's choice (type 4), the choice among the allowed
+// sizes (type 6), or the survey's.
+const RowArray<float>& ChosenHoleDia(const DesignRecord& record);
+
+// The crown array that the design type shows: the designed crown (types 2 and 3), or the existing one.
+const RowArray<float>& ShownCrown(const DesignRecord& record);
+
+// Index in the hole size table of the chosen size of row i, or 0 where the table has no such size.
+int ChosenSizeIndex(const DesignRecord& record, int i);
+
+// The number formats that depend on the table and on the row's place in it.
+struct RowPatterns {
+  std::string_view flow;
+  std::string_view head;
+  std::string_view circular_gate;
+  std::string_view hole_number;  // empty: the number as it is
+};
+
+inline constexpr RowPatterns kCompleteFirstRow = {"####.00", "####.00", "#.##0", "####"};
+inline constexpr RowPatterns kCompleteRow = {"###.00", "####.00", "#.##0", "####"};
+inline constexpr RowPatterns kSummaryFirstRow = {"####.00", "####.00", "#.###", ""};
+inline constexpr RowPatterns kSummaryRow = {"###.00", "###.00", "#.##0", ""};
+inline constexpr RowPatterns kSummaryLastRow = {"###.00", "####.00", "#.##0", ""};
+
+// `Station` of row i in whole feet.
+std::string StationText(const DesignRecord& record, int i);
+
+// Flow over required flow to two decimals; empty where nothing is required.
+std::string FlowRatioText(const DesignRecord& record, int i);
+
+// How far the gates of row i open in rigid pipe, inches: the height of a rectangular gate (`txtDefault(11)` "R") of the
+// width `txtDefault(12)`, or the travel of a circular gate as wide as the survey's hole. Faults of Divide and GateMove
+// pass through.
+double GateOpening(const Program& program, int i);
+
+// Hole of row i: the name of its size for layflat tubing, the gate opening for rigid pipe. Empty for size index 0.
+std::string OpeningText(const Program& program, int i, int size_index, std::string_view circular_gate_pattern);
+
+// Any cell of row i; the opening is that of the chosen size. The margin is empty.
+std::string CellText(const Program& program, ResultColumn column, int i, const RowPatterns& patterns);
+
+}  // namespace torvale

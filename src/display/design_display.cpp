@@ -1,0 +1,155 @@
+#include "display/design_display.h"
+
+#include <string_view>
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "display/applied_water.h"
+#include "display/grid_layout.h"
+#include "display/hole_summary.h"
+#include "display/result_tables.h"
+
+namespace torvale {
+namespace {
+
+constexpr float kLowestHead = 0.5F;  // feet
+
+void ShowHoleSummary(Program& program) {
+  MainScreen& main = program.main;
+  DisplayHoleSum(program);
+  main.frameShowLimitedHoles.visible = true;
+  main.lblSumHoleDia.caption = program.record.HoleSumStations;
+  main.lblSumStation.caption = program.record.HoleSumLengths;
+  main.lblSumlNumHoles.caption = program.record.HoleSumCounts;
+}
+
+void ShowState(Program& program) {
+  MainScreen& main = program.main;
+  main.lblActiveInactive.caption = "Active Design";
+  main.lblActiveInactive.back = kBrightGreen;
+  main.lblActiveInactive.fore = kBlack;
+  main.Grid1.top_row = 1;
+  main.cmdCancel.visible = false;
+  main.lblEffic.caption = "Distribution Uniformity = " + GeneralText(program.record.Uniformity);
+  main.lblEffic.visible = true;
+  main.frmDisplay.visible = true;
+  main.frmDisplayLbl[15].back.reset();
+}
+
+// The signed drop of the designed crown from the first row to the last, for the two slope designs.
+void ShowCrownDifferential(Program& program) {
+  MainScreen& main = program.main;
+  const DesignRecord& record = program.record;
+  Control& value = main.frmDisplayLbl[15];
+  const bool slope_design = main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked;
+  main.frmDisplayLbl[14].visible = slope_design;
+  value.visible = slope_design;
+  if (!slope_design) return;
+  const double differential = static_cast<double>(
+      Store32(static_cast<double>(record.DesignElev[1]) - static_cast<double>(record.DesignElev[record.HoleRows])));
+  value.caption = Format(differential, "##.00 ft.");
+  if (differential > Val(main.txtDefault[4].text())) value.back = kYellow;
+}
+
+void ColourHeads(Program& program) {
+  MainScreen& main = program.main;
+  const float target = Narrow(Val(main.txtInfo[3].text()));
+  main.frmDisplayLbl[1].back = target > program.record.MaxHead ? kStrongGreen : kYellow;
+  main.frmDisplayLbl[5].back = program.record.MinHead >= kLowestHead ? kStrongGreen : kYellow;
+}
+
+void ShowFigures(Program& program) {
+  const DesignRecord& record = program.record;
+  const auto show = [&](std::size_t label, double value, std::string_view pattern) {
+    program.main.frmDisplayLbl[label].caption = Format(value, pattern);
+  };
+  show(1, static_cast<double>(record.MaxHead), "##.00");
+  show(3, record.MaxHeadStation, "####0");
+  show(5, static_cast<double>(record.MinHead), "##.00");
+  show(7, record.MinHeadStation, "####0");
+  show(9, static_cast<double>(record.MaxFurrowFlow), "####.00");
+  show(11, static_cast<double>(record.MinFurrowFlow), "####.00");
+  show(13, static_cast<double>(record.AccumGPM), "####0");
+}
+
+void ShowConstantSlope(Program& program) {
+  if (!program.main.mnuDesignConstSlope.ticked) return;
+  program.main.lblCrownSlope.caption =
+      "Crown Slope = " + Format(static_cast<double>(program.record.CrownSlope) * 100, "##.###") + " feet per 100 feet";
+  program.main.lblCrownSlope.visible = true;
+}
+
+// The dual slope is shown doubled, not times 100.
+void ShowDualSlope(Program& program) {
+  if (!program.main.mnuDesignDualSlope.ticked) return;
+  const double slope = static_cast<double>(program.record.CrownSlope);
+  program.main.lblCrownSlope.caption = "Crown Slope = " + Format(slope + slope, "##.00") +
+                                       " ft. /100 ft. from Station  0 to " +
+                                       Format(Number(program.record.DualBreakStation), "#######");
+  program.main.lblCrownSlope.visible = true;
+}
+
+void EnableScreen(MainScreen& main, bool enabled) {
+  for (TextField& field : main.txtInfo) field.control.enabled = enabled;
+  for (Control* control :
+       {&main.cmdReCalc, &main.cmdDesignToggle, &main.cmdCancel, &main.mnuFile, &main.mnuEdit, &main.mnuPreference,
+        &main.mnuDesign, &main.mnuTypeOfPipe, &main.mnuWindowInfo, &main.mnuProfile, &main.mnuHelp}) {
+    control->enabled = enabled;
+  }
+}
+
+}  // namespace
+
+void DisplayDesign(Program& program) {
+  MainScreen& main = program.main;
+  main.mnuWindowInfo.visible = true;
+  main.mnuProfile.visible = true;
+  ShowHoleSummary(program);
+  ShowState(program);
+  ScreenControlsOn(program);
+  ShowCrownDifferential(program);
+  ColourHeads(program);
+  ShowFigures(program);
+  main.cmdInterpolate.visible = false;
+  main.cmdDesignToggle.visible = true;
+  main.cmdReCalc.visible = true;
+  ShowConstantSlope(program);
+  GridSet(program);
+  if (main.cmdDesignToggle.caption == "Complete Design") {
+    CompleteDesignTable(program);
+  } else {
+    SummaryTable(program);
+  }
+  ShowDualSlope(program);
+  AcreInchPumped(program);
+}
+
+void cmdDesignToggle_Click(Program& program) {
+  MainScreen& main = program.main;
+  main.lblAcresTotal.caption = TotalAcresText(program);
+  main.cmdDesignToggle.caption = main.cmdDesignToggle.caption == "Summary" ? "Complete Design" : "Summary";
+  main.Grid2.control.visible = true;
+  DisplayDesign(program);
+}
+
+void ScreenControlsOn(Program& program) {
+  EnableScreen(program.main, true);
+  program.main.lblHeadCount.visible = false;
+}
+
+void ScreenControlsOff(Program& program) {
+  EnableScreen(program.main, false);
+  program.main.mnuSurveyCopy.visible = false;
+}
+
+void LabelColorSet(Program& program) {
+  MainScreen& main = program.main;
+  for (Control* control :
+       {&main.lblAcresTotal, &main.lblName, &main.lblDate, &main.lblGPM, &main.lblHead, &main.lblLocation,
+        &main.lblRodOrElev, &main.lblEffic, &main.lblDefDistance, &main.lblHoleSize, &main.cmdInterpolate}) {
+    control->back = kLightGrey;
+  }
+}
+
+}  // namespace torvale

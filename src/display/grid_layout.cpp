@@ -1,0 +1,148 @@
+#include "display/grid_layout.h"
+
+#include <array>
+#include <string_view>
+
+#include "engine/survey.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kHeadingHeight = 1060;
+constexpr int kAppliedRows = 6;  // the heading row and five depths
+
+struct ColumnLayout {
+  std::string_view heading;
+  int width;
+};
+
+// The wording of columns 1 and 5 depends on the fields.
+constexpr std::array<ColumnLayout, kSurveyColumns> kSurveyLayout = {{
+    {"Station (feet)", 700},
+    {"", 800},
+    {"Furrow Length (feet)", 800},
+    {"Distance Between Holes (feet)", 900},
+    {"Pipe Diameter (inches)", 750},
+    {"", 800},
+    {"No. of Holes at Each Watered Furrow", 1050},
+    {"Mil (7,10,etc.)", 800},
+    {"Planted Furrow Width Between Watered Furrows(5.0', 6.0', 6.3',etc.)", 1600},
+}};
+
+// The wording of columns 1 and 7 depends on the design.
+constexpr std::array<ColumnLayout, kResultColumns> kResultLayout = {{
+    {"Station (Feet)", 700},
+    {"", 850},
+    {"Hole Number", 700},
+    {"Furrow Flow (GPM)", 700},
+    {"Head (feet)", 700},
+    {"Flow Ratio", 600},
+    {"Furrow Length (feet)", 700},
+    {"", 800},
+    {"Number of Holes per Furrow", 800},
+    {"Mil", 400},
+    {"Pipe Diameter", 700},
+    {"Planted Width Between Watered Furrows", 1000},
+    {"", 1820},
+}};
+
+constexpr std::array<ColumnLayout, 3> kAppliedLayout = {{
+    {"Gross Applied (in.)", 1500},
+    {"Hours", 600},
+    {"Days", 600},
+}};
+
+template <std::size_t Count>
+void LayOutColumns(Grid& grid, const std::array<ColumnLayout, Count>& layout) {
+  for (std::size_t c = 0; c < Count; ++c) {
+    grid.columns[c].width = layout[c].width;
+    grid.Set(0, static_cast<int>(c), layout[c].heading);
+  }
+}
+
+void SetSheetColours(Grid& grid) {
+  grid.heading_height = kHeadingHeight;
+  grid.fixed_back = kTeal;
+  grid.fixed_fore = kWhite;
+  grid.control.fore = kBlack;
+}
+
+bool CircularGates(const Program& program) {
+  return program.main.txtDefault[11].text() == "C";
+}
+
+// Rods are named here for "R" alone and elevations on the results for "E" alone, so that any other letter gives an
+// elevation heading here and a rod heading there.
+std::string_view SurveyCrownHeading(const Program& program) {
+  return program.main.txtInfo[5].text() == "R" ? "Rod Reading (feet)" : "Elevations (feet)";
+}
+
+std::string_view ResultCrownHeading(const Program& program) {
+  return program.main.txtInfo[5].text() == "E" ? "Elevation (feet)" : "Rod Reading (feet)";
+}
+
+std::string_view HoleSizeHeading(const Program& program) {
+  return CircularGates(program) ? "Hole Diameter (fractions)" : "Hole Width (fractions)";
+}
+
+std::string_view OpeningHeading(const Program& program) {
+  if (program.record.PipeKind == "L") return "Hole Dia. (Inches)";
+  return CircularGates(program) ? "Circular Gate Opening (Inches)" : "Rectangle Gate Opening (Inches)";
+}
+
+void LayOutSurvey(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  sheet.Resize(kSurveyGridRows, kSurveyColumns);
+  sheet.Set(1, kStationColumn, "0");
+  sheet.control.place = {120, 2200, 8490, 7100};
+  SetSheetColours(sheet);
+  LayOutColumns(sheet, kSurveyLayout);
+  sheet.Set(0, kCrownColumn, SurveyCrownHeading(program));
+  sheet.Set(0, kHoleSizeColumn, HoleSizeHeading(program));
+  for (int c = 0; c < kSurveyColumns; ++c) sheet.SetAlign(0, c, Align::kCentreBottom);
+  sheet.SetAlign(1, kPlantedWidthColumn, Align::kCentreBottom);
+  if (program.record.DesignType == kNoDesign && sheet.Text(1, kHoleSizeColumn).empty()) {
+    sheet.Set(1, kHoleSizeColumn, program.main.txtDefault[1].text());
+  }
+  sheet.SetCurrent(1, 0);
+}
+
+void LayOutResults(Program& program) {
+  Grid& results = program.main.Grid2;
+  results.control.visible = false;
+  results.control.place = {120, 2200, 10720, 7100};
+  results.Resize(kResultRows, kResultColumns);
+  SetSheetColours(results);
+  LayOutColumns(results, kResultLayout);
+  results.Set(0, kResultOpening, OpeningHeading(program));
+  results.Set(0, kResultCrown, ResultCrownHeading(program));
+  for (int c = kResultStation; c <= kResultPlantedWidth; ++c) results.SetAlign(0, c, Align::kCentreBottom);
+  for (std::size_t c = kResultStation; c <= kResultPipeDia; ++c) results.columns[c].align = Align::kCentreBottom;
+  results.SetCurrent(1, 0);
+}
+
+void LayOutAppliedWater(Grid& applied) {
+  applied.Resize(kAppliedRows, static_cast<int>(kAppliedLayout.size()));
+  applied.control.place = {11000, 480, 2850, 1575};
+  LayOutColumns(applied, kAppliedLayout);
+  for (int c = 0; c < applied.column_count(); ++c) {
+    applied.columns[static_cast<std::size_t>(c)].align = Align::kCentreCentre;
+    applied.SetAlign(0, c, Align::kCentreCentre);
+  }
+}
+
+}  // namespace
+
+void GridSet(Program& program) {
+  MainScreen& main = program.main;
+  main.cmdDesignToggle.place = {9250, 2620, 1100, 580};
+  main.cmdReCalc.place = {9250, 2295, 1100, 315};
+  LayOutSurvey(program);
+  LayOutResults(program);
+  main.mnuLayflatPipe.ticked = program.record.PipeKind == "L";
+  main.mnuRigidPipe.ticked = !main.mnuLayflatPipe.ticked;
+  LayOutAppliedWater(main.GridInchesApplied);
+  main.frameShowLimitedHoles.place = {10900, 2200, 4455, 7130};
+}
+
+}  // namespace torvale

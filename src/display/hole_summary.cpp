@@ -1,0 +1,91 @@
+#include "display/hole_summary.h"
+
+#include "base/format.h"
+#include "base/numbers.h"
+#include "base/run_time_fault.h"
+#include "display/cell_texts.h"
+
+namespace torvale {
+namespace {
+
+bool Flows(const DesignRecord& record, int i) {
+  return record.FurrowFlow[i] > 0;
+}
+
+void StartTexts(Program& program) {
+  DesignRecord& record = program.record;
+  record.HoleSumFurrowText.Clear();
+  record.HoleSumCount.Clear();
+  record.HoleSumStations = " Hole Diameter \n";
+  record.HoleSumLengths = " Stations \n";
+  record.HoleSumCounts = " Number of Holes \n";
+  record.HoleSumSeparator = program.main.txtDefault[11].text() == "C"
+                                ? "Fraction Hole Equivalent using a Round Hole = "
+                                : "Fraction Hole Equivalent using a Rectangular Hole = ";
+}
+
+// Marks the row at which each run ends. A dry row inside a run is not counted, and so shifts the start that is worked
+// out from the count by one row.
+void FindRuns(DesignRecord& record) {
+  const RowArray<float>& chosen = ChosenHoleDia(record);
+  std::int16_t count = 0;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!Flows(record, i)) continue;
+    ++count;
+    if (chosen[i] == AtRow(record, chosen, i + 1)) continue;
+    record.HoleSumCount[i] = count;
+    record.HoleSumFurrowText[i] = StationText(record, i + 1 - count) + " - " + StationText(record, i);
+    count = 0;
+  }
+}
+
+// The allowed sizes stand without a gap from index 0.
+int AllowedSizes(const DesignRecord& record) {
+  int count = 0;
+  while (count <= record.SelectedHoleName.last() && !record.SelectedHoleName[count].empty()) ++count;
+  return count;
+}
+
+// Name of the hole size of row i. A limited selection is named from the allowed sizes alone.
+std::string SizeName(const DesignRecord& record, int i) {
+  if (record.DesignType != kLimitedHoles) {
+    const int size = ChosenSizeIndex(record, i);
+    return size == 0 ? "" : record.HoleSizeName[size];
+  }
+  for (int k = 0; k < AllowedSizes(record); ++k) {
+    if (record.SelectedHoleValue[k] == record.LimitedHoleDia[i]) return record.SelectedHoleName[k];
+  }
+  return "";
+}
+
+void WriteRuns(Program& program) {
+  DesignRecord& record = program.record;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!Flows(record, i) || record.HoleSumFurrowText[i].empty()) continue;
+    record.HoleSumLengths += record.HoleSumFurrowText[i] + "\r";
+    record.HoleSumCounts += GeneralText(record.HoleSumCount[i]) + "\r";
+    const std::string name = SizeName(record, i);
+    if (record.PipeKind == "L") {
+      record.HoleSumStations += name + "\r";
+      continue;
+    }
+    record.HoleSumStations += Format(GateOpening(program, i), "#.###") + "\r";
+    record.HoleSumSeparator += name + "\" ";
+  }
+}
+
+}  // namespace
+
+void DisplayHoleSum(Program& program) {
+  MainScreen& main = program.main;
+  try {
+    StartTexts(program);
+    FindRuns(program.record);
+    WriteRuns(program);
+    main.lblSumHoleDia.tool_tip = main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator : "";
+  } catch (const RunTimeFault&) {
+    // The texts stay as far as they came; the design is shown without a message.
+  }
+}
+
+}  // namespace torvale
