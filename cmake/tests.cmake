@@ -1,6 +1,7 @@
 # One test program for each folder: tests/<folder>/*_test.cpp becomes torvale_<folder>_tests.
 find_package(GTest REQUIRED)
 find_path(RAPIDCHECK_INCLUDE rapidcheck.h REQUIRED)
+find_path(JSON_INCLUDE nlohmann/json.hpp REQUIRED)
 find_library(RAPIDCHECK_LIBRARY rapidcheck REQUIRED)
 find_library(MPFR_LIBRARY mpfr REQUIRED)
 find_library(GMP_LIBRARY gmp REQUIRED)
@@ -8,7 +9,10 @@ find_library(GMP_LIBRARY gmp REQUIRED)
 # A hung test is a failed test. The longest are the random runs of ./test --thorough.
 set(test_timeout_seconds 900)
 
+set(folders_with_tests gui)
+
 function(torvale_tests name)
+  set(folders_with_tests ${folders_with_tests} ${name} PARENT_SCOPE)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${name}/*_test.cpp)
   if(NOT sources)
     return()
@@ -34,6 +38,15 @@ torvale_tests(reports torvale_reports)
 torvale_tests(shell torvale_shell)
 torvale_tests(script torvale_script_lib)
 torvale_tests(properties torvale_script_lib)
+
+# A folder that no line above names would be passed over in silence.
+file(GLOB test_sources RELATIVE ${PROJECT_SOURCE_DIR}/tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/*/*_test.cpp)
+foreach(source IN LISTS test_sources)
+  cmake_path(GET source PARENT_PATH folder)
+  if(NOT folder IN_LIST folders_with_tests)
+    message(FATAL_ERROR "tests/${source}: cmake/tests.cmake has no torvale_tests line for tests/${folder}")
+  endif()
+endforeach()
 
 if(TORVALE_WINDOW AND TARGET torvale_qt)
   find_package(Qt6 REQUIRED COMPONENTS Test)
