@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "script/quoting.h"
+#include "script/record_fields.h"
+#include "script/session.h"
+#include "shell/commands.h"
+
+namespace torvale {
+namespace {
+
+using Json = nlohmann::json;
+namespace fs = std::filesystem;
+
+// Commands that the fields use and the program doesn't offer yet. A field that needs one is skipped.
+constexpr std::string_view kNotOffered[] = {"mnuDesignConstSlope", "mnuDesignDualSlope", "mnuComputerHoleSelection",
+                                            "mnuManHoleSelection", "cmdExitHoleSelect"};
+
+std::vector<fs::path> CaseFiles() {
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::directory_iterator(fs::path(TORVALE_SOURCE_DIR) / "tests/cases")) {
+    if (entry.path().extension() == ".json") files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+void TypeAll(Program& program, const std::string& field, const Json& texts) {
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const std::string name = field + "(" + std::to_string(i) + ")";
+    TextField* found = FindField(program, name);
+    ASSERT_NE(found, nullptr) << name;
+    found->Set(texts[i].get<std::string>());
+  }
+}
+
+void WriteSurvey(Grid& sheet, const Json& rows) {
+  for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
+    const Json& cells = rows[static_cast<std::size_t>(r)];
+    for (int c = 0; c < static_cast<int>(cells.size()); ++c) {
+      sheet.Set(r + 1, c, cells[static_cast<std::size_t>(c)].get<std::string>());
+    }
+  }
+}
+
+void Replay(Session& session, const Json& input) {
+  ASSERT_NO_FATAL_FAILURE(TypeAll(session.program, "txtDefault", input["defaults"]));
+  ASSERT_NO_FATAL_FAILURE(TypeAll(session.program, "txtInfo", input["info"]));
+  if (input["pipe"] == "R") {
+    ASSERT_EQ(Click(session.program, "mnuRigidPipe"), Reach::kUsable);
+  }
+  WriteSurvey(session.program.main.Grid1, input["survey"]);
+  for (const Json& answer : input.value("answers", Json::array())) session.host.Answer(answer == "Yes");
+  for (const Json& command : input["commands"]) {
+    ASSERT_EQ(Click(session.program, command.get<std::string>()), Reach::kUsable) << command;
+  }
+}
+
+bool Same(bool actual, const Json& expected) {
+  return expected == actual;
+}
+bool Same(std::int16_t actual, const Json& expected) {
+  return expected == actual;
+}
+bool Same(float actual, const Json& expected) {
+  return actual == static_cast<float>(expected.get<double>());
+}
+bool Same(const FreeValue& actual, const Json& expected) {
+  return expected.is_null() ? !actual : actual && *actual == expected.get<double>();
+}
+bool Same(const std::string& actual, const Json& expected) {
+  return expected == actual;
+}
+bool Same(unsigned char actual, const Json& expected) {
+  return expected == actual;
+}
+// `Head` alone is a list of 64-bit numbers.
+bool Same(double actual, const Json& expected) {
+  const double value = expected.get<double>();
+  return std::abs(actual - value) <= 1e-9 * std::max(1.0, std::abs(value));
+}
+
+// Compares one field of the record, whatever its type.
+struct FieldCheck {
+  std::string_view name;
+  const DesignRecord& record;
+  const Json& expected;
+
+  template <typename T>
+  void operator()(T DesignRecord::*member) const {
+    EXPECT_TRUE(Same(record.*member, expected))
+        << name << " is " << testing::PrintToString(record.*member) << ", expected " << expected;
+  }
+
+  template <typename T, int Last>
+  void operator()(BoundedArray<T, Last> DesignRecord::*member) const {
+    const int first = Last == kLastRow ? 1 : 0;
+    if (Last == kLastRow) {
+      ASSERT_EQ(static_cast<int>(expected.size()), record.HoleRows) << name;
+    }
+    int wrong = 0;
+    for (int i = 0; i < static_cast<int>(expected.size()); ++i) {
+      const T& actual = (record.*member)[first + i];
+      const Json& value = expected[static_cast<std::size_t>(i)];
+      if (Same(actual, value)) continue;
+      // The first few tell enough.
+      if (++wrong <= 3) {
+        ADD_FAILURE() << name << "[" << first + i << "] is " << testing::PrintToString(actual) << ", expected "
+                      << value;
+      }
+    }
+    EXPECT_EQ(wrong, 0) << name;
+  }
+};
+
+void CheckGrid(const Grid& grid, const Json& expected) {
+  for (int r = 0; r < grid.rows(); ++r) {
+    const Json cells = expected.value(std::to_string(r), Json::array());
+    for (int c = 0; c < grid.column_count(); ++c) {
+      const auto i = static_cast<std::size_t>(c);
+      EXPECT_EQ(grid.Text(r, c), i < cells.size() ? cells[i].get<std::string>() : "")
+          << "Grid2[" << r << "," << c << "]";
+    }
+  }
+}
+
+void CheckMessages(const std::string& transcript, const Json& expected) {
+  std::vector<std::pair<std::string, std::string>> said;
+  std::istringstream lines(transcript);
+  for (std::string line; std::getline(lines, line);) {
+    const std::vector<Token> tokens = Tokens(line);
+    if (tokens[0].text == "message" || tokens[0].text == "question") said.emplace_back(tokens[1].text, tokens[2].text);
+  }
+  std::vector<std::pair<std::string, std::string>> wanted;
+  for (const Json& message : expected) {
+    wanted.emplace_back(message["title"].is_null() ? std::string(kProgramTitle) : message["title"].get<std::string>(),
+                        message["body"].get<std::string>());
+  }
+  EXPECT_EQ(said, wanted);
+}
+
+class CaseTest : public testing::TestWithParam<fs::path> {};
+
+TEST_P(CaseTest, GivesTheExpectedState) {
+  std::ifstream file(GetParam());
+  const Json field = Json::parse(file);
+  for (const Json& command : field["input"]["commands"]) {
+    if (std::find(std::begin(kNotOffered), std::end(kNotOffered), command.get<std::string>()) !=
+        std::end(kNotOffered)) {
+      GTEST_SKIP() << command << " is not offered yet";
+    }
+  }
+  std::ostringstream transcript;
+  Session session(transcript);
+  ASSERT_NO_FATAL_FAILURE(Replay(session, field["input"]));
+  for (const auto& [name, expected] : field["expected"].items()) {
+    if (name == "messages") {
+      CheckMessages(transcript.str(), expected);
+    } else if (name == "Grid2") {
+      CheckGrid(session.program.main.Grid2, expected);
+    } else if (const TextField* typed = FindField(session.program, name)) {
+      EXPECT_EQ(typed->text(), expected.get<std::string>()) << name;
+    } else {
+      const RecordField* member = FindRecordField(name);
+      ASSERT_NE(member, nullptr) << name;
+      std::visit(FieldCheck{member->name, session.program.record, expected}, member->member);
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, CaseTest, testing::ValuesIn(CaseFiles()),
+                         [](const auto& info) { return info.param.stem().string(); });
+
+TEST(Cases, CommandsNotOfferedAreIndeedNone) {
+  for (const std::string_view name : kNotOffered) {
+    EXPECT_FALSE(HasCommand(name)) << name << " is offered now: take it out of the list";
+  }
+}
+
+}  // namespace
+}  // namespace torvale
