@@ -2,6 +2,8 @@
 # a fused multiply-add rounds once where the separate operations round twice.
 add_library(torvale_options INTERFACE)
 target_compile_options(torvale_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -ffp-contract=off)
+# GCC 12 takes std::string's operator+ with a literal in front for a copy onto itself.
+target_compile_options(torvale_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_include_directories(torvale_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(torvale_options INTERFACE
   TORVALE_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
