@@ -28,6 +28,6 @@ enum class Elements { kInUse, kAll };
 void Show(std::ostream& out, Program& program, std::string_view name, Elements elements);
 
 // The grid's current cell, and the far corner of the selection where it is another: `Grid1 at 5 0 9 3`.
-void ShowCurrentCell(std::ostream& out, Program& program, std::string_view grid);
+void ShowCurrentCell(std::ostream& out, Program& program, std::string_view name);
 
 }  // namespace torvale
