@@ -6,6 +6,7 @@
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/design_display.h"
+#include "display/grid_layout.h"
 #include "engine/survey.h"
 #include "input/sheet.h"
 #include "search/design_commands.h"
@@ -16,19 +17,19 @@ namespace {
 constexpr int kPumpedFlow = 2;
 constexpr int kSurveyKind = 5;
 constexpr std::array<int, 6> kLongestText = {60, 12, 10, 10, 60, 1};
-constexpr int kResultHeadingColumn = 2;  // of Grid2: the column that takes the survey's name with every change
 
 TextField& Field(Program& program, int index) {
   return program.main.txtInfo.at(static_cast<std::size_t>(index));
 }
 
-// Names the crown column of both grids after the survey kind; any other kind leaves the headings.
+// Names the crown column of the sheet after the survey kind; any other kind leaves the headings. In the results it is
+// the column of hole numbers that takes the name, until a table is shown.
 void NameCrown(Program& program, std::string_view rods, std::string_view elevations) {
   const std::string& kind = Field(program, kSurveyKind).text();
   if (kind != "R" && kind != "E") return;
   const std::string_view heading = kind == "R" ? rods : elevations;
   program.main.Grid1.Set(0, kCrownColumn, heading);
-  program.main.Grid2.Set(0, kResultHeadingColumn, heading);
+  program.main.Grid2.Set(0, kResultHoleNumber, heading);
 }
 
 // The survey kind is limited after its own first change, the other fields after the first change of any of them.
