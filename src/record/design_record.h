@@ -24,10 +24,12 @@ inline constexpr std::int16_t kDualSlope = 3;
 inline constexpr std::int16_t kComputerHoles = 4;
 inline constexpr std::int16_t kExistingField = 5;
 inline constexpr std::int16_t kLimitedHoles = 6;
+inline constexpr std::int16_t kSurveyOnly = 7;  // a survey saved before any design was run
 
-inline constexpr int kHoleSizes = 50;         // listed hole sizes, rows 1 to 50 of the table
-inline constexpr int kClipboardRows = 320;    // highest row of the block clipboard
-inline constexpr int kClipboardColumns = 12;  // highest column of the block clipboard
+inline constexpr int kHoleSizes = 50;  // listed hole sizes, rows 1 to 50 of the table
+inline constexpr int kSoils = 100;     // highest row of the soils file
+inline constexpr int kSoilNames = 200;
+inline constexpr int kRecentFiles = 5;  // entries 0 to 3 are shown, 4 takes what falls off the end
 
 // The whole state of the design: one instance for the process, read and written by every part by field name. Opening a
 // design overwrites it, a new design clears its row arrays.
@@ -141,6 +143,18 @@ struct DesignRecord {
   RowArray<std::int16_t> HoleSumCount;
 
   float ProfileScale = 0;  // grid row at which the Summary table ends
+
+  // Soils
+  std::string SoilName;
+  std::int16_t RecFurrowFlow = 0;                     // recommended furrow flow of the chosen soil
+  BoundedArray<std::string, kSoilNames> SoilNames;    // never filled; a choice copies its empty text
+  BoundedArray<std::int16_t, kSoils> SoilFurrowFlow;  // by row of the soils file, from 1
+
+  // Files
+  std::string SaveFileName;     // full path that the design is written to
+  std::string OpenedFileName;   // path that the file dialog or the recent list gave
+  std::string DisplayFileName;  // name of the design, as reports print it
+  BoundedArray<std::string, kRecentFiles> RecentFiles;
 
   // Distance between surveyed stations, feet
   std::int16_t StationInterval = 0;
