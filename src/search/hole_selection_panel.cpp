@@ -50,7 +50,7 @@ void TakeSelectedSizes(Program& program) {
     record.SelectedHoleName[j] = record.HoleSizeName[size];
     record.SelectedHoleValue[j] = record.HoleSizeValue[size];
     // With its leading blank and no zero ahead of the point, the order of the texts is the order of the numbers.
-    sorted.Add(std::string(1, ' ').append(GeneralText(record.HoleSizeValue[size])));
+    sorted.Add(" " + GeneralText(record.HoleSizeValue[size]));
   }
   for (int j = 0; j < chosen.count(); ++j) record.SelectedHoleValue[j] = Store32(Val(sorted.Line(j)));
   for (int j = 0; j < sorted.count(); ++j) {
