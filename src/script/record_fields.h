@@ -1,32 +1,126 @@
 #pragma once
 
-#include <cstdint>
-#include <span>
-#include <string>
 #include <string_view>
-#include <variant>
+#include <tuple>
 
 #include "record/design_record.h"
 
 namespace torvale {
 
-// Where a field stands in the record, by its type.
-using FieldMember = std::variant<
-    bool DesignRecord::*, std::int16_t DesignRecord::*, float DesignRecord::*, FreeValue DesignRecord::*,
-    std::string DesignRecord::*, RowArray<unsigned char> DesignRecord::*, RowArray<std::int16_t> DesignRecord::*,
-    RowArray<float> DesignRecord::*, RowArray<double> DesignRecord::*, RowArray<std::string> DesignRecord::*,
-    BoundedArray<std::string, kHoleSizes + 1> DesignRecord::*, BoundedArray<float, kHoleSizes + 1> DesignRecord::*,
-    BoundedArray<std::string, kHoleSizes> DesignRecord::*, BoundedArray<float, kHoleSizes> DesignRecord::*>;
-
+// A field of the record: its name, and where it stands.
+template <typename T>
 struct RecordField {
   std::string_view name;
-  FieldMember member;
+  T DesignRecord::*member;
 };
 
-// Every field of the record by its name, in the record's order.
-std::span<const RecordField> RecordFields();
+template <typename T>
+RecordField(std::string_view, T DesignRecord::*) -> RecordField<T>;
 
-// The field of that name, or nullptr.
-const RecordField* FindRecordField(std::string_view name);
+// Every field of the record by its name, in the record's order.
+inline constexpr std::tuple kRecordFields = {RecordField{"DesignType", &DesignRecord::DesignType},
+                                             RecordField{"PipeKind", &DesignRecord::PipeKind},
+                                             RecordField{"SurveyRows", &DesignRecord::SurveyRows},
+                                             RecordField{"HoleRows", &DesignRecord::HoleRows},
+                                             RecordField{"WateredFurrows", &DesignRecord::WateredFurrows},
+                                             RecordField{"FileVersion", &DesignRecord::FileVersion},
+                                             RecordField{"TargetGPM", &DesignRecord::TargetGPM},
+                                             RecordField{"HazenWilliamsC", &DesignRecord::HazenWilliamsC},
+                                             RecordField{"DischargeCoef", &DesignRecord::DischargeCoef},
+                                             RecordField{"LowQuarter", &DesignRecord::LowQuarter},
+                                             RecordField{"SeedEndHead", &DesignRecord::SeedEndHead},
+                                             RecordField{"ManualTargetHead", &DesignRecord::ManualTargetHead},
+                                             RecordField{"BestHeadFound", &DesignRecord::BestHeadFound},
+                                             RecordField{"DesignOK", &DesignRecord::DesignOK},
+                                             RecordField{"CancelFlag", &DesignRecord::CancelFlag},
+                                             RecordField{"MissingData", &DesignRecord::MissingData},
+                                             RecordField{"SpacingWarningOff", &DesignRecord::SpacingWarningOff},
+                                             RecordField{"CalcProblem", &DesignRecord::CalcProblem},
+                                             RecordField{"FlowCalcStatus", &DesignRecord::FlowCalcStatus},
+                                             RecordField{"Station", &DesignRecord::Station},
+                                             RecordField{"HolesPerFurrow", &DesignRecord::HolesPerFurrow},
+                                             RecordField{"PastReach", &DesignRecord::PastReach},
+                                             RecordField{"HoleDia", &DesignRecord::HoleDia},
+                                             RecordField{"SurveyHoleDia", &DesignRecord::SurveyHoleDia},
+                                             RecordField{"HoleSpacing", &DesignRecord::HoleSpacing},
+                                             RecordField{"PlantedWidth", &DesignRecord::PlantedWidth},
+                                             RecordField{"PipeDia", &DesignRecord::PipeDia},
+                                             RecordField{"PipeArea", &DesignRecord::PipeArea},
+                                             RecordField{"MilText", &DesignRecord::MilText},
+                                             RecordField{"FurrowLength", &DesignRecord::FurrowLength},
+                                             RecordField{"CrownElev", &DesignRecord::CrownElev},
+                                             RecordField{"DesignElev", &DesignRecord::DesignElev},
+                                             RecordField{"ReservedRowValue", &DesignRecord::ReservedRowValue},
+                                             RecordField{"ReservedRowValue2", &DesignRecord::ReservedRowValue2},
+                                             RecordField{"ElevByFoot", &DesignRecord::ElevByFoot},
+                                             RecordField{"FurrowLengthByFoot", &DesignRecord::FurrowLengthByFoot},
+                                             RecordField{"Head", &DesignRecord::Head},
+                                             RecordField{"HoleArea", &DesignRecord::HoleArea},
+                                             RecordField{"FurrowFlow", &DesignRecord::FurrowFlow},
+                                             RecordField{"FurrowNumber", &DesignRecord::FurrowNumber},
+                                             RecordField{"FlowRatio", &DesignRecord::FlowRatio},
+                                             RecordField{"RequiredFlow", &DesignRecord::RequiredFlow},
+                                             RecordField{"ComputerHoleDia", &DesignRecord::ComputerHoleDia},
+                                             RecordField{"LimitedHoleDia", &DesignRecord::LimitedHoleDia},
+                                             RecordField{"HoleSizeIdeal", &DesignRecord::HoleSizeIdeal},
+                                             RecordField{"FrictionLoss", &DesignRecord::FrictionLoss},
+                                             RecordField{"DisplayHoleNumber", &DesignRecord::DisplayHoleNumber},
+                                             RecordField{"NormFurrowFlow", &DesignRecord::NormFurrowFlow},
+                                             RecordField{"NormFurrowLength", &DesignRecord::NormFurrowLength},
+                                             RecordField{"AccumGPM", &DesignRecord::AccumGPM},
+                                             RecordField{"AverageFurrowFlow", &DesignRecord::AverageFurrowFlow},
+                                             RecordField{"TotalFurrowLength", &DesignRecord::TotalFurrowLength},
+                                             RecordField{"TotalAcres", &DesignRecord::TotalAcres},
+                                             RecordField{"MaxHead", &DesignRecord::MaxHead},
+                                             RecordField{"MinHead", &DesignRecord::MinHead},
+                                             RecordField{"MaxHeadStation", &DesignRecord::MaxHeadStation},
+                                             RecordField{"MinHeadStation", &DesignRecord::MinHeadStation},
+                                             RecordField{"MaxFurrowFlow", &DesignRecord::MaxFurrowFlow},
+                                             RecordField{"MinFurrowFlow", &DesignRecord::MinFurrowFlow},
+                                             RecordField{"Uniformity", &DesignRecord::Uniformity},
+                                             RecordField{"BestUniformity", &DesignRecord::BestUniformity},
+                                             RecordField{"CrownSlope", &DesignRecord::CrownSlope},
+                                             RecordField{"SlopeDelta", &DesignRecord::SlopeDelta},
+                                             RecordField{"DualBreakStation", &DesignRecord::DualBreakStation},
+                                             RecordField{"HighestFill", &DesignRecord::HighestFill},
+                                             RecordField{"HoursHalfInch", &DesignRecord::HoursHalfInch},
+                                             RecordField{"HoursOneInch", &DesignRecord::HoursOneInch},
+                                             RecordField{"HoursOneHalfInch", &DesignRecord::HoursOneHalfInch},
+                                             RecordField{"HoursTwoInch", &DesignRecord::HoursTwoInch},
+                                             RecordField{"HoursThreeInch", &DesignRecord::HoursThreeInch},
+                                             RecordField{"HoleSizeName", &DesignRecord::HoleSizeName},
+                                             RecordField{"HoleSizeValue", &DesignRecord::HoleSizeValue},
+                                             RecordField{"SelectedHoleName", &DesignRecord::SelectedHoleName},
+                                             RecordField{"SelectedHoleValue", &DesignRecord::SelectedHoleValue},
+                                             RecordField{"HoleSizeIndexLimit", &DesignRecord::HoleSizeIndexLimit},
+                                             RecordField{"HoleSumStations", &DesignRecord::HoleSumStations},
+                                             RecordField{"HoleSumSeparator", &DesignRecord::HoleSumSeparator},
+                                             RecordField{"HoleSumLengths", &DesignRecord::HoleSumLengths},
+                                             RecordField{"HoleSumCounts", &DesignRecord::HoleSumCounts},
+                                             RecordField{"HoleSumFurrowText", &DesignRecord::HoleSumFurrowText},
+                                             RecordField{"HoleSumCount", &DesignRecord::HoleSumCount},
+                                             RecordField{"ProfileScale", &DesignRecord::ProfileScale},
+                                             RecordField{"SoilName", &DesignRecord::SoilName},
+                                             RecordField{"RecFurrowFlow", &DesignRecord::RecFurrowFlow},
+                                             RecordField{"SoilNames", &DesignRecord::SoilNames},
+                                             RecordField{"SoilFurrowFlow", &DesignRecord::SoilFurrowFlow},
+                                             RecordField{"SaveFileName", &DesignRecord::SaveFileName},
+                                             RecordField{"OpenedFileName", &DesignRecord::OpenedFileName},
+                                             RecordField{"DisplayFileName", &DesignRecord::DisplayFileName},
+                                             RecordField{"RecentFiles", &DesignRecord::RecentFiles},
+                                             RecordField{"StationInterval", &DesignRecord::StationInterval}};
+
+// Calls `work` with every RecordField in order.
+template <typename Work>
+void ForEachRecordField(Work&& work) {
+  std::apply([&](const auto&... field) { (work(field), ...); }, kRecordFields);
+}
+
+// Calls `work` with the RecordField of that name. False where there is none.
+template <typename Work>
+bool WithRecordField(std::string_view name, Work&& work) {
+  return std::apply([&](const auto&... field) { return ((field.name == name && (work(field), true)) || ...); },
+                    kRecordFields);
+}
 
 }  // namespace torvale

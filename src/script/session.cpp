@@ -12,15 +12,18 @@ Session::Session(std::ostream& out, std::string data_folder)
   StartProgram(program);
 }
 
+void Refused(Session& session, std::string_view name, Reach reach) {
+  session.transcript << "refused: " << name << " is " << (reach == Reach::kHidden ? "hidden" : "disabled") << '\n';
+}
+
 void ClickControl(Session& session, std::string_view name) {
-  switch (Click(session.program, name)) {
+  const Reach reach = Click(session.program, name);
+  switch (reach) {
     case Reach::kUsable:
       return;
     case Reach::kHidden:
-      session.transcript << "refused: " << name << " is hidden\n";
-      return;
     case Reach::kDisabled:
-      session.transcript << "refused: " << name << " is disabled\n";
+      Refused(session, name, reach);
       return;
     case Reach::kUnknown:
       throw ScriptError("nothing to click: " + std::string(name));

@@ -20,6 +20,9 @@ struct Session {
   Program program;
 };
 
+// Writes that the user can't reach a control: `refused: cmdCancel is hidden`.
+void Refused(Session& session, std::string_view name, Reach reach);
+
 // A click as the user makes it. Of a control that is hidden or disabled the transcript tells so. Throws ScriptError
 // where no click can go to that name.
 void ClickControl(Session& session, std::string_view name);

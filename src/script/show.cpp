@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "script/quoting.h"
+#include "script/record_fields.h"
 
 namespace torvale {
 namespace {
@@ -71,28 +72,23 @@ std::string ValueText(const FreeValue& value) {
 // Shows a field of the record, whatever its type.
 struct FieldPrinter {
   std::ostream& out;
-  std::string_view name;
   const DesignRecord& record;
   Elements elements;
 
   template <typename T>
-  void operator()(T DesignRecord::*member) const {
-    out << name << " = " << ValueText(record.*member) << '\n';
+  void operator()(const RecordField<T>& field) const {
+    out << field.name << " = " << ValueText(record.*field.member) << '\n';
   }
 
   template <typename T, int Last>
-  void operator()(BoundedArray<T, Last> DesignRecord::*member) const {
-    const BoundedArray<T, Last>& list = record.*member;
+  void operator()(const RecordField<BoundedArray<T, Last>>& field) const {
+    const BoundedArray<T, Last>& list = record.*field.member;
     const bool rows = Last == kLastRow && elements == Elements::kInUse;
     for (int i = rows ? 1 : 0; i <= (rows ? record.HoleRows : Last); ++i) {
-      if (rows || list[i] != T{}) out << name << '[' << i << "] = " << ValueText(list[i]) << '\n';
+      if (rows || list[i] != T{}) out << field.name << '[' << i << "] = " << ValueText(list[i]) << '\n';
     }
   }
 };
-
-void ShowField(std::ostream& out, const DesignRecord& record, const RecordField& field, Elements elements) {
-  std::visit(FieldPrinter{out, field.name, record, elements}, field.member);
-}
 
 // A name such as `Grid2[1,5]`. False where it isn't one.
 bool ShowNamedCell(std::ostream& out, Program& program, std::string_view name) {
@@ -120,10 +116,9 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
   } else if (const Control* control = FindControl(program, name)) {
     ShowControl(out, name, *control);
   } else if (name == "record") {
-    for (const RecordField& each : RecordFields()) ShowField(out, program.record, each, elements);
-  } else if (const RecordField* member = FindRecordField(name)) {
-    ShowField(out, program.record, *member, elements);
-  } else if (!ShowNamedCell(out, program, name)) {
+    ForEachRecordField(FieldPrinter{out, program.record, elements});
+  } else if (!WithRecordField(name, FieldPrinter{out, program.record, elements}) &&
+             !ShowNamedCell(out, program, name)) {
     throw ScriptError("nothing to show: " + std::string(name));
   }
 }

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "screen/program.h"
-#include "script/record_fields.h"
 
 namespace torvale {
 

@@ -25,7 +25,7 @@ class ScriptLines {
 // rest from `lines`. Throws ScriptError where it can't be understood.
 //
 //   type txtInfo(2) "850"           replaces a field's text as if typed, with its change handling; also where the panel
-//                                   that the field stands in is hidden
+//                                   that the field stands in is hidden; a field that is disabled refuses
 //   cell Grid1 2 0 "100"            writes one cell
 //   fill Grid1 1 0 ... end          writes rows of tab-separated cells from that cell on, up to the line `end`; the
 //                                   lines are cells and nothing else, so no comments, quotes or escapes

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "files/preferences.h"
 #include "script/quoting.h"
 #include "script/record_fields.h"
 #include "script/session.h"
@@ -31,6 +32,11 @@ std::vector<fs::path> CaseFiles() {
   return files;
 }
 
+// The factory defaults. The fields were worked out in a program that starts with them: it takes the survey for rod
+// readings until the first letter is typed, which the headings of a result table that is never filled still show.
+constexpr const char* kFactoryDefaults =
+    "100\r\n7/16\r\n.65\r\n140\r\n1.2\r\n15\r\n6.0\r\n1\r\n7\r\nR\r\n2.0\r\nR\r\n1.2\r\n2\r\n.2\r\n*.*\r\n\r\n\r\n";
+
 void TypeAll(Program& program, const std::string& field, const Json& texts) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const std::string name = field + "(" + std::to_string(i) + ")";
@@ -50,6 +56,7 @@ void WriteSurvey(Grid& sheet, const Json& rows) {
 }
 
 void Replay(Session& session, const Json& input) {
+  ASSERT_EQ(session.program.main.txtDefault[9].text(), "R");
   ASSERT_NO_FATAL_FAILURE(TypeAll(session.program, "txtDefault", input["defaults"]));
   ASSERT_NO_FATAL_FAILURE(TypeAll(session.program, "txtInfo", input["info"]));
   if (input["pipe"] == "R") {
@@ -88,34 +95,34 @@ bool Same(double actual, const Json& expected) {
 
 // Compares one field of the record, whatever its type.
 struct FieldCheck {
-  std::string_view name;
   const DesignRecord& record;
   const Json& expected;
 
   template <typename T>
-  void operator()(T DesignRecord::*member) const {
-    EXPECT_TRUE(Same(record.*member, expected))
-        << name << " is " << testing::PrintToString(record.*member) << ", expected " << expected;
+  void operator()(const RecordField<T>& field) const {
+    const T& actual = record.*field.member;
+    EXPECT_TRUE(Same(actual, expected)) << field.name << " is " << testing::PrintToString(actual) << ", expected "
+                                        << expected;
   }
 
   template <typename T, int Last>
-  void operator()(BoundedArray<T, Last> DesignRecord::*member) const {
+  void operator()(const RecordField<BoundedArray<T, Last>>& field) const {
     const int first = Last == kLastRow ? 1 : 0;
     if (Last == kLastRow) {
-      ASSERT_EQ(static_cast<int>(expected.size()), record.HoleRows) << name;
+      ASSERT_EQ(static_cast<int>(expected.size()), record.HoleRows) << field.name;
     }
     int wrong = 0;
     for (int i = 0; i < static_cast<int>(expected.size()); ++i) {
-      const T& actual = (record.*member)[first + i];
+      const T& actual = (record.*field.member)[first + i];
       const Json& value = expected[static_cast<std::size_t>(i)];
       if (Same(actual, value)) continue;
       // The first few tell enough.
       if (++wrong <= 3) {
-        ADD_FAILURE() << name << "[" << first + i << "] is " << testing::PrintToString(actual) << ", expected "
+        ADD_FAILURE() << field.name << "[" << first + i << "] is " << testing::PrintToString(actual) << ", expected "
                       << value;
       }
     }
-    EXPECT_EQ(wrong, 0) << name;
+    EXPECT_EQ(wrong, 0) << field.name;
   }
 };
 
@@ -156,8 +163,10 @@ TEST_P(CaseTest, GivesTheExpectedState) {
       GTEST_SKIP() << command << " is not offered yet";
     }
   }
+  const TemporaryFolder folder;
+  std::ofstream(folder.path() / kDefaultsFile, std::ios::binary) << kFactoryDefaults;
   std::ostringstream transcript;
-  Session session(transcript);
+  Session session(transcript, folder.path().string());
   ASSERT_NO_FATAL_FAILURE(Replay(session, field["input"]));
   for (const auto& [name, expected] : field["expected"].items()) {
     if (name == "messages") {
@@ -167,9 +176,7 @@ TEST_P(CaseTest, GivesTheExpectedState) {
     } else if (const TextField* typed = FindField(session.program, name)) {
       EXPECT_EQ(typed->text(), expected.get<std::string>()) << name;
     } else {
-      const RecordField* member = FindRecordField(name);
-      ASSERT_NE(member, nullptr) << name;
-      std::visit(FieldCheck{member->name, session.program.record, expected}, member->member);
+      EXPECT_TRUE(WithRecordField(name, FieldCheck{session.program.record, expected})) << name;
     }
   }
 }

@@ -1,5 +1,6 @@
 #include "script/record_fields.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -26,16 +27,21 @@ std::vector<std::string> DeclaredFields() {
 
 TEST(RecordFields, HoldsEveryFieldOfTheRecordInItsOrder) {
   std::vector<std::string> names;
-  for (const RecordField& field : RecordFields()) names.emplace_back(field.name);
-  EXPECT_EQ(names, DeclaredFields());
+  ForEachRecordField([&](const auto& field) { names.emplace_back(field.name); });
+  EXPECT_THAT(names, testing::ElementsAreArray(DeclaredFields()));
   EXPECT_FALSE(names.empty());
 }
 
 TEST(RecordFields, FindsAFieldByItsExactName) {
-  const RecordField* field = FindRecordField("Uniformity");
-  ASSERT_NE(field, nullptr);
-  EXPECT_EQ(std::get<float DesignRecord::*>(field->member), &DesignRecord::Uniformity);
-  EXPECT_EQ(FindRecordField("uniformity"), nullptr);
+  DesignRecord record;
+  record.Uniformity = 93.2F;
+  float found = 0;
+  const auto read = [&](const auto& field) {
+    if constexpr (std::is_same_v<decltype(field), const RecordField<float>&>) found = record.*field.member;
+  };
+  EXPECT_TRUE(WithRecordField("Uniformity", read));
+  EXPECT_EQ(found, 93.2F);
+  EXPECT_FALSE(WithRecordField("uniformity", read));
 }
 
 }  // namespace

@@ -22,11 +22,11 @@ Result Replayed(const std::string& text) {
 }
 
 TEST(Statements, PrintsFieldsCellsAndControls) {
-  const Result result =
-      Replayed("type txtInfo(2) \"850\"   # with its change handling\n"
-          "show txtInfo(2) TargetGPM DualBreakStation CancelFlag\n"
-          "cell Grid1 2 0 \"100\"\n"
-          "show Grid1[2,0] Grid1[3,0]\n");
+  const Result result = Replayed(
+      "type txtInfo(2) \"850\"   # with its change handling\n"
+      "show txtInfo(2) TargetGPM DualBreakStation CancelFlag\n"
+      "cell Grid1 2 0 \"100\"\n"
+      "show Grid1[2,0] Grid1[3,0]\n");
   EXPECT_EQ(result.errors, "");
   EXPECT_EQ(result.status, kScriptDone);
   EXPECT_EQ(result.transcript,
@@ -35,14 +35,14 @@ TEST(Statements, PrintsFieldsCellsAndControls) {
 }
 
 TEST(Statements, FillWritesRowsOfCellsAsTheyStand) {
-  const Result result =
-      Replayed("cell Grid1 3 1 \"stays\"\n"
-          "fill Grid1 2 0\n"
-          "100\t5.2\t\"1320\"\n"
-          "200\n"
-          "\t#\n"
-          "end\n"
-          "show Grid1[2,0] Grid1[2,1] Grid1[2,2] Grid1[3,0] Grid1[3,1] Grid1[4,1]\n");
+  const Result result = Replayed(
+      "cell Grid1 3 1 \"stays\"\n"
+      "fill Grid1 2 0\n"
+      "100\t5.2\t\"1320\"\n"
+      "200\n"
+      "\t#\n"
+      "end\n"
+      "show Grid1[2,0] Grid1[2,1] Grid1[2,2] Grid1[3,0] Grid1[3,1] Grid1[4,1]\n");
   EXPECT_EQ(result.errors, "");
   EXPECT_EQ(result.transcript,
             "Grid1[2,0] = \"100\"\nGrid1[2,1] = \"5.2\"\nGrid1[2,2] = \"\\\"1320\\\"\"\nGrid1[3,0] = \"200\"\n"
