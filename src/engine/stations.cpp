@@ -15,7 +15,7 @@ double CircleArea(double diameter) {
   return diameter * diameter * 3.14 / 4;
 }
 
-// Up to the next hundredth of a foot. The 0.9 leaves a whole value whole and lifts 10.011 to 10.02.
+// Up to the next hundredth of a foot. The 0.9 leaves a whole value whole and lifts 10.012 to 10.02.
 float Up(double feet) {
   return Store32(Int(feet * 100 + 0.9) / 100);
 }

@@ -41,7 +41,7 @@ TEST(ClearRowArrays, EmptiesSurveyAndResults) {
        record.ReservedRowValue, record.Head, record.ElevByFoot, record.HoleDia, record.SurveyHoleDia, record.FurrowFlow,
        record.HolesPerFurrow, record.HoleArea, record.NormFurrowLength, record.FurrowLength, record.PipeArea,
        record.RequiredFlow, record.PipeDia, record.FurrowNumber);
-  record.ReservedRowValue2[2] = record.SelectedHoleName[2] = record.MilText[2] = "3";
+  record.ReservedRowValue2[2] = record.SelectedHoleName[2] = record.MilText[2] = "text";
   ClearRowArrays(record);
   const auto expect_one_empty = [](const auto& array) { EXPECT_EQ(array[2], 0); };
   const auto expect_empty = [&](const auto&... arrays) { (expect_one_empty(arrays), ...); };

@@ -39,12 +39,12 @@ TEST(BoundedArray, FaultsOutsideItsBounds) {
 
 TEST(BoundedArray, ClearKeepsTheBounds) {
   BoundedArray<std::string, 2> texts;
-  texts[2] = "a";
+  texts[2] = "text";
   texts.Clear();
   EXPECT_EQ(texts[2], "");
   EXPECT_EQ(texts.last(), 2);
-  EXPECT_EQ(FaultOf([&] { texts[2] = "b"; }), std::nullopt);
-  EXPECT_EQ(FaultOf([&] { texts[3] = "b"; }), Fault::kSubscript);
+  EXPECT_EQ(FaultOf([&] { texts[2] = "more"; }), std::nullopt);
+  EXPECT_EQ(FaultOf([&] { texts[3] = "more"; }), Fault::kSubscript);
 }
 
 TEST(BoundedArray, DataIsTheElementsInOrder) {
