@@ -7,6 +7,7 @@
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "search/design_commands.h"
+#include "search/hole_selection_panel.h"
 #include "shell/events.h"
 #include "shell/start_up.h"
 
@@ -19,16 +20,30 @@ void mnuZoomTo_Click(Program& program) {
 }
 
 constexpr Command kCommands[] = {
-    {"mnuFileNew", mnuFileNew_Click},         {"mnuFileExit", mnuFileExit_Click},
-    {"mnuInsertRow", mnuInsertRow_Click},     {"mnuDeleteRow", mnuDeleteRow_Click},
-    {"mnuDesignField", mnuDesignField_Click}, {"mnuExistingDesign", mnuExistingDesign_Click},
-    {"mnuLayflatPipe", mnuLayflatPipe_Click}, {"mnuRigidPipe", mnuRigidPipe_Click},
-    {"mnuZoomTo(0)", mnuZoomTo_Click<0>},     {"mnuZoomTo(1)", mnuZoomTo_Click<1>},
-    {"mnuZoomTo(2)", mnuZoomTo_Click<2>},     {"mnuZoomTo(3)", mnuZoomTo_Click<3>},
-    {"mnuZoomTo(4)", mnuZoomTo_Click<4>},     {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
-    {"mnuZoomTo(6)", mnuZoomTo_Click<6>},     {"mnuWindowInfo", mnuWindowInfo_Click},
-    {"cmdInterpolate", cmdInterpolate_Click}, {"cmdCancel", cmdCancel_Click},
-    {"cmdReCalc", cmdReCalc_Click},           {"cmdDesignToggle", cmdDesignToggle_Click},
+    {"mnuFileNew", mnuFileNew_Click},
+    {"mnuFileExit", mnuFileExit_Click},
+    {"mnuInsertRow", mnuInsertRow_Click},
+    {"mnuDeleteRow", mnuDeleteRow_Click},
+    {"mnuDesignField", mnuDesignField_Click},
+    {"mnuExistingDesign", mnuExistingDesign_Click},
+    {"mnuLayflatPipe", mnuLayflatPipe_Click},
+    {"mnuRigidPipe", mnuRigidPipe_Click},
+    {"mnuZoomTo(0)", mnuZoomTo_Click<0>},
+    {"mnuZoomTo(1)", mnuZoomTo_Click<1>},
+    {"mnuZoomTo(2)", mnuZoomTo_Click<2>},
+    {"mnuZoomTo(3)", mnuZoomTo_Click<3>},
+    {"mnuZoomTo(4)", mnuZoomTo_Click<4>},
+    {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
+    {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
+    {"mnuWindowInfo", mnuWindowInfo_Click},
+    {"cmdInterpolate", cmdInterpolate_Click},
+    {"cmdCancel", cmdCancel_Click},
+    {"cmdReCalc", cmdReCalc_Click},
+    {"cmdDesignToggle", cmdDesignToggle_Click},
+    {"cmdADDtoSelected", cmdADDtoSelected_Click},
+    {"cmdremoveSelected", cmdremoveSelected_Click},
+    {"Command1", Command1_Click},
+    {"cmdExitHoleSelect", cmdExitHoleSelect_Click},
 };
 
 const Command* FindCommand(std::string_view name) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "display/design_display.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 
@@ -165,10 +166,12 @@ std::optional<FieldKeyKind> KindOf(Key key) {
 }  // namespace
 
 void Guarded(Program& program, const std::function<void()>& work) {
-  // The work may have come in the middle of a calculation, whose pointer and Cancel button go on.
-  const bool busy = program.main.busy;
-  const bool main_busy = program.main.main_busy;
-  const bool cancel_offered = program.main.cmdCancel.visible;
+  // The work may have come in the middle of a calculation, whose pointer, Cancel button and lock of the screen go on.
+  MainScreen& main = program.main;
+  const bool busy = main.busy;
+  const bool main_busy = main.main_busy;
+  const bool cancel_offered = main.cmdCancel.visible;
+  const bool unlocked = main.mnuFile.enabled;
   std::string fault;
   try {
     work();
@@ -180,9 +183,10 @@ void Guarded(Program& program, const std::function<void()>& work) {
   } catch (const std::exception&) {
     fault = "Something unexpected went wrong.";
   }
-  program.main.busy = busy;
-  program.main.main_busy = main_busy;
-  program.main.cmdCancel.visible = cancel_offered;
+  main.busy = busy;
+  main.main_busy = main_busy;
+  main.cmdCancel.visible = cancel_offered;
+  if (unlocked && !main.mnuFile.enabled) ScreenControlsOn(program);
   Report(program, fault);
 }
 

@@ -11,7 +11,8 @@ namespace torvale {
 // Every event that a user can cause, as a window or a script hands it to the program. A fault that no procedure traps
 // ends here: a plain message, the program goes on, nothing typed is lost.
 
-// Runs `work` inside that boundary.
+// Runs `work` inside that boundary. After a fault the busy pointers, the Cancel button and the lock of the screen are
+// as they were before.
 void Guarded(Program& program, const std::function<void()>& work);
 
 enum class Key {

@@ -1,0 +1,138 @@
+#include "shell/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "shell/events.h"
+#include "shell/start_up.h"
+#include "support/fake_host.h"
+
+namespace torvale {
+namespace {
+
+struct CommandsTest : ::testing::Test {
+  CommandsTest() { StartProgram(program); }
+  FakeHost host;
+  Program program{host};
+};
+
+TEST_F(CommandsTest, EveryCommandBelongsToAMenuEntryOrButtonOfItsName) {
+  std::set<std::string_view> names;
+  for (const Command& command : Commands()) {
+    EXPECT_TRUE(names.insert(command.name).second) << command.name << " stands twice";
+    EXPECT_NE(FindControl(program, command.name), nullptr) << command.name;
+  }
+  EXPECT_GE(names.size(), 20U);
+}
+
+TEST_F(CommandsTest, EveryButtonHasACommand) {
+  for (const NamedControl& named : ControlsOf(program.main)) {
+    if (named.kind == ControlKind::kButton) {
+      EXPECT_TRUE(HasCommand(named.name)) << named.name;
+    }
+  }
+}
+
+TEST_F(CommandsTest, AControlWithoutACommandIsUnknown) {
+  EXPECT_FALSE(HasCommand("lblEffic"));
+  EXPECT_EQ(Click(program, "lblEffic"), Reach::kUnknown);
+  EXPECT_EQ(Click(program, "mnuNothing"), Reach::kUnknown);
+}
+
+TEST_F(CommandsTest, AHiddenControlRefuses) {
+  EXPECT_EQ(Click(program, "cmdCancel"), Reach::kHidden);
+  EXPECT_FALSE(program.record.CancelFlag);
+  program.main.mnuEdit.visible = false;
+  program.main.Grid1.Set(1, 2, "900");
+  EXPECT_EQ(Click(program, "mnuInsertRow"), Reach::kHidden);  // with the menu that it stands in
+  EXPECT_EQ(program.main.Grid1.Text(1, 2), "900");
+}
+
+TEST_F(CommandsTest, ADisabledControlRefuses) {
+  program.main.cmdCancel.visible = true;
+  program.main.cmdCancel.enabled = false;
+  EXPECT_EQ(Click(program, "cmdCancel"), Reach::kDisabled);
+  EXPECT_FALSE(program.record.CancelFlag);
+  program.main.mnuFile.enabled = false;
+  EXPECT_EQ(Click(program, "mnuFileExit"), Reach::kDisabled);
+  EXPECT_FALSE(program.main.closed);
+}
+
+TEST_F(CommandsTest, AClickRunsTheCommand) {
+  program.main.cmdCancel.visible = true;
+  EXPECT_EQ(Click(program, "cmdCancel"), Reach::kUsable);
+  EXPECT_TRUE(program.record.CancelFlag);
+  EXPECT_FALSE(program.main.cmdCancel.visible);
+}
+
+TEST_F(CommandsTest, TheZoomEntriesSetTheirPercentage) {
+  for (std::size_t i = 0; i < kZoomSteps.size(); ++i) {
+    EXPECT_EQ(Click(program, "mnuZoomTo(" + std::to_string(i) + ")"), Reach::kUsable);
+    EXPECT_EQ(program.main.zoom, kZoomSteps[i]);
+    EXPECT_TRUE(program.main.mnuZoomTo[i].ticked);
+  }
+}
+
+TEST_F(CommandsTest, ExitClosesTheScreenAndSavesItsPlace) {
+  EXPECT_EQ(Click(program, "mnuFileExit"), Reach::kUsable);
+  EXPECT_TRUE(program.main.closed);
+  EXPECT_EQ(host.settings["MainLeft"], "1000");
+  EXPECT_TRUE(host.questions.empty());  // the design is dropped without a word
+}
+
+// A whole planned design by clicks and typing: a hole of 5/8 inch each 20 feet on 100 feet of level 15 inch pipe.
+struct ClickedDesignTest : CommandsTest {
+  ClickedDesignTest() {
+    TypeText(program, "txtInfo(2)", "30");
+    TypeText(program, "txtInfo(3)", "2");
+    TypeText(program, "txtInfo(5)", "E");
+    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
+                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
+    for (int row = 0; row < 2; ++row) {
+      for (int column = 0; column < 9; ++column) program.main.Grid1.Set(row + 1, column, rows[row][column]);
+    }
+  }
+};
+
+TEST_F(ClickedDesignTest, APlannedDesignIsShownAndTheWayBackIsOpen) {
+  EXPECT_EQ(Click(program, "mnuDesignField"), Reach::kUsable);
+  EXPECT_TRUE(host.messages.empty());
+  EXPECT_TRUE(program.main.Grid2.control.visible);
+  EXPECT_GE(program.record.Uniformity, 99.0F);  // level ground, wide pipe, equal furrows
+  EXPECT_EQ(Click(program, "cmdDesignToggle"), Reach::kUsable);
+  EXPECT_EQ(Click(program, "cmdReCalc"), Reach::kUsable);
+  EXPECT_EQ(Click(program, "mnuWindowInfo"), Reach::kUsable);
+  EXPECT_FALSE(program.main.Grid2.control.visible);
+  EXPECT_EQ(program.record.DesignType, kNoDesign);
+}
+
+TEST_F(ClickedDesignTest, AClickOnCancelDuringTheMarchStopsIt) {
+  host.event_at = 1;
+  host.event = [&] { EXPECT_EQ(Click(program, "cmdCancel"), Reach::kUsable); };
+  Click(program, "mnuDesignField");
+  EXPECT_FALSE(host.event) << "the march never yielded";
+  EXPECT_TRUE(program.record.CancelFlag);
+  EXPECT_FALSE(program.main.Grid2.control.visible);
+  EXPECT_TRUE(program.main.Grid1.control.visible);
+}
+
+TEST_F(ClickedDesignTest, ClosingDuringTheMarchStopsIt) {
+  host.event_at = 1;
+  host.event = [&] { Form_Unload(program); };
+  Click(program, "mnuExistingDesign");
+  EXPECT_FALSE(host.event) << "the march never yielded";
+  EXPECT_TRUE(program.main.closed);
+  EXPECT_FALSE(program.main.Grid2.control.visible);
+}
+
+TEST_F(ClickedDesignTest, NewLeavesNothingOfTheDesign) {
+  Click(program, "mnuDesignField");
+  EXPECT_EQ(Click(program, "mnuFileNew"), Reach::kUsable);
+  EXPECT_FALSE(program.main.Grid2.control.visible);
+  EXPECT_EQ(program.main.Grid1.Text(2, 0), "");
+  EXPECT_EQ(program.record.Station[2], 0.0F);
+}
+
+}  // namespace
+}  // namespace torvale
