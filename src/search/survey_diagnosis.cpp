@@ -33,11 +33,27 @@ int RowOutOfOrder(const Program& program) {
   return 0;
 }
 
+// The first row with holes that has no furrow length, or 0.
+int HoleWithoutLength(const DesignRecord& record) {
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (record.HoleDia[i] > 0 && record.FurrowLength[i] <= 0) return i;
+  }
+  return 0;
+}
+
 bool NoFurrowLength(const DesignRecord& record) {
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (record.FurrowLength[i] > 0) return false;
   }
   return true;
+}
+
+// A furrow without a length has no share of the flow, and shares are divided by.
+std::string LengthSentence(const DesignRecord& record) {
+  if (NoFurrowLength(record)) return "The rows with holes have no furrow length.";
+  const int row = HoleWithoutLength(record);
+  if (row == 0) return "";
+  return "The row with holes at station " + GeneralText(record.Station[row]) + " has no furrow length.";
 }
 
 }  // namespace
@@ -64,10 +80,10 @@ std::string WhatStopped(const Program& program, const RunTimeFault& fault) {
   if (record.WateredFurrows == 0) {
     return "No row has holes: a watered row needs a furrow length, a hole size and a number of holes.";
   }
-  if (fault.kind == Fault::kDivisionByZero && record.SurveyRows == 1) {
-    return "The survey has one row only: a line needs at least two stations.";
+  if (fault.kind == Fault::kDivisionByZero) {
+    if (record.SurveyRows == 1) return "The survey has one row only: a line needs at least two stations.";
+    if (const std::string sentence = LengthSentence(record); !sentence.empty()) return sentence;
   }
-  if (NoFurrowLength(record)) return "The rows with holes have no furrow length.";
   return "A number in the survey is too large or out of place for a design.";
 }
 
