@@ -22,6 +22,20 @@ void Report(Program& program, std::string_view what) {
                        "");
 }
 
+// Runs `work`; what stopped it, in a sentence, or nothing where it came to its end.
+std::optional<std::string> FaultOf(const std::function<void()>& work) {
+  try {
+    work();
+    return std::nullopt;
+  } catch (const RunTimeFault& thrown) {
+    return std::string(FaultText(thrown.kind));
+  } catch (const std::bad_alloc&) {
+    return "The computer is out of memory.";
+  } catch (const std::exception&) {
+    return "Something unexpected went wrong.";
+  }
+}
+
 // A place in a grid.
 struct Cell {
   int row;
@@ -172,22 +186,13 @@ void Guarded(Program& program, const std::function<void()>& work) {
   const bool main_busy = main.main_busy;
   const bool cancel_offered = main.cmdCancel.visible;
   const bool unlocked = main.mnuFile.enabled;
-  std::string fault;
-  try {
-    work();
-    return;
-  } catch (const RunTimeFault& thrown) {
-    fault = FaultText(thrown.kind);
-  } catch (const std::bad_alloc&) {
-    fault = "The computer is out of memory.";
-  } catch (const std::exception&) {
-    fault = "Something unexpected went wrong.";
-  }
+  const std::optional<std::string> fault = FaultOf(work);
+  if (!fault) return;
   main.busy = busy;
   main.main_busy = main_busy;
   main.cmdCancel.visible = cancel_offered;
   if (unlocked && !main.mnuFile.enabled) ScreenControlsOn(program);
-  Report(program, fault);
+  Report(program, *fault);
 }
 
 void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
