@@ -33,6 +33,16 @@ TEST(AcreInchPumped, ShowsHoursAndDays) {
   EXPECT_EQ(line.record.HoursThreeInch, 16.3F);
 }
 
+// At 13577.1425 GPM half an inch takes acres / 60 hours: 70.2 / 60 = 1.17, shown as 1.2. The days are 1.2 / 24 = 0.05,
+// ".1", where 1.17 / 24 would be ".0".
+TEST(AcreInchPumped, TakesTheDaysFromTheHoursAsShown) {
+  SmallLine line;
+  line.record.TotalAcres = 70.2F;
+  line.main.txtInfo[2].Set("13577.1425");
+  AcreInchPumped(line.program);
+  EXPECT_EQ(AppliedRow(line, 1), "0.5|1.2|.1");
+}
+
 // The hours follow the pumped flow as typed, not the flow of all holes.
 TEST(AcreInchPumped, TakesTheFlowAsTyped) {
   SmallLine line;

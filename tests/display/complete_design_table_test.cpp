@@ -80,6 +80,22 @@ TEST(CompleteDesignTable, DropsDryRowsBetweenSurveyStations) {
   EXPECT_EQ(line.Row(5), "|||||||||||");
 }
 
+// The survey has stations 0, 10, 20 and 30. The dry row at 10 stays (10 < 15) and moves the pointer to 20; so the one
+// at 15 is dropped (20 < 20 fails), and the one at 20 stays (20 < 30).
+TEST(CompleteDesignTable, MovesAlongTheSurveyWithEachDryRowThatStays) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 95);
+  line.AddDry(10);
+  line.AddDry(15);
+  line.AddDry(20);
+  line.AddHole(30, kQuarterInch, 95);
+  for (const std::string_view station : {"0", "10", "20", "30"}) line.AddSurvey(station, "1/4");
+  CompleteDesignTable(line.program);
+  EXPECT_EQ(line.Row(2), "10|  Supply|Line||2.50|||60.00||10|15|");
+  EXPECT_EQ(line.Row(3), "20|  Supply|Line||2.50|||60.00||10|15|");
+  EXPECT_EQ(line.main.Grid2.Text(4, 0), "30");
+}
+
 // The station behind the far end counts as 0 even where a longer design left one, so the dry last row never stays: its
 // five first cells stand, with no supply words and no step.
 TEST(CompleteDesignTable, ClosesALineWithADryLastRow) {

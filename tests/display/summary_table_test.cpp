@@ -124,6 +124,24 @@ TEST(SummaryTable, OverwritesDryRowsBetweenSurveyStations) {
   EXPECT_EQ(line.main.Grid2.Text(4, 0), "50");
 }
 
+// All three dry rows stand at or behind a surveyed station. The one at 10 stays (10 < 15) and moves the supply pointer
+// to 20; so the one at 15 is dropped (20 < 20 fails), and the one at 20 stays (20 < 30).
+TEST(SummaryTable, MovesAlongTheSurveyWithEachDryRowThatStays) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 95);
+  line.AddDry(10);
+  line.AddDry(15);
+  line.AddDry(20);
+  line.AddHole(30, kQuarterInch, 95);
+  line.AddHole(40, kQuarterInch, 95);
+  for (const std::string_view station : {"0", "10", "20", "30", "40"}) line.AddSurvey(station, "1/4");
+  line.ShowTable("Summary");
+  SummaryTable(line.program);
+  EXPECT_EQ(line.Row(2), "10|  Supply|Line||2.50|||60.00||10|15|");
+  EXPECT_EQ(line.Row(3), "20|  Supply|Line||2.50|||60.00||10|15|");
+  EXPECT_EQ(line.main.Grid2.Text(4, 0), "30");
+}
+
 // A row with a hole size but without a hole names the size, also in rigid pipe, and with flow shows its ratio.
 TEST(SummaryTable, NamesTheSurveyHoleWhereThereIsNoHole) {
   SmallLine line;
