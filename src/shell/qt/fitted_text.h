@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace torvale {
+
+// Write a caption on a widget of a given size in letters of `pixels`, or in smaller ones where it would be cut off.
+void SetButtonText(QPushButton& button, const QString& caption, int pixels);  // perhaps on two lines
+void SetLabelText(QLabel& label, const QString& caption, int pixels);  // a text of several lines keeps its letters
+
+// The largest letters, from those of `font` down, in which the text stands in the room.
+QFont Fitting(QFont font, const QSize& room, int flags, const QString& text);
+
+}  // namespace torvale

@@ -1,0 +1,23 @@
+#include <QApplication>
+#include <QStandardPaths>
+
+#include "shell/qt/main_window.h"
+#include "shell/qt/program_folder.h"
+#include "shell/qt/qt_host.h"
+#include "shell/qt/scale.h"
+#include "shell/start_up.h"
+
+int main(int argc, char** argv) {
+  using namespace torvale;
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(ToQt(kProgramTitle));
+  QApplication::setOrganizationName(ToQt(kProgramTitle));
+  QtHost host(FindProgramFolder(QApplication::applicationDirPath(),
+                                QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
+  Program program(host);
+  StartProgram(program);
+  MainWindow window(program);
+  host.Attach(&window, [&] { window.Sync(); });
+  window.Open();
+  return QApplication::exec();
+}

@@ -1,0 +1,130 @@
+#include "shell/qt/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QStatusBar>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "shell/commands.h"
+#include "shell/events.h"
+#include "shell/qt/keys.h"
+#include "shell/start_up.h"
+
+namespace torvale {
+
+MainWindow::MainWindow(Program& program)
+    : program_(program),
+      area_(new QScrollArea(this)),
+      canvas_(new QWidget),
+      status_(new QLabel(this)),
+      place_(*this, program.main, [this] { Guarded(program_, [this] { Form_Resize(program_); }); }) {
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setWidget(canvas_);
+  canvas_->setObjectName("canvas");
+  canvas_->setMouseTracking(true);
+  setCentralWidget(area_);
+  status_->setTextFormat(Qt::PlainText);
+  status_->setObjectName("sbStatusBar");
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(status_, 1);
+  menus_ = std::make_unique<MenuView>(program_.main, *menuBar(), [this](const std::string& name) { RunClick(name); });
+  MakeControls();
+  NameFields();
+  NameGrids();
+  MakeShortcuts();
+  Watch();
+  Sync();
+}
+
+// Whatever the user does comes through here: no fault gets out, and the window shows at once what came of it.
+void MainWindow::Run(const std::function<void()>& work) {
+  ++running_;
+  Guarded(program_, work);
+  --running_;
+  Sync();
+}
+
+void MainWindow::RunClick(const std::string& name) {
+  Run([&] { Click(program_, name); });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  // A calculation that is still running finds itself cancelled and unwinds; the objects live until it has.
+  Guarded(program_, [this] { Form_Unload(program_); });
+  DrawBusy();
+  event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::WindowStateChange) place_.StateChanged();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && !activated_) {
+    activated_ = true;
+    Run([this] { Form_Activate(program_); });
+  }
+  QMainWindow::changeEvent(event);
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  place_.Moved();
+  QMainWindow::moveEvent(event);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  place_.Resized();
+  QMainWindow::resizeEvent(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  const std::string name = watched->objectName().toStdString();
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      if (FindField(program_, name) != nullptr) return FieldKeyPressed(name, static_cast<QKeyEvent&>(*event));
+      break;
+    case QEvent::FocusIn:
+      WidgetFocused(static_cast<QWidget&>(*watched), static_cast<QFocusEvent&>(*event).reason());
+      break;
+    case QEvent::MouseMove:
+      if (watched == canvas_) Run([this] { BackgroundMouse(program_); });
+      break;
+    case QEvent::Wheel: {
+      const auto& wheel = static_cast<QWheelEvent&>(*event);
+      if (!wheel.modifiers().testFlag(Qt::ControlModifier) || wheel.angleDelta().y() == 0) break;
+      StepZoom(wheel.angleDelta().y() > 0 ? 1 : -1);
+      return true;
+    }
+    default:
+      break;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+// True where the key goes no further.
+bool MainWindow::FieldKeyPressed(const std::string& name, const QKeyEvent& event) {
+  std::string character;
+  const auto stroke = StrokeOf(event, character);
+  if (!stroke) return false;
+  bool swallowed = false;
+  Run([&] { swallowed = FieldKey(program_, name, *stroke); });
+  return swallowed;
+}
+
+void MainWindow::WidgetFocused(const QWidget& widget, Qt::FocusReason reason) {
+  // A focus that merely comes back with the window or from a menu was not given by the user.
+  const bool returned =
+      reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+  const std::string name = widget.objectName().toStdString();
+  if (syncing_ || returned || FindControl(program_, name) == nullptr) return;
+  drawn_focus_ = name;
+  Run([&] { FocusGained(program_, name); });
+}
+
+void MainWindow::StepZoom(int steps) {
+  const auto* const at = std::lower_bound(kZoomSteps.begin(), kZoomSteps.end(), program_.main.zoom);
+  const auto last = static_cast<long>(kZoomSteps.size()) - 1;
+  const long index = std::clamp<long>(at - kZoomSteps.begin() + steps, 0, last);
+  Run([&] { SetZoom(program_, kZoomSteps[static_cast<std::size_t>(index)]); });
+}
+
+}  // namespace torvale

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QScrollArea>
+#include <QShortcut>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "screen/program.h"
+#include "shell/qt/control_view.h"
+#include "shell/qt/grid_view.h"
+#include "shell/qt/menu_view.h"
+#include "shell/qt/window_place.h"
+
+namespace torvale {
+
+// The main design screen as a window. It shows what the program's screen structures say and hands every event to the
+// program; it keeps nothing that the structures lack.
+class MainWindow final : public QMainWindow {
+ public:
+  // `program` has been started and outlives the window.
+  explicit MainWindow(Program& program);
+
+  // First showing, at the place that the structure tells.
+  void Open() { place_.Show(); }
+  // Compares the structures with what was last drawn and applies the differences. Runs after every event and, through
+  // the host, at the yields of a calculation.
+  void Sync();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // Building
+  void MakeControls();
+  QWidget* ParentOf(const NamedControl& named) const;
+  GridEvents EventsOf(const std::string& name);
+  void Connect(const ControlView& view);
+  void NameFields();
+  void NameGrids();
+  void MakeShortcuts();
+  void Watch();
+
+  // Events
+  void Run(const std::function<void()>& work);
+  void RunClick(const std::string& name);
+  bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
+  void WidgetFocused(const QWidget& widget, Qt::FocusReason reason);
+  void StepZoom(int steps);
+
+  // Drawing
+  void DrawZoom();
+  void DrawGrid(const ControlView& view);
+  void DrawFocus();
+  void DrawBusy();
+  void FitCanvas();
+  ControlView* ViewOf(std::string_view name);
+
+  Program& program_;
+  QScrollArea* area_;
+  QWidget* canvas_;
+  QLabel* status_;
+  QShortcut* cancel_key_ = nullptr;
+  std::vector<ControlView> controls_;
+  std::unique_ptr<MenuView> menus_;
+  WindowPlace place_;
+  int drawn_zoom_ = 0;
+  std::string drawn_focus_;
+  int running_ = 0;       // events being worked on, one inside the other during a calculation
+  bool syncing_ = false;  // focus and text changes are ours, not the user's
+  bool busy_shown_ = false;
+  bool activated_ = false;
+};
+
+}  // namespace torvale

@@ -1,0 +1,135 @@
+// The part of the main window that is done once: widgets, names for readers of the screen, keys.
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <algorithm>
+#include <array>
+#include <climits>
+
+#include "shell/commands.h"
+#include "shell/qt/main_window.h"
+#include "shell/start_up.h"
+
+namespace torvale {
+namespace {
+
+struct GridName {
+  std::string_view name;
+  const char* spoken;
+};
+
+constexpr std::array<GridName, 3> kGridNames = {{
+    {"Grid1", "Survey sheet"},
+    {"Grid2", "Design results"},
+    {"GridInchesApplied", "Hours and days of pumping"},
+}};
+
+bool OnCanvas(ControlKind kind) {
+  return kind != ControlKind::kMenu && kind != ControlKind::kStatusBar;
+}
+
+// How far a label stands ahead of a field in the same line; nothing where it does not.
+std::optional<int> Ahead(const Place& label, const Place& field) {
+  const bool same_line = label.top < field.top + field.height && field.top < label.top + label.height;
+  const int gap = field.left - (label.left + label.width);
+  return same_line && gap >= 0 ? std::optional(gap) : std::nullopt;
+}
+
+}  // namespace
+
+QWidget* MainWindow::ParentOf(const NamedControl& named) const {
+  for (const ControlView& view : controls_) {
+    if (view.named.name == named.parent) return view.inside;
+  }
+  return canvas_;
+}
+
+void MainWindow::MakeControls() {
+  for (const NamedControl& named : ControlsOf(program_.main)) {
+    if (!OnCanvas(named.kind)) continue;
+    ControlView view = MakeControlView(named, ParentOf(named));
+    Connect(view);
+    controls_.push_back(std::move(view));
+  }
+}
+
+GridEvents MainWindow::EventsOf(const std::string& name) {
+  GridEvents events;
+  if (name != "Grid1" && name != "Grid2") return events;
+  events.key = [this, name](const KeyStroke& stroke) { Run([&] { GridKey(program_, name, stroke); }); };
+  events.point = [this, name](int row, int column, bool extend) {
+    Run([&] { GridPoint(program_, name, row, column, extend); });
+  };
+  if (name == "Grid2") {
+    events.mouse = [this](MouseAction action, MouseButton button, int x, int y) {
+      Run([&] { ResultMouse(program_, action, button, x, y); });
+    };
+  }
+  return events;
+}
+
+void MainWindow::Connect(const ControlView& view) {
+  const std::string name = view.named.name;
+  if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
+    connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
+  } else if (auto* edit = qobject_cast<QLineEdit*>(view.widget)) {
+    connect(edit, &QLineEdit::textEdited, this,
+            [this, name](const QString& text) { Run([&] { TypeText(program_, name, text.toStdString()); }); });
+  } else if (auto* lines = qobject_cast<QListWidget*>(view.widget)) {
+    connect(lines, &QListWidget::itemSelectionChanged, this, [this, lines, list = view.named.list] {
+      Run([&] {
+        for (int i = 0; i < lines->count(); ++i) list->Select(i, lines->item(i)->isSelected());
+      });
+    });
+  } else if (view.named.kind == ControlKind::kGrid) {
+    static_cast<GridView&>(*view.widget).Connect(EventsOf(name));
+  }
+}
+
+// A field is called what the label ahead of it says, or else what its tool tip or name says.
+void MainWindow::NameFields() {
+  for (const ControlView& field : controls_) {
+    if (field.named.kind != ControlKind::kField) continue;
+    const std::string& tip = field.named.control->tool_tip;
+    QString spoken = ToQt(tip.empty() ? field.named.name : tip);
+    int nearest = INT_MAX;
+    for (const ControlView& label : controls_) {
+      if (label.named.kind != ControlKind::kLabel || label.named.parent != field.named.parent) continue;
+      const auto gap = Ahead(label.named.control->place, field.named.control->place);
+      if (!gap || *gap >= nearest) continue;
+      nearest = *gap;
+      spoken = ToQt(label.named.control->caption);
+    }
+    field.widget->setAccessibleName(spoken.remove(':').trimmed());
+  }
+}
+
+void MainWindow::NameGrids() {
+  for (const GridName& grid : kGridNames) {
+    if (ControlView* view = ViewOf(grid.name)) view->widget->setAccessibleName(grid.spoken);
+  }
+  // The small table of hours is read, not worked in.
+  ViewOf("GridInchesApplied")->widget->setFocusPolicy(Qt::NoFocus);
+}
+
+void MainWindow::MakeShortcuts() {
+  const auto key = [this](const QKeySequence& sequence, auto work) {
+    auto* shortcut = new QShortcut(sequence, this);
+    connect(shortcut, &QShortcut::activated, this, work);
+    return shortcut;
+  };
+  cancel_key_ = key(QKeySequence(Qt::Key_Escape), [this] { RunClick("cmdCancel"); });
+  key(QKeySequence("Ctrl++"), [this] { StepZoom(1); });
+  key(QKeySequence("Ctrl+="), [this] { StepZoom(1); });
+  key(QKeySequence("Ctrl+-"), [this] { StepZoom(-1); });
+  key(QKeySequence("Ctrl+0"), [this] { Run([this] { SetZoom(program_, 100); }); });
+}
+
+void MainWindow::Watch() {
+  canvas_->installEventFilter(this);
+  area_->viewport()->installEventFilter(this);
+  for (QWidget* widget : canvas_->findChildren<QWidget*>()) widget->installEventFilter(this);
+}
+
+}  // namespace torvale

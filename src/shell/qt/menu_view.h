@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QAction>
+#include <QMenuBar>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "screen/main_screen.h"
+
+namespace torvale {
+
+// The menu bar of the screen. Entries that neither do anything nor hold an entry that does are left out.
+class MenuView {
+ public:
+  // `click` runs what a click on the entry of that name does.
+  MenuView(MainScreen& screen, QMenuBar& bar, const std::function<void(const std::string& name)>& click);
+
+  // Applies what changed in the structure since the last call.
+  void Draw();
+
+ private:
+  struct Entry {
+    std::string name;
+    const Control* control;
+    QAction* action;
+    std::optional<Control> drawn;
+  };
+  std::vector<Entry> entries_;
+};
+
+}  // namespace torvale

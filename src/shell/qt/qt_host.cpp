@@ -1,0 +1,83 @@
+#include "shell/qt/qt_host.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QLocale>
+#include <QMessageBox>
+
+#include "screen/main_screen.h"
+#include "shell/qt/scale.h"
+
+namespace torvale {
+namespace {
+
+QString SettingName(std::string_view key) {
+  return "Settings/" + ToQt(key);
+}
+
+QSettings Store() {
+  return QSettings(ToQt(kProgramTitle), ToQt(kProgramTitle));
+}
+
+// A message waits for the user, so the pointer over it is the plain one.
+QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
+                                 QMessageBox::StandardButtons buttons) {
+  QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), ToQt(body), buttons, window);
+  box.setTextFormat(Qt::PlainText);
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const int answer = box.exec();
+  QApplication::restoreOverrideCursor();
+  return static_cast<QMessageBox::StandardButton>(answer);
+}
+
+}  // namespace
+
+void QtHost::Attach(QWidget* window, std::function<void()> draw) {
+  window_ = window;
+  draw_ = std::move(draw);
+}
+
+void QtHost::Draw() {
+  if (draw_) draw_();
+}
+
+long QtHost::Yield(long due) {
+  if (pacer_.Count(due)) {
+    Draw();
+    QApplication::processEvents();
+    pacer_.Restart();
+  }
+  return pacer_.Idle();
+}
+
+void QtHost::Message(std::string_view body, std::string_view title) {
+  if (Closed()) return;
+  Draw();
+  Show(window_, QMessageBox::Information, body, title, QMessageBox::Ok);
+}
+
+bool QtHost::Question(std::string_view body, std::string_view title) {
+  if (Closed()) return false;
+  Draw();
+  return Show(window_, QMessageBox::Question, body, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+void QtHost::Beep() {
+  QApplication::beep();
+}
+
+std::optional<std::string> QtHost::Setting(std::string_view key) {
+  const QVariant value = Store().value(SettingName(key));
+  if (!value.isValid()) return std::nullopt;
+  return value.toString().toStdString();
+}
+
+void QtHost::SaveSetting(std::string_view key, std::string_view value) {
+  Store().setValue(SettingName(key), ToQt(value));
+}
+
+std::string QtHost::Today() {
+  return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
+}
+
+}  // namespace torvale

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "screen/host.h"
+#include "shell/qt/yield_pacer.h"
+
+namespace torvale {
+
+// The desktop that the program runs on.
+class QtHost final : public Host {
+ public:
+  explicit QtHost(QString program_folder) : program_folder_(std::move(program_folder)) {}
+
+  // Messages stand over `window`; `draw` brings it up to date before they do and at each yield. Once the window is
+  // closed there is nobody left to tell: messages are passed over, questions count as answered No.
+  void Attach(QWidget* window, std::function<void()> draw);
+
+  long Yield(long due) override;
+  void Message(std::string_view body, std::string_view title) override;
+  bool Question(std::string_view body, std::string_view title) override;
+  void Beep() override;
+  std::optional<std::string> Setting(std::string_view key) override;
+  void SaveSetting(std::string_view key, std::string_view value) override;
+  std::string Today() override;
+  std::string ProgramFolder() override { return program_folder_.toStdString(); }
+
+ private:
+  bool Closed() const { return window_ != nullptr && window_->isHidden(); }
+  void Draw();
+
+  QString program_folder_;
+  QWidget* window_ = nullptr;
+  std::function<void()> draw_;
+  YieldPacer pacer_;
+};
+
+}  // namespace torvale

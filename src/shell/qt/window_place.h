@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+#include "screen/main_screen.h"
+
+namespace torvale {
+
+// Twips of the window's place are this many times as large as those of what stands in it, so that a window of the fixed
+// width of 10000 shows all of the screen.
+inline constexpr double kWindowScale = 1.6;
+
+// Keeps a window and the place that the screen structure gives it together.
+class WindowPlace {
+ public:
+  // `on_resize` is told of a window of normal state that the user or the desktop has resized, once the size has
+  // settled, and may change the structure's place. It is asked for once more each time, never in answer to its own
+  // correction.
+  WindowPlace(QWidget& window, MainScreen& screen, std::function<void()> on_resize);
+
+  // First showing, inside what the display has room for: a window too large for it is maximised.
+  void Show();
+  // The window was moved, resized or changed its state.
+  void Moved();
+  void Resized();
+  void StateChanged();
+  // Gives the window the structure's place, as far as the display has room.
+  void Apply();
+
+ private:
+  QRect Wanted() const;
+  bool Movable() const;
+  void Read();
+  void Settle();
+
+  QWidget& window_;
+  MainScreen& screen_;
+  std::function<void()> on_resize_;
+  QTimer settle_;
+  bool correcting_ = false;  // the last change of size or place was ours
+  bool refused_ = false;     // the desktop did not let us: it decides from now on
+};
+
+}  // namespace torvale
