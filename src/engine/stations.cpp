@@ -59,10 +59,11 @@ void TakeHoleCount(DesignRecord& record, const SurveyReader& survey, int i, int 
   record.WateredFurrows = StoreInt16(record.WateredFurrows + 1);
 }
 
-// A first survey row that lacks its length, spacing, hole or count is no watered furrow: its cells are emptied.
-void TidyFirstRow(TextGrid& sheet, const SurveyReader& survey) {
+// A first survey row that lacks its length, spacing, hole or count is no watered furrow: its cells are emptied. The
+// sheet itself tells, so that a survey refused before its rows were counted keeps what was typed.
+void TidyFirstRow(TextGrid& sheet) {
   for (int column : {kFurrowLengthColumn, kSpacingColumn, kHoleSizeColumn, kHoleCountColumn}) {
-    if (survey.Val(1, column) != 0) continue;
+    if (Val(sheet.Text(1, column)) != 0) continue;
     for (int emptied : {kFurrowLengthColumn, kSpacingColumn, kHoleSizeColumn, kHoleCountColumn, kPlantedWidthColumn}) {
       sheet.Set(1, emptied, "");
     }
@@ -158,7 +159,7 @@ void CalHoleStation(DesignRecord& record, TextGrid& sheet) {
   record.HoleDia.Clear();
   record.HolesPerFurrow.Clear();
   record.HoleSpacing.Clear();
-  TidyFirstRow(sheet, survey);
+  TidyFirstRow(sheet);
   FirstRowHole(record, survey);
   int j = 2;
   for (int i = 2; i <= record.HoleRows; ++i) {

@@ -69,6 +69,16 @@ TEST(CalHoleStation, FirstRowThatIsAFurrowKeepsItsCells) {
   EXPECT_EQ(RowOf(laid.sheet, 1), Watered("0", "1/4"));
 }
 
+// A survey whose rows were never counted has no rows to read, but what was typed in the first one stays.
+TEST(CalHoleStation, UncountedSurveyKeepsItsCells) {
+  TextGrid sheet = Sheet({Watered("0", "1/4"), Watered("100", "1/2")});
+  DesignRecord record;
+  CalHoleStation(record, sheet);
+  EXPECT_EQ(RowOf(sheet, 1), Watered("0", "1/4"));
+  EXPECT_EQ(record.WateredFurrows, 0);
+  EXPECT_EQ(record.HoleDia[1], 0);
+}
+
 // Only the first survey row is tidied.
 TEST(CalHoleStation, LaterRowsKeepTheirCells) {
   SheetRow second = Watered("100", "1/2");
