@@ -10,8 +10,8 @@
 namespace torvale {
 namespace {
 
-// Least squares slope of head plus friction loss against station, over the rows with holes.
-double RegressionSlope(const DesignRecord& record) {
+// Four fifths of the least squares slope of head plus friction loss against station, over the rows with holes.
+double EasedSlope(const DesignRecord& record) {
   int rows = 0;
   double sum_x = 0;
   double sum_y = 0;
@@ -31,7 +31,7 @@ double RegressionSlope(const DesignRecord& record) {
     sxy += x * (record.Head[i] + record.FrictionLoss[i] - mean_y);
     sxx += x * x;
   }
-  return Divide(sxy, sxx);
+  return Divide(0.8 * sxy, sxx);
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ void CalConstantSlopeElev(DesignRecord& record) {
 void BestGrade(Program& program) {
   DesignRecord& record = program.record;
   CalConstantSlopeElev(record);
-  const double slope = 0.8 * RegressionSlope(record);
+  const double slope = EasedSlope(record);
   for (int i = 2; i <= record.HoleRows; ++i) {
     if (!(record.SurveyHoleDia[i] > 0)) continue;
     const double span = static_cast<double>(record.Station[i]) - static_cast<double>(record.Station[i - 1]);
