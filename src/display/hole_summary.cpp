@@ -39,20 +39,14 @@ void FindRuns(DesignRecord& record) {
   }
 }
 
-// The allowed sizes stand without a gap from index 0.
-int AllowedSizes(const DesignRecord& record) {
-  int count = 0;
-  while (count <= record.SelectedHoleName.last() && !record.SelectedHoleName[count].empty()) ++count;
-  return count;
-}
-
 // Name of the hole size of row i. A limited selection is named from the allowed sizes alone.
-std::string SizeName(const DesignRecord& record, int i) {
+std::string SizeName(const Program& program, int i) {
+  const DesignRecord& record = program.record;
   if (record.DesignType != kLimitedHoles) {
     const int size = ChosenSizeIndex(record, i);
     return size == 0 ? "" : record.HoleSizeName[size];
   }
-  for (int k = 0; k < AllowedSizes(record); ++k) {
+  for (int k = 0; k < program.main.listHolesSelected.count(); ++k) {
     if (record.SelectedHoleValue[k] == record.LimitedHoleDia[i]) return record.SelectedHoleName[k];
   }
   return "";
@@ -64,7 +58,7 @@ void WriteRuns(Program& program) {
     if (!Flows(record, i) || record.HoleSumFurrowText[i].empty()) continue;
     record.HoleSumLengths += record.HoleSumFurrowText[i] + "\r";
     record.HoleSumCounts += GeneralText(record.HoleSumCount[i]) + "\r";
-    const std::string name = SizeName(record, i);
+    const std::string name = SizeName(program, i);
     if (record.PipeKind == "L") {
       record.HoleSumStations += name + "\r";
       continue;

@@ -96,8 +96,11 @@ TEST(DisplayHoleSum, NamesALimitedSelectionFromTheAllowedSizes) {
   line.record.SelectedHoleValue[0] = 0.5F;
   line.record.SelectedHoleName[1] = "3/4";
   line.record.SelectedHoleValue[1] = 0.75F;
-  line.record.SelectedHoleName[3] = "1/8";
-  line.record.SelectedHoleValue[3] = kEighthInch;
+  line.main.listHolesSelected.Add("half");
+  line.main.listHolesSelected.Add("3/4");
+  // Left from an earlier, longer list: the list has two lines, so this entry names nothing.
+  line.record.SelectedHoleName[2] = "1/8";
+  line.record.SelectedHoleValue[2] = kEighthInch;
   AddHoles(line, 3, kQuarterInch);
   line.record.LimitedHoleDia[1] = 0.75F;
   line.record.LimitedHoleDia[2] = 0.5F;
