@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <cmath>
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
@@ -23,7 +24,8 @@ struct Counts {
 
 std::string FieldText(Random& random, const SurveyStyle& style, double low, double high) {
   if (style.garbage_odds > 0 && random.OneIn(style.garbage_odds)) return GarbageText(random);
-  return GeneralText(static_cast<float>(random.Real(low, high)));
+  // Small numbers as often as large ones.
+  return GeneralText(static_cast<float>(std::exp(random.Real(std::log(low), std::log(high)))));
 }
 
 SurveyStyle RandomStyle(Random& random) {
@@ -66,8 +68,8 @@ class Session {
 
  private:
   void TypeFields(const SurveyStyle& style) {
-    TypeText(program_, "txtInfo(2)", FieldText(random_, style, 20, 2500));
-    TypeText(program_, "txtInfo(3)", FieldText(random_, style, 0.1, 5));
+    TypeText(program_, "txtInfo(2)", FieldText(random_, style, 40, 2000));
+    TypeText(program_, "txtInfo(3)", FieldText(random_, style, 0.4, 5));
     static constexpr std::string_view kKinds[] = {"E", "R", "r", "e"};
     TypeText(program_, "txtInfo(5)", random_.Of(kKinds));
     if (random_.OneIn(8)) TypeText(program_, "txtInfo(0)", GarbageText(random_));

@@ -49,7 +49,7 @@ inline std::string SurveyCell(Random& random, const SurveyStyle& style, int row,
     case kStationColumn:
       return GeneralText(Val(GeneralText(static_cast<float>(station))));
     case kCrownColumn:
-      return GeneralText(static_cast<float>(100 + random.Real(-0.4, 0.4)));
+      return GeneralText(static_cast<float>(100 + random.Real(-0.2, 0.2)));
     case kFurrowLengthColumn:
       return supply ? "" : std::to_string(random.Whole(300, 1320));
     case kSpacingColumn:
