@@ -90,6 +90,32 @@ struct FieldPrinter {
   }
 };
 
+// Shows one element of a list. A field that is no list, and an index outside it, can't be shown.
+struct ElementPrinter {
+  std::ostream& out;
+  const DesignRecord& record;
+  int index;
+
+  template <typename T>
+  void operator()(const RecordField<T>& field) const {
+    throw ScriptError("not a list: " + std::string(field.name));
+  }
+
+  template <typename T, int Last>
+  void operator()(const RecordField<BoundedArray<T, Last>>& field) const {
+    if (index < 0 || index > Last) throw ScriptError("no such element: " + std::to_string(index));
+    out << field.name << '[' << index << "] = " << ValueText((record.*field.member)[index]) << '\n';
+  }
+};
+
+// A name such as `Head[12]`. False where it isn't one.
+bool ShowNamedElement(std::ostream& out, const DesignRecord& record, std::string_view name) {
+  const std::size_t open = name.find('[');
+  if (open == std::string_view::npos || name.back() != ']' || name.find(',') != std::string_view::npos) return false;
+  const int index = WholeNumber(name.substr(open + 1, name.size() - open - 2));
+  return WithRecordField(name.substr(0, open), ElementPrinter{out, record, index});
+}
+
 // A name such as `Grid2[1,5]`. False where it isn't one.
 bool ShowNamedCell(std::ostream& out, Program& program, std::string_view name) {
   const std::size_t open = name.find('[');
@@ -118,7 +144,7 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
   } else if (name == "record") {
     ForEachRecordField(FieldPrinter{out, program.record, elements});
   } else if (!WithRecordField(name, FieldPrinter{out, program.record, elements}) &&
-             !ShowNamedCell(out, program, name)) {
+             !ShowNamedElement(out, program.record, name) && !ShowNamedCell(out, program, name)) {
     throw ScriptError("nothing to show: " + std::string(name));
   }
 }

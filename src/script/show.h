@@ -23,7 +23,8 @@ namespace torvale {
 enum class Elements { kInUse, kAll };
 
 // One control, grid or field, the screen itself (`frmMainForm`), one cell (`Grid2[1,5]`, also when it is empty), a
-// field of the record, or the whole record (`record`). Throws ScriptError for any other name.
+// field of the record, one element of a list of it (`Head[12]`), or the whole record (`record`). Throws ScriptError for
+// any other name.
 void Show(std::ostream& out, Program& program, std::string_view name, Elements elements);
 
 // The grid's current cell, and the far corner of the selection where it is another: `Grid1 at 5 0 9 3`.

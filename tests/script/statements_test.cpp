@@ -64,14 +64,15 @@ TEST(Statements, ADisabledControlRefusesAClick) {
 }
 
 TEST(Statements, AListShowsItsRowsInUseOrAllThatIsSet) {
-  std::istringstream script("show Head all Head\n");
+  std::istringstream script("show Head all Head Head[2]\n");
   std::ostringstream transcript;
   Session session(transcript);
   session.program.record.HoleRows = 2;
   session.program.record.Head[2] = 2.0374609375;
   session.program.record.Head[9] = 1.5;
   ReplayScript(session, script);
-  EXPECT_EQ(transcript.str(), "Head[1] = 0\nHead[2] = 2.0374609375\nHead[2] = 2.0374609375\nHead[9] = 1.5\n");
+  EXPECT_EQ(transcript.str(),
+            "Head[1] = 0\nHead[2] = 2.0374609375\nHead[2] = 2.0374609375\nHead[9] = 1.5\nHead[2] = 2.0374609375\n");
 }
 
 TEST(Statements, ColoursAreToldWhereTheyAreSet) {
@@ -124,6 +125,8 @@ TEST(Statements, WhatCannotBeUnderstoodStops) {
                            "show",
                            "show all",
                            "show Grid1[320,0]",
+                           "show Head[5285]",
+                           "show Uniformity[1]",
                            "type txtInfo(0) \"open"}) {
     const Result result = Replayed(line);
     EXPECT_EQ(result.status, kScriptNotUnderstood) << line;
