@@ -1,0 +1,109 @@
+#include "screen/main_screen.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace torvale {
+namespace {
+
+const NamedControl* Find(const std::vector<NamedControl>& controls, std::string_view name) {
+  const auto found =
+      std::find_if(controls.begin(), controls.end(), [&](const NamedControl& c) { return c.name == name; });
+  return found == controls.end() ? nullptr : &*found;
+}
+
+TEST(MainScreen, NamesAndControlsAreUnique) {
+  MainScreen screen;
+  std::set<std::string> names;
+  std::set<const Control*> controls;
+  for (const NamedControl& named : ControlsOf(screen)) {
+    EXPECT_TRUE(names.insert(named.name).second) << named.name;
+    EXPECT_TRUE(controls.insert(named.control).second) << named.name;
+  }
+}
+
+// A parent stands ahead of its children and is a frame or a menu.
+TEST(MainScreen, ParentsAreFramesAndMenus) {
+  MainScreen screen;
+  std::set<std::string> seen;
+  const std::vector<NamedControl> controls = ControlsOf(screen);
+  for (const NamedControl& named : controls) {
+    if (!named.parent.empty()) {
+      ASSERT_TRUE(seen.contains(named.parent)) << named.name;
+      const ControlKind kind = Find(controls, named.parent)->kind;
+      EXPECT_TRUE(kind == ControlKind::kFrame || kind == ControlKind::kMenu) << named.name;
+    }
+    seen.insert(named.name);
+  }
+}
+
+TEST(MainScreen, FieldsAndGridsHaveTheirStores) {
+  MainScreen screen;
+  for (const NamedControl& named : ControlsOf(screen)) {
+    EXPECT_EQ(named.field != nullptr, named.kind == ControlKind::kField) << named.name;
+    EXPECT_EQ(named.grid != nullptr, named.kind == ControlKind::kGrid) << named.name;
+    if (named.field != nullptr) {
+      EXPECT_EQ(&named.field->control, named.control);
+    }
+    if (named.grid != nullptr) {
+      EXPECT_EQ(&named.grid->control, named.control);
+    }
+  }
+}
+
+// Whatever isn't a menu entry has a place of its own from the start, but for the status bar, which the window places,
+// and the list that puts hole sizes in order and is never shown.
+TEST(MainScreen, ControlsHavePlaces) {
+  MainScreen screen;
+  for (const NamedControl& named : ControlsOf(screen)) {
+    const bool placed_by_window = named.kind == ControlKind::kMenu || named.kind == ControlKind::kStatusBar;
+    if (placed_by_window || named.control == &screen.listSortSelectedHoles.control) continue;
+    if (named.parent == "Frame1") continue;  // the panel of defaults lays itself out
+    EXPECT_GT(named.control->place.width, 0) << named.name;
+    EXPECT_GT(named.control->place.height, 0) << named.name;
+  }
+}
+
+TEST(MainScreen, BeginsOnTheInputScreen) {
+  MainScreen screen;
+  EXPECT_TRUE(screen.Grid1.control.visible);
+  EXPECT_TRUE(screen.cmdInterpolate.visible);
+  for (const Control* hidden : {&screen.Grid2.control, &screen.GridInchesApplied.control, &screen.cmdCancel,
+                                &screen.cmdReCalc, &screen.cmdDesignToggle, &screen.frmDisplay, &screen.lblEffic,
+                                &screen.lblCrownSlope, &screen.frameShowLimitedHoles, &screen.Frame1}) {
+    EXPECT_FALSE(hidden->visible) << hidden->caption;
+  }
+  EXPECT_EQ(screen.cmdInterpolate.caption, "Interpolate Furrow Length and Calculate Elevations");
+  EXPECT_EQ(screen.cmdDesignToggle.caption, "Complete Design");
+  EXPECT_EQ(screen.lblActiveInactive.caption, "Inactive Design");
+}
+
+// Two entries with the same key would leave one of them without.
+TEST(MainScreen, ShortcutsAreUnique) {
+  MainScreen screen;
+  std::set<std::string_view> shortcuts;
+  int count = 0;
+  for (const NamedControl& named : ControlsOf(screen)) {
+    if (named.kind != ControlKind::kMenu) continue;
+    const MenuTrait trait = MenuTraitOf(named.name);
+    EXPECT_EQ(trait.name, named.name);
+    if (trait.shortcut.empty()) continue;
+    ++count;
+    EXPECT_TRUE(shortcuts.insert(trait.shortcut).second) << trait.shortcut;
+  }
+  EXPECT_GT(count, 0);
+  EXPECT_EQ(MenuTraitOf("no such entry").shortcut, "");
+}
+
+// The steps of the zoom and their captions go together.
+TEST(MainScreen, ZoomStepsAreNamed) {
+  MainScreen screen;
+  for (std::size_t i = 0; i < kZoomSteps.size(); ++i) {
+    EXPECT_EQ(screen.mnuZoomTo[i].caption, std::to_string(kZoomSteps[i]) + " %");
+  }
+}
+
+}  // namespace
+}  // namespace torvale
