@@ -1,0 +1,225 @@
+// The head loop of a limited selection, and the run that follows it.
+#include <algorithm>
+
+#include "base/format.h"
+#include "base/numbers.h"
+#include "search/cal_dsign_var.h"
+#include "search/hole_selection.h"
+#include "search/hole_selection_panel.h"
+#include "search_program.h"
+
+namespace torvale {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class HeadLoopTest : public SearchTest {
+ protected:
+  void Prepare(const std::string& highest, const std::string& increment) {
+    LevelLine("20");
+    main.txtInfo[3].Set("1.9");
+    main.txtDefault[13].Set(highest);
+    main.txtDefault[14].Set(increment);
+    mnuManHoleSelection_Click(program);
+    main.listHolesSelected.Clear();
+    for (const char* size : {"1/4", "3/8", "1/2"}) main.listHolesSelected.Add(size);
+  }
+  // The texts that the Target Head takes in a limited selection.
+  std::vector<std::string> Heads() {
+    std::vector<std::string> heads;
+    main.txtInfo[3].on_change = [&] { heads.push_back(main.txtInfo[3].text()); };
+    cmdExitHoleSelect_Click(program);
+    main.txtInfo[3].on_change = nullptr;
+    return heads;
+  }
+};
+
+// Lowered before the first trial, the highest head itself is never tried; the passes number Int((3 - 0.5) / 0.5) + 1
+// = 6. The last head, 0, shows as a lone point: it is counted and not worked out. Last comes the best head.
+TEST_F(HeadLoopTest, TriesHeadsDownward) {
+  Prepare("3.0", ".5");
+  const std::vector<std::string> heads = Heads();
+  ASSERT_EQ(heads.size(), 8U);
+  EXPECT_THAT(std::vector(heads.begin(), heads.begin() + 7), ElementsAre("3.0", "2.5", "2.", "1.5", "1.", ".5", "."));
+  EXPECT_EQ(heads.back(), GeneralText(record.BestHeadFound));
+  EXPECT_THAT(host.messages, IsEmpty());
+}
+
+// An increment of 0.1 is 0.100000001490116 in 32 bits. Counted from 0.5, the sixth step stands past 1.0 by that little:
+// five passes, where 64 bits would make six. The heads are read back with two decimals each time.
+TEST_F(HeadLoopTest, CountsWithA32BitIncrement) {
+  Prepare("1.0", ".1");
+  const std::vector<std::string> heads = Heads();
+  ASSERT_EQ(heads.size(), 7U);
+  EXPECT_THAT(std::vector(heads.begin(), heads.begin() + 6), ElementsAre("1.0", ".9", ".8", ".7", ".6", ".5"));
+}
+
+TEST_F(HeadLoopTest, TellsTheHeadInHand) {
+  Prepare("1.0", ".2");
+  std::vector<std::string> captions;
+  WatchYields([&] {
+    if (!main.lblHeadCount.visible) return;
+    if (captions.empty() || captions.back() != main.lblHeadCount.caption) captions.push_back(main.lblHeadCount.caption);
+  });
+  cmdExitHoleSelect_Click(program);
+  EXPECT_THAT(captions, ElementsAre("Calculating Selected Holes: .8", "Calculating Selected Holes: .6",
+                                    "Calculating Selected Holes: .4"));
+  EXPECT_FALSE(main.lblHeadCount.visible);
+}
+
+// Each head is worked out once more by itself, highest first; the first one of the best uniformity is the one kept.
+TEST_F(HeadLoopTest, KeepsTheHighestHeadOfTheBestUniformity) {
+  Prepare("2", ".2");
+  cmdExitHoleSelect_Click(program);
+  const float best = record.BestUniformity;
+  const float best_head = record.BestHeadFound;
+  EXPECT_EQ(record.Uniformity, best);
+  EXPECT_EQ(main.txtInfo[3].text(), GeneralText(best_head));
+  float expected = 0;
+  float expected_head = 0;
+  for (const char* head : {"1.8", "1.6", "1.4", "1.2", "1.", ".8", ".6", ".4"}) {
+    main.txtInfo[3].Set(head);
+    Cal_Dsign_Var(program);
+    if (record.Uniformity > expected) {
+      expected = record.Uniformity;
+      expected_head = static_cast<float>(Val(head));
+    }
+  }
+  EXPECT_EQ(best, expected);
+  EXPECT_EQ(best_head, expected_head);
+}
+
+TEST_F(HeadLoopTest, EndsOnTheShownDesign) {
+  Prepare("2", ".2");
+  cmdExitHoleSelect_Click(program);
+  EXPECT_EQ(record.DesignType, kLimitedHoles);
+  EXPECT_EQ(main.title, "TORVALE   Limited Computer Selected Hole Design");
+  EXPECT_THAT(Ticked(), ElementsAre("mnuManHoleSelection"));
+  EXPECT_EQ(main.lblActiveInactive.caption, "Active Design");
+  EXPECT_TRUE(main.Grid2.control.visible);
+  EXPECT_TRUE(main.mnuDesign.enabled);
+  EXPECT_FALSE(main.busy);
+  EXPECT_FALSE(main.frameHoleSelection.visible);
+  EXPECT_EQ(record.ManualTargetHead, 1.9F);  // as it stood when the panel was left
+}
+
+// No pass is made; the run after the loop is made at "0", where the pass finds no head to fit a hole to.
+TEST_F(HeadLoopTest, AHighestHeadBelowHalfAFootTriesNone) {
+  Prepare(".4", ".1");
+  EXPECT_THAT(Heads(), ElementsAre(".4", "0"));
+  EXPECT_EQ(record.BestHeadFound, 0);
+  EXPECT_EQ(main.txtInfo[3].text(), "0");
+  EXPECT_THAT(host.messages,
+              ElementsAre(Shown{"There is a programming problem calculating Computer Selected Holes. Try "
+                                "Changing Head ",
+                                "Computer Selected Hole Error"}));
+  EXPECT_EQ(record.DesignOK, "False");
+  EXPECT_TRUE(main.Grid1.control.visible);
+  EXPECT_FALSE(main.Grid2.control.visible);
+  EXPECT_FALSE(main.lblEffic.visible);
+  EXPECT_TRUE(main.mnuDesign.enabled);
+}
+
+// An increment of 0 never ends by itself: it tries the same head over and over until the screen is closed.
+TEST_F(HeadLoopTest, AnIncrementOfZeroEndsWithTheScreen) {
+  for (const char* increment : {"0", ""}) {
+    SCOPED_TRACE(increment);
+    Prepare("2", increment);
+    host.event_at = host.yields + 5000;
+    host.event = [&] {
+      main.closed = true;
+      record.CancelFlag = true;
+    };
+    int trials = 0;
+    main.txtInfo[3].on_change = [&] { ++trials; };
+    cmdExitHoleSelect_Click(program);
+    main.txtInfo[3].on_change = nullptr;
+    EXPECT_TRUE(main.closed);
+    EXPECT_EQ(main.txtInfo[3].text(), "2.");
+    EXPECT_LE(trials, 2);  // the preference's text, then the same head in the pattern
+    EXPECT_FALSE(main.Grid2.control.visible);
+    main.closed = false;
+  }
+}
+
+// A negative increment raises the head in each pass and ends no sooner.
+TEST_F(HeadLoopTest, ANegativeIncrementEndsWithTheScreen) {
+  Prepare("2", "-.5");
+  std::string highest;
+  host.event_at = host.yields + 2000;
+  host.event = [&] {
+    main.closed = true;
+    record.CancelFlag = true;
+  };
+  const std::vector<std::string> heads = Heads();
+  ASSERT_GE(heads.size(), 3U);
+  EXPECT_EQ(heads[1], "2.5");
+  EXPECT_EQ(heads[2], "3.");
+}
+
+// The loop yields in each pass, also where nothing is worked out: with a negative highest head closing still ends it.
+TEST_F(HeadLoopTest, APassThatWorksNothingOutYieldsToo) {
+  Prepare("1", "0");
+  main.txtDefault[13].Set("1");
+  main.txtInfo[3].on_change = [&] {
+    if (main.txtInfo[3].text() != "0") main.txtInfo[3].Set("0");
+  };
+  host.event_at = host.yields + 100;
+  host.event = [&] { main.closed = true; };
+  EXPECT_FALSE(EfficAdjust(program));
+  main.txtInfo[3].on_change = nullptr;
+  EXPECT_TRUE(main.closed);
+}
+
+// --- Trials that fail
+// --------------------------------------------------------------------------------------------------------
+
+TEST_F(HeadLoopTest, ARefusedTrialEndsTheLoopWithOneMessage) {
+  Prepare("2", ".2");
+  main.txtInfo[2].Set("");
+  main.Grid2.control.visible = true;
+  EXPECT_THAT(Heads(), ElementsAre("2", "1.8"));
+  EXPECT_THAT(host.messages,
+              ElementsAre(Shown{"Some Information Data is missing(i.e. GPM, Target Head)", "Missing Data"}));
+  EXPECT_EQ(record.MissingData, -1);
+  EXPECT_EQ(record.DesignOK, "True");
+  EXPECT_EQ(main.txtInfo[3].text(), "1.8");
+  EXPECT_TRUE(main.Grid1.control.visible);
+  for (const Control* hidden : {&main.lblEffic, &main.lblHeadCount, &main.frmDisplay, &main.cmdReCalc,
+                                &main.cmdDesignToggle, &main.Grid2.control}) {
+    EXPECT_FALSE(hidden->visible);
+  }
+  EXPECT_TRUE(main.mnuDesign.enabled);
+  EXPECT_FALSE(main.busy);
+}
+
+// A run that ends without a box ends the loop in the same way, and the status bar says why.
+TEST_F(HeadLoopTest, ASilentEndEndsTheLoop) {
+  Prepare("2", ".2");
+  FillSheet({WateredRow("0", "100"), WateredRow("0", "100"), WateredRow("100", "100")});
+  host.answers = {true};
+  EXPECT_EQ(Heads().size(), 2U);
+  EXPECT_THAT(host.messages, IsEmpty());
+  EXPECT_EQ(Status(), "Rows 1 and 2: the station does not rise.");
+  EXPECT_FALSE(main.busy);
+  EXPECT_TRUE(main.mnuDesign.enabled);
+  EXPECT_FALSE(main.Grid2.control.visible);
+}
+
+TEST_F(HeadLoopTest, AFaultInAPassEndsTheLoop) {
+  Prepare("2", ".2");
+  FillSheet({WateredRow("0", "100"), WateredRow("100", "100")});
+  main.Grid1.Set(2, kPipeDiaColumn, "0");
+  EXPECT_EQ(Heads().size(), 2U);
+  EXPECT_THAT(host.messages,
+              ElementsAre(Shown{"There is a programming problem calculating Computer Selected Holes. Try "
+                                "Changing Head ",
+                                "Computer Selected Hole Error"}));
+  EXPECT_EQ(record.DesignOK, "False");
+  EXPECT_FALSE(main.Grid2.control.visible);
+  EXPECT_TRUE(main.Grid1.control.visible);
+}
+
+}  // namespace
+}  // namespace torvale
