@@ -1,3 +1,4 @@
+#include <csignal>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -21,6 +22,10 @@ int Refuse(const std::string& reason) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+#ifdef SIGPIPE
+  // A reader that stops early must not cost the end of the run, which takes the temporary folder away.
+  std::signal(SIGPIPE, SIG_IGN);
+#endif
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   std::string data_folder;
   std::string file;

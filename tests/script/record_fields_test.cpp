@@ -3,23 +3,30 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 
 namespace torvale {
 namespace {
 
-// The names of the members as the record declares them: a type, the name, perhaps a first value.
+// The name that a member's declaration ends in: a type, the name, perhaps a first value, a semicolon. Empty for lines
+// that declare none.
+std::string DeclaredName(std::string line) {
+  const std::size_t end = line.find(';');
+  if (end == std::string::npos || line.find("//") < end || line.find('(') < end) return "";
+  line.resize(std::min(end, line.find(" = ")));
+  return line.substr(line.rfind(' ') + 1);
+}
+
 std::vector<std::string> DeclaredFields() {
   std::ifstream header(std::filesystem::path(TORVALE_SOURCE_DIR) / "src/record/design_record.h");
-  const std::regex member(R"(^  [A-Za-z_:<>0-9+, ]+[ >](\w+)( = [^;]+)?;.*$)");
   std::vector<std::string> names;
   bool inside = false;
-  std::smatch found;
   for (std::string line; std::getline(header, line);) {
     if (line == "};") inside = false;
-    if (inside && std::regex_match(line, found, member)) names.push_back(found[1]);
+    const std::string name = inside ? DeclaredName(line) : "";
+    if (!name.empty()) names.push_back(name);
     if (line == "struct DesignRecord {") inside = true;
   }
   return names;
