@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "script/quoting.h"
 #include "script/record_fields.h"
+#include "shell/events.h"
 
 namespace torvale {
 namespace {
@@ -37,6 +38,13 @@ void ShowControl(std::ostream& out, std::string_view name, const Control& contro
       << (control.enabled ? " enabled" : " disabled") << (control.ticked ? " ticked" : "");
   ShowColours(out, control.back, control.fore);
   out << '\n';
+}
+
+void ShowList(std::ostream& out, std::string_view name, const ListBox& list) {
+  ShowControl(out, name, list.control);
+  for (int i = 0; i < list.count(); ++i) {
+    out << name << '[' << i << "] = " << Quoted(list.Line(i)) << (list.Selected(i) ? " selected" : "") << '\n';
+  }
 }
 
 void ShowMainForm(std::ostream& out, const MainScreen& screen) {
@@ -139,6 +147,8 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
     ShowGrid(out, name, *grid);
   } else if (const TextField* field = FindField(program, name)) {
     out << name << " = " << Quoted(field->text()) << '\n';
+  } else if (const ListBox* list = FindList(program, name)) {
+    ShowList(out, name, *list);
   } else if (const Control* control = FindControl(program, name)) {
     ShowControl(out, name, *control);
   } else if (name == "record") {

@@ -12,6 +12,7 @@ namespace torvale {
 //   lblEffic = "Distribution Uniformity = 93.2" visible enabled back 0,255,0
 //   txtInfo(3) = "2.0"
 //   Grid2[1,5] = "1.00" back 0,192,0
+//   listHolesSelected[0] = "1/4" selected
 //   Head[12] = 2.0374609375
 //   frmMainForm = "TORVALE   " pointer normal focus txtInfo(0)
 //
@@ -22,9 +23,9 @@ namespace torvale {
 // aren't zero or empty; or all that aren't zero or empty.
 enum class Elements { kInUse, kAll };
 
-// One control, grid or field, the screen itself (`frmMainForm`), one cell (`Grid2[1,5]`, also when it is empty), a
-// field of the record, one element of a list of it (`Head[12]`), or the whole record (`record`). Throws ScriptError for
-// any other name.
+// One control, grid, list or field, the screen itself (`frmMainForm`), one cell (`Grid2[1,5]`, also when it is empty),
+// a field of the record, one element of a list of it (`Head[12]`), or the whole record (`record`). Throws ScriptError
+// for any other name.
 void Show(std::ostream& out, Program& program, std::string_view name, Elements elements);
 
 // The grid's current cell, and the far corner of the selection where it is another: `Grid1 at 5 0 9 3`.

@@ -139,6 +139,43 @@ void At(Session& session, const Arguments& arguments, ScriptLines&) {
   GridPoint(session.program, name, arguments.Number(3), arguments.Number(4), true);
 }
 
+// The line of a list that a text names, or an index from 0.
+int LineOf(const ListBox& list, const Token& line) {
+  if (!line.quoted) {
+    const int index = WholeNumber(line.text);
+    if (index < 0 || index >= list.count()) throw ScriptError("no such line: " + line.text);
+    return index;
+  }
+  for (int i = 0; i < list.count(); ++i) {
+    if (list.Line(i) == line.text) return i;
+  }
+  throw ScriptError("no such line: " + line.text);
+}
+
+const ListBox& NeedList(Session& session, const std::string& name) {
+  const ListBox* list = FindList(session.program, name);
+  if (list == nullptr) throw ScriptError("no list: " + name);
+  return *list;
+}
+
+void Choose(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(2, kAnyCount);
+  const std::string& name = arguments.Word(0);
+  const ListBox& list = NeedList(session, name);
+  std::vector<int> lines;
+  for (std::size_t i = 1; i < arguments.count(); ++i) lines.push_back(LineOf(list, arguments.Any(i)));
+  const Reach reach = SelectLines(session.program, name, lines);
+  if (reach != Reach::kUsable) Refused(session, name, reach);
+}
+
+void DoubleClick(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(2, 2);
+  const std::string& name = arguments.Word(0);
+  const int line = LineOf(NeedList(session, name), arguments.Any(1));
+  const Reach reach = DoubleClickLine(session.program, name, line);
+  if (reach != Reach::kUsable) Refused(session, name, reach);
+}
+
 void Focus(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(1, 1);
   if (FindControl(session.program, arguments.Word(0)) == nullptr) {
@@ -195,9 +232,10 @@ struct Statement {
 };
 
 constexpr Statement kStatements[] = {
-    {"type", Type},     {"cell", WriteCell}, {"fill", Fill},         {"click", ClickStatement},
-    {"key", Keys},      {"at", At},          {"focus", Focus},       {"mouse", Mouse},
-    {"answer", Answer}, {"on", OnYield},     {"show", ShowStatement}};
+    {"type", Type},         {"cell", WriteCell}, {"fill", Fill},     {"click", ClickStatement},
+    {"key", Keys},          {"at", At},          {"choose", Choose}, {"doubleclick", DoubleClick},
+    {"focus", Focus},       {"mouse", Mouse},    {"answer", Answer}, {"on", OnYield},
+    {"show", ShowStatement}};
 
 }  // namespace
 

@@ -33,6 +33,8 @@ class ScriptLines {
 //   key Grid1 "52.5" Enter          keys: characters in quotes, and Enter, Backspace, Delete, Escape, Up, Down, Left,
 //                                   Right, PageUp, PageDown, Home, End, Ctrl+Home, Ctrl+End
 //   at Grid1 5 0 / at Grid1 5 0 9 3 moves the current cell / and the selection's far corner
+//   choose listAllHoles "1/4" 8     selects these lines of a list and no others, by text or by index from 0
+//   doubleclick listAllHoles "1/4"  a double click on a line
 //   focus txtInfo(0)                moves the focus
 //   mouse Grid2 down left 300 900   the mouse over the results: down, move, up; left, right, none; x and y in twips
 //   mouse frmMainForm move none 0 0 the mouse over the screen's background

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "display/result_pointer.h"
 #include "screen/program.h"
@@ -53,6 +54,14 @@ void TypeText(Program& program, std::string_view field, std::string_view text);
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
 // A control gets the focus.
 void FocusGained(Program& program, std::string_view control);
+
+// The list of that name, or nullptr.
+ListBox* FindList(Program& program, std::string_view name);
+// The user selects these lines of a list, from 0, and no others. Nothing happens where the list can't be reached, and
+// the reason comes back; a name that is no list is unknown.
+Reach SelectLines(Program& program, std::string_view list, const std::vector<int>& lines);
+// A double click on a line: the line is selected alone, and the button beside the list is pressed.
+Reach DoubleClickLine(Program& program, std::string_view list, int line);
 
 // The mouse over the result table; x and y in twips from its corner.
 enum class MouseAction { kDown, kMove, kUp };

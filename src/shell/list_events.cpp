@@ -1,0 +1,49 @@
+#include <algorithm>
+#include <array>
+
+#include "shell/commands.h"
+#include "shell/events.h"
+
+namespace torvale {
+namespace {
+
+// A double click on a line of a list presses the button beside it.
+struct ListButton {
+  std::string_view list;
+  std::string_view button;
+};
+
+constexpr std::array<ListButton, 2> kListButtons = {{
+    {"listAllHoles", "cmdADDtoSelected"},
+    {"listHolesSelected", "cmdremoveSelected"},
+}};
+
+}  // namespace
+
+ListBox* FindList(Program& program, std::string_view name) {
+  const std::vector<NamedControl> controls = ControlsOf(program.main);
+  const auto found =
+      std::find_if(controls.begin(), controls.end(), [&](const NamedControl& c) { return c.name == name; });
+  return found == controls.end() ? nullptr : found->list;
+}
+
+Reach SelectLines(Program& program, std::string_view list, const std::vector<int>& lines) {
+  ListBox* box = FindList(program, list);
+  if (box == nullptr) return Reach::kUnknown;
+  const Reach reach = ReachOf(program, list);
+  if (reach != Reach::kUsable) return reach;
+  for (int i = 0; i < box->count(); ++i) box->Select(i, false);
+  for (const int line : lines) box->Select(line, true);
+  return reach;
+}
+
+Reach DoubleClickLine(Program& program, std::string_view list, int line) {
+  const Reach reach = SelectLines(program, list, {line});
+  if (reach != Reach::kUsable) return reach;
+  for (const ListButton& pair : kListButtons) {
+    if (pair.list == list) return Click(program, pair.button);
+  }
+  return reach;
+}
+
+}  // namespace torvale
