@@ -117,7 +117,9 @@ QPalette Colours(const Control& control, ControlKind kind) {
 void DrawField(ControlView& view) {
   TextField& field = *view.named.field;
   auto& edit = static_cast<QLineEdit&>(*view.widget);
-  edit.setMaxLength(field.max_length > 0 ? field.max_length : kNoLimit);
+  // Setting a limit takes a selection away, even the limit that stands.
+  const int limit = field.max_length > 0 ? field.max_length : kNoLimit;
+  if (edit.maxLength() != limit) edit.setMaxLength(limit);
   if (const QString text = ToQt(field.text()); edit.text() != text) {
     const int caret = edit.cursorPosition();
     edit.setText(text);

@@ -5,6 +5,7 @@
 #include <QStatusBar>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "shell/commands.h"
 #include "shell/events.h"
@@ -85,6 +86,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       WidgetFocused(static_cast<QWidget&>(*watched), static_cast<QFocusEvent&>(*event).reason());
       break;
+    case QEvent::MouseButtonPress:
+      MousePressed(watched, static_cast<QMouseEvent&>(*event));
+      break;
+    case QEvent::MouseButtonRelease:
+      MouseReleased(static_cast<QMouseEvent&>(*event));
+      break;
     case QEvent::MouseMove:
       if (watched == canvas_) Run([this] { BackgroundMouse(program_); });
       break;
@@ -116,8 +123,31 @@ void MainWindow::WidgetFocused(const QWidget& widget, Qt::FocusReason reason) {
       reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
   const std::string name = widget.objectName().toStdString();
   if (syncing_ || returned || FindControl(program_, name) == nullptr) return;
-  drawn_focus_ = name;
   Run([&] { FocusGained(program_, name); });
+}
+
+// The two panels that the user may move take hold where they hold nothing else.
+void MainWindow::MousePressed(const QObject* on, const QMouseEvent& event) {
+  for (const std::string_view panel : {"Frame1", "frameHoleSelection"}) {
+    const ControlView* view = ViewOf(panel);
+    if (on != view->inside || event.button() != Qt::LeftButton) continue;
+    const Scale scale(program_.main.zoom);
+    const QPoint at = view->widget->mapFromGlobal(event.globalPosition().toPoint());
+    dragged_ = view->named.control;
+    Run([&] { GrabPanel(drag_, static_cast<float>(scale.Twips(at.x())), static_cast<float>(scale.Twips(at.y()))); });
+  }
+}
+
+void MainWindow::MouseReleased(const QMouseEvent& event) {
+  if (dragged_ == nullptr) return;
+  Control& panel = *std::exchange(dragged_, nullptr);
+  const Scale scale(program_.main.zoom);
+  const QPoint at = canvas_->mapFromGlobal(event.globalPosition().toPoint());
+  const QRect place = scale.Rect(panel.place);
+  const QPoint from = place.contains(at) ? at - place.topLeft() : at;
+  const auto x = static_cast<float>(scale.Twips(from.x()));
+  const auto y = static_cast<float>(scale.Twips(from.y()));
+  Run([&] { place.contains(at) ? DropOnPanel(panel, drag_, x, y) : DropOnScreen(panel, drag_, x, y); });
 }
 
 void MainWindow::StepZoom(int steps) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QScrollArea>
 #include <QShortcut>
@@ -14,6 +15,7 @@
 #include "shell/qt/grid_view.h"
 #include "shell/qt/menu_view.h"
 #include "shell/qt/window_place.h"
+#include "shell/start_up.h"
 
 namespace torvale {
 
@@ -43,6 +45,7 @@ class MainWindow final : public QMainWindow {
   QWidget* ParentOf(const NamedControl& named) const;
   GridEvents EventsOf(const std::string& name);
   void Connect(const ControlView& view);
+  void ConnectList(QListWidget& lines, const ControlView& view);
   void NameFields();
   void NameGrids();
   void MakeShortcuts();
@@ -54,6 +57,8 @@ class MainWindow final : public QMainWindow {
   bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
   void WidgetFocused(const QWidget& widget, Qt::FocusReason reason);
   void StepZoom(int steps);
+  void MousePressed(const QObject* on, const QMouseEvent& event);
+  void MouseReleased(const QMouseEvent& event);
 
   // Drawing
   void DrawZoom();
@@ -72,11 +77,12 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<MenuView> menus_;
   WindowPlace place_;
   int drawn_zoom_ = 0;
-  std::string drawn_focus_;
   int running_ = 0;       // events being worked on, one inside the other during a calculation
   bool syncing_ = false;  // focus and text changes are ours, not the user's
   bool busy_shown_ = false;
   bool activated_ = false;
+  Control* dragged_ = nullptr;  // the panel that the user moves
+  PanelDrag drag_;
 };
 
 }  // namespace torvale

@@ -25,6 +25,17 @@ constexpr std::array<GridName, 3> kGridNames = {{
     {"GridInchesApplied", "Hours and days of pumping"},
 }};
 
+// A double click on a line of a list presses the button beside it.
+struct DoubleClick {
+  std::string_view list;
+  std::string_view button;
+};
+
+constexpr std::array<DoubleClick, 2> kDoubleClicks = {{
+    {"listAllHoles", "cmdADDtoSelected"},
+    {"listHolesSelected", "cmdremoveSelected"},
+}};
+
 bool OnCanvas(ControlKind kind) {
   return kind != ControlKind::kMenu && kind != ControlKind::kStatusBar;
 }
@@ -77,13 +88,22 @@ void MainWindow::Connect(const ControlView& view) {
     connect(edit, &QLineEdit::textEdited, this,
             [this, name](const QString& text) { Run([&] { TypeText(program_, name, text.toStdString()); }); });
   } else if (auto* lines = qobject_cast<QListWidget*>(view.widget)) {
-    connect(lines, &QListWidget::itemSelectionChanged, this, [this, lines, list = view.named.list] {
-      Run([&] {
-        for (int i = 0; i < lines->count(); ++i) list->Select(i, lines->item(i)->isSelected());
-      });
-    });
+    ConnectList(*lines, view);
   } else if (view.named.kind == ControlKind::kGrid) {
     static_cast<GridView&>(*view.widget).Connect(EventsOf(name));
+  }
+}
+
+void MainWindow::ConnectList(QListWidget& lines, const ControlView& view) {
+  connect(&lines, &QListWidget::itemSelectionChanged, this, [this, &lines, list = view.named.list] {
+    Run([&] {
+      for (int i = 0; i < lines.count(); ++i) list->Select(i, lines.item(i)->isSelected());
+    });
+  });
+  for (const DoubleClick& pair : kDoubleClicks) {
+    if (pair.list != view.named.name) continue;
+    connect(&lines, &QListWidget::itemDoubleClicked, this,
+            [this, button = std::string(pair.button)] { RunClick(button); });
   }
 }
 

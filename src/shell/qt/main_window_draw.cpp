@@ -81,18 +81,18 @@ void MainWindow::FitCanvas() {
 
 void MainWindow::DrawFocus() {
   MainScreen& main = program_.main;
-  // Sheet and results stand in the same place: the focus of the one that goes passes to the one that comes.
-  if (main.focus == "Grid1" && !main.Grid1.control.visible && main.Grid2.control.visible) main.focus = "Grid2";
-  if (main.focus == "Grid2" && !main.Grid2.control.visible && main.Grid1.control.visible) main.focus = "Grid1";
-  if (main.focus == drawn_focus_) return;
-  drawn_focus_ = main.focus;
-  ControlView* view = ViewOf(main.focus);
-  if (view == nullptr || view->widget->hasFocus()) return;
-  view->widget->setFocus(Qt::OtherFocusReason);
-  const QRect place(view->widget->mapTo(canvas_, QPoint()), view->widget->size());
-  if (view->named.kind != ControlKind::kGrid) {
-    area_->ensureVisible(place.center().x(), place.center().y(), place.width() / 2, place.height() / 2);
+  // A control that is gone leaves the focus to the sheet or to the results over it.
+  if (!main.focus.empty() && ReachOf(program_, main.focus) == Reach::kHidden) {
+    main.focus = main.Grid2.control.visible ? "Grid2" : "Grid1";
   }
+  ControlView* view = ViewOf(main.focus);
+  const QWidget* now = focusWidget();
+  const bool elsewhere = now != nullptr && !canvas_->isAncestorOf(now);
+  if (view == nullptr || view->widget == now || elsewhere || !view->widget->isEnabled()) return;
+  view->widget->setFocus(Qt::OtherFocusReason);
+  if (view->named.kind == ControlKind::kGrid) return;
+  const QRect place(view->widget->mapTo(canvas_, QPoint()), view->widget->size());
+  area_->ensureVisible(place.center().x(), place.center().y(), place.width() / 2, place.height() / 2);
 }
 
 // Busy is shown only while something runs: a flag that a failed command left behind doesn't hold the pointer.

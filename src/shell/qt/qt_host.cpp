@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDate>
+#include <QFileDialog>
 #include <QLocale>
 #include <QMessageBox>
 
@@ -28,6 +29,24 @@ QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::s
   const int answer = box.exec();
   QApplication::restoreOverrideCursor();
   return static_cast<QMessageBox::StandardButton>(answer);
+}
+
+// The filters as the toolkit writes them: "Caption (pattern);;...". A caption that names its pattern keeps it once.
+QStringList FiltersOf(std::string_view filters) {
+  const QStringList parts = ToQt(filters).split('|');
+  QStringList captions;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString name = parts[i].left(parts[i].indexOf('(')).trimmed();
+    const QString pattern = parts[i + 1].trimmed() == "*.*" ? QString("*") : parts[i + 1].trimmed();
+    // Files from other systems may be named in small letters.
+    captions.append(name + " (" + (pattern == "*" ? pattern : pattern + " " + pattern.toLower()) + ")");
+  }
+  return captions;
+}
+
+std::optional<std::string> Chosen(const QString& path) {
+  if (path.isEmpty()) return std::nullopt;
+  return path.toStdString();
 }
 
 }  // namespace
@@ -64,6 +83,20 @@ bool QtHost::Question(std::string_view body, std::string_view title) {
 
 void QtHost::Beep() {
   QApplication::beep();
+}
+
+std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
+  const QStringList filters = FiltersOf(dialog.filters);
+  QString selected = filters.value(dialog.filter - 1);
+  return Chosen(
+      QFileDialog::getOpenFileName(window_, ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
+}
+
+std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
+  const QStringList filters = FiltersOf(dialog.filters);
+  QString selected = filters.value(dialog.filter - 1);
+  return Chosen(
+      QFileDialog::getSaveFileName(window_, ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
 }
 
 std::optional<std::string> QtHost::Setting(std::string_view key) {

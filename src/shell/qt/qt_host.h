@@ -23,6 +23,8 @@ class QtHost final : public Host {
   void Message(std::string_view body, std::string_view title) override;
   bool Question(std::string_view body, std::string_view title) override;
   void Beep() override;
+  std::optional<std::string> OpenDialog(const FileDialog& dialog) override;
+  std::optional<std::string> SaveDialog(const FileDialog& dialog) override;
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
