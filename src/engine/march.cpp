@@ -57,16 +57,14 @@ void CarryHead(const Line& line, const Profile& profile, const MarchPlace& place
   profile.head[place.row - 1] = head;
 }
 
-int MarchRows(const Line& line, const Profile& profile, MarchPlace& place, int count) {
-  int worked = 0;
-  while (worked < count && place.row >= 2) {
+void MarchRows(const Line& line, const Profile& profile, MarchPlace& place, int count) {
+  const int end = std::max(place.row - count, 1);
+  while (place.row > end) {
     TakeOrifice(line, profile, place);
     CarryHead(line, profile, place);
     --place.row;
-    ++worked;
-    if (profile.head[place.row] < 0) break;
+    if (profile.head[place.row] < 0) return;
   }
-  return worked;
 }
 
 }  // namespace torvale

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <span>
 #include <vector>
 
 namespace torvale {
@@ -38,8 +37,7 @@ struct MarchPlace {
 //     h' = h - rise + L (Q^1.852 / d^4.866 F / 100)   (Hazen-Williams, feet per 100 feet)
 // The flow is rounded to 32 bits at each row as the record stores it, the head stays in 64 bits. Needs a head of 0 or
 // more at `place.row`. An overflow or a zero pipe diameter is a RunTimeFault with the rows before it written.
-// Returns the number of rows worked.
-int MarchRows(const Line& line, const Profile& profile, MarchPlace& place, int count);
+void MarchRows(const Line& line, const Profile& profile, MarchPlace& place, int count);
 
 // One row of the march in its two steps, for the rows at which a caller must look in between.
 void TakeOrifice(const Line& line, const Profile& profile, MarchPlace& place);
