@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""count_results.py FOLDER PROGRAM...: prints "PASSED FAILED", the sums over the results that each test program left in
+"""count_results.py FOLDER PROGRAM...: prints "PASSED FAILED SKIPPED", the sums over the results that each test program left in
 FOLDER/<program>.json. A program that left none crashed or hung, and one without a single test tests nothing: each counts
 as one failure. The names of such programs, and of failed tests, go to standard error."""
 
@@ -17,9 +17,9 @@ def failed_names(results):
     ]
 
 
-def passed_count(results):
+def count(results, outcome):
     return sum(
-        test["result"] == "COMPLETED" and not test.get("failures")
+        test["result"] == outcome and not test.get("failures")
         for suite in results["testsuites"]
         for test in suite["testsuite"]
     )
@@ -27,7 +27,7 @@ def passed_count(results):
 
 def main():
     folder, programs = pathlib.Path(sys.argv[1]), sys.argv[2:]
-    passed, failed = 0, 0
+    passed, failed, skipped = 0, 0, 0
     for program in programs:
         try:
             results = json.loads((folder / f"{program}.json").read_text())
@@ -36,14 +36,15 @@ def main():
             failed += 1
             continue
         names = failed_names(results)
-        good = passed_count(results)
+        good = count(results, "COMPLETED")
         if good + len(names) == 0:
             names = ["no test ran"]
         for name in names:
             print(f"{program}: {name}", file=sys.stderr)
         passed += good
         failed += len(names)
-    print(passed, failed)
+        skipped += count(results, "SKIPPED")
+    print(passed, failed, skipped)
 
 
 if __name__ == "__main__":
