@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/run_time_fault.h"
+
 namespace torvale {
 
 // What a file operation fails with: the operating system's error number, or one of those below.
@@ -10,5 +12,19 @@ struct FileFault {
 inline constexpr int kOutOfBounds = 9;  // a count or index beyond its list, a number beyond its field
 inline constexpr int kWrongKind = 13;   // a field that is not of the kind that is read
 inline constexpr int kPastTheEnd = 62;  // no field left
+
+// Runs `work` and gives back the number of the error that ended it, 0 for none. A run-time fault counts as a value out
+// of bounds.
+template <typename Work>
+int ErrorOf(const Work& work) {
+  try {
+    work();
+    return 0;
+  } catch (const FileFault& fault) {
+    return fault.number;
+  } catch (const RunTimeFault&) {
+    return kOutOfBounds;
+  }
+}
 
 }  // namespace torvale

@@ -129,9 +129,12 @@ void ConnectInfoFields(Program& program) {
 }
 
 void txtInfo_GotFocus(Program& program, int index) {
-  TextField& field = Field(program, index);
-  if (ShownText(program, program.main.focus) == field.text()) field.select_all = true;
+  SelectWhereShown(program, Field(program, index));
   program.main.Frame1.visible = false;
+}
+
+void SelectWhereShown(Program& program, TextField& field) {
+  if (ShownText(program, program.main.focus) == field.text()) field.select_all = true;
 }
 
 bool txtInfo_Key(Program& program, int index, FieldKeyKind key) {
@@ -162,7 +165,11 @@ void MoveFocus(Program& program, std::string_view control) {
   if (ReachOf(program, control) != Reach::kUsable) return;
   program.main.focus = control;
   const int index = InfoIndex(control);
-  if (index >= 0) txtInfo_GotFocus(program, index);
+  if (index >= 0) {
+    txtInfo_GotFocus(program, index);
+  } else if (TextField* field = FindField(program, control)) {
+    SelectWhereShown(program, *field);
+  }
   const std::string_view hint = FocusHint(program, control);
   if (!hint.empty()) program.main.sbStatusBar.caption = hint;
 }

@@ -17,6 +17,9 @@ enum class FieldKeyKind { kEnter, kUp, kDown, kOther };
 
 // Selects the whole text and leaves the panel of defaults.
 void txtInfo_GotFocus(Program& program, int index);
+// Selects a field's whole text where the active control shows the same text, as the field itself does on gaining the
+// focus.
+void SelectWhereShown(Program& program, TextField& field);
 // A key in a field, before it changes the text. True where the key is swallowed.
 bool txtInfo_Key(Program& program, int index, FieldKeyKind key);
 

@@ -70,15 +70,6 @@ void NextColumn(Program& program) {
   }
 }
 
-void DropLastCharacter(Grid& sheet) {
-  std::string text = sheet.CurrentText();
-  if (Trim(text).empty()) return;
-  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-  while (text.size() > 1 && continues(text.back())) text.pop_back();
-  text.pop_back();
-  SetCurrentText(sheet, text);
-}
-
 void AppendCharacter(Program& program, std::string_view character) {
   Grid& sheet = program.main.Grid1;
   SetCurrentText(sheet, sheet.CurrentText() + std::string(character));
@@ -140,7 +131,7 @@ void RunKey(Program& program, std::string_view character) {
   } else if (character == "\r") {
     EnterKey(program);
   } else if (character == "\b") {
-    DropLastCharacter(program.main.Grid1);
+    SetCurrentText(program.main.Grid1, WithoutLastCharacter(program.main.Grid1.CurrentText()));
   } else if (character == "." || (character.size() == 1 && character[0] >= '0' && character[0] <= '9')) {
     AppendCharacter(program, character);
   } else if (character.size() != 1 || static_cast<unsigned char>(character[0]) >= 32) {
@@ -211,6 +202,14 @@ void ExtendSelection(Program& program, int row, int column) {
   Grid& sheet = program.main.Grid1;
   if (sheet.row == 0) MoveCursor(program, 1, sheet.column);
   sheet.SetSelection(std::clamp(row, 1, sheet.rows() - 1), std::clamp(column, 0, sheet.column_count() - 1));
+}
+
+std::string WithoutLastCharacter(std::string text) {
+  if (Trim(text).empty()) return text;
+  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+  while (text.size() > 1 && continues(text.back())) text.pop_back();
+  text.pop_back();
+  return text;
 }
 
 void mnuInsertRow_Click(Program& program) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "screen/program.h"
@@ -26,6 +27,9 @@ void ExtendSelection(Program& program, int row, int column);
 
 // Make room at the cursor's row, or close it. Columns 0 to 7 move, column 8 stays. Nothing happens while results cover
 // the sheet; in the heading row the beep sounds.
+// The text without its last character; a text of blanks alone stays.
+std::string WithoutLastCharacter(std::string text);
+
 void mnuInsertRow_Click(Program& program);
 void mnuDeleteRow_Click(Program& program);
 

@@ -21,6 +21,16 @@ bool ListBox::Selected(int index) const {
   return Holds(index) && lines_[static_cast<std::size_t>(index)].selected;
 }
 
+int ListBox::Current() const {
+  const auto found = std::find_if(lines_.begin(), lines_.end(), [](const Entry& e) { return e.selected; });
+  return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
+}
+
+void ListBox::Deselect() {
+  for (Entry& entry : lines_) entry.selected = false;
+  ++revision_;
+}
+
 void ListBox::Add(std::string_view line) {
   const auto place = sorted ? std::upper_bound(lines_.begin(), lines_.end(), line,
                                                [](std::string_view text, const Entry& e) { return text < e.text; })

@@ -73,14 +73,17 @@ class TextField {
 class ListBox {
  public:
   Control control;
-  bool multiple = false;  // several lines may be selected at once
-  bool sorted = false;    // lines are kept in ascending order of their character codes
+  bool multiple = false;   // several lines may be selected at once
+  bool drop_down = false;  // shows the selected line alone until it is opened
+  bool sorted = false;     // lines are kept in ascending order of their character codes
 
   int count() const { return static_cast<int>(lines_.size()); }
   std::uint64_t revision() const { return revision_; }
   // The text of a line, from 0; a line that is not there reads as empty.
   const std::string& Line(int index) const;
   bool Selected(int index) const;
+  // The first selected line, or -1.
+  int Current() const;
 
   void Add(std::string_view line);
   // A line that is not there is passed over, here and below.
@@ -88,6 +91,7 @@ class ListBox {
   void Clear();
   // In a list of one selected line, selecting it takes the mark from the others.
   void Select(int index, bool selected);
+  void Deselect();
 
  private:
   struct Entry {

@@ -6,6 +6,14 @@
 
 namespace torvale {
 
+// What a file dialog starts with.
+struct FileDialog {
+  std::string title;
+  std::string filters;  // pairs of a caption and a pattern, all separated by "|"; empty for none
+  int filter = 1;       // the one selected at first, from 1
+  std::string name;     // preset file name
+};
+
 // The services of a windowing desktop that the program needs. The windows implement them with a toolkit, the script
 // runner without one.
 class Host {
@@ -20,6 +28,10 @@ class Host {
   // Asks with Yes and No; true for Yes. An empty title stands for the program's name.
   virtual bool Question(std::string_view body, std::string_view title) = 0;
   virtual void Beep() = 0;
+
+  // The path that the user chose, UTF-8; nothing where the dialog was cancelled. Saving over a file asks first.
+  virtual std::optional<std::string> OpenDialog(const FileDialog& dialog) = 0;
+  virtual std::optional<std::string> SaveDialog(const FileDialog& dialog) = 0;
 
   // Per-user settings by key; nothing where the key was never saved.
   virtual std::optional<std::string> Setting(std::string_view key) = 0;

@@ -40,13 +40,22 @@ std::string Indexed(std::string_view name, std::size_t index) {
 void AddMenus(MainScreen& s, std::vector<NamedControl>& all) {
   all.insert(all.end(), {Menu("mnuFile", s.mnuFile),
                          Menu("mnuFileNew", s.mnuFileNew, "mnuFile"),
+                         Menu("mnuFileOpen", s.mnuFileOpen, "mnuFile"),
+                         Menu("mnuFileSave", s.mnuFileSave, "mnuFile"),
+                         Menu("mnuFileSaveAs", s.mnuFileSaveAs, "mnuFile"),
                          Menu("mnuPrintSummary", s.mnuPrintSummary, "mnuFile"),
                          Menu("mnuPrintComplete", s.mnuPrintComplete, "mnuFile"),
                          Menu("mnuPrtHoleSummary", s.mnuPrtHoleSummary, "mnuFile"),
+                         Menu("mnuFileList(0)", s.mnuFileList[0], "mnuFile"),
+                         Menu("mnuFileList(1)", s.mnuFileList[1], "mnuFile"),
+                         Menu("mnuFileList(2)", s.mnuFileList[2], "mnuFile"),
+                         Menu("mnuFileList(3)", s.mnuFileList[3], "mnuFile"),
+                         Menu("mnuFileBar3", s.mnuFileBar3, "mnuFile"),
                          Menu("mnuFileExit", s.mnuFileExit, "mnuFile"),
                          Menu("mnuEdit", s.mnuEdit),
                          Menu("mnuInsertRow", s.mnuInsertRow, "mnuEdit"),
                          Menu("mnuDeleteRow", s.mnuDeleteRow, "mnuEdit"),
+                         Menu("mnuSoils_and_Furrow", s.mnuSoils_and_Furrow, "mnuEdit"),
                          Menu("mnuPreference", s.mnuPreference),
                          Menu("mnuDesign", s.mnuDesign),
                          Menu("mnuDesignField", s.mnuDesignField, "mnuDesign"),
@@ -74,13 +83,19 @@ void AddFields(std::array<TextField, 6>& fields, std::vector<NamedControl>& all)
 }
 
 void AddPreferences(MainScreen& s, std::vector<NamedControl>& all) {
-  all.insert(all.end(),
-             {Frame("Frame1", s.Frame1), Label("lblDefDistance", s.lblDefDistance, "Frame1"),
-              Label("lblHoleSize", s.lblHoleSize, "Frame1"), Label("lblOpenFilter", s.lblOpenFilter, "Frame1")});
-  for (std::size_t i = 0; i < s.txtDefault.size(); ++i) {
-    all.push_back(
-        {Indexed("txtDefault", i), ControlKind::kField, "Frame1", &s.txtDefault[i].control, &s.txtDefault[i]});
+  constexpr std::string_view kPanel = "Frame1";
+  constexpr std::size_t kFirstLabelled = 2;  // the fields before it and the last have labels of their own names
+  all.insert(all.end(), {Frame(kPanel, s.Frame1), Label("lblDefDistance", s.lblDefDistance, kPanel),
+                         Label("lblHoleSize", s.lblHoleSize, kPanel)});
+  for (std::size_t i = 0; i < s.lblDefault.size(); ++i) {
+    all.push_back(Label(Indexed("lblDefault", i + kFirstLabelled), s.lblDefault[i], kPanel));
   }
+  all.push_back(Label("lblOpenFilter", s.lblOpenFilter, kPanel));
+  for (std::size_t i = 0; i < s.txtDefault.size(); ++i) {
+    all.push_back({Indexed("txtDefault", i), ControlKind::kField, std::string(kPanel), &s.txtDefault[i].control,
+                   &s.txtDefault[i]});
+  }
+  all.push_back(Button("btnDefaultExit", s.btnDefaultExit, kPanel));
 }
 
 void AddHoleSelection(MainScreen& s, std::vector<NamedControl>& all) {
@@ -135,6 +150,14 @@ constexpr std::string_view kHeadTip =
 constexpr Look kLooks[] = {
     {"mnuFile", "&File", {}, kShown, ""},
     {"mnuFileNew", "&New", {}, kShown, "Clear the sheet and begin a new design"},
+    {"mnuFileOpen", "&Open...", {}, kShown, "Open a saved design"},
+    {"mnuFileSave", "&Save", {}, kShown, "Save the design under its name"},
+    {"mnuFileSaveAs", "Save &As...", {}, kShown, "Save the design under another name"},
+    {"mnuFileList(0)", "", {}, kAway, "Open this design again"},
+    {"mnuFileList(1)", "", {}, kAway, "Open this design again"},
+    {"mnuFileList(2)", "", {}, kAway, "Open this design again"},
+    {"mnuFileList(3)", "", {}, kAway, "Open this design again"},
+    {"mnuFileBar3", "-", {}, kAway, ""},
     {"mnuPrintSummary", "", {}, kShown, ""},
     {"mnuPrintComplete", "", {}, kShown, ""},
     {"mnuPrtHoleSummary", "", {}, kShown, ""},
@@ -142,7 +165,12 @@ constexpr Look kLooks[] = {
     {"mnuEdit", "&Edit", {}, kShown, ""},
     {"mnuInsertRow", "&Insert Row", {}, kShown, "Move the rows from the current one on down by one"},
     {"mnuDeleteRow", "&Delete Row", {}, kShown, "Take the current row out and move those below up"},
-    {"mnuPreference", "P&reference", {}, kShown, ""},
+    {"mnuSoils_and_Furrow",
+     "Soils and Furrow Rcommendation Editor ",
+     {},
+     kShown,
+     "Edit the list of soils and the furrow flow recommended for each"},
+    {"mnuPreference", "P&reference", {}, kShown, "Defaults of new designs, coefficients and limits"},
     {"mnuDesign", "D&esign", {}, kShown, ""},
     {"mnuDesignField",
      "&Planned Design",
@@ -203,7 +231,9 @@ constexpr Look kLooks[] = {
      {8160, 75, 2640, 315},
      kShown,
      "Whether the results on the screen belong to the last calculation"},
-    {"lblHeadCount", "", {5640, 465, 5160, 315}, kAway, ""},
+    {"lblHeadCount", "", {6360, 1590, 4560, 285}, kAway, ""},
+    {"listSoils", "", {5640, 465, 2280, 315}, kShown, "Soil of the field, for the furrow flow recommended for it"},
+    {"lblRecFurrowFlow", "", {8040, 465, 2760, 315}, kShown, "Advice only: it does not enter the design"},
     {"lblAvgFurrowFlow", "", {5640, 855, 5160, 315}, kAway, ""},
     {"lblAcresTotal", "", {5640, 1245, 5160, 315}, kShown, ""},
     {"lblCrownSlope", "", {6360, 1590, 4560, 285}, kAway, ""},
@@ -258,7 +288,8 @@ constexpr Look kLooks[] = {
     {"frameHoleEquiv", "", {1680, 3660, 7200, 420}, kAway, ""},
     {"lblHoleEquiv", "", {60, 75, 7080, 270}, kShown, ""},
 
-    {"Frame1", "Defaults", {10000, 700, 7200, 8400}, kAway, ""},
+    {"Frame1", "Defaults", {10000, 700, 5400, 8600}, kAway, ""},
+    {"btnDefaultExit", "&Exit", {1900, 8070, 1600, 400}, kShown, "Close the panel and keep these preferences"},
     {"frameHoleSelection", "", {2040, 360, 6400, 5600}, kAway, ""},
     {"lblAllHoles", "Holes Selection", {120, 120, 1500, 255}, kShown, ""},
     {"listAllHoles", "", {120, 420, 1500, 4980}, kShown, "Hold Ctrl down to select more than one hole size at a time."},
@@ -293,10 +324,73 @@ constexpr Look kLooks[] = {
 };
 
 constexpr MenuTrait kMenuTraits[] = {
-    {"mnuFileNew", "Ctrl+N", false},        {"mnuFileExit", "Ctrl+Q", true}, {"mnuInsertRow", "Ctrl+Ins", false},
-    {"mnuDeleteRow", "Ctrl+Del", false},    {"mnuDesignField", "F5", false}, {"mnuExistingDesign", "F9", false},
-    {"mnuComputerHoleSelection", "", true}, {"mnuWindowInfo", "F4", false},
+    {"mnuFileOpen", "Ctrl+O", false}, {"mnuFileSave", "Ctrl+S", false},    {"mnuFileSaveAs", "Ctrl+Shift+S", false},
+    {"mnuFileList(0)", "", true},     {"mnuSoils_and_Furrow", "", true},   {"mnuFileNew", "Ctrl+N", false},
+    {"mnuFileExit", "Ctrl+Q", true},  {"mnuInsertRow", "Ctrl+Ins", false}, {"mnuDeleteRow", "Ctrl+Del", false},
+    {"mnuDesignField", "F5", false},  {"mnuExistingDesign", "F9", false},  {"mnuComputerHoleSelection", "", true},
+    {"mnuWindowInfo", "F4", false},
 };
+
+// The preferences, one below the other: caption of the label, tool tips of the label and of the field.
+struct PreferenceLook {
+  std::string_view caption;
+  std::string_view label_tip;
+  std::string_view field_tip;
+};
+
+constexpr std::string_view kStationTip =
+    "Enter the distance between entries of the crown survey. (e.g. 100ft between survey readings)";
+constexpr std::string_view kGateSizeTip = "Used for calculating hole area in gated pipe same as above";
+constexpr std::string_view kHighestHeadTip =
+    "This is an starting head and will be reduced by the increments entered below.  The program will not go below 0.5' "
+    "of head during the incrementation. ";
+constexpr std::string_view kFilterTip = "Kind of file that Open shows first";
+
+constexpr std::array<PreferenceLook, 16> kPreferences = {{
+    {"Distance Between Stations (feet):", kStationTip, kStationTip},
+    {"Change Hole Size (Press + or -):", "Use the plus or minus key to change hole sizes",
+     "Use the plus or minus key to change hole sizes"},
+    {"Orifice Coeficient:", "Usually 0.65 for layflat pipe.", "Usually 0.65 for layflat pipe."},
+    {"Hazen William C:", "Layflat 140, Smooth Steel commonly used 100, etc.",
+     "Layflat 140, Smooth Steel commonly used 100, etc."},
+    {"Warning for Max. Elevation Difference between Crown and Field (feet):",
+     "This number represents the desired difference between the highest crown elevation above the field elevation.",
+     "Enter the maximum difference you want in crown elevations."},
+    {" Pipe Diameter (inches):", "", "Inside diameter that a new survey begins with, inches"},
+    {"Distance between watered furrows (feet):", "", "Spacing and planted width that a new survey begins with, feet"},
+    {"Number of Holes Per Furrow:", "", "Holes at each watered furrow that a new survey begins with"},
+    {"Mil (Pipe Wall Thickness) :", "Fior layflat pipe usually 6,7,9, 10, 12",
+     "Fior layflat pipe usually 6,7,9, 10, 12"},
+    {"Elevations or Rod Readings (R or E):", "", "R: surveys are rod readings. E: they are elevations."},
+    {"Target Head (feet):", "Used for an estimated highest head",
+     "This will be diplayed as Target Head when program is started."},
+    {"Hole Type Rectangle or Circular (R or C):", "Used for calculating hole area in gated pipe",
+     "Used for calculating hole area in gated pipe"},
+    {"Diameter or Height of gated hole (inches):", kGateSizeTip, kGateSizeTip},
+    {"HighestTarget head for calculating Limited Holes Selection (ft.):", kHighestHeadTip, kHighestHeadTip},
+    {"Increments in head change for Limited Hole Selection:",
+     "Use to determine what amount you desire to use when the computer changes head pressure while calculating the "
+     "best "
+     "holes you have selected.",
+     "This valuse is used when reducing the as the Limited Hole Selection is calculating."},
+    {"", kFilterTip, kFilterTip},
+}};
+
+void PlacePreferences(MainScreen& s) {
+  constexpr int kTop = 330;
+  constexpr int kStep = 478;
+  std::array<Control*, kPreferences.size()> labels = {&s.lblDefDistance, &s.lblHoleSize};
+  for (std::size_t i = 0; i < s.lblDefault.size(); ++i) labels.at(i + 2) = &s.lblDefault[i];
+  labels.back() = &s.lblOpenFilter;
+  for (std::size_t i = 0; i < kPreferences.size(); ++i) {
+    const int top = kTop + kStep * static_cast<int>(i);
+    labels[i]->caption = kPreferences[i].caption;
+    labels[i]->tool_tip = kPreferences[i].label_tip;
+    labels[i]->place = {90, top, 4200, 435};
+    s.txtDefault[i].control.tool_tip = kPreferences[i].field_tip;
+    s.txtDefault[i].control.place = {4350, top + 45, 930, 315};
+  }
+}
 
 constexpr std::string_view kZoomCaptions[] = {"75 %", "100 %", "125 %", "150 %", "175 %", "200 %", "250 %"};
 
@@ -313,9 +407,26 @@ MainScreen::MainScreen() {
     }
   }
   for (std::size_t i = 0; i < mnuZoomTo.size(); ++i) mnuZoomTo[i].caption = kZoomCaptions[i];
+  PlacePreferences(*this);
   listAllHoles.multiple = true;
   listHolesSelected.multiple = true;
   listSortSelectedHoles.sorted = true;
+  listSoils.drop_down = true;
+}
+
+SoilsScreen::SoilsScreen() {
+  title = "Soils and Recommended Furrow Flow Editor";
+  mnuFile.caption = "&File";
+  mnuSave.caption = "&Save";
+  mnu_Save_Exit.caption = "S&ave and Exit";
+  MnuExit.caption = "&Exit";
+  Grd_Soils_FurrowFlow.control.place = {60, 60, 5400, 6600};
+}
+
+std::vector<NamedControl> ControlsOf(SoilsScreen& s) {
+  return {Menu("mnuSoilsFile", s.mnuFile), Menu("mnuSave", s.mnuSave, "mnuSoilsFile"),
+          Menu("mnu_Save_Exit", s.mnu_Save_Exit, "mnuSoilsFile"), Menu("MnuExit", s.MnuExit, "mnuSoilsFile"),
+          Sheet("Grd_Soils_FurrowFlow", s.Grd_Soils_FurrowFlow)};
 }
 
 std::vector<NamedControl> ControlsOf(MainScreen& s) {
@@ -329,6 +440,7 @@ std::vector<NamedControl> ControlsOf(MainScreen& s) {
              {Sheet("Grid1", s.Grid1), Sheet("Grid2", s.Grid2), Sheet("GridInchesApplied", s.GridInchesApplied),
               Button("cmdInterpolate", s.cmdInterpolate), Button("cmdCancel", s.cmdCancel),
               Button("cmdReCalc", s.cmdReCalc), Button("cmdDesignToggle", s.cmdDesignToggle)});
+  all.insert(all.end(), {List("listSoils", s.listSoils, ""), Label("lblRecFurrowFlow", s.lblRecFurrowFlow)});
   AddResults(s, all);
   AddPreferences(s, all);
   AddHoleSelection(s, all);

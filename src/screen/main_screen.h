@@ -27,8 +27,10 @@ struct MainScreen {
   std::string focus;       // name of the active control
 
   // Menus
-  Control mnuFile, mnuFileNew, mnuPrintComplete, mnuPrintSummary, mnuPrtHoleSummary, mnuFileExit;
-  Control mnuEdit, mnuInsertRow, mnuDeleteRow, mnuSurveyCopy;
+  Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileBar3, mnuPrintComplete, mnuPrintSummary,
+      mnuPrtHoleSummary, mnuFileExit;
+  std::array<Control, 4> mnuFileList;
+  Control mnuEdit, mnuInsertRow, mnuDeleteRow, mnuSoils_and_Furrow, mnuSurveyCopy;
   Control mnuPreference;
   Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
       mnuExistingDesign, mnuManHoleSelection;
@@ -42,8 +44,13 @@ struct MainScreen {
   Control lblName, lblDate, lblGPM, lblHead, lblLocation, lblRodOrElev;
 
   // Preferences
-  Control Frame1, lblDefDistance, lblHoleSize, lblOpenFilter;
+  Control Frame1, lblDefDistance, lblHoleSize, lblOpenFilter, btnDefaultExit;
+  std::array<Control, 13> lblDefault;  // of fields 2 to 14
   std::array<TextField, 16> txtDefault;
+
+  // Soils
+  ListBox listSoils;
+  Control lblRecFurrowFlow;
 
   // Hole selection
   Control frameHoleSelection, lblAllHoles, cmdADDtoSelected, cmdHoleSelected, cmdremoveSelected, Command1,
@@ -67,6 +74,16 @@ struct MainScreen {
   Control sbStatusBar;
 };
 
+// The editor of soils and their recommended furrow flows, a window of its own.
+struct SoilsScreen {
+  SoilsScreen();
+
+  std::string title;
+  bool visible = false;
+  Control mnuFile, mnuSave, mnu_Save_Exit, MnuExit;
+  Grid Grd_Soils_FurrowFlow;
+};
+
 enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, kStatusBar };
 
 // One control of a screen as its name finds it.
@@ -82,6 +99,7 @@ struct NamedControl {
 
 // Every control of the screen, in tab order where it can have the focus; menus in the order of the menu bar.
 std::vector<NamedControl> ControlsOf(MainScreen& screen);
+std::vector<NamedControl> ControlsOf(SoilsScreen& screen);
 
 // The key that runs a menu entry, and whether a line stands above it.
 struct MenuTrait {

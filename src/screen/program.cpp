@@ -8,11 +8,12 @@ namespace torvale {
 namespace {
 
 std::optional<NamedControl> Find(Program& program, std::string_view name) {
-  std::vector<NamedControl> controls = ControlsOf(program.main);
-  const auto found =
-      std::find_if(controls.begin(), controls.end(), [&](const NamedControl& c) { return c.name == name; });
-  if (found == controls.end()) return std::nullopt;
-  return *found;
+  for (const auto& controls : {ControlsOf(program.main), ControlsOf(program.soils)}) {
+    for (const NamedControl& control : controls) {
+      if (control.name == name) return control;
+    }
+  }
+  return std::nullopt;
 }
 
 }  // namespace

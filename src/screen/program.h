@@ -20,6 +20,7 @@ struct Program {
 
   DesignRecord record;
   MainScreen main;
+  SoilsScreen soils;
   Host& host;
 };
 

@@ -1,10 +1,12 @@
 #include "script/headless_host.h"
 
 #include <algorithm>
+#include <fstream>
 #include <limits>
 #include <random>
 #include <system_error>
 
+#include "files/soils.h"
 #include "screen/main_screen.h"
 #include "script/quoting.h"
 
@@ -34,9 +36,11 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-HeadlessHost::HeadlessHost(std::ostream& transcript, std::string program_folder)
-    : transcript_(transcript),
-      program_folder_(program_folder.empty() ? empty_folder_.path().string() : std::move(program_folder)) {}
+HeadlessHost::HeadlessHost(std::ostream& transcript, const std::string& data_folder) : transcript_(transcript) {
+  if (std::filesystem::is_directory(data_folder)) std::filesystem::copy(data_folder, folder_.path());
+  // Opened for appending: a list of no soils where there is none yet.
+  std::ofstream(folder_.path() / kSoilsFile, std::ios::app);
+}
 
 void HeadlessHost::OnYield(long count, std::string control) {
   clicks_.push_back({yields_ + count, std::move(control)});
@@ -79,6 +83,21 @@ void HeadlessHost::Beep() {
   transcript_ << "beep\n";
 }
 
+std::optional<std::string> HeadlessHost::OpenDialog(const FileDialog& dialog) {
+  std::optional<std::string> path;
+  if (!paths_.empty()) {
+    path = paths_.front();
+    paths_.pop();
+  }
+  transcript_ << "dialog " << Quoted(dialog.title) << ' ' << Quoted(dialog.name) << " -> "
+              << (path ? Quoted(*path) : "cancel") << '\n';
+  return path;
+}
+
+std::optional<std::string> HeadlessHost::SaveDialog(const FileDialog& dialog) {
+  return OpenDialog(dialog);
+}
+
 std::optional<std::string> HeadlessHost::Setting(std::string_view key) {
   const auto found = settings_.find(key);
   if (found == settings_.end()) return std::nullopt;
@@ -94,7 +113,7 @@ std::string HeadlessHost::Today() {
 }
 
 std::string HeadlessHost::ProgramFolder() {
-  return program_folder_;
+  return folder_.path().string();
 }
 
 }  // namespace torvale

@@ -28,15 +28,18 @@ class TemporaryFolder {
 };
 
 // A desktop without a window, the same on every machine: what a user would notice goes to a transcript, settings live
-// in memory, the date is always 11/21/2026. The program folder is empty unless one is named, so that no defaults file
-// of the machine changes what a script does.
+// in memory, the date is always 11/21/2026. The program folder is one of its own: without a defaults file and with a
+// list of no soils, so that no file of the machine changes what a script does, or a copy of the folder that is named.
 class HeadlessHost final : public Host {
  public:
-  explicit HeadlessHost(std::ostream& transcript, std::string program_folder = "");
+  explicit HeadlessHost(std::ostream& transcript, const std::string& data_folder = "");
 
   // The next question without an answer takes this one, in the order given. A question for which none was given is
   // answered No: a run is refused or a change is not made, and the transcript shows it.
   void Answer(bool yes) { answers_.push(yes); }
+
+  // What the next file dialog gives; nothing for a cancel. A dialog for which none was given is cancelled.
+  void Dialog(std::optional<std::string> path) { paths_.push(std::move(path)); }
 
   // The `count`th yield from now on runs a click. Several may be pending at once; those due at the same yield run in
   // the order given. One that never comes due in a calculation waits for the next.
@@ -50,6 +53,8 @@ class HeadlessHost final : public Host {
   void Message(std::string_view body, std::string_view title) override;
   bool Question(std::string_view body, std::string_view title) override;
   void Beep() override;
+  std::optional<std::string> OpenDialog(const FileDialog& dialog) override;
+  std::optional<std::string> SaveDialog(const FileDialog& dialog) override;
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
@@ -64,9 +69,9 @@ class HeadlessHost final : public Host {
   long IdleYields() const;
 
   std::ostream& transcript_;
-  TemporaryFolder empty_folder_;
-  std::string program_folder_;
+  TemporaryFolder folder_;
   std::queue<bool> answers_;
+  std::queue<std::optional<std::string>> paths_;
   std::vector<PendingClick> clicks_;
   std::map<std::string, std::string, std::less<>> settings_;
   long yields_ = 0;

@@ -1,4 +1,5 @@
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -43,6 +44,8 @@ int main(int argc, char** argv) {
       file = arguments[i];
     }
   }
+  if (!data_folder.empty() && !std::filesystem::is_directory(data_folder))
+    return Refuse("no such folder: " + data_folder);
   if (file.empty()) return torvale::RunScript(std::cin, std::cout, std::cerr, data_folder);
   std::ifstream script(file);
   if (!script) return Refuse("can't read " + file);

@@ -6,8 +6,8 @@
 
 namespace torvale {
 
-Session::Session(std::ostream& out, std::string data_folder)
-    : transcript(out), host(out, std::move(data_folder)), program(host) {
+Session::Session(std::ostream& out, const std::string& data_folder)
+    : transcript(out), host(out, data_folder), program(host) {
   host.on_click = [this](const std::string& control) { ClickControl(*this, control); };
   StartProgram(program);
 }

@@ -13,7 +13,7 @@ namespace torvale {
 struct Session {
   // Without a data folder the program starts with no defaults file: the preference fields hold their start-up values,
   // and a script types those that it needs. So a script gives the same transcript everywhere.
-  explicit Session(std::ostream& out, std::string data_folder = "");
+  explicit Session(std::ostream& out, const std::string& data_folder = "");
 
   std::ostream& transcript;
   HeadlessHost host;

@@ -203,6 +203,13 @@ void Answer(Session& session, const Arguments& arguments, ScriptLines&) {
   session.host.Answer(YesOrNo(arguments.Word(0)));
 }
 
+// `dialog cancel` cancels; a path of that name stands in quotes.
+void Dialog(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  const Token& path = arguments.Any(0);
+  session.host.Dialog(path.quoted || path.text != "cancel" ? std::optional<std::string>(path.text) : std::nullopt);
+}
+
 void OnYield(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(4, 4);
   OneOf<1>({"yield"}, arguments.Word(0));
@@ -231,11 +238,13 @@ struct Statement {
   void (*run)(Session&, const Arguments&, ScriptLines&);
 };
 
-constexpr Statement kStatements[] = {
-    {"type", Type},         {"cell", WriteCell}, {"fill", Fill},     {"click", ClickStatement},
-    {"key", Keys},          {"at", At},          {"choose", Choose}, {"doubleclick", DoubleClick},
-    {"focus", Focus},       {"mouse", Mouse},    {"answer", Answer}, {"on", OnYield},
-    {"show", ShowStatement}};
+constexpr Statement kStatements[] = {{"type", Type},     {"cell", WriteCell},
+                                     {"fill", Fill},     {"click", ClickStatement},
+                                     {"key", Keys},      {"at", At},
+                                     {"choose", Choose}, {"doubleclick", DoubleClick},
+                                     {"focus", Focus},   {"mouse", Mouse},
+                                     {"answer", Answer}, {"dialog", Dialog},
+                                     {"on", OnYield},    {"show", ShowStatement}};
 
 }  // namespace
 

@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "display/design_display.h"
+#include "files/file_commands.h"
 #include "files/new_design.h"
+#include "files/preferences_panel.h"
+#include "files/soils.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "search/design_commands.h"
@@ -19,9 +22,26 @@ void mnuZoomTo_Click(Program& program) {
   SetZoom(program, kZoomSteps[kStep]);
 }
 
+template <int kEntry>
+void mnuFileListAt_Click(Program& program) {
+  mnuFileList_Click(program, kEntry);
+}
+
 constexpr Command kCommands[] = {
     {"mnuFileNew", mnuFileNew_Click},
+    {"mnuFileOpen", mnuFileOpen_Click},
+    {"mnuFileSave", mnuFileSave_Click},
+    {"mnuFileSaveAs", mnuFileSaveAs_Click},
+    {"mnuFileList(0)", mnuFileListAt_Click<0>},
+    {"mnuFileList(1)", mnuFileListAt_Click<1>},
+    {"mnuFileList(2)", mnuFileListAt_Click<2>},
+    {"mnuFileList(3)", mnuFileListAt_Click<3>},
     {"mnuFileExit", mnuFileExit_Click},
+    {"mnuPreference", mnuPreference_Click},
+    {"btnDefaultExit", btnDefaultExit_Click},
+    {"mnuSoils_and_Furrow", mnuSoils_and_Furrow_Click},
+    {"mnu_Save_Exit", mnu_Save_Exit_Click},
+    {"MnuExit", MnuExit_Click},
     {"mnuInsertRow", mnuInsertRow_Click},
     {"mnuDeleteRow", mnuDeleteRow_Click},
     {"mnuDesignField", mnuDesignField_Click},

@@ -6,13 +6,18 @@
 #include <optional>
 #include <string>
 
+#include "base/numbers.h"
 #include "display/design_display.h"
+#include "files/file_commands.h"
+#include "files/preferences_panel.h"
+#include "files/soils.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 
 namespace torvale {
 namespace {
 
+constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
 constexpr int kLineHeight = 240;  // twips of a row at the sheets' font size
 
 void Report(Program& program, std::string_view what) {
@@ -84,8 +89,8 @@ std::optional<Cell> Target(const Grid& grid, Key key, Cell from) {
   }
 }
 
-void PointAtResult(Program& program, Cell to, bool extend) {
-  Grid& grid = program.main.Grid2;
+// Moves the current cell of a grid that has no rules of its own for it.
+void PointPlainly(Grid& grid, Cell to, bool extend) {
   const int row = std::clamp(to.row, 1, grid.rows() - 1);
   const int column = std::clamp(to.column, 0, grid.column_count() - 1);
   if (extend) {
@@ -93,12 +98,14 @@ void PointAtResult(Program& program, Cell to, bool extend) {
   } else {
     grid.SetCurrent(row, column);
   }
-  Grid2_SelChange(program);
 }
 
 void Point(Program& program, std::string_view grid, Cell to, bool extend) {
   if (grid == "Grid2") {
-    PointAtResult(program, to, extend);
+    PointPlainly(program.main.Grid2, to, extend);
+    Grid2_SelChange(program);
+  } else if (grid == kSoilsGrid) {
+    PointPlainly(program.soils.Grd_Soils_FurrowFlow, to, extend);
   } else if (extend) {
     ExtendSelection(program, to.row, to.column);
   } else {
@@ -108,7 +115,7 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
 
 // The grid that takes keys and clicks under that name, while the user can reach it.
 Grid* LiveGrid(Program& program, std::string_view name) {
-  if (name != "Grid1" && name != "Grid2") return nullptr;
+  if (name != "Grid1" && name != "Grid2" && name != kSoilsGrid) return nullptr;
   return ReachOf(program, name) == Reach::kUsable ? FindGrid(program, name) : nullptr;
 }
 
@@ -128,8 +135,17 @@ std::string_view CharacterOf(const KeyStroke& stroke) {
   }
 }
 
+constexpr std::string_view kInfoFields = "txtInfo(";
+constexpr std::string_view kPreferences = "txtDefault(";
+
+// The index of a field of a row of fields ("txtInfo(3)"), or -1 for a control that is none of them.
+int IndexIn(std::string_view fields, std::string_view name) {
+  if (!name.starts_with(fields)) return -1;
+  return static_cast<int>(Val(name.substr(fields.size())));
+}
+
 bool IsInfoField(std::string_view name) {
-  return name.substr(0, 8) == "txtInfo(";
+  return name.starts_with(kInfoFields);
 }
 
 // A straight double quote would cut a saved design short, so the keyboard gives the closing quotation mark (U+201D).
@@ -204,6 +220,8 @@ void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
       Point(program, grid, *to, stroke.shift);
     } else if (grid == "Grid1" && !CharacterOf(stroke).empty()) {
       Grid1_KeyPress(program, CharacterOf(stroke));
+    } else if (grid == kSoilsGrid && !CharacterOf(stroke).empty()) {
+      Grd_Soils_KeyPress(program, CharacterOf(stroke));
     }
   });
 }
@@ -220,16 +238,44 @@ void TypeText(Program& program, std::string_view field, std::string_view text) {
   Guarded(program, [&] { target->Set(FirstCharacters(typed, target->max_length)); });
 }
 
+// A key in a preference: arrows move, keys that carry a character may be taken whole.
+bool PreferenceKey(Program& program, int index, const KeyStroke& stroke, FieldKeyKind kind) {
+  if (kind == FieldKeyKind::kUp || kind == FieldKeyKind::kDown) {
+    txtDefault_KeyDown(program, index, kind);
+    return true;
+  }
+  return txtDefault_KeyPress(program, index, CharacterOf(stroke));
+}
+
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke) {
   const std::optional<FieldKeyKind> kind = KindOf(stroke.key);
-  if (!kind || !IsInfoField(field) || ReachOf(program, field) != Reach::kUsable) return false;
+  if (!kind || ReachOf(program, field) != Reach::kUsable) return false;
+  const int info = IndexIn(kInfoFields, field);
+  const int preference = IndexIn(kPreferences, field);
   bool swallowed = false;
-  Guarded(program, [&] { swallowed = txtInfo_Key(program, field[8] - '0', *kind); });
+  Guarded(program, [&] {
+    if (info >= 0) swallowed = txtInfo_Key(program, info, *kind);
+    if (preference >= 0) swallowed = PreferenceKey(program, preference, stroke, *kind);
+  });
   return swallowed;
 }
 
 void FocusGained(Program& program, std::string_view control) {
   Guarded(program, [&] { MoveFocus(program, control); });
+}
+
+void FocusLost(Program& program, std::string_view control) {
+  const int preference = IndexIn(kPreferences, control);
+  if (preference >= 0) Guarded(program, [&] { txtDefault_LostFocus(program, preference); });
+}
+
+void MenuOpened(Program& program, std::string_view menu) {
+  if (menu == "mnuFile") Guarded(program, [&] { mnuFile_Click(program); });
+}
+
+void FileDropped(Program& program, std::string_view path) {
+  if (ReachOf(program, "mnuFileOpen") != Reach::kUsable) return;
+  Guarded(program, [&] { OpenNamedFile(program, path); });
 }
 
 void ResultMouse(Program& program, MouseAction action, MouseButton button, int x, int y) {

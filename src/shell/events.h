@@ -43,7 +43,8 @@ struct KeyStroke {
   bool shift = false;
 };
 
-// A key in a grid ("Grid1" or "Grid2"). Arrows move the current cell, with Shift the far corner of the selection.
+// A key in a grid ("Grid1", "Grid2" or "Grd_Soils_FurrowFlow"). Arrows move the current cell, with Shift the far corner
+// of the selection.
 void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke);
 // The user points at a cell; with `extend` the far corner of the selection goes there.
 void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend);
@@ -52,8 +53,13 @@ void GridPoint(Program& program, std::string_view grid, int row, int column, boo
 void TypeText(Program& program, std::string_view field, std::string_view text);
 // A key in a field before it changes the text. True where the key is swallowed.
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
-// A control gets the focus.
+// A control gets the focus, or loses it.
 void FocusGained(Program& program, std::string_view control);
+void FocusLost(Program& program, std::string_view control);
+// A menu drops down.
+void MenuOpened(Program& program, std::string_view menu);
+// A file is dropped on the window, or handed to the program by the file manager: it opens as by the Open command.
+void FileDropped(Program& program, std::string_view path);
 
 // The list of that name, or nullptr.
 ListBox* FindList(Program& program, std::string_view name);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "files/soils.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 
@@ -34,6 +35,7 @@ Reach SelectLines(Program& program, std::string_view list, const std::vector<int
   if (reach != Reach::kUsable) return reach;
   for (int i = 0; i < box->count(); ++i) box->Select(i, false);
   for (const int line : lines) box->Select(line, true);
+  if (box == &program.main.listSoils) Guarded(program, [&] { listSoils_Click(program); });
   return reach;
 }
 

@@ -6,11 +6,15 @@
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
+#include "base/version.h"
 #include "display/design_display.h"
 #include "display/grid_layout.h"
 #include "engine/survey.h"
+#include "files/file_commands.h"
 #include "files/new_design.h"
 #include "files/preferences.h"
+#include "files/preferences_panel.h"
+#include "files/soils.h"
 #include "input/info_fields.h"
 
 namespace torvale {
@@ -114,22 +118,20 @@ void DropAt(Control& panel, double left, double top) {
 
 }  // namespace
 
-std::string ProgramVersion() {
-  return std::to_string(TORVALE_VERSION_MAJOR) + "." + std::to_string(TORVALE_VERSION_MINOR) + "." +
-         std::to_string(TORVALE_VERSION_REVISION);
-}
-
 void StartProgram(Program& program) {
   ConnectInfoFields(program);
   ConnectPreferences(program);
   Form_Load(program);
   Default_Values(program);
   GridSet(program);
+  OpenRecentFiles(program);
 }
 
 void Form_Load(Program& program) {
   MainScreen& main = program.main;
   DesignRecord& record = program.record;
+  SetGrd_Soils_FurrowFlow(program);
+  OpenSoils(program);
   GridSet(program);
   PlaceMainScreen(program);
   LoadZoom(program);
@@ -181,6 +183,7 @@ void Form_Unload(Program& program) {
 }
 
 void mnuFileExit_Click(Program& program) {
+  btnDefaultExit_Click(program);
   Form_Unload(program);
 }
 

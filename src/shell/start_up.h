@@ -7,9 +7,6 @@
 
 namespace torvale {
 
-// Version of the program, major.minor.revision.
-std::string ProgramVersion();
-
 // Brings the program up: connects the fields, loads the main screen, applies defaults, lays the grids out.
 void StartProgram(Program& program);
 

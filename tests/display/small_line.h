@@ -18,6 +18,8 @@ class SilentHost final : public Host {
   void Message(std::string_view, std::string_view) override { ++messages; }
   bool Question(std::string_view, std::string_view) override { return false; }
   void Beep() override {}
+  std::optional<std::string> OpenDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
+  std::optional<std::string> SaveDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
   std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
   void SaveSetting(std::string_view, std::string_view) override {}
   std::string Today() override { return ""; }

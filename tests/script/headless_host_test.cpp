@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 namespace torvale {
@@ -109,9 +111,31 @@ TEST_F(HeadlessHostTest, KeepsSettingsInMemory) {
   EXPECT_EQ(host.Setting("MainLeft"), "1200");
 }
 
-TEST_F(HeadlessHostTest, TheProgramFolderIsEmptyUnlessNamed) {
-  EXPECT_TRUE(std::filesystem::is_empty(host.ProgramFolder()));
-  EXPECT_EQ(HeadlessHost(transcript, "some/folder").ProgramFolder(), "some/folder");
+// Alone in it stands the list of no soils, without which each start would tell of a missing file.
+TEST_F(HeadlessHostTest, TheProgramFolderIsItsOwn) {
+  const std::filesystem::path folder = host.ProgramFolder();
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "SoilsName.txt"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+}
+
+TEST_F(HeadlessHostTest, ANamedFolderIsCopiedAndNeverWrittenTo) {
+  const TemporaryFolder named;
+  std::ofstream(named.path() / "Default50.TVL") << "100";
+  HeadlessHost other(transcript, named.path().string());
+  EXPECT_NE(other.ProgramFolder(), named.path());
+  EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(other.ProgramFolder()) / "Default50.TVL"));
+  EXPECT_FALSE(std::filesystem::exists(named.path() / "SoilsName.txt"));
+}
+
+TEST_F(HeadlessHostTest, ADialogGivesItsPreparedPathAndIsCancelledWithoutOne) {
+  host.Dialog("north.PFD");
+  host.Dialog(std::nullopt);
+  EXPECT_EQ(host.OpenDialog({"Open", "", 1, ""}), "north.PFD");
+  EXPECT_EQ(host.SaveDialog({"Save As", "", 1, "x.PFD"}), std::nullopt);
+  EXPECT_EQ(host.SaveDialog({"Save As", "", 1, ""}), std::nullopt);
+  EXPECT_EQ(transcript.str(),
+            "dialog \"Open\" \"\" -> \"north.PFD\"\ndialog \"Save As\" \"x.PFD\" -> cancel\n"
+            "dialog \"Save As\" \"\" -> cancel\n");
 }
 
 TEST(TemporaryFolder, IsRemovedWithWhatItHolds) {

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "base/fault_of.h"
+#include "base/version.h"
 #include "support/fake_host.h"
 
 namespace torvale {

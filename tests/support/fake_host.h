@@ -31,7 +31,7 @@ inline void PrintTo(const Shown& shown, std::ostream* out) {
 
 class FakeHost final : public Host {
  public:
-  FakeHost() : folder_(MakeFolder()) {}
+  FakeHost() : folder_(MakeFolder()) { WriteFile("SoilsName.txt", ""); }
   ~FakeHost() override {
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
@@ -71,6 +71,16 @@ class FakeHost final : public Host {
     return answer;
   }
   void Beep() override { ++beeps; }
+  std::vector<FileDialog> dialogs;               // as they were shown
+  std::deque<std::optional<std::string>> paths;  // what the coming dialogs give; a dialog without one is cancelled
+  std::optional<std::string> OpenDialog(const FileDialog& dialog) override {
+    dialogs.push_back(dialog);
+    if (paths.empty()) return std::nullopt;
+    const std::optional<std::string> path = paths.front();
+    paths.pop_front();
+    return path;
+  }
+  std::optional<std::string> SaveDialog(const FileDialog& dialog) override { return OpenDialog(dialog); }
   std::optional<std::string> Setting(std::string_view key) override {
     const auto found = settings.find(key);
     return found == settings.end() ? std::nullopt : std::optional<std::string>(found->second);
@@ -79,7 +89,7 @@ class FakeHost final : public Host {
     settings.insert_or_assign(std::string(key), std::string(value));
   }
   std::string Today() override { return "11/21/2026"; }
-  // An empty folder of this host's own, removed with it.
+  // A folder of this host's own, removed with it. It holds a list of no soils.
   std::string ProgramFolder() override { return folder_.string(); }
 
   // Writes a file, byte for byte, into the program's folder.

@@ -1,6 +1,7 @@
 #include "shell/qt/control_view.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -67,6 +68,7 @@ QWidget* MakeFrame(ControlView& view, QWidget* parent) {
 }
 
 QWidget* MakeList(const ListBox& list, QWidget* parent) {
+  if (list.drop_down) return new QComboBox(parent);
   auto* lines = new QListWidget(parent);
   lines->setSelectionMode(list.multiple ? QListWidget::ExtendedSelection : QListWidget::SingleSelection);
   return lines;
@@ -132,17 +134,33 @@ void DrawField(ControlView& view) {
   if (QApplication::mouseButtons() != Qt::NoButton) QTimer::singleShot(0, &edit, [&edit] { edit.selectAll(); });
 }
 
-void DrawLines(ControlView& view) {
-  const ListBox& list = *view.named.list;
-  auto& lines = static_cast<QListWidget&>(*view.widget);
-  if (view.drawn_lines == list.revision()) return;
-  view.drawn_lines = list.revision();
-  const QSignalBlocker quiet(lines);
+void DrawDropDown(QComboBox& box, const ListBox& list) {
+  while (box.count() > list.count()) box.removeItem(box.count() - 1);
+  for (int i = 0; i < list.count(); ++i) {
+    if (i == box.count()) box.addItem(QString());
+    box.setItemText(i, ToQt(list.Line(i)));
+  }
+  box.setCurrentIndex(list.Current());
+}
+
+void DrawListBox(QListWidget& lines, const ListBox& list) {
   while (lines.count() > list.count()) delete lines.takeItem(lines.count() - 1);
   for (int i = 0; i < list.count(); ++i) {
     if (i == lines.count()) lines.addItem(QString());
     lines.item(i)->setText(ToQt(list.Line(i)));
     lines.item(i)->setSelected(list.Selected(i));
+  }
+}
+
+void DrawLines(ControlView& view) {
+  const ListBox& list = *view.named.list;
+  if (view.drawn_lines == list.revision()) return;
+  view.drawn_lines = list.revision();
+  const QSignalBlocker quiet(view.widget);
+  if (list.drop_down) {
+    DrawDropDown(static_cast<QComboBox&>(*view.widget), list);
+  } else {
+    DrawListBox(static_cast<QListWidget&>(*view.widget), list);
   }
 }
 

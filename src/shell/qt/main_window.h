@@ -45,7 +45,7 @@ class MainWindow final : public QMainWindow {
   QWidget* ParentOf(const NamedControl& named) const;
   GridEvents EventsOf(const std::string& name);
   void Connect(const ControlView& view);
-  void ConnectList(QListWidget& lines, const ControlView& view);
+  void ConnectList(QListWidget& lines, const std::string& name);
   void NameFields();
   void NameGrids();
   void MakeShortcuts();

@@ -1,5 +1,6 @@
 // The part of the main window that is done once: widgets, names for readers of the screen, keys.
 #include <QAction>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -23,17 +24,6 @@ constexpr std::array<GridName, 3> kGridNames = {{
     {"Grid1", "Survey sheet"},
     {"Grid2", "Design results"},
     {"GridInchesApplied", "Hours and days of pumping"},
-}};
-
-// A double click on a line of a list presses the button beside it.
-struct DoubleClick {
-  std::string_view list;
-  std::string_view button;
-};
-
-constexpr std::array<DoubleClick, 2> kDoubleClicks = {{
-    {"listAllHoles", "cmdADDtoSelected"},
-    {"listHolesSelected", "cmdremoveSelected"},
 }};
 
 bool OnCanvas(ControlKind kind) {
@@ -88,23 +78,24 @@ void MainWindow::Connect(const ControlView& view) {
     connect(edit, &QLineEdit::textEdited, this,
             [this, name](const QString& text) { Run([&] { TypeText(program_, name, text.toStdString()); }); });
   } else if (auto* lines = qobject_cast<QListWidget*>(view.widget)) {
-    ConnectList(*lines, view);
+    ConnectList(*lines, name);
+  } else if (auto* box = qobject_cast<QComboBox*>(view.widget)) {
+    connect(box, &QComboBox::activated, this,
+            [this, name](int line) { Run([&] { SelectLines(program_, name, {line}); }); });
   } else if (view.named.kind == ControlKind::kGrid) {
     static_cast<GridView&>(*view.widget).Connect(EventsOf(name));
   }
 }
 
-void MainWindow::ConnectList(QListWidget& lines, const ControlView& view) {
-  connect(&lines, &QListWidget::itemSelectionChanged, this, [this, &lines, list = view.named.list] {
-    Run([&] {
-      for (int i = 0; i < lines.count(); ++i) list->Select(i, lines.item(i)->isSelected());
-    });
+void MainWindow::ConnectList(QListWidget& lines, const std::string& name) {
+  connect(&lines, &QListWidget::itemSelectionChanged, this, [this, &lines, name] {
+    std::vector<int> selected;
+    for (const QModelIndex& index : lines.selectionModel()->selectedIndexes()) selected.push_back(index.row());
+    Run([&] { SelectLines(program_, name, selected); });
   });
-  for (const DoubleClick& pair : kDoubleClicks) {
-    if (pair.list != view.named.name) continue;
-    connect(&lines, &QListWidget::itemDoubleClicked, this,
-            [this, button = std::string(pair.button)] { RunClick(button); });
-  }
+  connect(&lines, &QListWidget::itemDoubleClicked, this, [this, &lines, name](const QListWidgetItem* item) {
+    Run([&] { DoubleClickLine(program_, name, lines.row(item)); });
+  });
 }
 
 // A field is called what the label ahead of it says, or else what its tool tip or name says.

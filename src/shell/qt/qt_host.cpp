@@ -20,15 +20,20 @@ QSettings Store() {
   return QSettings(ToQt(kProgramTitle), ToQt(kProgramTitle));
 }
 
-// A message waits for the user, so the pointer over it is the plain one.
+// A box waits for the user, so the pointer over it is the plain one.
+struct ArrowPointer {
+  ArrowPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowPointer() { QApplication::restoreOverrideCursor(); }
+  ArrowPointer(const ArrowPointer&) = delete;
+  ArrowPointer& operator=(const ArrowPointer&) = delete;
+};
+
 QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
                                  QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), ToQt(body), buttons, window);
   box.setTextFormat(Qt::PlainText);
-  QApplication::setOverrideCursor(Qt::ArrowCursor);
-  const int answer = box.exec();
-  QApplication::restoreOverrideCursor();
-  return static_cast<QMessageBox::StandardButton>(answer);
+  const ArrowPointer plain;
+  return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 // The filters as the toolkit writes them: "Caption (pattern);;...". A caption that names its pattern keeps it once.
@@ -86,6 +91,9 @@ void QtHost::Beep() {
 }
 
 std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
+  if (Closed()) return std::nullopt;
+  Draw();
+  const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
   return Chosen(
@@ -93,6 +101,9 @@ std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
 }
 
 std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
+  if (Closed()) return std::nullopt;
+  Draw();
+  const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
   return Chosen(

@@ -1,0 +1,203 @@
+#include "files/design_files.h"
+
+#include <array>
+#include <cerrno>
+#include <functional>
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "base/version.h"
+#include "display/design_display.h"
+#include "engine/stations.h"
+#include "engine/survey.h"
+#include "files/code_page.h"
+#include "files/design_file.h"
+#include "files/file_fault.h"
+#include "files/file_store.h"
+#include "files/new_design.h"
+#include "files/preferences_panel.h"
+#include "files/soils.h"
+#include "search/design_commands.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kLastClearedRow = 300;
+constexpr double kSoilVersion = 6;  // first version that recommended a furrow flow
+
+struct DesignKind {
+  std::int16_t type;
+  std::string_view extension;
+  std::string_view title;
+  Control MainScreen::*entry;
+};
+
+constexpr std::array<DesignKind, 6> kKinds = {{
+    {kPlanned, ".PFD", "TORVALE   Planned Field Design", &MainScreen::mnuDesignField},
+    {kConstantSlope, ".CSD", "TORVALE   Constant Slope Design", &MainScreen::mnuDesignConstSlope},
+    {kDualSlope, ".DSD", "TORVALE   Dual Slope Design", &MainScreen::mnuDesignDualSlope},
+    {kComputerHoles, ".CSH", "TORVALE   Computer Selected Hole Design", &MainScreen::mnuComputerHoleSelection},
+    {kExistingField, ".XFD", "TORVALE   Existing Field Conditions Design", &MainScreen::mnuExistingDesign},
+    {kLimitedHoles, ".LHD", "TORVALE   Limited Computer Hole Selection Design", &MainScreen::mnuManHoleSelection},
+}};
+
+const DesignKind* KindOf(std::int16_t type) {
+  for (const DesignKind& kind : kKinds) {
+    if (kind.type == type) return &kind;
+  }
+  return nullptr;
+}
+
+// A number with its leading blank, as the messages show it.
+std::string ErrorNumber(int number) {
+  return " " + GeneralText(number);
+}
+
+void ChooseSaveName(Program& program) {
+  DesignRecord& record = program.record;
+  std::string& name = record.SaveFileName;
+  const std::string& design_name = program.main.txtInfo[0].text();
+  if (name.empty()) name = !record.OpenedFileName.empty() ? record.OpenedFileName : design_name;
+  if (name.empty()) name = "NoName";
+  // A name that is shorter than an extension and begins with its point has nothing to be cut from.
+  if (name.size() < 4 && name.starts_with('.')) throw FileFault{EINVAL};
+  name = WithoutExtension(name);
+  name += ExtensionOf(record.DesignType);
+  if (name.empty()) name = program.host.ProgramFolder() + "/" + design_name;
+}
+
+// What was typed is saved, whether a design was run or not.
+void CountTypedRows(Program& program) {
+  const Grid& sheet = program.main.Grid1;
+  for (int row = sheet.rows() - 1; row > program.record.SurveyRows; --row) {
+    if (sheet.Text(row, kStationColumn).empty()) continue;
+    program.record.SurveyRows = StoreInt16(row);
+    return;
+  }
+}
+
+void Save(Program& program, const SinkFilter& filter) {
+  ChooseSaveName(program);
+  program.record.FileVersion = ProgramVersion();
+  CountTypedRows(program);
+  WriteBytes(program.record.SaveFileName, ToCodePage(WriteDesign(program)), filter);
+}
+
+void ChooseSoil(Program& program, const DesignExtras& extras) {
+  ListBox& soils = program.main.listSoils;
+  if (extras.soil >= soils.count()) throw FileFault{kOutOfBounds};
+  if (extras.soil < 0) {
+    soils.Deselect();
+  } else {
+    soils.Select(extras.soil, true);
+  }
+  listSoils_Click(program);
+  // One row ahead of the soil's own flow: the table counts from 1, the list from 0.
+  if (extras.soil >= 0) program.record.RecFurrowFlow = program.record.SoilFurrowFlow[extras.soil];
+  if (extras.version < kSoilVersion) program.main.lblRecFurrowFlow.caption.clear();
+}
+
+// Column 8 is not in the sheet's part of the file. Survey rows are paired with hole rows of the same index here.
+void ShowPlantedWidths(Program& program) {
+  const DesignRecord& record = program.record;
+  Grid& sheet = program.main.Grid1;
+  for (int i = 1; i <= record.SurveyRows; ++i) {
+    if (!(record.FurrowFlow[i] > 0) && record.DesignType != kSurveyOnly) continue;
+    sheet.Set(i, kPlantedWidthColumn, Format(static_cast<double>(record.PlantedWidth[i]), "##.00"));
+    sheet.SetAlign(i, kPlantedWidthColumn, Align::kCentreBottom);
+  }
+}
+
+// The flow ratio is not in the file; the required flow is, and stays as read.
+void RestoreFlowRatio(DesignRecord& record) {
+  if (record.WateredFurrows == 0) return;
+  const RowArray<float> required = record.RequiredFlow;
+  FlowRatio(record);
+  record.RequiredFlow = required;
+}
+
+void Load(Program& program, int& sizes) {
+  DesignRecord& record = program.record;
+  program.main.Grid1.cells().Erase(1, 0, kLastClearedRow, kSurveyColumns - 1);
+  record.DesignType = kNoDesign;
+  std::string text = FromCodePage(ReadBytes(record.OpenedFileName));
+  sizes = ReadDesign(program, std::move(text), [&](const DesignExtras& extras) { ChooseSoil(program, extras); }).sizes;
+  ShowPlantedWidths(program);
+}
+
+void TickPipe(Program& program) {
+  if (program.record.PipeKind.empty()) program.record.PipeKind = "L";
+  const bool layflat = program.record.PipeKind == "L";
+  program.main.mnuLayflatPipe.ticked = layflat;
+  program.main.mnuRigidPipe.ticked = !layflat;
+}
+
+// The tick of an existing field design is left to the next design command.
+void TickKind(Program& program) {
+  MainScreen& main = program.main;
+  for (Control* entry : {&main.mnuDesignConstSlope, &main.mnuDesignField, &main.mnuComputerHoleSelection,
+                         &main.mnuManHoleSelection, &main.mnuDesignDualSlope}) {
+    entry->ticked = false;
+  }
+  const DesignKind* kind = KindOf(program.record.DesignType);
+  if (kind == nullptr) return;
+  (main.*kind->entry).ticked = true;
+  main.title = kind->title;
+  if (kind->type != kLimitedHoles) main.listHolesSelected.Clear();
+  if (kind->type == kComputerHoles) mnuComputerHoleSelection_Click(program);
+}
+
+void ShowOpened(Program& program, int sizes) {
+  DesignRecord& record = program.record;
+  MainScreen& main = program.main;
+  main.listHolesSelected.Clear();
+  for (int i = 0; i < sizes; ++i) main.listHolesSelected.Add(record.SelectedHoleName[i]);
+  TickPipe(program);
+  TickKind(program);
+  const double acres = Int(static_cast<double>(record.TotalAcres) * 10 + 0.5) / 10;
+  main.lblAcresTotal.caption = "Total Acres = " + GeneralText(acres);
+  RestoreFlowRatio(record);
+  DisplayDesign(program);
+  main.mnuWindowInfo.visible = true;
+  btnDefaultExit_Click(program);
+}
+
+void FallBackToDefaults(Program& program) {
+  Default_Values(program);
+  constexpr std::array<std::string_view, 3> kFirstRow = {"0", "10.00", "1320"};
+  for (int column = 0; column < static_cast<int>(kFirstRow.size()); ++column) {
+    Grid& sheet = program.main.Grid1;
+    if (sheet.Text(1, column).empty()) sheet.Set(1, column, kFirstRow.at(static_cast<std::size_t>(column)));
+  }
+}
+
+}  // namespace
+
+std::string_view ExtensionOf(std::int16_t design_type) {
+  const DesignKind* kind = KindOf(design_type);
+  return kind == nullptr ? std::string_view() : kind->extension;
+}
+
+std::string WithoutExtension(std::string_view name) {
+  const bool cut = name.size() >= 4 && name[name.size() - 4] == '.';
+  return std::string(cut ? name.substr(0, name.size() - 4) : name);
+}
+
+void SaveFile(Program& program, const SinkFilter& filter) {
+  const int error = ErrorOf([&] { Save(program, filter); });
+  if (error != 0) program.host.Message("Error saving file, file not saved! " + ErrorNumber(error), "");
+}
+
+void OpenFile(Program& program) {
+  const int error = ErrorOf([&] {
+    int sizes = 0;
+    Load(program, sizes);
+    if (program.record.DesignType != kSurveyOnly) ShowOpened(program, sizes);
+  });
+  if (error == 0) return;
+  program.host.Message("Error opening file! Check location of file.,  " + ErrorNumber(error), "");
+  FallBackToDefaults(program);
+}
+
+}  // namespace torvale

@@ -1,0 +1,151 @@
+#include "files/file_commands.h"
+
+#include <array>
+
+#include "files/code_page.h"
+#include "files/design_files.h"
+#include "files/fields.h"
+#include "files/file_fault.h"
+#include "files/file_store.h"
+#include "files/new_design.h"
+#include "files/preferences_panel.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kShownRecent = 4;
+constexpr std::size_t kOpenFilterField = 15;
+
+constexpr std::string_view kOpenFilters =
+    "Limit Computer Hole Selection (*.LHD)|*.LHD|Planned Design (*.PFD)|*.PFD|Constant Slope (*.CSD)|*.CSD|"
+    "Dual Slope Crown (*.DSD)|*.DSD|Computer Selected Holes (*.CSH)|*.CSH|Existing Field Design (*.XFD)|*.XFD|"
+    " All file types (*.*) | *.*";
+
+// The texts of the open filter's preference, in the order of the filters. Any other text stands for the first.
+constexpr std::array<std::string_view, 7> kFilterNames = {"LHD", "PFD", "CSD", "DSD", "CSH", "XFD", "*.*"};
+
+// The save dialog's filter by design type, from 1.
+constexpr std::array<std::string_view, 6> kSaveFilters = {
+    "Planned Field Design(*.PFD)|*.PFD",     "Constant Slope(*.CSD)|*.CSD",
+    "Dual Slope Crown(*.DSD)|*.DSD",         "Computer Selected Holes(*.CSH)|*.CSH",
+    "Existing Field Condition(*.XFD)|*.XFD", "Limit Computer Hole Selection(*.LHD)|*.LHD"};
+constexpr std::string_view kSurveyFilter = "Limit Computer Hole Selection(*.DAT)|*.DAT";
+
+std::string RecentPath(Program& program) {
+  return program.host.ProgramFolder() + "/" + std::string(kRecentFile);
+}
+
+int OpenFilter(const Program& program) {
+  const std::string& wanted = program.main.txtDefault.at(kOpenFilterField).text();
+  for (std::size_t i = 0; i < kFilterNames.size(); ++i) {
+    if (wanted == kFilterNames.at(i)) return static_cast<int>(i) + 1;
+  }
+  return 1;
+}
+
+// A survey can be saved before any design was run; it then counts as a kind of its own.
+std::string_view SaveFilter(Program& program) {
+  const std::int16_t type = program.record.DesignType;
+  if (type >= kPlanned && type <= kLimitedHoles) return kSaveFilters.at(static_cast<std::size_t>(type - kPlanned));
+  if (!program.main.Grid1.control.visible || program.main.Grid2.control.visible) return "";
+  program.record.DesignType = kSurveyOnly;
+  return kSurveyFilter;
+}
+
+void ShowRecent(Program& program, int index) {
+  Control& entry = program.main.mnuFileList.at(static_cast<std::size_t>(index));
+  entry.caption = program.record.RecentFiles[index];
+  if (entry.caption.empty()) return;
+  entry.visible = true;
+  program.main.mnuFileBar3.visible = true;
+}
+
+void AddRecent(Program& program, std::string_view name) {
+  DesignRecord& record = program.record;
+  program.main.mnuFileList[0].visible = true;
+  program.main.mnuFileBar3.visible = true;
+  for (int i = kShownRecent - 1; i >= 0; --i) {
+    if (!record.RecentFiles[i].empty()) record.RecentFiles[i + 1] = record.RecentFiles[i];
+  }
+  record.RecentFiles[0] = name;
+  SaveRecentFiles(program);
+}
+
+}  // namespace
+
+void OpenNamedFile(Program& program, std::string_view path) {
+  program.record.OpenedFileName = path;
+  program.record.DisplayFileName = path;
+  mnuFileNew_Click(program);
+  OpenFile(program);
+  if (!program.record.OpenedFileName.empty()) AddRecent(program, std::string(program.record.OpenedFileName));
+}
+
+void mnuFileOpen_Click(Program& program) {
+  const auto name = program.host.OpenDialog({"Open", std::string(kOpenFilters), OpenFilter(program), ""});
+  if (name && !name->empty()) OpenNamedFile(program, *name);
+}
+
+void mnuFileSave_Click(Program& program) {
+  SaveFile(program);
+  if (!program.record.SaveFileName.empty()) AddRecent(program, std::string(program.record.SaveFileName));
+}
+
+void mnuFileSaveAs_Click(Program& program) {
+  DesignRecord& record = program.record;
+  const std::string filter(SaveFilter(program));
+  record.OpenedFileName = WithoutExtension(record.OpenedFileName);
+  if (const std::string_view extension = ExtensionOf(record.DesignType); !extension.empty()) {
+    record.SaveFileName = record.OpenedFileName + std::string(extension);
+  }
+  const auto name = program.host.SaveDialog({"Save As", filter, 1, record.SaveFileName});
+  if (!name || name->empty()) return;
+  record.SaveFileName = *name;
+  btnDefaultExit_Click(program);
+  record.DisplayFileName = record.SaveFileName;
+  SaveFile(program);
+  if (!record.SaveFileName.empty()) AddRecent(program, std::string(record.SaveFileName));
+}
+
+void mnuFileList_Click(Program& program, int index) {
+  program.record.OpenedFileName = program.main.mnuFileList.at(static_cast<std::size_t>(index)).caption;
+  OpenFile(program);
+}
+
+void mnuFile_Click(Program& program) {
+  MainScreen& main = program.main;
+  for (Control* entry : {&main.mnuPrintComplete, &main.mnuPrintSummary, &main.mnuPrtHoleSummary}) {
+    entry->enabled = main.Grid2.control.visible;
+  }
+}
+
+void SaveRecentFiles(Program& program) {
+  std::string text;
+  for (int i = 0; i < kShownRecent; ++i) text.append(program.record.RecentFiles[i]).append("\r\n");
+  try {
+    WriteBytes(RecentPath(program), ToCodePage(text));
+  } catch (const FileFault&) {
+    return;
+  }
+  for (int i = 0; i < kShownRecent; ++i) ShowRecent(program, i);
+}
+
+void OpenRecentFiles(Program& program) {
+  std::string text;
+  try {
+    text = FromCodePage(ReadBytes(RecentPath(program)));
+  } catch (const FileFault&) {
+    // No list yet.
+  }
+  FieldReader reader(std::move(text));
+  for (int i = 0; i < kShownRecent; ++i) {
+    try {
+      program.record.RecentFiles[i] = reader.Text();
+    } catch (const FileFault&) {
+      // A missing entry stays as it was.
+    }
+    ShowRecent(program, i);
+  }
+}
+
+}  // namespace torvale

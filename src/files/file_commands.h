@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// The commands of the file menu that choose names, run the file dialogs and keep the list of recent files. A cancelled
+// dialog ends a command in silence.
+
+inline constexpr std::string_view kRecentFile = "RecentTORVALEFileName.Dat";
+
+void mnuFileOpen_Click(Program& program);
+void mnuFileSave_Click(Program& program);
+void mnuFileSaveAs_Click(Program& program);
+void mnuFileList_Click(Program& program, int index);
+// The file menu drops down: printing needs results on the screen.
+void mnuFile_Click(Program& program);
+
+// Opens the named design as Open does, without a dialog.
+void OpenNamedFile(Program& program, std::string_view path);
+
+// The list of recent files, to and from its file in the program's folder. Whatever fails is passed over in silence.
+void SaveRecentFiles(Program& program);
+void OpenRecentFiles(Program& program);
+
+}  // namespace torvale

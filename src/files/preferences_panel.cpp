@@ -1,0 +1,150 @@
+#include "files/preferences_panel.h"
+
+#include <array>
+
+#include "base/arithmetic.h"
+#include "base/numbers.h"
+#include "files/code_page.h"
+#include "files/file_fault.h"
+#include "files/file_store.h"
+#include "files/preferences.h"
+#include "record/hole_sizes.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kFields = 16;
+constexpr int kHoleSizeField = 1;
+constexpr int kSurveyKindField = 9;
+constexpr int kGateShapeField = 11;
+constexpr int kHighestHeadField = 13;
+constexpr int kFactoryHoleSize = 12;  // row of the hole size table
+constexpr int kUpFromFirst = 12;      // where Up goes from the first field, on purpose not to the last
+constexpr double kLowestHighestHead = 0.5;
+
+// What a blank field takes. Field 1 takes a name of the hole size table.
+constexpr std::array<std::string_view, kFields> kFactory = {"100", "",  ".65", "140", "1.2", "15", "6.0", "1",
+                                                            "7",   "R", "2.0", "R",   "1.2", "2",  ".2",  "*.*"};
+
+TextField& Field(Program& program, int index) {
+  return program.main.txtDefault.at(static_cast<std::size_t>(index));
+}
+
+void FocusField(Program& program, int index) {
+  MoveFocus(program, "txtDefault(" + std::to_string(index) + ")");
+}
+
+// Runs one statement; a failing one is passed over.
+template <typename Statement>
+void Attempt(Statement statement) {
+  try {
+    statement();
+  } catch (const RunTimeFault&) {
+    return;
+  } catch (const FileFault&) {
+    return;
+  }
+}
+
+void FillBlankFields(Program& program) {
+  for (int i = 0; i < kFields; ++i) {
+    if (!Field(program, i).text().empty()) continue;
+    Attempt([&] {
+      Field(program, i)
+          .Set(i == kHoleSizeField ? std::string_view(program.record.HoleSizeName[kFactoryHoleSize])
+                                   : kFactory.at(static_cast<std::size_t>(i)));
+    });
+  }
+}
+
+// The sixteen texts, two empty lines and the recent files, where a name that repeats the one before leaves no line.
+std::string DefaultsText(Program& program) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  std::string text;
+  for (const TextField& field : program.main.txtDefault) text.append(field.text()).append(kLineEnd);
+  text.append(kLineEnd).append(kLineEnd);
+  const auto& recent = program.main.mnuFileList;
+  text.append(recent[0].caption).append(kLineEnd);
+  for (std::size_t i = 1; i < recent.size(); ++i) {
+    if (recent.at(i).caption == recent.at(i - 1).caption) continue;
+    text.append(recent.at(i).caption).append(kLineEnd);
+    program.record.RecentFiles[static_cast<int>(i)] = recent.at(i).caption;
+  }
+  return text;
+}
+
+void BringScreenBack(Program& program) {
+  MainScreen& main = program.main;
+  const std::int16_t type = program.record.DesignType;
+  if (type == kNoDesign) {
+    MoveFocus(program, "txtInfo(0)");
+  } else if (type >= kPlanned && type <= kExistingField) {
+    main.Grid2.control.visible = true;
+    main.cmdReCalc.visible = true;
+    main.cmdDesignToggle.visible = true;
+  } else {
+    main.Grid1.control.visible = true;
+  }
+}
+
+void StepHoleSize(Program& program, std::string_view key) {
+  FreeValue& limit = program.record.HoleSizeIndexLimit;
+  int index = ToWhole(Number(limit));
+  if (key == "+") index = index < kHoleSizes ? index + 1 : 0;
+  if (key == "-") index = index > 0 ? index - 1 : kHoleSizes;
+  limit = index;
+  Field(program, kHoleSizeField).Set(SteppedHoleSize(program.record, index));
+}
+
+void RepairLetter(Program& program, int index, std::string_view other, std::string_view standard) {
+  TextField& field = Field(program, index);
+  if (field.text() == other || field.text() == standard) return;
+  field.Set(standard);
+  program.host.Beep();
+}
+
+}  // namespace
+
+void mnuPreference_Click(Program& program) {
+  MainScreen& main = program.main;
+  main.Frame1.visible = true;
+  main.Grid2.control.visible = false;
+  main.cmdReCalc.visible = false;
+  main.cmdDesignToggle.visible = false;
+}
+
+void btnDefaultExit_Click(Program& program) {
+  program.main.Frame1.visible = false;
+  FillBlankFields(program);
+  Attempt([&] {
+    WriteBytes(program.host.ProgramFolder() + "/" + std::string(kDefaultsFile), ToCodePage(DefaultsText(program)));
+  });
+  BringScreenBack(program);
+  Attempt([&] { ApplyCoefficients(program); });
+  Attempt([&] { program.record.StationInterval = StoreInt16(Val(Field(program, 0).text())); });
+}
+
+void txtDefault_LostFocus(Program& program, int index) {
+  if (index == kSurveyKindField) RepairLetter(program, index, "R", "E");
+  if (index == kGateShapeField) RepairLetter(program, index, "C", "R");
+  TextField& highest = Field(program, kHighestHeadField);
+  if (Val(highest.text()) >= kLowestHighestHead) return;
+  program.host.Beep();
+  highest.Set("0.5");
+}
+
+void txtDefault_KeyDown(Program& program, int index, FieldKeyKind key) {
+  if (key == FieldKeyKind::kDown && index < kFields - 1) FocusField(program, index + 1);
+  if (key == FieldKeyKind::kUp) FocusField(program, index == 0 ? kUpFromFirst : index - 1);
+}
+
+bool txtDefault_KeyPress(Program& program, int index, std::string_view character) {
+  const bool enter = character == "\r";
+  const int next = enter ? index + 1 : index;
+  if (enter) FocusField(program, next == kFields ? 0 : next);
+  // Any key in field 1 and Enter in field 0 come to this step: the field can't be typed in.
+  if (next == kHoleSizeField) StepHoleSize(program, character);
+  return enter || next == kHoleSizeField;
+}
+
+}  // namespace torvale
