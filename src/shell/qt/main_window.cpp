@@ -33,7 +33,7 @@ MainWindow::MainWindow(Program& program)
   menus_ = std::make_unique<MenuView>(program_.main, *menuBar(), [this](const std::string& name) { RunClick(name); });
   MakeControls();
   NameFields();
-  NameGrids();
+  NameGridsAndLists();
   MakeShortcuts();
   Watch();
   Sync();

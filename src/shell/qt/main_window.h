@@ -47,7 +47,7 @@ class MainWindow final : public QMainWindow {
   void Connect(const ControlView& view);
   void ConnectList(QListWidget& lines, const std::string& name);
   void NameFields();
-  void NameGrids();
+  void NameGridsAndLists();
   void MakeShortcuts();
   void Watch();
 

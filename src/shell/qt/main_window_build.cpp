@@ -15,15 +15,18 @@
 namespace torvale {
 namespace {
 
-struct GridName {
+struct SpokenName {
   std::string_view name;
   const char* spoken;
 };
 
-constexpr std::array<GridName, 3> kGridNames = {{
+constexpr std::array<SpokenName, 6> kSpokenNames = {{
     {"Grid1", "Survey sheet"},
     {"Grid2", "Design results"},
     {"GridInchesApplied", "Hours and days of pumping"},
+    {"listSoils", "Soil"},
+    {"listAllHoles", "Hole sizes"},
+    {"listHolesSelected", "Selected hole sizes"},
 }};
 
 bool OnCanvas(ControlKind kind) {
@@ -116,9 +119,12 @@ void MainWindow::NameFields() {
   }
 }
 
-void MainWindow::NameGrids() {
-  for (const GridName& grid : kGridNames) {
-    if (ControlView* view = ViewOf(grid.name)) view->widget->setAccessibleName(grid.spoken);
+void MainWindow::NameGridsAndLists() {
+  for (const SpokenName& name : kSpokenNames) {
+    ControlView* view = ViewOf(name.name);
+    if (view == nullptr) continue;
+    view->widget->setAccessibleName(name.spoken);
+    if (auto* box = qobject_cast<QComboBox*>(view->widget)) box->setPlaceholderText(name.spoken);
   }
   // The small table of hours is read, not worked in.
   ViewOf("GridInchesApplied")->widget->setFocusPolicy(Qt::NoFocus);

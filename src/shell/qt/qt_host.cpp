@@ -33,7 +33,10 @@ QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::s
   QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), ToQt(body), buttons, window);
   box.setTextFormat(Qt::PlainText);
   const ArrowPointer plain;
-  return static_cast<QMessageBox::StandardButton>(box.exec());
+  const int answer = box.exec();
+  // Not every desktop gives the keyboard back by itself.
+  if (window != nullptr) window->activateWindow();
+  return static_cast<QMessageBox::StandardButton>(answer);
 }
 
 // The filters as the toolkit writes them: "Caption (pattern);;...". A caption that names its pattern keeps it once.
