@@ -30,7 +30,10 @@ MainWindow::MainWindow(Program& program)
   status_->setObjectName("sbStatusBar");
   status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   statusBar()->addWidget(status_, 1);
-  menus_ = std::make_unique<MenuView>(program_.main, *menuBar(), [this](const std::string& name) { RunClick(name); });
+  menus_ = std::make_unique<MenuView>(ControlsOf(program_.main), *menuBar(),
+                                      [this](const std::string& name) { RunClick(name); });
+  soils_ = new SoilsWindow(
+      program_, [this](const std::function<void()>& work) { Run(work); }, this);
   MakeControls();
   NameFields();
   NameGridsAndLists();
@@ -55,6 +58,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   // A calculation that is still running finds itself cancelled and unwinds; the objects live until it has.
   Guarded(program_, [this] { Form_Unload(program_); });
   DrawBusy();
+  soils_->Sync();
   event->accept();
 }
 

@@ -14,6 +14,7 @@
 #include "shell/qt/control_view.h"
 #include "shell/qt/grid_view.h"
 #include "shell/qt/menu_view.h"
+#include "shell/qt/soils_window.h"
 #include "shell/qt/window_place.h"
 #include "shell/start_up.h"
 
@@ -73,6 +74,7 @@ class MainWindow final : public QMainWindow {
   QWidget* canvas_;
   QLabel* status_;
   QShortcut* cancel_key_ = nullptr;
+  SoilsWindow* soils_ = nullptr;
   std::vector<ControlView> controls_;
   std::unique_ptr<MenuView> menus_;
   WindowPlace place_;

@@ -10,12 +10,6 @@
 namespace torvale {
 namespace {
 
-std::vector<NamedControl> MenusOf(MainScreen& screen) {
-  std::vector<NamedControl> menus = ControlsOf(screen);
-  std::erase_if(menus, [](const NamedControl& c) { return c.kind != ControlKind::kMenu; });
-  return menus;
-}
-
 bool HasChildren(const std::vector<NamedControl>& menus, const std::string& name) {
   return std::any_of(menus.begin(), menus.end(), [&](const NamedControl& c) { return c.parent == name; });
 }
@@ -32,8 +26,9 @@ void Prune(std::vector<NamedControl>& menus) {
 
 }  // namespace
 
-MenuView::MenuView(MainScreen& screen, QMenuBar& bar, const std::function<void(const std::string&)>& click) {
-  std::vector<NamedControl> menus = MenusOf(screen);
+MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar,
+                   const std::function<void(const std::string&)>& click) {
+  std::erase_if(menus, [](const NamedControl& c) { return c.kind != ControlKind::kMenu; });
   Prune(menus);
   std::map<std::string, QMenu*> open;
   for (const NamedControl& named : menus) {

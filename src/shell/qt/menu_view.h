@@ -11,11 +11,13 @@
 
 namespace torvale {
 
-// The menu bar of the screen. Entries that neither do anything nor hold an entry that does are left out.
+// The menu bar of a screen, from all its controls. Entries that neither do anything nor hold an entry that does are
+// left out.
 class MenuView {
  public:
   // `click` runs what a click on the entry of that name does.
-  MenuView(MainScreen& screen, QMenuBar& bar, const std::function<void(const std::string& name)>& click);
+  MenuView(std::vector<NamedControl> controls, QMenuBar& bar,
+           const std::function<void(const std::string& name)>& click);
 
   // Applies what changed in the structure since the last call.
   void Draw();

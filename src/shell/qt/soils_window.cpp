@@ -1,0 +1,75 @@
+#include "shell/qt/soils_window.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <utility>
+
+#include "shell/commands.h"
+#include "shell/events.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
+
+}  // namespace
+
+SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
+    : QMainWindow(parent),
+      program_(program),
+      run_(std::move(run)),
+      area_(new QScrollArea(this)),
+      canvas_(new QWidget),
+      grid_(new GridView(program.soils.Grd_Soils_FurrowFlow, canvas_)),
+      menus_(ControlsOf(program.soils), *menuBar(), [this](const std::string& name) { RunClick(name); }) {
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setWidget(canvas_);
+  setCentralWidget(area_);
+  grid_->setObjectName(ToQt(kSoilsGrid));
+  grid_->setAccessibleName("Soils and recommended furrow flows");
+  GridEvents events;
+  events.key = [this](const KeyStroke& stroke) { run_([&] { GridKey(program_, kSoilsGrid, stroke); }); };
+  events.point = [this](int row, int column, bool extend) {
+    run_([&] { GridPoint(program_, kSoilsGrid, row, column, extend); });
+  };
+  grid_->Connect(std::move(events));
+}
+
+void SoilsWindow::RunClick(const std::string& name) {
+  run_([&] { Click(program_, name); });
+}
+
+void SoilsWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  RunClick("MnuExit");
+}
+
+void SoilsWindow::LayOut() {
+  drawn_zoom_ = program_.main.zoom;
+  const Scale scale(drawn_zoom_);
+  const Place& place = program_.soils.Grd_Soils_FurrowFlow.control.place;
+  QFont letters = font();
+  letters.setPixelSize(scale.Zoomed(kTextPixels));
+  menuBar()->setFont(letters);
+  grid_->setGeometry(scale.Rect(place));
+  canvas_->resize(scale.Pixels(place.width + 2 * place.left), scale.Pixels(place.height + 2 * place.top));
+  resize(canvas_->size() + QSize(0, menuBar()->sizeHint().height()));
+}
+
+void SoilsWindow::Sync() {
+  const bool shown = program_.soils.visible && !program_.main.closed;
+  if (shown) {
+    if (drawn_zoom_ != program_.main.zoom) LayOut();
+    if (const QString title = ToQt(program_.soils.title); windowTitle() != title) setWindowTitle(title);
+    menus_.Draw();
+    grid_->Draw(Scale(program_.main.zoom));
+  }
+  if (shown == isVisible()) return;
+  setVisible(shown);
+  if (!shown) return;
+  activateWindow();
+  grid_->setFocus();
+}
+
+}  // namespace torvale
