@@ -104,7 +104,9 @@ TEST_P(DesignCommandTest, StaysWhereItIsWhenTheInputIsRefused) {
   main.Grid2.control.visible = true;
   main.lblEffic.visible = true;
   main.Grid1.control.visible = false;
+  record.SlopeDelta = 5;
   GetParam().run(program);
+  EXPECT_EQ(record.SlopeDelta, GetParam().locks ? 0 : 5);  // the slope designs start it at 0
   EXPECT_EQ(host.messages.size(), 1U);
   EXPECT_EQ(record.MissingData, -1);
   EXPECT_EQ(record.DesignType, GetParam().design_type);
@@ -171,6 +173,23 @@ TEST_F(InputScreenTest, CompletesTheSheetOnTheWayBack) {
 }
 
 // --- Cancel
+// The menus stay alive in a planned design: another design may be started in the middle of it. The inner one runs to
+// its end, the outer one goes on over what the inner one left.
+TEST_F(InputScreenTest, ADesignMayBeStartedInsideAnother) {
+  LevelLine("20");
+  host.event_at = 5;
+  host.event = [&] {
+    main.Grid1.Set(2, kStationColumn, "60");  // and with fewer rows
+    mnuComputerHoleSelection_Click(program);
+    EXPECT_EQ(record.HoleRows, 7);
+    EXPECT_EQ(record.DesignOK, "True");
+  };
+  mnuDesignField_Click(program);
+  EXPECT_THAT(host.messages, IsEmpty());
+  EXPECT_EQ(record.DesignType, kComputerHoles);
+  EXPECT_TRUE(main.Grid1.control.visible || main.Grid2.control.visible);
+}
+
 // ------------------------------------------------------------------------------------------------------------
 
 TEST_F(InputScreenTest, CancelSetsTheFlagsAndHidesItsButton) {

@@ -53,6 +53,7 @@ TEST_F(GaveUpTest, CancelledPlannedDesignStaysTicked) {
   EXPECT_FALSE(main.Grid2.control.visible);
   EXPECT_FALSE(main.lblEffic.visible);
   EXPECT_FALSE(main.cmdCancel.visible);
+  EXPECT_TRUE(main.busy);  // nothing on this way restores the pointer
 }
 
 TEST_F(GaveUpTest, CancelledExistingDesignShowsTheSheetAndNothingElse) {

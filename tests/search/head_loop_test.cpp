@@ -194,6 +194,24 @@ TEST_F(HeadLoopTest, ARefusedTrialEndsTheLoopWithOneMessage) {
   EXPECT_FALSE(main.busy);
 }
 
+// The GPM goes missing just ahead of the run that follows the loop: it is refused as a trial is, and nothing is shown.
+TEST_F(HeadLoopTest, ARefusedLastRunShowsNothing) {
+  Prepare("1.0", ".2");
+  int changes = 0;
+  main.txtInfo[3].on_change = [&] {
+    if (++changes == 5) main.txtInfo[2].Set("");  // 1.0, .8, .6, .4, and the best of the three
+  };
+  cmdExitHoleSelect_Click(program);
+  main.txtInfo[3].on_change = nullptr;
+  EXPECT_EQ(changes, 5);
+  EXPECT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(main.txtInfo[3].text(), GeneralText(record.BestHeadFound));
+  EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");
+  EXPECT_FALSE(main.Grid2.control.visible);
+  EXPECT_TRUE(main.Grid1.control.visible);
+  EXPECT_TRUE(main.mnuDesign.enabled);
+}
+
 // A run that ends without a box ends the loop in the same way, and the status bar says why.
 TEST_F(HeadLoopTest, ASilentEndEndsTheLoop) {
   Prepare("2", ".2");

@@ -111,6 +111,7 @@ TEST_F(PanelTest, AnEmptyListAbandonsTheDesign) {
   record.CalcProblem = "Problem";
   main.frmDisplayLbl[15].caption = "1.00 ft.";
   main.lblCrownSlope.visible = true;
+  main.cmdInterpolate.visible = true;
   main.txtInfo[3].Set("1.5");
   cmdExitHoleSelect_Click(program);
   EXPECT_THAT(host.messages, ElementsAre(Shown{"No Holes were Selected", ""}));

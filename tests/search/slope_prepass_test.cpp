@@ -100,10 +100,26 @@ TEST_F(SlopePrepassTest, LeavesTheHeadOfASupplyRow) {
   EXPECT_NEAR(record.FrictionLoss[2] / record.FrictionLoss[3], 1, 1e-12);
 }
 
+// The fault shows the prepass's own limits, from which its extremes start, and how far it has come: with the fault at
+// the far end they stand as set, with the fault one row up row 3 has left its head and flow in them.
 TEST_F(SlopePrepassTest, AHoleWithoutAShareOfFlowIsAFault) {
+  Rows(3);
+  record.AccumGPM = 7;
+  record.FlowRatio[3] = 0;
+  EXPECT_THROW(RunPrepass(), RunTimeFault);
+  EXPECT_EQ(record.MaxHead, 0);
+  EXPECT_EQ(record.MinHead, 100000);
+  EXPECT_EQ(record.MaxFurrowFlow, 0);
+  EXPECT_EQ(record.MinFurrowFlow, 10000);
+  EXPECT_EQ(record.AccumGPM, 0);
   Rows(3);
   record.FlowRatio[2] = 0;
   EXPECT_THROW(RunPrepass(), RunTimeFault);
+  EXPECT_NEAR(record.MaxHead, 31.048619, 1e-4);
+  EXPECT_EQ(record.MinHead, record.MaxHead);
+  EXPECT_EQ(record.MaxFurrowFlow, 10);
+  EXPECT_EQ(record.MinFurrowFlow, 10);
+  EXPECT_EQ(record.NormFurrowFlow[1], 10);
 }
 
 // The level line starts from the first row's existing elevation.
