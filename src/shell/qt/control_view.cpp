@@ -17,7 +17,9 @@
 namespace torvale {
 namespace {
 
-constexpr int kNoLimit = 32767;  // characters in a field
+constexpr int kNoLimit = 32767;    // characters in a field
+constexpr int kTitleMargin = 120;  // twips ahead of a frame's caption
+constexpr int kTitleHeight = 320;  // twips
 
 // How a label stands out; labels that are not named here are plain text.
 struct LabelLook {
@@ -64,6 +66,10 @@ QWidget* MakeFrame(ControlView& view, QWidget* parent) {
   view.inside = new QWidget;
   view.inside->setAutoFillBackground(true);
   frame->setWidget(view.inside);
+  if (view.named.control->caption.empty()) return frame;
+  auto* title = new QLabel(view.inside);
+  title->setObjectName("title");
+  title->setAttribute(Qt::WA_TransparentForMouseEvents);
   return frame;
 }
 
@@ -175,6 +181,13 @@ void DrawCaption(ControlView& view, int zoom) {
   } else if (view.named.kind == ControlKind::kButton) {
     SetButtonText(static_cast<QPushButton&>(*view.widget), ToQt(control.caption), pixels);
     view.widget->setAccessibleName(ToQt(control.caption).remove('&'));
+  } else if (auto* title = view.inside != nullptr ? view.inside->findChild<QLabel*>("title") : nullptr) {
+    const Scale scale(zoom);
+    title->setGeometry(scale.Rect({kTitleMargin, 0, control.place.width - 2 * kTitleMargin, kTitleHeight}));
+    QFont font = title->font();
+    font.setBold(true);
+    title->setFont(font);
+    SetLabelText(*title, ToQt(control.caption), pixels);
   } else if (view.named.kind != ControlKind::kGrid) {
     QFont font = view.widget->font();
     font.setPixelSize(pixels);

@@ -50,9 +50,14 @@ void SetButtonText(QPushButton& button, const QString& caption, int pixels) {
 
 void SetLabelText(QLabel& label, const QString& caption, int pixels) {
   const QFont font = InPixels(label.font(), pixels);
+  const QSize room = label.contentsRect().size();
+  const QFont in_one = Fitting(font, room, Qt::TextSingleLine, caption);
+  const QFont wrapped = Fitting(font, room, Qt::TextWordWrap, caption);
+  const bool lines = caption.contains('\n');
+  const bool wrap = !lines && wrapped.pixelSize() > in_one.pixelSize();
   label.setText(caption);
-  label.setFont(caption.contains('\n') ? font
-                                       : Fitting(font, label.contentsRect().size(), Qt::TextSingleLine, caption));
+  label.setWordWrap(wrap);
+  label.setFont(lines ? font : wrap ? wrapped : in_one);
 }
 
 }  // namespace torvale

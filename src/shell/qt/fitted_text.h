@@ -5,8 +5,9 @@
 
 namespace torvale {
 
-// Write a caption on a widget of a given size in letters of `pixels`, or in smaller ones where it would be cut off.
-void SetButtonText(QPushButton& button, const QString& caption, int pixels);  // perhaps on two lines
+// Write a caption on a widget of a given size in letters of `pixels`. Where it would be cut off it takes several lines,
+// if there is room for them, or smaller letters.
+void SetButtonText(QPushButton& button, const QString& caption, int pixels);
 void SetLabelText(QLabel& label, const QString& caption, int pixels);  // a text of several lines keeps its letters
 
 // The largest letters, from those of `font` down, in which the text stands in the room.

@@ -28,7 +28,8 @@ bool Selected(const Grid& grid, int row, int column) {
 
 int HeadingFlags(const Grid& grid, int column) {
   const bool bottom = grid.AlignOf(0, column) == Align::kCentreBottom;
-  return Qt::AlignHCenter | (bottom ? Qt::AlignBottom : Qt::AlignVCenter) | Qt::TextWordWrap;
+  const Qt::Alignment align = Qt::AlignHCenter | (bottom ? Qt::AlignBottom : Qt::AlignVCenter);
+  return static_cast<int>(align) | Qt::TextWordWrap;
 }
 
 QRect Inside(const QRect& heading) {

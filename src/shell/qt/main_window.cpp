@@ -13,6 +13,14 @@
 #include "shell/start_up.h"
 
 namespace torvale {
+namespace {
+
+// A focus that goes and comes back with the window, a menu or a list that drops down is not moved by the user.
+bool OnlyReturns(Qt::FocusReason reason) {
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
+}  // namespace
 
 MainWindow::MainWindow(Program& program)
     : program_(program),
@@ -30,8 +38,9 @@ MainWindow::MainWindow(Program& program)
   status_->setObjectName("sbStatusBar");
   status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   statusBar()->addWidget(status_, 1);
-  menus_ = std::make_unique<MenuView>(ControlsOf(program_.main), *menuBar(),
-                                      [this](const std::string& name) { RunClick(name); });
+  menus_ = std::make_unique<MenuView>(
+      ControlsOf(program_.main), *menuBar(), [this](const std::string& name) { RunClick(name); },
+      [this](const std::string& name) { Run([&] { MenuOpened(program_, name); }); });
   soils_ = new SoilsWindow(
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
   MakeControls();
@@ -88,7 +97,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
       if (FindField(program_, name) != nullptr) return FieldKeyPressed(name, static_cast<QKeyEvent&>(*event));
       break;
     case QEvent::FocusIn:
-      WidgetFocused(static_cast<QWidget&>(*watched), static_cast<QFocusEvent&>(*event).reason());
+      WidgetEntered(name, static_cast<QFocusEvent&>(*event).reason());
+      break;
+    case QEvent::FocusOut:
+      WidgetLeft(name, static_cast<QFocusEvent&>(*event).reason());
       break;
     case QEvent::MouseButtonPress:
       MousePressed(watched, static_cast<QMouseEvent&>(*event));
@@ -121,13 +133,16 @@ bool MainWindow::FieldKeyPressed(const std::string& name, const QKeyEvent& event
   return swallowed;
 }
 
-void MainWindow::WidgetFocused(const QWidget& widget, Qt::FocusReason reason) {
-  // A focus that merely comes back with the window or from a menu was not given by the user.
-  const bool returned =
-      reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
-  const std::string name = widget.objectName().toStdString();
-  if (syncing_ || returned || FindControl(program_, name) == nullptr) return;
+void MainWindow::WidgetEntered(const std::string& name, Qt::FocusReason reason) {
+  if (syncing_ || OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
   Run([&] { FocusGained(program_, name); });
+}
+
+// What comes of it is drawn when the next widget has the focus: drawing now would call it back.
+void MainWindow::WidgetLeft(const std::string& name, Qt::FocusReason reason) {
+  if (OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
+  FocusLost(program_, name);
+  stale_ = true;
 }
 
 // The two panels that the user may move take hold where they hold nothing else.

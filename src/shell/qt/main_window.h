@@ -56,7 +56,8 @@ class MainWindow final : public QMainWindow {
   void Run(const std::function<void()>& work);
   void RunClick(const std::string& name);
   bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
-  void WidgetFocused(const QWidget& widget, Qt::FocusReason reason);
+  void WidgetEntered(const std::string& name, Qt::FocusReason reason);
+  void WidgetLeft(const std::string& name, Qt::FocusReason reason);
   void StepZoom(int steps);
   void MousePressed(const QObject* on, const QMouseEvent& event);
   void MouseReleased(const QMouseEvent& event);
@@ -81,6 +82,7 @@ class MainWindow final : public QMainWindow {
   int drawn_zoom_ = 0;
   int running_ = 0;       // events being worked on, one inside the other during a calculation
   bool syncing_ = false;  // focus and text changes are ours, not the user's
+  bool stale_ = false;    // the structures changed while they were drawn
   bool busy_shown_ = false;
   bool activated_ = false;
   Control* dragged_ = nullptr;  // the panel that the user moves

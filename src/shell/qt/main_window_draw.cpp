@@ -33,6 +33,7 @@ void MainWindow::Sync() {
   }
   if (syncing_) return;
   syncing_ = true;
+  stale_ = false;
   const bool zoomed = drawn_zoom_ != program_.main.zoom;
   if (zoomed) DrawZoom();
   bool moved = zoomed;
@@ -47,6 +48,7 @@ void MainWindow::Sync() {
   DrawFocus();
   DrawBusy();
   syncing_ = false;
+  if (stale_) Sync();
 }
 
 void MainWindow::DrawZoom() {

@@ -26,8 +26,7 @@ void Prune(std::vector<NamedControl>& menus) {
 
 }  // namespace
 
-MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar,
-                   const std::function<void(const std::string&)>& click) {
+MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar, const Event& click, const Event& opened) {
   std::erase_if(menus, [](const NamedControl& c) { return c.kind != ControlKind::kMenu; });
   Prune(menus);
   std::map<std::string, QMenu*> open;
@@ -39,6 +38,7 @@ MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar,
     if (HasChildren(menus, named.name)) {
       QMenu* menu = parent != nullptr ? parent->addMenu(QString()) : bar.addMenu(QString());
       menu->setToolTipsVisible(true);
+      QObject::connect(menu, &QMenu::aboutToShow, [opened, name = named.name] { opened(name); });
       open[named.name] = menu;
       action = menu->menuAction();
     } else {

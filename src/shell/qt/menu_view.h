@@ -15,9 +15,9 @@ namespace torvale {
 // left out.
 class MenuView {
  public:
-  // `click` runs what a click on the entry of that name does.
-  MenuView(std::vector<NamedControl> controls, QMenuBar& bar,
-           const std::function<void(const std::string& name)>& click);
+  using Event = std::function<void(const std::string& name)>;
+  // `click` runs what a click on the entry of that name does, `opened` what the menu does when it drops down.
+  MenuView(std::vector<NamedControl> controls, QMenuBar& bar, const Event& click, const Event& opened);
 
   // Applies what changed in the structure since the last call.
   void Draw();

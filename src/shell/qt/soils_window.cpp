@@ -21,7 +21,9 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
       area_(new QScrollArea(this)),
       canvas_(new QWidget),
       grid_(new GridView(program.soils.Grd_Soils_FurrowFlow, canvas_)),
-      menus_(ControlsOf(program.soils), *menuBar(), [this](const std::string& name) { RunClick(name); }) {
+      menus_(
+          ControlsOf(program.soils), *menuBar(), [this](const std::string& name) { RunClick(name); },
+          [this](const std::string& name) { run_([&] { MenuOpened(program_, name); }); }) {
   area_->setFrameShape(QFrame::NoFrame);
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(canvas_);
