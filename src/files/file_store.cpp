@@ -1,11 +1,10 @@
 #include "files/file_store.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 #include "files/file_fault.h"
@@ -13,85 +12,94 @@
 namespace torvale {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 constexpr std::size_t kBlock = std::size_t{32} << 10U;
 
-// An open file, closed when it goes.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {
-    if (number_ < 0) throw FileFault{errno};
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
-
-  int number() const { return number_; }
-  // Closes and tells of what the system could not write; the destructor could not.
-  void Close() {
-    const int number = number_;
-    number_ = -1;
-    if (::close(number) != 0) throw FileFault{errno};
-  }
-
- private:
-  int number_;
+struct Closer {
+  void operator()(std::FILE* file) const { std::fclose(file); }
 };
+using OpenFilePointer = std::unique_ptr<std::FILE, Closer>;
 
-int WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return errno;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
+// The error of the operation that just failed.
+[[noreturn]] void Fail() {
+  throw FileFault{errno == 0 ? EIO : errno};
+}
+
+OpenFilePointer Open(const std::string& path, const char* mode) {
+  errno = 0;
+  OpenFilePointer file(std::fopen(path.c_str(), mode));
+  if (!file) Fail();
+  // Blocks go to the system as they come, so that a write that fails is told of at once.
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  return file;
+}
+
+int WriteBlock(std::FILE* file, std::string_view bytes) {
+  errno = 0;
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size()) return 0;
+  return errno == 0 ? EIO : errno;
+}
+
+// Closes and tells of what the system could not write.
+void Close(OpenFilePointer file) {
+  errno = 0;
+  if (std::fclose(file.release()) != 0) Fail();
 }
 
 // Keeps the former content. Content kept from a write that failed is older and whole, and stays.
-void KeepFormer(const std::string& path, const std::string& kept) {
-  if (::access(path.c_str(), F_OK) != 0 || ::access(kept.c_str(), F_OK) == 0) return;
-  if (::rename(path.c_str(), kept.c_str()) != 0) throw FileFault{errno};
+void KeepFormer(const fs::path& path, const fs::path& kept) {
+  if (!fs::exists(path) || fs::exists(kept)) return;
+  std::error_code error;
+  fs::rename(path, kept, error);
+  if (error) throw FileFault{error.value()};
 }
 
-bool IsPlainFile(const std::string& path) {
+// Where the file lies, a link to it followed.
+fs::path TrueFile(const std::string& path) {
   std::error_code ignored;
-  return std::filesystem::is_regular_file(path, ignored);
+  const fs::path found = fs::canonical(path, ignored);
+  return found.empty() ? fs::path(path) : found;
+}
+
+// A device or a folder has no content to keep.
+bool HasContentToKeep(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_regular_file(path, ignored) || !fs::exists(path, ignored);
 }
 
 }  // namespace
 
 std::string ReadBytes(const std::string& path) {
-  Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  const OpenFilePointer file = Open(path, "rb");
   std::string bytes;
   std::string block(kBlock, '\0');
   for (;;) {
-    const ssize_t count = ::read(file.number(), block.data(), block.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw FileFault{errno};
+    errno = 0;
+    const std::size_t count = std::fread(block.data(), 1, block.size(), file.get());
+    if (std::ferror(file.get()) != 0) Fail();
     if (count == 0) return bytes;
-    if (bytes.size() + static_cast<std::size_t>(count) > kLargestFile) throw FileFault{EFBIG};
-    bytes.append(block, 0, static_cast<std::size_t>(count));
+    if (bytes.size() + count > kLargestFile) throw FileFault{EFBIG};
+    bytes.append(block, 0, count);
   }
 }
 
 void WriteBytes(const std::string& path, std::string_view bytes, const SinkFilter& filter) {
-  const std::string kept = path + std::string(kKeptSuffix);
-  // A device or pipe has no content to keep.
-  const bool keeps = IsPlainFile(path) || ::access(path.c_str(), F_OK) != 0;
-  if (keeps) KeepFormer(path, kept);
-  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-  ByteSink sink = [&](std::string_view part) { return WriteAll(file.number(), part); };
+  const fs::path target = TrueFile(path);
+  const fs::path kept = target.string() + std::string(kKeptSuffix);
+  const bool keeps = HasContentToKeep(target);
+  if (keeps) KeepFormer(target, kept);
+  OpenFilePointer file = Open(target.string(), "wb");
+  ByteSink sink = [&](std::string_view part) { return WriteBlock(file.get(), part); };
   if (filter) sink = filter(path, std::move(sink));
   for (std::size_t at = 0; at < bytes.size(); at += kBlock) {
     const int error = sink(bytes.substr(at, kBlock));
     if (error != 0) throw FileFault{error};
   }
-  if (keeps && ::fsync(file.number()) != 0) throw FileFault{errno};
-  file.Close();
-  if (keeps) ::unlink(kept.c_str());
+  Close(std::move(file));
+  std::error_code ignored;
+  if (keeps) fs::remove(kept, ignored);
 }
 
 }  // namespace torvale
