@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include "shell/qt/main_window.h"
@@ -19,5 +20,7 @@ int main(int argc, char** argv) {
   MainWindow window(program);
   host.Attach(&window, [&] { window.Sync(); });
   window.Open();
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() > 1) window.OpenDesign(QFileInfo(arguments[1]).absoluteFilePath());
   return QApplication::exec();
 }

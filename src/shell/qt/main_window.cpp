@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QStatusBar>
+#include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
@@ -34,6 +37,7 @@ MainWindow::MainWindow(Program& program)
   canvas_->setObjectName("canvas");
   canvas_->setMouseTracking(true);
   setCentralWidget(area_);
+  setAcceptDrops(true);
   status_->setTextFormat(Qt::PlainText);
   status_->setObjectName("sbStatusBar");
   status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -61,6 +65,20 @@ void MainWindow::Run(const std::function<void()>& work) {
 
 void MainWindow::RunClick(const std::string& name) {
   Run([&] { Click(program_, name); });
+}
+
+void MainWindow::OpenDesign(const QString& path) {
+  Run([&] { FileDropped(program_, path.toStdString()); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls.front().isLocalFile()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  OpenDesign(event->mimeData()->urls().front().toLocalFile());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -32,9 +32,13 @@ class MainWindow final : public QMainWindow {
   // Compares the structures with what was last drawn and applies the differences. Runs after every event and, through
   // the host, at the yields of a calculation.
   void Sync();
+  // Opens a design file that the desktop hands over.
+  void OpenDesign(const QString& path);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
