@@ -4,3 +4,9 @@ if(bench_sources)
   add_executable(torvale_bench ${bench_sources})
   target_link_libraries(torvale_bench PRIVATE torvale_script_lib benchmark::benchmark_main torvale_options)
 endif()
+
+# Repaints of the window.
+if(TARGET torvale_qt)
+  add_executable(torvale_window_bench bench/window/repaint_bench.cpp)
+  target_link_libraries(torvale_window_bench PRIVATE torvale_qt benchmark::benchmark torvale_options)
+endif()
