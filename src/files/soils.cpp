@@ -18,7 +18,6 @@ constexpr int kEditorColumns = 2;
 constexpr int kNameColumn = 0;
 constexpr int kFlowColumn = 1;
 constexpr int kMostSaved = 200;
-constexpr int kNoColumnBeyond = 52;
 
 std::string SoilsPath(Program& program) {
   return program.host.ProgramFolder() + "/" + std::string(kSoilsFile);
@@ -55,12 +54,24 @@ void Append(Grid& grid, std::string_view character) {
   grid.Set(grid.row, grid.column, grid.CurrentText() + std::string(character));
 }
 
+// From the last column there is none to go to.
+void NextColumn(Program& program) {
+  Grid& grid = program.soils.Grd_Soils_FurrowFlow;
+  if (grid.column + 1 < grid.column_count()) {
+    grid.SetCurrent(1, grid.column + 1);
+  } else {
+    program.host.Beep();
+  }
+}
+
 }  // namespace
 
 void SetGrd_Soils_FurrowFlow(Program& program) {
   Grid& grid = program.soils.Grd_Soils_FurrowFlow;
   grid.Resize(kEditorRows, kEditorColumns);
   grid.heading_height = 1100;
+  grid.fixed_back = kTeal;
+  grid.fixed_fore = kWhite;
   grid.Set(0, kNameColumn, "Soil Name and Texture (i.e. C, Sil)");
   grid.columns[kNameColumn].width = 3000;
   grid.Set(0, kFlowColumn, "Rec Furrow Flow");
@@ -129,7 +140,7 @@ void Grd_Soils_KeyPress(Program& program, std::string_view character) {
   if (character == " ") {
     Append(grid, character);
   } else if (character == "*") {
-    if (grid.column < kNoColumnBeyond && grid.column + 1 < grid.column_count()) grid.SetCurrent(1, grid.column + 1);
+    NextColumn(program);
   } else if (character == "\r") {
     if (grid.column == kFlowColumn && grid.row > 1 && grid.CurrentText().empty()) {
       grid.Set(grid.row, grid.column, std::string(grid.Text(grid.row - 1, grid.column)));

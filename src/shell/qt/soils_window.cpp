@@ -56,7 +56,9 @@ void SoilsWindow::LayOut() {
   menuBar()->setFont(letters);
   grid_->setGeometry(scale.Rect(place));
   canvas_->resize(scale.Pixels(place.width + 2 * place.left), scale.Pixels(place.height + 2 * place.top));
-  resize(canvas_->size() + QSize(0, menuBar()->sizeHint().height()));
+  // A little more than the canvas, so that no scroll bar of the area takes room from the other.
+  constexpr int kSlack = 4;
+  resize(canvas_->size() + QSize(kSlack, menuBar()->sizeHint().height() + kSlack));
 }
 
 void SoilsWindow::Sync() {
@@ -68,6 +70,8 @@ void SoilsWindow::Sync() {
     grid_->Draw(Scale(program_.main.zoom));
   }
   if (shown == isVisible()) return;
+  // Over the middle of the main screen, not in the corner of the desktop.
+  if (shown && parentWidget() != nullptr) move(parentWidget()->geometry().center() - rect().center());
   setVisible(shown);
   if (!shown) return;
   activateWindow();
