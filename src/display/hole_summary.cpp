@@ -24,6 +24,14 @@ void StartTexts(Program& program) {
                                 : "Fraction Hole Equivalent using a Rectangular Hole = ";
 }
 
+// The crown profile repeats the slope as the main screen has it at this moment.
+void ShowProfileSlope(Program& program) {
+  const MainScreen& main = program.main;
+  Control& slope = program.profile.lblSlope;
+  slope.visible = main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked;
+  if (slope.visible) slope.caption = main.lblCrownSlope.caption;
+}
+
 // Marks the row at which each run ends. A dry row inside a run is not counted, and so shifts the start that is worked
 // out from the count by one row.
 void FindRuns(DesignRecord& record) {
@@ -74,6 +82,7 @@ void DisplayHoleSum(Program& program) {
   MainScreen& main = program.main;
   try {
     StartTexts(program);
+    ShowProfileSlope(program);
     FindRuns(program.record);
     WriteRuns(program);
     main.lblSumHoleDia.tool_tip = main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator : "";

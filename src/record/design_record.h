@@ -142,7 +142,8 @@ struct DesignRecord {
   RowArray<std::string> HoleSumFurrowText;
   RowArray<std::int16_t> HoleSumCount;
 
-  float ProfileScale = 0;  // grid row at which the Summary table ends
+  float ProfileScale = 0;    // grid row at which the Summary table ends
+  std::string ProfileTitle;  // table that is shown again behind the crown profile: "Summary" or "Complete Design"
 
   // Soils
   std::string SoilName;

@@ -5,6 +5,7 @@
 #include "engine/engine_host.h"
 #include "engine/flow_calc.h"
 #include "record/design_record.h"
+#include "screen/crown_profile_screen.h"
 #include "screen/host.h"
 #include "screen/main_screen.h"
 
@@ -21,6 +22,7 @@ struct Program {
   DesignRecord record;
   MainScreen main;
   SoilsScreen soils;
+  CrownProfileScreen profile;
   Host& host;
 };
 

@@ -100,6 +100,7 @@ inline constexpr std::tuple kRecordFields = {RecordField{"DesignType", &DesignRe
                                              RecordField{"HoleSumFurrowText", &DesignRecord::HoleSumFurrowText},
                                              RecordField{"HoleSumCount", &DesignRecord::HoleSumCount},
                                              RecordField{"ProfileScale", &DesignRecord::ProfileScale},
+                                             RecordField{"ProfileTitle", &DesignRecord::ProfileTitle},
                                              RecordField{"SoilName", &DesignRecord::SoilName},
                                              RecordField{"RecFurrowFlow", &DesignRecord::RecFurrowFlow},
                                              RecordField{"SoilNames", &DesignRecord::SoilNames},

@@ -1,0 +1,151 @@
+#include "reports/crown_profile.h"
+
+#include <algorithm>
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "display/cell_texts.h"
+#include "display/design_display.h"
+#include "engine/survey.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kValueTitleSize = 14;
+constexpr int kMajorDivisions = 12;
+constexpr int kMinorDivisions = 6;
+
+bool IsSlopeDesign(const DesignRecord& record) {
+  return record.DesignType == kConstantSlope || record.DesignType == kDualSlope;
+}
+
+bool HasElevations(const Program& program) {
+  return program.main.txtInfo[5].text() == "E";
+}
+
+void ShowLabels(Program& program) {
+  const DesignRecord& record = program.record;
+  CrownProfileScreen& profile = program.profile;
+  profile.lblFillHeight.visible = IsSlopeDesign(record);
+  profile.lblProfileHiHead.caption = "Highest Head = " + Format(static_cast<double>(record.MaxHead), "##.##");
+  profile.lblFillHeight.caption =
+      "Highest Fill in Crown is " + Format(static_cast<double>(record.HighestFill), "##.00");
+  profile.lblDistUnif.caption = " Distribution Uniformity = " + GeneralText(record.Uniformity) + " Percent ";
+}
+
+// Extremes of the crowns that are drawn.
+struct Range {
+  double High = 0;
+  double Low;
+};
+
+Range RangeOfCrowns(const DesignRecord& record, double Low) {
+  Range range{.Low = Low};
+  const auto take = [&](const RowArray<float>& crown) {
+    for (int i = 1; i <= record.HoleRows; ++i) {
+      range.High = std::max(range.High, static_cast<double>(crown[i]));
+      range.Low = std::min(range.Low, static_cast<double>(crown[i]));
+    }
+  };
+  take(record.CrownElev);
+  if (IsSlopeDesign(record)) take(record.DesignElev);
+  return range;
+}
+
+// The two limits are not symmetrical on purpose: the lower one is rounded up before one foot is taken off.
+void SetLimits(const Program& program, LineChart& chart) {
+  if (HasElevations(program)) {
+    const Range range = RangeOfCrowns(program.record, 100000.0);
+    chart.maximum = Store32(Int(range.High + 0.9) + 1);
+    chart.minimum = Store32(Int(range.Low + 0.9) - 1);
+    return;
+  }
+  const Range range = RangeOfCrowns(program.record, 10000.0);
+  chart.maximum = Store32(Int(-range.Low + 0.9) + 1);
+  chart.minimum = Store32(Int(-range.High - 0.9) + 1);
+}
+
+// Writes one row of points; the list grows where more rows are drawn than the Summary table has.
+void WritePoint(const Program& program, LineChart& chart, int row, const std::string& label, int i) {
+  TextGrid& points = chart.Points;
+  if (row >= points.rows()) points.Resize(row + 1, points.columns());
+  points.Set(row, 0, label);
+  const auto value = [&](float crown) {
+    const double feet = static_cast<double>(crown);
+    if (HasElevations(program)) return Format(feet, "####.00");
+    return row == 1 ? Format(-feet, "####.00") : Format(feet, "-####.00");
+  };
+  points.Set(row, 1, value(program.record.CrownElev[i]));
+  if (IsSlopeDesign(program.record)) points.Set(row, 2, value(program.record.DesignElev[i]));
+}
+
+// Whether something changes at row i of the line, or a survey station has been reached.
+bool IsPoint(const DesignRecord& record, int i, double survey_station) {
+  const auto differs = [i](const RowArray<float>& field) { return field[i] != field[i - 1]; };
+  return survey_station <= Int(static_cast<double>(record.Station[i])) ||
+         (record.DesignType != kComputerHoles && differs(record.SurveyHoleDia)) ||
+         (record.DesignType == kComputerHoles && differs(record.ComputerHoleDia)) ||
+         (record.DesignType == kLimitedHoles && differs(record.LimitedHoleDia)) || differs(record.PipeDia) ||
+         record.SurveyHoleDia[i] != AtRow(record, record.SurveyHoleDia, i + 1);
+}
+
+void FillPoints(Program& program, LineChart& chart) {
+  const DesignRecord& record = program.record;
+  const SurveyReader survey(program.main.Grid1.cells(), record.SurveyRows);
+  chart.series = IsSlopeDesign(record) ? 2 : 1;
+  chart.Points.Clear();
+  chart.Points.Resize(ToWhole(static_cast<double>(record.ProfileScale)) + 1, chart.series + 1);
+  chart.Points.Set(0, 1, "Existing Crown");
+  if (chart.series == 2) chart.Points.Set(0, 2, "Designed Crown");
+  WritePoint(program, chart, 1, GeneralText(record.Station[1]), 1);
+  int NextPoint = 2;
+  int SurveyRow = 2;
+  for (int i = 2; i <= record.HoleRows; ++i) {
+    const double survey_station = survey.Val(SurveyRow, kStationColumn);
+    if (IsPoint(record, i, survey_station)) WritePoint(program, chart, NextPoint++, StationText(record, i) + " ", i);
+    if (survey_station < static_cast<double>(record.Station[i])) ++SurveyRow;
+  }
+  chart.rows = NextPoint;
+}
+
+}  // namespace
+
+void BuildCrownChart(Program& program) {
+  LineChart& chart = program.profile.chart;
+  ShowLabels(program);
+  SetLimits(program, chart);
+  FillPoints(program, chart);
+  chart.value_title_size = kValueTitleSize;
+  chart.value_title_visible = true;
+  chart.value_title = HasElevations(program) ? "Elevations (ft.)" : "Rod Readings (ft.)";
+  chart.legend_visible = true;
+  chart.automatic_scale = false;
+  chart.minor_divisions = kMinorDivisions;
+  chart.major_divisions = kMajorDivisions;
+  chart.title = "PROFILE of CROWN ELEVATIONS";
+}
+
+void mnuProfile_Click(Program& program) {
+  MainScreen& main = program.main;
+  CrownProfileScreen& profile = program.profile;
+  profile.CrownProfile.visible = true;
+  Control& toggle = main.cmdDesignToggle;
+  program.record.ProfileTitle = toggle.caption == "Summary" ? "Summary" : "Complete Design";
+  toggle.caption = "Summary";
+  try {
+    DisplayDesign(program);
+    profile.lblProfileName.caption = main.txtInfo[0].text() + "   " + main.txtInfo[4].text();
+    BuildCrownChart(program);
+  } catch (const RunTimeFault&) {
+    btnBack_Click(program);
+    throw;
+  }
+}
+
+void btnBack_Click(Program& program) {
+  program.profile.CrownProfile.visible = false;
+  program.main.cmdDesignToggle.caption = program.record.ProfileTitle;
+}
+
+}  // namespace torvale

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// Opens the crown profile of the design that is shown. The Summary table is drawn beneath it, whichever table was open,
+// so that `ProfileScale` and the table are current; `ProfileTitle` keeps the name of the one to go back to. A fault on
+// the way closes the window again and passes on.
+void mnuProfile_Click(Program& program);
+
+// Closes the profile. The caption of `cmdDesignToggle` is the former one again; the table is not drawn anew.
+void btnBack_Click(Program& program);
+
+// Fills the labels and the chart of the profile: one point for each row of the line at which something changes, rod
+// readings as negative numbers so that the crown looks the right way up.
+void BuildCrownChart(Program& program);
+
+}  // namespace torvale
