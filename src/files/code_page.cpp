@@ -29,6 +29,13 @@ void AppendUtf8(std::string& text, char32_t c) {
   }
 }
 
+// Whether a character is one, and takes that many bytes.
+bool IsWellFormed(char32_t c, std::size_t length) {
+  constexpr std::array<char32_t, 4> kLeast = {0, 0x80, 0x800, 0x10000};
+  const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
+  return c >= kLeast.at(length - 1) && c <= 0x10FFFF && !surrogate;
+}
+
 // Takes the character at the head of `text`; a byte that begins none is taken alone.
 char32_t TakeUtf8(std::string_view& text) {
   const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
@@ -36,12 +43,12 @@ char32_t TakeUtf8(std::string_view& text) {
   const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
   bool whole = length > 0 && length <= text.size();
   for (std::size_t i = 1; whole && i < length; ++i) whole = (byte(i) & 0xC0) == 0x80;
-  if (!whole) {
+  char32_t c = length == 1 ? lead : lead & (0x7FU >> length);
+  for (std::size_t i = 1; whole && i < length; ++i) c = (c << 6) | (byte(i) & 0x3F);
+  if (!whole || !IsWellFormed(c, length)) {
     text.remove_prefix(1);
     return kNoCharacter;
   }
-  char32_t c = length == 1 ? lead : lead & (0x7F >> length);
-  for (std::size_t i = 1; i < length; ++i) c = (c << 6) | (byte(i) & 0x3F);
   text.remove_prefix(length);
   return c;
 }
