@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
+constexpr std::size_t kLargestFile = std::size_t{8} << 20U;
 constexpr std::size_t kBlock = std::size_t{32} << 10U;
 
 struct Closer {
@@ -48,12 +48,9 @@ void Close(OpenFilePointer file) {
   if (std::fclose(file.release()) != 0) Fail();
 }
 
-// Keeps the former content. Content kept from a write that failed is older and whole, and stays.
-void KeepFormer(const fs::path& path, const fs::path& kept) {
-  if (!fs::exists(path) || fs::exists(kept)) return;
-  std::error_code error;
-  fs::rename(path, kept, error);
-  if (error) throw FileFault{error.value()};
+bool IsThere(const fs::path& path) {
+  std::error_code ignored;
+  return fs::exists(path, ignored);
 }
 
 // Where the file lies, a link to it followed.
@@ -64,14 +61,38 @@ fs::path TrueFile(const std::string& path) {
 }
 
 // A device or a folder has no content to keep.
-bool HasContentToKeep(const fs::path& path) {
+bool HasContent(const fs::path& path) {
   std::error_code ignored;
-  return fs::is_regular_file(path, ignored) || !fs::exists(path, ignored);
+  return fs::is_regular_file(path, ignored);
+}
+
+// Puts the former content aside and tells whether it did. Content kept from a write that failed is older and whole, and
+// stays.
+bool PutAside(const fs::path& path, const fs::path& kept) {
+  if (!HasContent(path) || IsThere(kept)) return false;
+  std::error_code error;
+  fs::rename(path, kept, error);
+  if (error) throw FileFault{error.value()};
+  return true;
+}
+
+// The file, new and empty. Where it can't be had, what was put aside comes back.
+OpenFilePointer OpenNew(const fs::path& path, const fs::path& kept, bool put_aside) {
+  try {
+    return Open(path.string(), "wb");
+  } catch (const FileFault&) {
+    std::error_code ignored;
+    if (put_aside) fs::rename(kept, path, ignored);
+    throw;
+  }
 }
 
 }  // namespace
 
 std::string ReadBytes(const std::string& path) {
+  // A pipe would be waited for until somebody writes to it.
+  std::error_code ignored;
+  if (fs::is_fifo(path, ignored)) throw FileFault{ESPIPE};
   const OpenFilePointer file = Open(path, "rb");
   std::string bytes;
   std::string block(kBlock, '\0');
@@ -88,9 +109,8 @@ std::string ReadBytes(const std::string& path) {
 void WriteBytes(const std::string& path, std::string_view bytes, const SinkFilter& filter) {
   const fs::path target = TrueFile(path);
   const fs::path kept = target.string() + std::string(kKeptSuffix);
-  const bool keeps = HasContentToKeep(target);
-  if (keeps) KeepFormer(target, kept);
-  OpenFilePointer file = Open(target.string(), "wb");
+  const bool put_aside = PutAside(target, kept);
+  OpenFilePointer file = OpenNew(target, kept, put_aside);
   ByteSink sink = [&](std::string_view part) { return WriteBlock(file.get(), part); };
   if (filter) sink = filter(path, std::move(sink));
   for (std::size_t at = 0; at < bytes.size(); at += kBlock) {
@@ -99,7 +119,7 @@ void WriteBytes(const std::string& path, std::string_view bytes, const SinkFilte
   }
   Close(std::move(file));
   std::error_code ignored;
-  if (keeps) fs::remove(kept, ignored);
+  if (HasContent(target)) fs::remove(kept, ignored);
 }
 
 }  // namespace torvale

@@ -8,7 +8,7 @@ namespace torvale {
 
 // Whole files, in and out. Paths are UTF-8. Every procedure throws FileFault with the operating system's error number.
 
-// The bytes of a file. A file of more than 16 megabytes is refused (EFBIG): no design comes near it.
+// The bytes of a file. A file of more than 8 megabytes is refused (EFBIG): no design comes near it.
 std::string ReadBytes(const std::string& path);
 
 // Hands bytes to the file system; gives back 0 or an error number.
