@@ -54,6 +54,13 @@ std::string ErrorNumber(int number) {
   return " " + GeneralText(number);
 }
 
+// Where the last character of a text begins.
+std::size_t LastCharacter(std::string_view text) {
+  std::size_t at = text.size() - 1;
+  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) --at;
+  return at;
+}
+
 void ChooseSaveName(Program& program) {
   DesignRecord& record = program.record;
   std::string& name = record.SaveFileName;
@@ -61,7 +68,7 @@ void ChooseSaveName(Program& program) {
   if (name.empty()) name = !record.OpenedFileName.empty() ? record.OpenedFileName : design_name;
   if (name.empty()) name = "NoName";
   // A name that is shorter than an extension and begins with its point has nothing to be cut from.
-  if (name.size() < 4 && name.starts_with('.')) throw FileFault{EINVAL};
+  if (name.starts_with('.') && name.size() < 4) throw FileFault{EINVAL};
   name = WithoutExtension(name);
   name += ExtensionOf(record.DesignType);
   if (name.empty()) name = program.host.ProgramFolder() + "/" + design_name;
@@ -86,7 +93,7 @@ void Save(Program& program, const SinkFilter& filter) {
 
 void ChooseSoil(Program& program, const DesignExtras& extras) {
   ListBox& soils = program.main.listSoils;
-  if (extras.soil >= soils.count()) throw FileFault{kOutOfBounds};
+  if (extras.soil < -1 || extras.soil >= soils.count()) throw FileFault{kOutOfBounds};
   if (extras.soil < 0) {
     soils.Deselect();
   } else {
@@ -151,13 +158,13 @@ void TickKind(Program& program) {
 void ShowOpened(Program& program, int sizes) {
   DesignRecord& record = program.record;
   MainScreen& main = program.main;
+  RestoreFlowRatio(record);
   main.listHolesSelected.Clear();
   for (int i = 0; i < sizes; ++i) main.listHolesSelected.Add(record.SelectedHoleName[i]);
   TickPipe(program);
   TickKind(program);
   const double acres = Int(static_cast<double>(record.TotalAcres) * 10 + 0.5) / 10;
   main.lblAcresTotal.caption = "Total Acres = " + GeneralText(acres);
-  RestoreFlowRatio(record);
   DisplayDesign(program);
   main.mnuWindowInfo.visible = true;
   btnDefaultExit_Click(program);
@@ -180,8 +187,13 @@ std::string_view ExtensionOf(std::int16_t design_type) {
 }
 
 std::string WithoutExtension(std::string_view name) {
-  const bool cut = name.size() >= 4 && name[name.size() - 4] == '.';
-  return std::string(cut ? name.substr(0, name.size() - 4) : name);
+  constexpr int kExtensionLength = 4;
+  std::string_view rest = name;
+  for (int i = 0; i < kExtensionLength; ++i) {
+    if (rest.empty()) return std::string(name);
+    rest.remove_suffix(rest.size() - LastCharacter(rest));
+  }
+  return std::string(name[rest.size()] == '.' ? rest : name);
 }
 
 void SaveFile(Program& program, const SinkFilter& filter) {
