@@ -51,11 +51,7 @@ void ShowEmptySheet(MainScreen& main) {
 void Default_Values(Program& program) {
   ReadDefaultsFile(program);
   TakeDefaultFields(program);
-  try {
-    ApplyCoefficients(program);
-  } catch (const RunTimeFault&) {
-    // A coefficient beyond its field stays as it was.
-  }
+  ApplyCoefficients(program);
   FillFirstRow(program);
 }
 

@@ -15,7 +15,8 @@ constexpr std::size_t kSurveyKind = 9;
 constexpr std::size_t kGateShape = 11;
 
 void txtDefault_Change(Program& program, std::size_t index) {
-  ApplyCoefficients(program);
+  ApplyDischargeCoef(program);
+  ApplyHazenWilliamsC(program);
   if (index != kSurveyKind && index != kGateShape) return;
   TextField& field = program.main.txtDefault[index];
   field.Set(UpperCase(std::string(field.text())));
@@ -43,9 +44,22 @@ void ConnectPreferences(Program& program) {
   }
 }
 
-void ApplyCoefficients(Program& program) {
+void ApplyDischargeCoef(Program& program) {
   program.record.DischargeCoef = Store32(Val(program.main.txtDefault[2].text()));
+}
+
+void ApplyHazenWilliamsC(Program& program) {
   program.record.HazenWilliamsC = Store32(Val(program.main.txtDefault[3].text()));
+}
+
+void ApplyCoefficients(Program& program) {
+  for (void (*apply)(Program&) : {ApplyDischargeCoef, ApplyHazenWilliamsC}) {
+    try {
+      apply(program);
+    } catch (const RunTimeFault&) {
+      continue;
+    }
+  }
 }
 
 void ReadDefaultsFile(Program& program) {

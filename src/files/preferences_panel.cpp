@@ -120,7 +120,7 @@ void btnDefaultExit_Click(Program& program) {
     WriteBytes(program.host.ProgramFolder() + "/" + std::string(kDefaultsFile), ToCodePage(DefaultsText(program)));
   });
   BringScreenBack(program);
-  Attempt([&] { ApplyCoefficients(program); });
+  ApplyCoefficients(program);
   Attempt([&] { program.record.StationInterval = StoreInt16(Val(Field(program, 0).text())); });
 }
 
