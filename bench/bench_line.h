@@ -20,6 +20,11 @@ class QuietHost final : public Host {
   void Beep() override {}
   std::optional<std::string> OpenDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
   std::optional<std::string> SaveDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
+  bool HasPrinter() override { return false; }
+  std::optional<int> PrinterDialog() override { return std::nullopt; }
+  bool Print(const Document& /*document*/) override { return false; }
+  void Preview(const Document& /*document*/) override {}
+  bool WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return false; }
   std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
   void SaveSetting(std::string_view, std::string_view) override {}
   std::string Today() override { return "1/1/2030"; }

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "screen/document.h"
+
 namespace torvale {
 
 // What a file dialog starts with.
@@ -32,6 +34,17 @@ class Host {
   // The path that the user chose, UTF-8; nothing where the dialog was cancelled. Saving over a file asks first.
   virtual std::optional<std::string> OpenDialog(const FileDialog& dialog) = 0;
   virtual std::optional<std::string> SaveDialog(const FileDialog& dialog) = 0;
+
+  // Whether there is a printer to ask for or to print on.
+  virtual bool HasPrinter() = 0;
+  // The desktop's printer dialog: the number of copies; nothing where it was cancelled. The printer chosen is kept.
+  virtual std::optional<int> PrinterDialog() = 0;
+  // Prints one copy on the printer chosen last, at first the desktop's own. False where the printer refused.
+  virtual bool Print(const Document& document) = 0;
+  // Shows the document as it will come out of the printer and waits until the user has looked at it.
+  virtual void Preview(const Document& document) = 0;
+  // Writes the document to a file. False where the file can't be written.
+  virtual bool WritePdf(const Document& document, const std::string& path) = 0;
 
   // Per-user settings by key; nothing where the key was never saved.
   virtual std::optional<std::string> Setting(std::string_view key) = 0;

@@ -9,6 +9,7 @@
 #include "files/soils.h"
 #include "screen/main_screen.h"
 #include "script/quoting.h"
+#include "script/show_document.h"
 
 namespace torvale {
 namespace {
@@ -96,6 +97,38 @@ std::optional<std::string> HeadlessHost::OpenDialog(const FileDialog& dialog) {
 
 std::optional<std::string> HeadlessHost::SaveDialog(const FileDialog& dialog) {
   return OpenDialog(dialog);
+}
+
+std::optional<int> HeadlessHost::PrinterDialog() {
+  std::optional<int> copies;
+  if (!copies_.empty()) {
+    copies = copies_.front();
+    copies_.pop();
+  }
+  transcript_ << "printer dialog -> " << (copies ? std::to_string(*copies) : "cancel") << '\n';
+  return copies;
+}
+
+bool HeadlessHost::Print(const Document& document) {
+  transcript_ << "print " << Quoted(document.title) << '\n';
+  printed_.push_back(document);
+  return true;
+}
+
+void HeadlessHost::Preview(const Document& document) {
+  transcript_ << "preview " << Quoted(document.title) << '\n';
+  printed_.push_back(document);
+}
+
+bool HeadlessHost::WritePdf(const Document& document, const std::string& path) {
+  transcript_ << "pdf " << Quoted(document.title) << ' ' << Quoted(path) << '\n';
+  printed_.push_back(document);
+  return true;
+}
+
+void HeadlessHost::ShowPrinted() {
+  for (const Document& document : printed_) ShowDocument(transcript_, document);
+  printed_.clear();
 }
 
 std::optional<std::string> HeadlessHost::Setting(std::string_view key) {

@@ -28,8 +28,9 @@ class TemporaryFolder {
 };
 
 // A desktop without a window, the same on every machine: what a user would notice goes to a transcript, settings live
-// in memory, the date is always 11/21/2026. The program folder is one of its own: without a defaults file and with a
-// list of no soils, so that no file of the machine changes what a script does, or a copy of the folder that is named.
+// in memory, the date is always 11/21/2026, files of reports are not written. The program folder is one of its own:
+// without a defaults file and with a list of no soils, so that no file of the machine changes what a script does, or a
+// copy of the folder that is named.
 class HeadlessHost final : public Host {
  public:
   explicit HeadlessHost(std::ostream& transcript, const std::string& data_folder = "");
@@ -40,6 +41,12 @@ class HeadlessHost final : public Host {
 
   // What the next file dialog gives; nothing for a cancel. A dialog for which none was given is cancelled.
   void Dialog(std::optional<std::string> path) { paths_.push(std::move(path)); }
+
+  // What the next printer dialog gives; nothing for a cancel. A dialog for which none was given is cancelled.
+  void Copies(std::optional<int> copies) { copies_.push(copies); }
+
+  // Writes every operation of what was printed, previewed or written to a file since the last call, and forgets it.
+  void ShowPrinted();
 
   // The `count`th yield from now on runs a click. Several may be pending at once; those due at the same yield run in
   // the order given. One that never comes due in a calculation waits for the next.
@@ -55,6 +62,11 @@ class HeadlessHost final : public Host {
   void Beep() override;
   std::optional<std::string> OpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> SaveDialog(const FileDialog& dialog) override;
+  bool HasPrinter() override { return true; }
+  std::optional<int> PrinterDialog() override;
+  bool Print(const Document& document) override;
+  void Preview(const Document& document) override;
+  bool WritePdf(const Document& document, const std::string& path) override;
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
@@ -72,6 +84,8 @@ class HeadlessHost final : public Host {
   TemporaryFolder folder_;
   std::queue<bool> answers_;
   std::queue<std::optional<std::string>> paths_;
+  std::queue<std::optional<int>> copies_;
+  std::vector<Document> printed_;
   std::vector<PendingClick> clicks_;
   std::map<std::string, std::string, std::less<>> settings_;
   long yields_ = 0;

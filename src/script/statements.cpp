@@ -210,6 +210,16 @@ void Dialog(Session& session, const Arguments& arguments, ScriptLines&) {
   session.host.Dialog(path.quoted || path.text != "cancel" ? std::optional<std::string>(path.text) : std::nullopt);
 }
 
+void Copies(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  if (arguments.Word(0) == "cancel") {
+    session.host.Copies(std::nullopt);
+    return;
+  }
+  if (arguments.Number(0) < 1) throw ScriptError("copies are counted from 1");
+  session.host.Copies(arguments.Number(0));
+}
+
 void OnYield(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(4, 4);
   OneOf<1>({"yield"}, arguments.Word(0));
@@ -225,7 +235,9 @@ void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
     const bool all = arguments.Word(i) == "all";
     const bool at = arguments.Word(i) == "at";
     if ((all || at) && ++i == arguments.count()) throw ScriptError("the statement is not complete");
-    if (at) {
+    if (arguments.Word(i) == "printed") {
+      session.host.ShowPrinted();
+    } else if (at) {
       ShowCurrentCell(session.transcript, session.program, arguments.Word(i));
     } else {
       Show(session.transcript, session.program, arguments.Word(i), all ? Elements::kAll : Elements::kInUse);
@@ -238,13 +250,11 @@ struct Statement {
   void (*run)(Session&, const Arguments&, ScriptLines&);
 };
 
-constexpr Statement kStatements[] = {{"type", Type},     {"cell", WriteCell},
-                                     {"fill", Fill},     {"click", ClickStatement},
-                                     {"key", Keys},      {"at", At},
-                                     {"choose", Choose}, {"doubleclick", DoubleClick},
-                                     {"focus", Focus},   {"mouse", Mouse},
-                                     {"answer", Answer}, {"dialog", Dialog},
-                                     {"on", OnYield},    {"show", ShowStatement}};
+constexpr Statement kStatements[] = {
+    {"type", Type},     {"cell", WriteCell}, {"fill", Fill},         {"click", ClickStatement},
+    {"key", Keys},      {"at", At},          {"choose", Choose},     {"doubleclick", DoubleClick},
+    {"focus", Focus},   {"mouse", Mouse},    {"answer", Answer},     {"dialog", Dialog},
+    {"copies", Copies}, {"on", OnYield},     {"show", ShowStatement}};
 
 }  // namespace
 

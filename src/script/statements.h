@@ -39,9 +39,11 @@ class ScriptLines {
 //   mouse Grid2 down left 300 900   the mouse over the results: down, move, up; left, right, none; x and y in twips
 //   mouse frmMainForm move none 0 0 the mouse over the screen's background
 //   answer Yes / answer No          the answer to the next question
+//   copies 2 / copies cancel        what the next printer dialog gives
 //   on yield 40 click cmdCancel     at the 40th yield from here on, that click
 //   show NAME ...                   prints state, see show.h; `all NAME` every element of a list that isn't zero or
-//                                   empty, `at GRID` the grid's current cell
+//                                   empty, `at GRID` the grid's current cell; `printed` every drawing operation of the
+//                                   reports since the last such line
 void RunStatement(Session& session, const std::string& line, ScriptLines& lines);
 
 }  // namespace torvale

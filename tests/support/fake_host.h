@@ -81,6 +81,27 @@ class FakeHost final : public Host {
     return path;
   }
   std::optional<std::string> SaveDialog(const FileDialog& dialog) override { return OpenDialog(dialog); }
+  bool has_printer = true;
+  bool printer_works = true;             // the printer takes documents, the disk takes files
+  std::optional<int> copies = 1;         // what the printer dialog gives; nothing for a cancel
+  int printer_dialogs = 0;               // shown so far
+  std::vector<Document> printed;         // copy by copy
+  std::vector<Document> previewed;       // in the order shown
+  std::map<std::string, Document> pdfs;  // by path
+  bool HasPrinter() override { return has_printer; }
+  std::optional<int> PrinterDialog() override {
+    ++printer_dialogs;
+    return copies;
+  }
+  bool Print(const Document& document) override {
+    if (printer_works) printed.push_back(document);
+    return printer_works;
+  }
+  void Preview(const Document& document) override { previewed.push_back(document); }
+  bool WritePdf(const Document& document, const std::string& path) override {
+    if (printer_works) pdfs[path] = document;
+    return printer_works;
+  }
   std::optional<std::string> Setting(std::string_view key) override {
     const auto found = settings.find(key);
     return found == settings.end() ? std::nullopt : std::optional<std::string>(found->second);

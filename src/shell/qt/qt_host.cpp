@@ -20,14 +20,6 @@ QSettings Store() {
   return QSettings(ToQt(kProgramTitle), ToQt(kProgramTitle));
 }
 
-// A box waits for the user, so the pointer over it is the plain one.
-struct ArrowPointer {
-  ArrowPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-  ~ArrowPointer() { QApplication::restoreOverrideCursor(); }
-  ArrowPointer(const ArrowPointer&) = delete;
-  ArrowPointer& operator=(const ArrowPointer&) = delete;
-};
-
 QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
                                  QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), ToQt(body), buttons, window);

@@ -1,14 +1,25 @@
 #pragma once
 
+#include <QApplication>
+#include <QPrinter>
 #include <QSettings>
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "screen/host.h"
 #include "shell/qt/yield_pacer.h"
 
 namespace torvale {
+
+// A box waits for the user, so the pointer over it is the plain one.
+struct ArrowPointer {
+  ArrowPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowPointer() { QApplication::restoreOverrideCursor(); }
+  ArrowPointer(const ArrowPointer&) = delete;
+  ArrowPointer& operator=(const ArrowPointer&) = delete;
+};
 
 // The desktop that the program runs on.
 class QtHost final : public Host {
@@ -25,6 +36,11 @@ class QtHost final : public Host {
   void Beep() override;
   std::optional<std::string> OpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> SaveDialog(const FileDialog& dialog) override;
+  bool HasPrinter() override;
+  std::optional<int> PrinterDialog() override;
+  bool Print(const Document& document) override;
+  void Preview(const Document& document) override;
+  bool WritePdf(const Document& document, const std::string& path) override;
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
@@ -33,11 +49,13 @@ class QtHost final : public Host {
  private:
   bool Closed() const { return window_ != nullptr && window_->isHidden(); }
   void Draw();
+  QPrinter& ChosenPrinter();
 
   QString program_folder_;
   QWidget* window_ = nullptr;
   std::function<void()> draw_;
   YieldPacer pacer_;
+  std::unique_ptr<QPrinter> printer_;
 };
 
 }  // namespace torvale

@@ -1,0 +1,84 @@
+// What the desktop prints, shows and writes of documents.
+#include <QFile>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinterInfo>
+
+#include "shell/qt/document_painter.h"
+#include "shell/qt/qt_host.h"
+#include "shell/qt/scale.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kPdfDotsPerInch = 1200;
+
+}  // namespace
+
+QPrinter& QtHost::ChosenPrinter() {
+  if (printer_ == nullptr) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  return *printer_;
+}
+
+bool QtHost::HasPrinter() {
+  return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+std::optional<int> QtHost::PrinterDialog() {
+  if (Closed()) return std::nullopt;
+  Draw();
+  QPrinter& printer = ChosenPrinter();
+  UseLetterPaper(printer);
+  printer.setCopyCount(1);
+  QPrintDialog dialog(&printer, window_);
+  dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  const ArrowPointer plain;
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  const int copies = printer.copyCount();
+  // Each copy is a document of its own.
+  printer.setCopyCount(1);
+  return copies;
+}
+
+bool QtHost::Print(const Document& document) {
+  QPrinter& printer = ChosenPrinter();
+  printer.setFullPage(true);
+  UseLetterPaper(printer);
+  printer.setDocName(ToQt(document.title));
+  return PaintDocument(printer, document);
+}
+
+void QtHost::Preview(const Document& document) {
+  if (Closed()) return;
+  Draw();
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setFullPage(true);
+  UseLetterPaper(printer);
+  printer.setDocName(ToQt(document.title));
+  QPrintPreviewDialog dialog(&printer, window_);
+  dialog.setWindowTitle(ToQt(document.title));
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, [&](QPrinter* onto) {
+    onto->setFullPage(true);
+    PaintDocument(*onto, document);
+  });
+  const ArrowPointer plain;
+  dialog.exec();
+}
+
+bool QtHost::WritePdf(const Document& document, const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  if (!file.open(QFile::WriteOnly)) return false;
+  bool painted = false;
+  {
+    QPdfWriter writer(&file);
+    writer.setResolution(kPdfDotsPerInch);
+    writer.setTitle(ToQt(document.title));
+    UseLetterPaper(writer);
+    painted = PaintDocument(writer, document);
+  }
+  return painted && file.flush() && file.error() == QFile::NoError;
+}
+
+}  // namespace torvale
