@@ -14,8 +14,6 @@ bool Flows(const DesignRecord& record, int i) {
 
 void StartTexts(Program& program) {
   DesignRecord& record = program.record;
-  record.HoleSumFurrowText.Clear();
-  record.HoleSumCount.Clear();
   record.HoleSumStations = " Hole Diameter \n";
   record.HoleSumLengths = " Stations \n";
   record.HoleSumCounts = " Number of Holes \n";
@@ -32,41 +30,13 @@ void ShowProfileSlope(Program& program) {
   if (slope.visible) slope.caption = main.lblCrownSlope.caption;
 }
 
-// Marks the row at which each run ends. A dry row inside a run is not counted, and so shifts the start that is worked
-// out from the count by one row.
-void FindRuns(DesignRecord& record) {
-  const RowArray<float>& chosen = ChosenHoleDia(record);
-  std::int16_t count = 0;
-  for (int i = 1; i <= record.HoleRows; ++i) {
-    if (!Flows(record, i)) continue;
-    ++count;
-    if (chosen[i] == AtRow(record, chosen, i + 1)) continue;
-    record.HoleSumCount[i] = count;
-    record.HoleSumFurrowText[i] = StationText(record, i + 1 - count) + " - " + StationText(record, i);
-    count = 0;
-  }
-}
-
-// Name of the hole size of row i. A limited selection is named from the allowed sizes alone.
-std::string SizeName(const Program& program, int i) {
-  const DesignRecord& record = program.record;
-  if (record.DesignType != kLimitedHoles) {
-    const int size = ChosenSizeIndex(record, i);
-    return size == 0 ? "" : record.HoleSizeName[size];
-  }
-  for (int k = 0; k < program.main.listHolesSelected.count(); ++k) {
-    if (record.SelectedHoleValue[k] == record.LimitedHoleDia[i]) return record.SelectedHoleName[k];
-  }
-  return "";
-}
-
 void WriteRuns(Program& program) {
   DesignRecord& record = program.record;
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!Flows(record, i) || record.HoleSumFurrowText[i].empty()) continue;
     record.HoleSumLengths += record.HoleSumFurrowText[i] + "\r";
     record.HoleSumCounts += GeneralText(record.HoleSumCount[i]) + "\r";
-    const std::string name = SizeName(program, i);
+    const std::string name = ChosenSizeName(program, i);
     if (record.PipeKind == "L") {
       record.HoleSumStations += name + "\r";
       continue;
@@ -78,12 +48,38 @@ void WriteRuns(Program& program) {
 
 }  // namespace
 
+void FindRuns(DesignRecord& record, const RowArray<float>& field) {
+  record.HoleSumFurrowText.Clear();
+  record.HoleSumCount.Clear();
+  std::int16_t count = 0;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!Flows(record, i)) continue;
+    ++count;
+    if (field[i] == AtRow(record, field, i + 1)) continue;
+    record.HoleSumCount[i] = count;
+    record.HoleSumFurrowText[i] = StationText(record, i + 1 - count) + " - " + StationText(record, i);
+    count = 0;
+  }
+}
+
+std::string ChosenSizeName(const Program& program, int i) {
+  const DesignRecord& record = program.record;
+  if (record.DesignType != kLimitedHoles) {
+    const int size = ChosenSizeIndex(record, i);
+    return size == 0 ? "" : record.HoleSizeName[size];
+  }
+  for (int k = 0; k < program.main.listHolesSelected.count(); ++k) {
+    if (record.SelectedHoleValue[k] == record.LimitedHoleDia[i]) return record.SelectedHoleName[k];
+  }
+  return "";
+}
+
 void DisplayHoleSum(Program& program) {
   MainScreen& main = program.main;
   try {
     StartTexts(program);
     ShowProfileSlope(program);
-    FindRuns(program.record);
+    FindRuns(program.record, ChosenHoleDia(program.record));
     WriteRuns(program);
     main.lblSumHoleDia.tool_tip = main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator : "";
   } catch (const RunTimeFault&) {

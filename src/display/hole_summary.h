@@ -9,4 +9,13 @@ namespace torvale {
 // fault is absorbed: the texts stay as far as they came.
 void DisplayHoleSum(Program& program);
 
+// Runs of rows with flow that have one value of `field`: at the row that ends a run `HoleSumFurrowText` takes its
+// stations and `HoleSumCount` its rows; all other elements are emptied. A dry row inside a run is not counted, and so
+// shifts the start that is worked out from the count by one row.
+void FindRuns(DesignRecord& record, const RowArray<float>& field);
+
+// Name of the chosen hole size of row i, empty for a size without one. A limited selection is named from the allowed
+// sizes alone.
+std::string ChosenSizeName(const Program& program, int i);
+
 }  // namespace torvale

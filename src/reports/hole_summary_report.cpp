@@ -1,0 +1,131 @@
+#include "reports/hole_summary_report.h"
+
+#include "base/format.h"
+#include "base/numbers.h"
+#include "display/cell_texts.h"
+#include "display/hole_summary.h"
+#include "reports/print_frame.h"
+
+namespace torvale {
+namespace {
+
+constexpr double kLeft = 0.5;
+constexpr double kMiddle = 3.5;
+constexpr double kStep = 0.2;  // from one line to the next
+
+std::string Pattern(float value, std::string_view pattern) {
+  return Format(static_cast<double>(value), pattern);
+}
+
+void PrintFigures(DocumentWriter& writer, const Program& program) {
+  const DesignRecord& record = program.record;
+  const auto& info = program.main.txtInfo;
+  constexpr double kLeftRoom = 2.9;
+  constexpr double kMiddleRoom = 4.4;
+  writer.SetFontSize(10);
+  writer.Text(kLeft, 1.0, "Saved as " + record.DisplayFileName, 7.4);
+  writer.Text(kLeft, 1.2, "Name: " + info[0].text(), kLeftRoom);
+  writer.Text(kMiddle, 1.2, "Date: " + info[1].text(), kMiddleRoom);
+  writer.Text(kLeft, 1.4, "GPM: " + info[2].text(), kLeftRoom);
+  writer.Text(kMiddle, 1.4, "Location: " + info[4].text(), kMiddleRoom);
+  writer.Text(kLeft, 1.6, "Distribution Uniformity: " + Pattern(record.Uniformity, "###.#"), kLeftRoom);
+  writer.Text(kMiddle, 1.6, "Acres: " + Pattern(record.TotalAcres, "####.#"), kMiddleRoom);
+}
+
+std::string HoleText(const Program& program, int i) {
+  const DesignRecord& record = program.record;
+  const std::string count = Format(record.HolesPerFurrow[i], "##");
+  if (record.PipeKind == "L") return count + " Ea. -  " + ChosenSizeName(program, i);
+  const bool one_blank = record.DesignType == kComputerHoles && program.main.txtDefault[11].text() == "R";
+  return count + (one_blank ? " Ea. - " : " Ea. -  ") + Format(GateOpening(program, i), "#.###");
+}
+
+// Whether a run ends at row i.
+bool EndsRun(const DesignRecord& record, int i) {
+  return record.FurrowFlow[i] > 0 && !record.HoleSumFurrowText[i].empty();
+}
+
+// One line for each run of equal hole size; y moves below the last.
+void PrintSizeRuns(DocumentWriter& writer, Program& program, double& y) {
+  DesignRecord& record = program.record;
+  FindRuns(record, ChosenHoleDia(record));
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!EndsRun(record, i)) continue;
+    const int first = i + 1 - record.HoleSumCount[i];
+    writer.Text(kLeft, y, record.HoleSumFurrowText[i]);
+    writer.Text(2.5, y, GeneralText(record.FurrowLength[first]) + " - " + GeneralText(record.FurrowLength[i]));
+    writer.Text(5, y, GeneralText(record.HoleSumCount[i]));
+    writer.Text(6.5, y, HoleText(program, i));
+    y += kStep;
+  }
+}
+
+// Two lines for each run of equal spacing; y moves below the last.
+void PrintSpacingRuns(DocumentWriter& writer, DesignRecord& record, double& y) {
+  constexpr double kTextX = 1.7;
+  FindRuns(record, record.HoleSpacing);
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!EndsRun(record, i)) continue;
+    writer.Text(kLeft, y, record.HoleSumFurrowText[i]);
+    writer.Text(kTextX, y, "Distance between punched holes  " + GeneralText(record.HoleSpacing[i]) + " ft. ");
+    y += kStep;
+    writer.Text(kLeft, y, record.HoleSumFurrowText[i]);
+    writer.Text(kTextX, y, "Planted width between holes " + GeneralText(record.PlantedWidth[i]) + " ft.");
+    y += kStep;
+  }
+}
+
+void PrintSizeTable(DocumentWriter& writer, Program& program, double& y) {
+  writer.SetFontSize(14);
+  writer.Text(3, 2, "Hole Summary");
+  writer.SetFontSize(12);
+  writer.Text(kLeft, 2.3, "Stations");
+  writer.Text(2.5, 2.3, "Furrow Lengths");
+  writer.Text(4.5, 2.3, "Number of Holes");
+  writer.Text(6.5, 2.3, "Hole Diameter");
+  y = 2.5;
+  PrintSizeRuns(writer, program, y);
+}
+
+void PrintSpacingTable(DocumentWriter& writer, DesignRecord& record, double& y) {
+  y += kStep;
+  writer.SetFontSize(14);
+  writer.Text(3, y, "Hole Spacing Summary");
+  y += kStep;
+  writer.SetFontSize(12);
+  writer.Text(kLeft, y, "Stations");
+  writer.Text(3, y, "Hole Spacing");
+  y += kStep;
+  PrintSpacingRuns(writer, record, y);
+}
+
+// Below the soil, beside the last rows of the applied water and past them.
+void PrintHeads(DocumentWriter& writer, const DesignRecord& record, double y) {
+  const std::string lines[] = {
+      "Maximum Head = " + Pattern(record.MaxHead, "##.00"),
+      "Maximum Head Station = " + GeneralText(record.MaxHeadStation),
+      "Minimum Head = " + Pattern(record.MinHead, "##.00"),
+      "Minimum Head Station = " + GeneralText(record.MinHeadStation),
+  };
+  int row = 3;
+  for (const std::string& line : lines) writer.Text(4, AppliedWaterRow(y, row++), line);
+}
+
+}  // namespace
+
+Document HoleSummaryReport(Program& program) {
+  DocumentWriter writer("Hole Summary");
+  PrintTitle(writer, program.record, kLimitedInHoleSummary);
+  PrintFigures(writer, program);
+  double y = 0;
+  PrintSizeTable(writer, program, y);
+  PrintSpacingTable(writer, program.record, y);
+  writer.SetDrawWidth(2);
+  y += 0.6;
+  PrintAppliedWater(writer, program.record, y);
+  PrintSoil(writer, program, y);
+  PrintHeads(writer, program.record, y);
+  return writer.Take();
+}
+
+}  // namespace torvale

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "screen/document.h"
+#include "screen/program.h"
+
+namespace torvale {
+
+// The one sheet that goes with the pipe into the field: runs of equal hole size, runs of equal spacing, hours of
+// applied water. It stands on one page; a long list runs off its foot. `HoleSumFurrowText` and `HoleSumCount` hold the
+// spacing runs afterwards, until the next DisplayHoleSum. Faults of GateMove and of a gate of no width pass through.
+Document HoleSummaryReport(Program& program);
+
+}  // namespace torvale

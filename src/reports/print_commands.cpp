@@ -1,0 +1,106 @@
+#include "reports/print_commands.h"
+
+#include <functional>
+
+#include "base/run_time_fault.h"
+#include "reports/design_reports.h"
+#include "reports/hole_summary_report.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kPdfFilter = "PDF document(*.pdf)|*.pdf";
+
+void TellPrintError(Program& program, std::string_view description) {
+  program.host.Message(std::string(description) + " print Error", "");
+}
+
+Document MakeReport(Program& program, Report report) {
+  switch (report) {
+    case Report::kSummary:
+      return SummaryReport(program);
+    case Report::kComplete:
+      return CompleteReport(program);
+    case Report::kHoleSummary:
+      break;
+  }
+  return HoleSummaryReport(program);
+}
+
+// What every command of a report ends with: a fault of the report is told to the user.
+void Guard(Program& program, const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const RunTimeFault& fault) {
+    TellPrintError(program, FaultText(fault.kind));
+  }
+}
+
+bool NeedPrinter(Program& program) {
+  if (program.host.HasPrinter()) return true;
+  TellPrintError(program,
+                 "No printer is installed on this computer. Install one in the settings of the desktop, or choose "
+                 "Export as PDF in the File menu.");
+  return false;
+}
+
+void PrintCopies(Program& program, Report report, int copies) {
+  Guard(program, [&] {
+    for (int copy = 1; copy <= copies; ++copy) {
+      if (program.host.Print(MakeReport(program, report))) continue;
+      TellPrintError(program, "The printer did not take the report.");
+      return;
+    }
+  });
+}
+
+void PrintWithDialog(Program& program, Report report) {
+  if (!NeedPrinter(program)) return;
+  const std::optional<int> copies = program.host.PrinterDialog();
+  if (copies) PrintCopies(program, report, *copies);
+}
+
+// A file name for the report, from that of the design where it has one.
+std::string SuggestedName(const Program& program, const Document& document) {
+  std::string name = program.record.DisplayFileName;
+  const std::size_t folder = name.find_last_of("/\\");
+  const std::size_t dot = name.find_last_of('.');
+  if (dot != std::string::npos && (folder == std::string::npos || dot > folder)) name.resize(dot);
+  return (name.empty() ? "" : name + " ") + document.title + ".pdf";
+}
+
+}  // namespace
+
+void mnuPrintSummary_Click(Program& program) {
+  PrintWithDialog(program, Report::kSummary);
+}
+
+void mnuPrintComplete_Click(Program& program) {
+  PrintWithDialog(program, Report::kComplete);
+}
+
+void mnuPrtHoleSummary_Click(Program& program) {
+  PrintWithDialog(program, Report::kHoleSummary);
+}
+
+void PrintAtOnce(Program& program, Report report) {
+  if (NeedPrinter(program)) PrintCopies(program, report, 1);
+}
+
+void mnuPreview_Click(Program& program, int index) {
+  Guard(program, [&] { program.host.Preview(MakeReport(program, static_cast<Report>(index))); });
+}
+
+void mnuExportPdf_Click(Program& program, int index) {
+  Guard(program, [&] {
+    const Document document = MakeReport(program, static_cast<Report>(index));
+    const auto path =
+        program.host.SaveDialog({"Export as PDF", std::string(kPdfFilter), 1, SuggestedName(program, document)});
+    if (!path || path->empty()) return;
+    if (!program.host.WritePdf(document, *path)) {
+      program.host.Message("The report could not be written to " + *path + ".", "Export as PDF");
+    }
+  });
+}
+
+}  // namespace torvale

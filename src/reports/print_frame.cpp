@@ -1,0 +1,187 @@
+#include "reports/print_frame.h"
+
+#include <array>
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "base/version.h"
+
+namespace torvale {
+namespace {
+
+constexpr double kLeft = 0.5;
+constexpr double kRight = 4;        // second column of texts
+constexpr double kLeftRoom = 3.4;   // up to the second column
+constexpr double kRightRoom = 3.9;  // up to the edge of the table
+constexpr double kWholeRoom = 7.4;  // from the first column to that edge
+constexpr double kRuleLeft = 0.1;   // the table
+constexpr double kRuleRight = 7.9;
+
+constexpr std::array<std::string_view, 5> kDesignNames = {
+    "Planned Design", "Constant Slope Design", "Dual Slope Design", "Multiple Hole Design", "Existing Slope Design"};
+
+struct AppliedWaterLine {
+  std::string_view inches;
+  float DesignRecord::*hours;
+};
+
+constexpr std::array<AppliedWaterLine, 5> kAppliedWater = {{
+    {"0.5", &DesignRecord::HoursHalfInch},
+    {"1.0", &DesignRecord::HoursOneInch},
+    {"1.5", &DesignRecord::HoursOneHalfInch},
+    {"2.0", &DesignRecord::HoursTwoInch},
+    {"3.0", &DesignRecord::HoursThreeInch},
+}};
+constexpr double kAppliedHeading = 0.34;  // two lines of headings
+
+// One word or two, the second below the first.
+struct ColumnHeading {
+  double upper_x;
+  std::string_view upper;
+  double lower_x;
+  std::string_view lower;
+};
+
+constexpr ColumnHeading kHeadings[] = {
+    {0.2, "Station", 0.3, "Feet"},    {0.9, "Hole Size", 0.95, "Inches"}, {1.6, "Hole", 1.5, "Number"},
+    {2.2, "Furrow", 2.25, "Flow"},    {2.8, "Head", 2.8, "Feet"},         {3.3, "Flow", 3.3, "Ratio"},
+    {4, "Furrow", 3.9, "Length Ft."},
+};
+constexpr ColumnHeading kRodHeading = {4.55, "Rod Reading", 4.75, "Feet"};
+constexpr ColumnHeading kElevationHeading = {4.6, "Elevation", 4.75, "Feet"};
+constexpr ColumnHeading kLastHeadings[] = {
+    {5.4, "Holes", 5.25, "Per Furrow"},
+    {0, "", 6.05, "Mil"},
+    {6.4, "Pipe Dia.", 6.45, "Inches"},
+    {7.1, "Accum.", 7.15, "GPM"},
+};
+
+std::string Pattern(float value, std::string_view pattern) {
+  return Format(static_cast<double>(value), pattern);
+}
+
+std::string AverageFurrowFlow(const DesignRecord& record) {
+  if (record.WateredFurrows == 0) return "0";
+  return Format(static_cast<double>(record.TargetGPM) / record.WateredFurrows, " .#");
+}
+
+void PrintHeading(DocumentWriter& writer, const ColumnHeading& heading, double y) {
+  writer.Text(heading.upper_x, y + 0.1, heading.upper);
+  writer.Text(heading.lower_x, y + 0.3, heading.lower);
+}
+
+void PrintColumnHeadings(DocumentWriter& writer, bool rods, double y) {
+  writer.SetDrawWidth(3);
+  writer.Line(kRuleLeft, y, kRuleRight, y);
+  writer.Line(kRuleLeft, y + 0.3, kRuleRight, y + 0.3);
+  writer.SetDrawWidth(2);
+  for (const ColumnHeading& heading : kHeadings) PrintHeading(writer, heading, y);
+  PrintHeading(writer, rods ? kRodHeading : kElevationHeading, y);
+  for (const ColumnHeading& heading : kLastHeadings) PrintHeading(writer, heading, y);
+}
+
+std::string SurveyKindText(std::string_view kind) {
+  if (kind == "R") return "Designed using Rod Readings";
+  if (kind == "E") return "Designed using Elevations";
+  return "";
+}
+
+}  // namespace
+
+std::string DesignLine(const DesignRecord& record, std::string_view limited_name) {
+  if (record.DesignType < kPlanned || record.DesignType > kLimitedHoles) return "";
+  const std::string_view name = record.DesignType == kLimitedHoles
+                                    ? limited_name
+                                    : kDesignNames.at(static_cast<std::size_t>(record.DesignType - kPlanned));
+  return std::string(name) + (record.PipeKind == "L" ? " using Layflat Pipe" : " using Rigid Pipe");
+}
+
+void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view limited_name) {
+  writer.Text(6.5, 0.2, "Page " + GeneralText(writer.page()));
+  writer.SetFontSize(14);
+  writer.Centred(0.2, "Kelmar Programming");
+  writer.Centred(0.4, " TORVALE Version " + ProgramVersion());
+  writer.SetFontSize(12);
+  writer.Centred(0.6, "Gated Line And Crown Planning Aid");
+  writer.Centred(0.8, DesignLine(record, limited_name));
+}
+
+double AppliedWaterRow(double y, int row) {
+  return y + kAppliedHeading + row * (kLineHeight + 0.005);
+}
+
+void PrintAppliedWater(DocumentWriter& writer, const DesignRecord& record, double y) {
+  writer.SetFontSize(10);
+  const double foot = y + 1.2;
+  writer.Box(kLeft, y, 3, foot);
+  writer.Line(1.6, y + kAppliedHeading, 1.6, foot);
+  writer.Line(2.2, y + kAppliedHeading, 2.2, foot);
+  for (const double down : {0.34, 0.51, 0.68, 0.85, 1.02}) writer.Line(kLeft, y + down, 3, y + down);
+  writer.SetDrawWidth(1);
+  writer.Text(0.55, y, "Gross Inches");
+  writer.Text(0.8, y + 0.17, "Pumped");
+  writer.Text(1.7, y + 0.17, "Hours");
+  writer.Text(2.3, y + 0.17, "Days");
+  int row = 0;
+  for (const AppliedWaterLine& line : kAppliedWater) {
+    const double at = AppliedWaterRow(y, row++);
+    const float hours = record.*line.hours;
+    writer.Text(0.85, at, line.inches);
+    writer.Text(1.7, at, GeneralText(hours), 0.48);
+    writer.Text(2.4, at, Format(static_cast<double>(hours) / 24, "##.0"), 0.58);
+  }
+}
+
+void PrintSoil(DocumentWriter& writer, const Program& program, double y) {
+  const ListBox& soils = program.main.listSoils;
+  writer.Text(kRight, AppliedWaterRow(y, 0), "Soil Type " + soils.Line(soils.Current()), kRightRoom);
+  writer.Text(kRight, AppliedWaterRow(y, 1), program.main.lblRecFurrowFlow.caption, kRightRoom);
+  writer.Text(kRight, AppliedWaterRow(y, 2), "Average Furrow Flow " + AverageFurrowFlow(program.record) + " GPM",
+              kRightRoom);
+}
+
+void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {
+  const DesignRecord& record = program.record;
+  PrintTitle(writer, record, kLimitedInDesignReports);
+  writer.SetFontSize(10);
+  writer.Text(kLeft, 1.1, "Saved as " + record.DisplayFileName, kWholeRoom);
+  writer.Text(kLeft, 1.4, "Name: " + program.main.txtInfo[0].text(), kLeftRoom);
+  if (writer.page() < 2) {
+    const double top = static_cast<double>(y);
+    writer.SetDrawWidth(3);
+    PrintAppliedWater(writer, record, top);
+    PrintSoil(writer, program, top);
+    y = Store32(AppliedWaterRow(top, static_cast<int>(kAppliedWater.size()) - 1));
+  }
+  y = Store32(static_cast<double>(y) + 0.3);
+  PrintColumnHeadings(writer, program.main.txtInfo[5].text() == "R", static_cast<double>(y));
+}
+
+void PrintDesignData(DocumentWriter& writer, const Program& program) {
+  const DesignRecord& record = program.record;
+  const MainScreen& main = program.main;
+  float y = 3;
+  PrintPageHeader(writer, program, y);
+  const auto left = [&](double at, const std::string& text) { writer.Text(kLeft, at, text, kLeftRoom); };
+  const auto right = [&](double at, const std::string& text) { writer.Text(kRight, at, text, kRightRoom); };
+  right(1.4, "Date: " + main.txtInfo[1].text());
+  left(1.6, "Location: " + main.txtInfo[4].text());
+  right(1.6, SurveyKindText(main.txtInfo[5].text()));
+  left(1.8, "Target Head: " + main.txtInfo[3].text());
+  right(1.8, "GPM: " + main.txtInfo[2].text());
+  left(2.0, "Maximum Head: " + Pattern(record.MaxHead, "##.00"));
+  right(2.0, "Maximum Head Station: " + GeneralText(record.MaxHeadStation));
+  left(2.2, "Minimum Head: " + Pattern(record.MinHead, "##.00"));
+  right(2.2, "Minimum Head Station: " + GeneralText(record.MinHeadStation));
+  left(2.4, "Maximum Furrow Flow (GPM): " + Pattern(record.MaxFurrowFlow, "##.00"));
+  right(2.4, "Minimum Furrow Flow(GPM): " + Pattern(record.MinFurrowFlow, "##.00"));
+  left(2.6, "Distribution Efficiency = " + GeneralText(record.Uniformity));
+  right(2.6, "Acres = " + Pattern(record.TotalAcres, "###0.0"));
+  if (main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked) {
+    writer.Text(kLeft, 2.8, main.lblCrownSlope.caption, kWholeRoom);
+  }
+  writer.SetDrawWidth(3);
+}
+
+}  // namespace torvale

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "reports/document_writer.h"
+#include "screen/program.h"
+
+namespace torvale {
+
+// What the three reports have in common.
+
+// Name of a limited selection of holes; the two wordings differ on purpose.
+inline constexpr std::string_view kLimitedInDesignReports = "Limited Computer Hole Selection Design";
+inline constexpr std::string_view kLimitedInHoleSummary = "Limited Computer Selected Hole Design";
+
+// The kind of design and of pipe, as a report names it. Empty before any design.
+std::string DesignLine(const DesignRecord& record, std::string_view limited_name);
+
+// The page's number, then the program's lines and the design line, centred. Leaves font size 12.
+void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view limited_name);
+
+// Box of hours and days that apply 0.5 to 3 gross inches, its top at y, at font size 10. The box is drawn in the line
+// width in force.
+void PrintAppliedWater(DocumentWriter& writer, const DesignRecord& record, double y);
+
+// The soil, the furrow flow recommended for it and the average furrow flow, beside the rows of the applied water whose
+// box begins at y.
+void PrintSoil(DocumentWriter& writer, const Program& program, double y);
+
+// Top of row `row` (from 0) in the box of applied water that begins at y.
+double AppliedWaterRow(double y, int row);
+
+// Begins a page of a design report: the header and, on the first page, the applied water from `y` on; then the headings
+// of the table. `y` moves on to the upper line of the headings. Leaves font size 10 and line width 2.
+void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y);
+
+// The first page's header with the figures of the design. Leaves font size 10 and line width 3.
+void PrintDesignData(DocumentWriter& writer, const Program& program);
+
+}  // namespace torvale
