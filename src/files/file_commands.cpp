@@ -112,11 +112,15 @@ void mnuFileList_Click(Program& program, int index) {
   OpenFile(program);
 }
 
-void mnuFile_Click(Program& program) {
-  MainScreen& main = program.main;
-  for (Control* entry : {&main.mnuPrintComplete, &main.mnuPrintSummary, &main.mnuPrtHoleSummary}) {
-    entry->enabled = main.Grid2.control.visible;
+void EnablePrinting(MainScreen& main, bool enabled) {
+  for (Control* entry : {&main.mnuPrintComplete, &main.mnuPrintSummary, &main.mnuPrtHoleSummary, &main.mnuPrintPreview,
+                         &main.mnuExport}) {
+    entry->enabled = enabled;
   }
+}
+
+void mnuFile_Click(Program& program) {
+  EnablePrinting(program.main, program.main.Grid2.control.visible);
 }
 
 void SaveRecentFiles(Program& program) {

@@ -17,6 +17,8 @@ void mnuFileSaveAs_Click(Program& program);
 void mnuFileList_Click(Program& program, int index);
 // The file menu drops down: printing needs results on the screen.
 void mnuFile_Click(Program& program);
+// Lets the user print, preview and export, or not.
+void EnablePrinting(MainScreen& main, bool enabled);
 
 // Opens the named design as Open does, without a dialog.
 void OpenNamedFile(Program& program, std::string_view path);

@@ -28,7 +28,9 @@ struct MainScreen {
 
   // Menus
   Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileBar3, mnuPrintComplete, mnuPrintSummary,
-      mnuPrtHoleSummary, mnuFileExit;
+      mnuPrtHoleSummary, mnuPrintPreview, mnuExport, mnuFileExit;
+  // The summary, the complete design and the hole summary
+  std::array<Control, 3> mnuPreview, mnuExportPdf;
   std::array<Control, 4> mnuFileList;
   Control mnuEdit, mnuInsertRow, mnuDeleteRow, mnuSoils_and_Furrow, mnuSurveyCopy;
   Control mnuPreference;

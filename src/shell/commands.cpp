@@ -9,6 +9,7 @@
 #include "files/soils.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "reports/print_commands.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
 #include "shell/events.h"
@@ -27,11 +28,30 @@ void mnuFileListAt_Click(Program& program) {
   mnuFileList_Click(program, kEntry);
 }
 
+template <int kReport>
+void mnuPreviewAt_Click(Program& program) {
+  mnuPreview_Click(program, kReport);
+}
+
+template <int kReport>
+void mnuExportPdfAt_Click(Program& program) {
+  mnuExportPdf_Click(program, kReport);
+}
+
 constexpr Command kCommands[] = {
     {"mnuFileNew", mnuFileNew_Click},
     {"mnuFileOpen", mnuFileOpen_Click},
     {"mnuFileSave", mnuFileSave_Click},
     {"mnuFileSaveAs", mnuFileSaveAs_Click},
+    {"mnuPrintSummary", mnuPrintSummary_Click},
+    {"mnuPrintComplete", mnuPrintComplete_Click},
+    {"mnuPrtHoleSummary", mnuPrtHoleSummary_Click},
+    {"mnuPreview(0)", mnuPreviewAt_Click<0>},
+    {"mnuPreview(1)", mnuPreviewAt_Click<1>},
+    {"mnuPreview(2)", mnuPreviewAt_Click<2>},
+    {"mnuExportPdf(0)", mnuExportPdfAt_Click<0>},
+    {"mnuExportPdf(1)", mnuExportPdfAt_Click<1>},
+    {"mnuExportPdf(2)", mnuExportPdfAt_Click<2>},
     {"mnuFileList(0)", mnuFileListAt_Click<0>},
     {"mnuFileList(1)", mnuFileListAt_Click<1>},
     {"mnuFileList(2)", mnuFileListAt_Click<2>},
@@ -76,6 +96,14 @@ const Command* FindCommand(std::string_view name) {
   return found == std::end(kCommands) ? nullptr : found;
 }
 
+// Name of the menu that a control stands in; empty where it stands in none.
+std::string MenuOf(Program& program, std::string_view name) {
+  for (const NamedControl& named : ControlsOf(program.main)) {
+    if (named.name == name) return named.kind == ControlKind::kMenu ? named.parent : "";
+  }
+  return "";
+}
+
 }  // namespace
 
 std::span<const Command> Commands() {
@@ -89,6 +117,8 @@ bool HasCommand(std::string_view name) {
 Reach Click(Program& program, std::string_view name) {
   const Command* command = FindCommand(name);
   if (command == nullptr) return Reach::kUnknown;
+  // A menu drops down before an entry of it is clicked, and settles then which of them can be.
+  for (std::string menu = MenuOf(program, name); !menu.empty(); menu = MenuOf(program, menu)) MenuOpened(program, menu);
   const Reach reach = ReachOf(program, name);
   if (reach == Reach::kUsable) Guarded(program, [&] { command->run(program); });
   return reach;

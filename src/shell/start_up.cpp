@@ -135,9 +135,7 @@ void Form_Load(Program& program) {
   GridSet(program);
   PlaceMainScreen(program);
   LoadZoom(program);
-  for (Control* entry : {&main.mnuPrintComplete, &main.mnuPrintSummary, &main.mnuPrtHoleSummary}) {
-    entry->enabled = false;
-  }
+  EnablePrinting(main, false);
   PlacePanels(main);
   main.mnuLayflatPipe.ticked = true;
   record.FileVersion = ProgramVersion();
