@@ -157,7 +157,7 @@ void Compare(unsigned seed, int most_rows, long idle, long cancel_at, Ends& ends
 }
 
 unsigned Times(unsigned count) {
-  return std::getenv("TORVALE_LONG") != nullptr ? count * 20 : count;
+  return std::getenv("TORVALE_LONG") != nullptr ? count * 8 : count;
 }
 
 TEST(FlowCalcReference, RandomLines) {

@@ -60,8 +60,9 @@ class Session {
     static constexpr std::string_view kAfterwards[] = {"cmdDesignToggle", "cmdReCalc", "mnuRigidPipe", "mnuLayflatPipe",
                                                        "cmdInterpolate"};
     for (int i = random_.Whole(0, 2); i > 0; --i) Click(program_, random_.Of(kAfterwards));
-    // The summary takes stations as they are, and reports one that is no number.
-    if (!StationsAreNumbers()) host_.untrapped = 0;
+    // The summary takes stations as they are, and reports one that is no number. A design whose figures were too large
+    // to show ended in silence; asked for again, as the other table, it is reported.
+    if (!StationsAreNumbers() || program_.record.MissingData == -1) host_.untrapped = 0;
     Click(program_, "mnuWindowInfo");
     ExpectWhole();
   }

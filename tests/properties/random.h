@@ -27,7 +27,7 @@ class Random {
 
 // How many rounds a property is run: `count`, and many times that in the long runs (TORVALE_LONG in the environment).
 inline unsigned Rounds(unsigned count) {
-  return std::getenv("TORVALE_LONG") != nullptr ? count * 30 : count;
+  return std::getenv("TORVALE_LONG") != nullptr ? count * 8 : count;
 }
 
 }  // namespace torvale
