@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "elsewhere.h"
 #include "script/record_fields.h"
 #include "script/runner.h"
 
@@ -103,12 +104,13 @@ std::vector<fs::path> Samples() {
 // constant is what the samples gave when it was written; it changes when a sample or a rule does, and never with the
 // build.
 TEST(Samples, GoldenResultsAreTheSameToTheLastBit) {
-  constexpr std::uint64_t kGolden = 0x4d959194c857de5aULL;
+  constexpr std::uint64_t kGolden = 0x65601ba7ec90d58bULL;
   Hash hash;
   std::ostringstream each;
   for (const fs::path& sample : Samples()) {
     std::ifstream script(sample);
     std::ostringstream transcript;
+    const ElsewhereForAWhile elsewhere;
     Session session(transcript);
     ASSERT_NO_THROW(ReplayScript(session, script)) << sample;
     ForEachRecordField(FieldHasher{hash, session.program.record});

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "elsewhere.h"
 #include "script/runner.h"
 
 namespace torvale {
@@ -44,13 +45,37 @@ std::string TestName(const testing::TestParamInfo<fs::path>& info) {
   return name;
 }
 
+std::string BytesOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// A sample is there to be opened: what its script saves in the current folder lies beside it, byte for byte.
+void CheckSamples(const fs::path& script) {
+  if (script.parent_path().filename() != "samples") return;
+  for (const auto& saved : fs::directory_iterator(fs::current_path())) {
+    const fs::path sample = script.parent_path() / saved.path().filename();
+    if (Accepting()) fs::copy_file(saved.path(), sample, fs::copy_options::overwrite_existing);
+    EXPECT_TRUE(BytesOf(saved.path()) == BytesOf(sample)) << sample << " is not what its script saves";
+  }
+  for (const auto& sample : fs::directory_iterator(script.parent_path())) {
+    const std::string extension = sample.path().extension().string();
+    if (sample.path().stem() != script.stem() || extension == ".script" || extension == ".expected") continue;
+    EXPECT_TRUE(fs::exists(fs::current_path() / sample.path().filename())) << sample << " is not saved by its script";
+  }
+}
+
 class TranscriptTest : public testing::TestWithParam<fs::path> {};
 
 TEST_P(TranscriptTest, IsAsExpected) {
   std::ifstream script(GetParam());
   std::stringstream transcript;
   std::ostringstream errors;
-  EXPECT_EQ(RunScript(script, transcript, errors), kScriptDone);
+  {
+    const ElsewhereForAWhile elsewhere;
+    EXPECT_EQ(RunScript(script, transcript, errors), kScriptDone);
+    CheckSamples(GetParam());
+  }
   EXPECT_EQ(errors.str(), "");
 
   fs::path expected_path = GetParam();
