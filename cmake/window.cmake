@@ -1,11 +1,13 @@
 # The window: the only part that knows a toolkit.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport)
+find_package(QCustomPlotQt6 REQUIRED)
 file(GLOB window_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/shell/qt/*.cpp ${PROJECT_SOURCE_DIR}/src/shell/qt/*.h)
 list(FILTER window_sources EXCLUDE REGEX "/main\\.cpp$")
 if(window_sources)
   add_library(torvale_qt STATIC ${window_sources})
   set_target_properties(torvale_qt PROPERTIES AUTOMOC ON)
-  target_link_libraries(torvale_qt PUBLIC torvale_shell Qt6::Widgets Qt6::PrintSupport PRIVATE torvale_options)
+  target_link_libraries(torvale_qt PUBLIC torvale_shell Qt6::Widgets Qt6::PrintSupport
+    QCustomPlotQt6::QCustomPlotQt6 PRIVATE torvale_options)
 endif()
 
 if(TARGET torvale_qt AND EXISTS ${PROJECT_SOURCE_DIR}/src/shell/qt/main.cpp)

@@ -1,6 +1,8 @@
 #include "reports/crown_profile.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
@@ -109,6 +111,28 @@ void FillPoints(Program& program, LineChart& chart) {
   chart.rows = NextPoint;
 }
 
+void ShowButtons(CrownProfileScreen& profile, bool visible) {
+  for (Control* button : {&profile.btnPrintProfile, &profile.btnExportPicture, &profile.btnBack}) {
+    button->visible = visible;
+  }
+}
+
+// What went wrong, in a sentence; empty where all copies were printed.
+std::string PrintCopies(Program& program) {
+  if (!program.host.HasPrinter()) return "No printer is installed.";
+  const std::optional<int> copies = program.host.PrinterDialog();
+  if (!copies) return "Printing was cancelled.";
+  ShowButtons(program.profile, false);
+  for (int copy = 0; copy < *copies; ++copy) {
+    if (!program.host.PrintProfile()) return "The printer did not take the picture.";
+  }
+  return "";
+}
+
+bool EndsWith(const std::string& path, std::string_view extension) {
+  return path.size() > extension.size() && UpperCase(path).ends_with(extension);
+}
+
 }  // namespace
 
 void BuildCrownChart(Program& program) {
@@ -146,6 +170,26 @@ void mnuProfile_Click(Program& program) {
 void btnBack_Click(Program& program) {
   program.profile.CrownProfile.visible = false;
   program.main.cmdDesignToggle.caption = program.record.ProfileTitle;
+}
+
+void btnPrintProfile_Click(Program& program) {
+  const std::string failure = PrintCopies(program);
+  ShowButtons(program.profile, true);
+  if (!failure.empty()) program.host.Message(failure + " print Error", "");
+}
+
+void btnExportPicture_Click(Program& program) {
+  const std::optional<std::string> chosen = program.host.SaveDialog({
+      .title = "Export Picture",
+      .filters = "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf",
+      .name = "Crown Profile.png",
+  });
+  if (!chosen) return;
+  const bool named = EndsWith(*chosen, ".PNG") || EndsWith(*chosen, ".PDF");
+  const std::string path = named ? *chosen : *chosen + ".png";
+  if (program.host.WriteProfile(path)) return;
+  program.host.Message("The picture could not be written to " + path + ". Check that the folder can be written to.",
+                       "");
 }
 
 }  // namespace torvale

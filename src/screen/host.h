@@ -46,6 +46,12 @@ class Host {
   // Writes the document to a file. False where the file can't be written.
   virtual bool WritePdf(const Document& document, const std::string& path) = 0;
 
+  // One copy of the picture of the window `CrownProfile`, in landscape on the printer chosen last, or written to a
+  // file: a document where the path ends in ".pdf", else a PNG picture. False where the printer or the file system
+  // refused, and on a desktop without windows.
+  virtual bool PrintProfile() { return false; }
+  virtual bool WriteProfile(const std::string& /*path*/) { return false; }
+
   // Per-user settings by key; nothing where the key was never saved.
   virtual std::optional<std::string> Setting(std::string_view key) = 0;
   virtual void SaveSetting(std::string_view key, std::string_view value) = 0;

@@ -28,7 +28,7 @@ struct MainScreen {
 
   // Menus
   Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileBar3, mnuPrintComplete, mnuPrintSummary,
-      mnuPrtHoleSummary, mnuPrintPreview, mnuExport, mnuFileExit;
+      mnuPrtHoleSummary, mnuPrintPreview, mnuExport, mnuExportCsv, mnuExportHoleCsv, mnuFileExit;
   // The summary, the complete design and the hole summary
   std::array<Control, 3> mnuPreview, mnuExportPdf;
   std::array<Control, 4> mnuFileList;

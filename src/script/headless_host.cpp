@@ -126,6 +126,16 @@ bool HeadlessHost::WritePdf(const Document& document, const std::string& path) {
   return true;
 }
 
+bool HeadlessHost::PrintProfile() {
+  transcript_ << "crown profile printed\n";
+  return true;
+}
+
+bool HeadlessHost::WriteProfile(const std::string& path) {
+  transcript_ << "crown profile written to " << Quoted(std::filesystem::path(path).filename().string()) << '\n';
+  return true;
+}
+
 void HeadlessHost::ShowPrinted() {
   for (const Document& document : printed_) ShowDocument(transcript_, document);
   printed_.clear();

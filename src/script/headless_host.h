@@ -67,6 +67,8 @@ class HeadlessHost final : public Host {
   bool Print(const Document& document) override;
   void Preview(const Document& document) override;
   bool WritePdf(const Document& document, const std::string& path) override;
+  bool PrintProfile() override;
+  bool WriteProfile(const std::string& path) override;
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;

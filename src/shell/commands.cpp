@@ -9,9 +9,11 @@
 #include "files/soils.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "reports/crown_profile.h"
 #include "reports/print_commands.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
+#include "shell/csv_export.h"
 #include "shell/events.h"
 #include "shell/start_up.h"
 
@@ -49,6 +51,8 @@ constexpr Command kCommands[] = {
     {"mnuPreview(0)", mnuPreviewAt_Click<0>},
     {"mnuPreview(1)", mnuPreviewAt_Click<1>},
     {"mnuPreview(2)", mnuPreviewAt_Click<2>},
+    {"mnuExportCsv", mnuExportCsv_Click},
+    {"mnuExportHoleCsv", mnuExportHoleCsv_Click},
     {"mnuExportPdf(0)", mnuExportPdfAt_Click<0>},
     {"mnuExportPdf(1)", mnuExportPdfAt_Click<1>},
     {"mnuExportPdf(2)", mnuExportPdfAt_Click<2>},
@@ -80,6 +84,10 @@ constexpr Command kCommands[] = {
     {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
     {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
     {"mnuWindowInfo", mnuWindowInfo_Click},
+    {"mnuProfile", mnuProfile_Click},
+    {"btnBack", btnBack_Click},
+    {"btnPrintProfile", btnPrintProfile_Click},
+    {"btnExportPicture", btnExportPicture_Click},
     {"cmdInterpolate", cmdInterpolate_Click},
     {"cmdCancel", cmdCancel_Click},
     {"cmdReCalc", cmdReCalc_Click},

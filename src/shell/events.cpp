@@ -13,6 +13,7 @@
 #include "files/soils.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "shell/csv_export.h"
 
 namespace torvale {
 namespace {
@@ -270,7 +271,9 @@ void FocusLost(Program& program, std::string_view control) {
 }
 
 void MenuOpened(Program& program, std::string_view menu) {
-  if (menu == "mnuFile") Guarded(program, [&] { mnuFile_Click(program); });
+  if (menu != "mnuFile") return;
+  OfferCsvExport(program);
+  Guarded(program, [&] { mnuFile_Click(program); });
 }
 
 void FileDropped(Program& program, std::string_view path) {

@@ -98,6 +98,10 @@ class FakeHost final : public Host {
     return printer_works;
   }
   void Preview(const Document& document) override { previewed.push_back(document); }
+  std::function<bool()> print_profile;                         // false for a refusal
+  std::function<bool(const std::string& path)> write_profile;  // the same
+  bool PrintProfile() override { return print_profile && print_profile(); }
+  bool WriteProfile(const std::string& path) override { return write_profile && write_profile(path); }
   bool WritePdf(const Document& document, const std::string& path) override {
     if (printer_works) pdfs[path] = document;
     return printer_works;

@@ -47,6 +47,8 @@ MainWindow::MainWindow(Program& program)
       [this](const std::string& name) { Run([&] { MenuOpened(program_, name); }); });
   soils_ = new SoilsWindow(
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
+  profile_ = new ProfileWindow(
+      program_, [this](const std::function<void()>& work) { Run(work); }, this);
   MakeControls();
   NameFields();
   NameGridsAndLists();
@@ -86,6 +88,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   Guarded(program_, [this] { Form_Unload(program_); });
   DrawBusy();
   soils_->Sync();
+  profile_->Sync();
   event->accept();
 }
 

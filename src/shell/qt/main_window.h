@@ -14,6 +14,7 @@
 #include "shell/qt/control_view.h"
 #include "shell/qt/grid_view.h"
 #include "shell/qt/menu_view.h"
+#include "shell/qt/profile_window.h"
 #include "shell/qt/soils_window.h"
 #include "shell/qt/window_place.h"
 #include "shell/start_up.h"
@@ -80,6 +81,7 @@ class MainWindow final : public QMainWindow {
   QLabel* status_;
   QShortcut* cancel_key_ = nullptr;
   SoilsWindow* soils_ = nullptr;
+  ProfileWindow* profile_ = nullptr;
   std::vector<ControlView> controls_;
   std::unique_ptr<MenuView> menus_;
   WindowPlace place_;

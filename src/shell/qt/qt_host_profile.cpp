@@ -1,0 +1,67 @@
+// The picture of the crown profile, on paper and in files.
+#include <QImage>
+#include <QPageLayout>
+#include <QPdfWriter>
+
+#include "shell/qt/document_painter.h"
+#include "shell/qt/profile_window.h"
+#include "shell/qt/qt_host.h"
+#include "shell/qt/scale.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kPdfDotsPerInch = 1200;
+constexpr double kMargin = 0.5;  // inches
+constexpr QSize kPictureSize(2000, 1300);
+
+void UseLandscape(QPagedPaintDevice& device) {
+  UseLetterPaper(device);
+  device.setPageOrientation(QPageLayout::Landscape);
+  device.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Inch);
+}
+
+ProfileWindow* ProfileOf(const QWidget* window) {
+  return window == nullptr ? nullptr : window->findChild<ProfileWindow*>();
+}
+
+bool PaintProfile(ProfileWindow& profile, QPaintDevice& device, const QSize& size) {
+  QCPPainter painter;
+  if (!painter.begin(&device)) return false;
+  painter.setMode(QCPPainter::pmVectorized);
+  profile.PaintOnPaper(painter, size);
+  return painter.end();
+}
+
+}  // namespace
+
+bool QtHost::PrintProfile() {
+  ProfileWindow* profile = ProfileOf(window_);
+  if (profile == nullptr) return false;
+  Draw();
+  QPrinter& printer = ChosenPrinter();
+  printer.setDocName("Crown Profile");
+  printer.setFullPage(false);
+  UseLandscape(printer);
+  const bool painted =
+      PaintProfile(*profile, printer, printer.pageLayout().paintRectPixels(printer.resolution()).size());
+  UseLetterPaper(printer);
+  return painted;
+}
+
+bool QtHost::WriteProfile(const std::string& path) {
+  ProfileWindow* profile = ProfileOf(window_);
+  if (profile == nullptr) return false;
+  const QString file = ToQt(path);
+  if (file.endsWith(".pdf", Qt::CaseInsensitive)) {
+    QPdfWriter writer(file);
+    writer.setResolution(kPdfDotsPerInch);
+    writer.setTitle("Crown Profile");
+    UseLandscape(writer);
+    return PaintProfile(*profile, writer, writer.pageLayout().paintRectPixels(kPdfDotsPerInch).size());
+  }
+  QImage picture(kPictureSize, QImage::Format_RGB32);
+  return PaintProfile(*profile, picture, picture.size()) && picture.save(file, "PNG");
+}
+
+}  // namespace torvale

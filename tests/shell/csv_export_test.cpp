@@ -1,0 +1,51 @@
+#include "shell/csv_export.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "reports/csv.h"
+#include "shell/commands.h"
+#include "shell/started_program.h"
+
+namespace torvale {
+namespace {
+
+struct CsvExportTest : StartedProgramTest {
+  std::string Read(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+};
+
+TEST_F(CsvExportTest, IsOfferedOnlyWhileResultsAreShown) {
+  for (const char* entry : {"mnuExportCsv", "mnuExportHoleCsv"}) {
+    program.main.Grid2.control.visible = false;
+    EXPECT_EQ(Click(program, entry), Reach::kDisabled);
+    program.main.Grid2.control.visible = true;
+    EXPECT_EQ(Click(program, entry), Reach::kUsable);
+  }
+  EXPECT_EQ(host.dialogs.size(), 2U);  // both cancelled
+  EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(CsvExportTest, WritesTheFileAndAddsTheExtension) {
+  program.main.Grid2.Set(1, 0, "0");
+  host.paths = {host.ProgramFolder() + "/table", host.ProgramFolder() + "/holes.CSV"};
+  mnuExportCsv_Click(program);
+  mnuExportHoleCsv_Click(program);
+  EXPECT_EQ(Read(host.ProgramFolder() + "/table.csv"), ResultTableCsv(program));
+  EXPECT_EQ(Read(host.ProgramFolder() + "/holes.CSV"), HoleSummaryCsv(program));
+  EXPECT_FALSE(HoleSummaryCsv(program).empty());
+}
+
+TEST_F(CsvExportTest, AFileThatCanNotBeWrittenIsToldOfWithTheReason) {
+  host.paths = {"/no such folder/table.csv"};
+  mnuExportCsv_Click(program);
+  ASSERT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(host.messages[0].body, "/no such folder/table.csv could not be written: No such file or directory.");
+}
+
+}  // namespace
+}  // namespace torvale
