@@ -86,8 +86,6 @@ constexpr Command kCommands[] = {
     {"mnuWindowInfo", mnuWindowInfo_Click},
     {"mnuProfile", mnuProfile_Click},
     {"btnBack", btnBack_Click},
-    {"btnPrintProfile", btnPrintProfile_Click},
-    {"btnExportPicture", btnExportPicture_Click},
     {"cmdInterpolate", cmdInterpolate_Click},
     {"cmdCancel", cmdCancel_Click},
     {"cmdReCalc", cmdReCalc_Click},
