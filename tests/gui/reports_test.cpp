@@ -1,0 +1,109 @@
+// Reports as the window's host writes them: pages with ink where the layout wants it.
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include "gui/window_test.h"
+#include "reports/design_reports.h"
+#include "reports/hole_summary_report.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kDotsPerInch = 100;
+
+class ReportsTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    if (QStandardPaths::findExecutable("pdftoppm").isEmpty()) GTEST_SKIP() << "pdftoppm is not installed";
+    WindowTest::SetUp();
+    TypeFields("North Forty", "400", "2");
+    TypeLevelLine("300", "6", "++++++++++");
+    Choose("mnuDesignField");
+    ASSERT_TRUE(Results().isVisible());
+  }
+
+  // Writes the document and gives its pages as pictures.
+  std::vector<QImage> Pages(const Document& document) {
+    const QString pdf = data_.filePath("report.pdf");
+    EXPECT_TRUE(host_->WritePdf(document, pdf.toStdString()));
+    QProcess renderer;
+    renderer.start("pdftoppm", {"-r", QString::number(kDotsPerInch), "-gray", "-png", pdf, data_.filePath("page")});
+    EXPECT_TRUE(renderer.waitForFinished());
+    std::vector<QImage> pages;
+    for (const QString& name : QDir(data_.path()).entryList({"page-*.png"}, QDir::Files, QDir::Name)) {
+      pages.emplace_back(data_.filePath(name));
+    }
+    return pages;
+  }
+
+  // Dark dots within the rectangle, in inches of the document.
+  static int Ink(const QImage& page, double x1, double y1, double x2, double y2) {
+    constexpr double kMargin = 0.25;  // the document's 8 inches in the middle of 8.5
+    int dark = 0;
+    for (int y = qRound(y1 * kDotsPerInch); y < qRound(y2 * kDotsPerInch); ++y) {
+      for (int x = qRound((x1 + kMargin) * kDotsPerInch); x < qRound((x2 + kMargin) * kDotsPerInch); ++x) {
+        if (qGray(page.pixel(x, y)) < 128) ++dark;
+      }
+    }
+    return dark;
+  }
+};
+
+TEST_F(ReportsTest, TheCompleteDesignTakesTwoPages) {
+  // 51 holes; 35 rows stand on the first page.
+  const std::vector<QImage> pages = Pages(CompleteReport(*program_));
+  ASSERT_EQ(pages.size(), 2U);
+  for (const QImage& page : pages) {
+    EXPECT_EQ(page.size(), QSize(850, 1100));
+    EXPECT_GT(Ink(page, 2, 0.2, 6, 1.0), 200) << "the title";
+    EXPECT_GT(Ink(page, 6.5, 0.2, 7.5, 0.4), 20) << "the page's number";
+    EXPECT_EQ(Ink(page, 0, 0, 8, 0.15), 0) << "the margin above";
+    EXPECT_EQ(Ink(page, 0, 10.7, 8, 11), 0) << "the margin below";
+    EXPECT_EQ(Ink(page, -0.25, 0, 0, 11), 0) << "the margin on the left";
+    EXPECT_EQ(Ink(page, 8, 0, 8.25, 11), 0) << "the margin on the right";
+  }
+  EXPECT_GT(Ink(pages[0], 0.4, 4.9, 0.8, 10.5), 300) << "stations";
+  EXPECT_GT(Ink(pages[1], 0.4, 2.7, 0.8, 5.0), 100) << "stations";
+  // 16 rows on the second page: 2.615 and 16 lines of 0.165 inch end at 5.255.
+  EXPECT_EQ(Ink(pages[1], 0, 5.35, 8, 10.5), 0) << "below the table";
+}
+
+TEST_F(ReportsTest, TheSummaryAndTheHoleSummaryTakeOnePage) {
+  const std::vector<QImage> summary = Pages(SummaryReport(*program_));
+  ASSERT_EQ(summary.size(), 1U);
+  EXPECT_GT(Ink(summary[0], 0.4, 4.87, 0.8, 5.2), 20) << "stations";
+  const std::vector<QImage> holes = Pages(HoleSummaryReport(*program_));
+  ASSERT_EQ(holes.size(), 1U);
+  EXPECT_GT(Ink(holes[0], 0.5, 2.5, 2.4, 2.7), 20) << "the run's stations";
+  EXPECT_GT(Ink(holes[0], 4, 4.5, 7, 6), 100) << "figures beside the applied water";
+}
+
+// A name as long as the field takes ends ahead of the date that stands beside it.
+TEST_F(ReportsTest, LongTextsKeepToTheirRoom) {
+  main().txtInfo[0].Set(std::string(60, 'W'));
+  program_->record.DisplayFileName = "/" + std::string(400, 'M') + ".PFD";
+  const std::vector<QImage> pages = Pages(SummaryReport(*program_));
+  ASSERT_EQ(pages.size(), 1U);
+  EXPECT_GT(Ink(pages[0], 0.5, 1.4, 3.9, 1.6), 100);
+  EXPECT_EQ(Ink(pages[0], 3.92, 1.4, 4.0, 1.57), 0);
+  EXPECT_EQ(Ink(pages[0], 7.92, 1.1, 8.25, 1.3), 0);
+}
+
+TEST_F(ReportsTest, AFileThatCannotBeWrittenIsRefused) {
+  EXPECT_FALSE(host_->WritePdf(SummaryReport(*program_), data_.filePath("no folder/report.pdf").toStdString()));
+}
+
+// The offscreen platform has no printer: the command says so and shows no dialog.
+TEST_F(ReportsTest, NothingAsksForAPrinterWhereNoneIsInstalled) {
+  if (host_->HasPrinter()) GTEST_SKIP() << "a printer is installed";
+  AnswerNextBox(QMessageBox::Ok);
+  Find<QAction>("mnuPrintSummary").setEnabled(true);
+  Choose("mnuPrintSummary");
+  EXPECT_TRUE(QString::fromStdString(box_text_).startsWith("No printer is installed on this computer.")) << box_text_;
+  EXPECT_TRUE(QString::fromStdString(box_text_).endsWith(" print Error")) << box_text_;
+}
+
+}  // namespace
+}  // namespace torvale
