@@ -3,7 +3,7 @@
 kRunPackages=(cmake ninja-build g++ qt6-base-dev libqcustomplot-dev fonts-dejavu-core)
 kTestPackages=(
   ccache python3
-  libgtest-dev libgmock-dev nlohmann-json3-dev librapidcheck-dev libmpfr-dev libgmp-dev
+  libgtest-dev libgmock-dev nlohmann-json3-dev librapidcheck-dev libmpfr-dev libgmp-dev poppler-utils
   clang-format-14 xvfb xauth xdotool x11-utils imagemagick)
 kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
 
