@@ -137,9 +137,8 @@ void MnuExit_Click(Program& program) {
 
 void Grd_Soils_KeyPress(Program& program, std::string_view character) {
   Grid& grid = program.soils.Grd_Soils_FurrowFlow;
-  if (character == " ") {
-    Append(grid, character);
-  } else if (character == "*") {
+  const bool control = character.size() == 1 && static_cast<unsigned char>(character.front()) < ' ';
+  if (character == "*") {
     NextColumn(program);
   } else if (character == "\r") {
     if (grid.column == kFlowColumn && grid.row > 1 && grid.CurrentText().empty()) {
@@ -147,11 +146,9 @@ void Grd_Soils_KeyPress(Program& program, std::string_view character) {
     }
   } else if (character == "\b") {
     grid.Set(grid.row, grid.column, WithoutLastCharacter(grid.CurrentText()));
-  } else if (character.size() == 1 && static_cast<unsigned char>(character.front()) < ' ') {
-    return;
-  } else if (IsTyped(character)) {
+  } else if (character == " " || IsTyped(character)) {
     Append(grid, character);
-  } else {
+  } else if (!control) {
     program.host.Beep();
   }
 }

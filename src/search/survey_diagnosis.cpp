@@ -82,7 +82,7 @@ std::string WhatStopped(const Program& program, const RunTimeFault& fault) {
   }
   if (fault.kind == Fault::kDivisionByZero) {
     if (record.SurveyRows == 1) return "The survey has one row only: a line needs at least two stations.";
-    if (const std::string sentence = LengthSentence(record); !sentence.empty()) return sentence;
+    if (std::string sentence = LengthSentence(record); !sentence.empty()) return sentence;
   }
   return "A number in the survey is too large or out of place for a design.";
 }

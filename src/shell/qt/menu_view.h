@@ -11,13 +11,13 @@
 
 namespace torvale {
 
-// The menu bar of a screen, from all its controls. Entries that neither do anything nor hold an entry that does are
-// left out.
+// The menu bar of a screen, from all its controls or its menus alone. Entries that neither do anything nor hold an
+// entry that does are left out.
 class MenuView {
  public:
   using Event = std::function<void(const std::string& name)>;
   // `click` runs what a click on the entry of that name does, `opened` what the menu does when it drops down.
-  MenuView(std::vector<NamedControl> controls, QMenuBar& bar, const Event& click, const Event& opened);
+  MenuView(std::vector<NamedControl> menus, QMenuBar& bar, const Event& click, const Event& opened);
 
   // Applies what changed in the structure since the last call.
   void Draw();
