@@ -12,6 +12,7 @@ target_compile_definitions(torvale_options INTERFACE
 
 # A warning stops the build only under the two compilers that the project is kept clean with. A newer one may know
 # warnings that nobody here has seen yet, and those must not keep a user from building.
+# Instrumented and unoptimised builds warn of what the standard library does; the two plain builds are the judges.
 option(TORVALE_WERROR "Warnings are errors under GCC 12 and Clang 14" OFF)
 if(TORVALE_WERROR AND ((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^12\\.")
                        OR (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^14\\.")))
