@@ -61,4 +61,8 @@ if(TORVALE_WINDOW AND TARGET torvale_qt)
     add_test(NAME gui COMMAND torvale_gui_tests)
     set_tests_properties(gui PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT ${test_timeout_seconds})
   endif()
+
+  # Takes the pictures of the guide (scripts/guide_pictures.sh); built only when asked for.
+  add_executable(torvale_pictures EXCLUDE_FROM_ALL tests/guide/take_pictures.cpp)
+  target_link_libraries(torvale_pictures PRIVATE torvale_qt torvale_script_lib Qt6::Test torvale_options)
 endif()

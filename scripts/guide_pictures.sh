@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# guide_pictures.sh: takes the pictures of the guide anew, into data/help/: the guide's scripts are replayed in the real
+# window, on a display of the right size that needs no screen. Look at them before you commit them.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
+source scripts/configure.sh
+kWidest=720   # pixels
+kColours=64
+kTemp=$(mktemp -d)
+trap 'rm -rf "$kTemp"' EXIT
+
+configure release -DTORVALE_TESTS=ON
+cmake --build build/release --target torvale_pictures
+
+cat >"$kTemp/screen.json" <<'END'
+{"windowFrameMargins": false,
+ "screens": [{"name": "guide", "x": 0, "y": 0, "width": 1920, "height": 1200,
+              "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
+END
+QT_QPA_PLATFORM=offscreen:configfile=$kTemp/screen.json HOME=$kTemp build/release/torvale_pictures \
+  data "$kTemp" tests/scripts/guide_*.script
+
+for report in "$kTemp"/*.pdf; do
+  pdftoppm -png -r 90 -singlefile "$report" "${report%.pdf}"
+  convert "${report%.pdf}.png" -trim -bordercolor white -border 12 -bordercolor gray -border 1 "${report%.pdf}.png"
+done
+mkdir -p data/help
+for picture in "$kTemp"/*.png; do
+  convert "$picture" -resize "${kWidest}x>" -dither None -colors $kColours -strip \
+    "PNG8:data/help/$(basename "$picture")"
+done
+du -cb data/help/*.png | tail -n 1
