@@ -3,8 +3,8 @@
 //   torvale_pictures DATA_FOLDER OUT_FOLDER SCRIPT...
 //
 // A script's comment "#picture NAME WHAT [LEFT TOP WIDTH HEIGHT]" takes the picture OUT_FOLDER/NAME.png; WHAT is
-// `window`, `soils` or `profile`, the numbers cut a part out of it, in pixels. "#report NAME KIND" writes the report
-// `summary`, `complete` or `hole_summary` to OUT_FOLDER/NAME.pdf.
+// `window`, `soils` or the name of a widget, the numbers cut a part out of it, in pixels. "#report NAME KIND" writes
+// the report `summary`, `complete` or `hole_summary` to OUT_FOLDER/NAME.pdf.
 #include <QApplication>
 #include <QTest>
 #include <fstream>
@@ -56,8 +56,7 @@ class Photographer {
     QTest::qWait(100);
     if (what == "window") return &window_;
     if (what == "soils") return window_.findChild<QWidget*>("Grd_Soils_FurrowFlow")->window();
-    if (what == "profile") return window_.findChild<QWidget*>("CrownProfile");
-    return nullptr;
+    return window_.findChild<QWidget*>(QString::fromStdString(what));
   }
 
   bool WriteReport(const std::string& kind, const QString& path) {
