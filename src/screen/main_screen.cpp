@@ -128,13 +128,14 @@ void AddResults(MainScreen& s, std::vector<NamedControl>& all) {
   for (std::size_t i = 0; i < s.frmDisplayLbl.size(); ++i) {
     all.push_back(Label(Indexed("frmDisplayLbl", i), s.frmDisplayLbl[i], "frmDisplay"));
   }
-  all.insert(all.end(),
-             {Frame("frameShowLimitedHoles", s.frameShowLimitedHoles),
-              Label("lblSumHoleDia", s.lblSumHoleDia, "frameShowLimitedHoles"),
-              Label("lblSumStation", s.lblSumStation, "frameShowLimitedHoles"),
-              Label("lblSumlNumHoles", s.lblSumlNumHoles, "frameShowLimitedHoles"),
-              Frame("frameHoleEquiv", s.frameHoleEquiv), Label("lblHoleEquiv", s.lblHoleEquiv, "frameHoleEquiv"),
-              Plain("sbStatusBar", ControlKind::kStatusBar, s.sbStatusBar)});
+  all.insert(
+      all.end(),
+      {Frame("frameShowLimitedHoles", s.frameShowLimitedHoles),
+       Label("lblSumHoleDia", s.lblSumHoleDia, "frameShowLimitedHoles"),
+       Label("lblSumStation", s.lblSumStation, "frameShowLimitedHoles"),
+       Label("lblSumlNumHoles", s.lblSumlNumHoles, "frameShowLimitedHoles"), Frame("frameHoleEquiv", s.frameHoleEquiv),
+       Label("lblHoleEquiv", s.lblHoleEquiv, "frameHoleEquiv"), Plain("tbToolBar", ControlKind::kToolBar, s.tbToolBar),
+       Plain("sbStatusBar", ControlKind::kStatusBar, s.sbStatusBar)});
 }
 
 // How a control looks when the screen is made. Places of the grids, the result panel and the frames beside it are set

@@ -72,6 +72,8 @@ struct MainScreen {
   Control frameShowLimitedHoles, lblSumHoleDia, lblSumStation, lblSumlNumHoles;
   Control frameHoleEquiv, lblHoleEquiv;
 
+  // One line of buttons below the menus; its buttons are those of shell/tool_bar.h
+  Control tbToolBar;
   // One line at the foot of the window
   Control sbStatusBar;
 };
@@ -86,7 +88,12 @@ struct SoilsScreen {
   Grid Grd_Soils_FurrowFlow;
 };
 
-enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, kStatusBar };
+enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, kToolBar, kStatusBar };
+
+// Menus and bars stand around the screen and have no place of their own on it.
+inline bool OnScreen(ControlKind kind) {
+  return kind != ControlKind::kMenu && kind != ControlKind::kToolBar && kind != ControlKind::kStatusBar;
+}
 
 // One control of a screen as its name finds it.
 struct NamedControl {

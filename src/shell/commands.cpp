@@ -16,6 +16,7 @@
 #include "shell/csv_export.h"
 #include "shell/events.h"
 #include "shell/start_up.h"
+#include "shell/tool_bar.h"
 
 namespace torvale {
 namespace {
@@ -117,10 +118,11 @@ std::span<const Command> Commands() {
 }
 
 bool HasCommand(std::string_view name) {
-  return FindCommand(name) != nullptr;
+  return FindCommand(name) != nullptr || ToolKeyOf(name).has_value();
 }
 
 Reach Click(Program& program, std::string_view name) {
+  if (const auto key = ToolKeyOf(name)) return tbToolBar_ButtonClick(program, *key);
   const Command* command = FindCommand(name);
   if (command == nullptr) return Reach::kUnknown;
   // A menu drops down before an entry of it is clicked, and settles then which of them can be.

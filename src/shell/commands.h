@@ -18,7 +18,7 @@ std::span<const Command> Commands();
 bool HasCommand(std::string_view name);
 
 // What a click on the control does, when the user can reach it; otherwise nothing happens and the reason comes back.
-// A control without a command is unknown here.
+// A button of the tool bar is named by its key, "tbToolBar(Save)". A control without a command is unknown here.
 Reach Click(Program& program, std::string_view name);
 
 }  // namespace torvale

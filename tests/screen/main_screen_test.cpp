@@ -53,13 +53,12 @@ TEST(MainScreen, FieldsAndGridsHaveTheirStores) {
   }
 }
 
-// Whatever isn't a menu entry has a place of its own from the start, but for the status bar, which the window places,
-// and the list that puts hole sizes in order and is never shown.
+// Whatever stands on the screen has a place of its own from the start, but for the list that puts hole sizes
+// in order and is never shown.
 TEST(MainScreen, ControlsHavePlaces) {
   MainScreen screen;
   for (const NamedControl& named : ControlsOf(screen)) {
-    const bool placed_by_window = named.kind == ControlKind::kMenu || named.kind == ControlKind::kStatusBar;
-    if (placed_by_window || named.control == &screen.listSortSelectedHoles.control) continue;
+    if (!OnScreen(named.kind) || named.control == &screen.listSortSelectedHoles.control) continue;
     if (named.parent == "Frame1") continue;  // the panel of defaults lays itself out
     EXPECT_GT(named.control->place.width, 0) << named.name;
     EXPECT_GT(named.control->place.height, 0) << named.name;

@@ -6,6 +6,7 @@
 #include "shell/qt/program_folder.h"
 #include "shell/qt/qt_host.h"
 #include "shell/qt/scale.h"
+#include "shell/qt/vector_picture.h"
 #include "shell/start_up.h"
 
 int main(int argc, char** argv) {
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(ToQt(kProgramTitle));
   QApplication::setOrganizationName(ToQt(kProgramTitle));
+  QApplication::setWindowIcon(OwnIcon("torvale"));
   QtHost host(FindProgramFolder(QApplication::applicationDirPath(),
                                 QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
   Program program(host);

@@ -18,6 +18,8 @@
 namespace torvale {
 namespace {
 
+constexpr int kStatusMargin = 3;  // pixels
+
 // A focus that goes and comes back with the window, a menu or a list that drops down is not moved by the user.
 bool OnlyReturns(Qt::FocusReason reason) {
   return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
@@ -40,11 +42,14 @@ MainWindow::MainWindow(Program& program)
   setAcceptDrops(true);
   status_->setTextFormat(Qt::PlainText);
   status_->setObjectName("sbStatusBar");
+  status_->setMargin(kStatusMargin);
   status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   statusBar()->addWidget(status_, 1);
   menus_ = std::make_unique<MenuView>(
       ControlsOf(program_.main), *menuBar(), [this](const std::string& name) { RunClick(name); },
       [this](const std::string& name) { Run([&] { MenuOpened(program_, name); }); });
+  tools_ = std::make_unique<ToolBarView>(program_, *addToolBar(QString()),
+                                         [this](const std::string& name) { RunClick(name); });
   soils_ = new SoilsWindow(
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
   profile_ = new ProfileWindow(

@@ -16,6 +16,7 @@
 #include "shell/qt/menu_view.h"
 #include "shell/qt/profile_window.h"
 #include "shell/qt/soils_window.h"
+#include "shell/qt/tool_bar_view.h"
 #include "shell/qt/window_place.h"
 #include "shell/start_up.h"
 
@@ -84,6 +85,7 @@ class MainWindow final : public QMainWindow {
   ProfileWindow* profile_ = nullptr;
   std::vector<ControlView> controls_;
   std::unique_ptr<MenuView> menus_;
+  std::unique_ptr<ToolBarView> tools_;
   WindowPlace place_;
   int drawn_zoom_ = 0;
   int running_ = 0;       // events being worked on, one inside the other during a calculation

@@ -29,10 +29,6 @@ constexpr std::array<SpokenName, 6> kSpokenNames = {{
     {"listHolesSelected", "Selected hole sizes"},
 }};
 
-bool OnCanvas(ControlKind kind) {
-  return kind != ControlKind::kMenu && kind != ControlKind::kStatusBar;
-}
-
 // How far a label stands ahead of a field in the same line; nothing where it does not.
 std::optional<int> Ahead(const Place& label, const Place& field) {
   const bool same_line = label.top < field.top + field.height && field.top < label.top + label.height;
@@ -51,7 +47,7 @@ QWidget* MainWindow::ParentOf(const NamedControl& named) const {
 
 void MainWindow::MakeControls() {
   for (const NamedControl& named : ControlsOf(program_.main)) {
-    if (!OnCanvas(named.kind)) continue;
+    if (!OnScreen(named.kind)) continue;
     ControlView view = MakeControlView(named, ParentOf(named));
     Connect(view);
     controls_.push_back(std::move(view));

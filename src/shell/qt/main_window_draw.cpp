@@ -41,6 +41,7 @@ void MainWindow::Sync() {
   if (moved) FitCanvas();
   for (ControlView& view : controls_) DrawGrid(view);
   menus_->Draw();
+  tools_->Draw(Scale(program_.main.zoom));
   soils_->Sync();
   profile_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
@@ -58,6 +59,8 @@ void MainWindow::DrawZoom() {
   SetTextSize(*menuBar(), pixels);
   for (QMenu* menu : menuBar()->findChildren<QMenu*>()) SetTextSize(*menu, pixels);
   SetTextSize(*status_, pixels);
+  tools_->Draw(Scale(drawn_zoom_));
+  place_.SetBarHeight(tools_->Height());
   if (isVisible() && program_.main.state == WindowState::kNormal) place_.Apply();
 }
 

@@ -38,14 +38,18 @@ bool WindowPlace::Movable() const {
   return window_.isVisible() && screen_.state == WindowState::kNormal;
 }
 
+QSize WindowPlace::WantedSize() const {
+  const Place& place = screen_.window;
+  return {Pixels(place.width, screen_.zoom), Pixels(place.height, screen_.zoom) + bar_height_};
+}
+
 QRect WindowPlace::Wanted() const {
   const QRect room = window_.screen()->availableGeometry();
   const Place& place = screen_.window;
-  const int width = std::min(Pixels(place.width, screen_.zoom), room.width());
-  const int height = std::min(Pixels(place.height, screen_.zoom), room.height());
-  const int left = std::clamp(Pixels(place.left, kNoZoom), room.left(), room.right() + 1 - width);
-  const int top = std::clamp(Pixels(place.top, kNoZoom), room.top(), room.bottom() + 1 - height);
-  return {left, top, width, height};
+  const QSize size = WantedSize().boundedTo(room.size());
+  const int left = std::clamp(Pixels(place.left, kNoZoom), room.left(), room.right() + 1 - size.width());
+  const int top = std::clamp(Pixels(place.top, kNoZoom), room.top(), room.bottom() + 1 - size.height());
+  return {{left, top}, size};
 }
 
 void WindowPlace::Apply() {
@@ -60,8 +64,7 @@ void WindowPlace::Apply() {
 void WindowPlace::Show() {
   on_resize_();
   const QRect room = window_.screen()->availableGeometry();
-  const bool fits = Pixels(screen_.window.width, screen_.zoom) <= room.width() &&
-                    Pixels(screen_.window.height, screen_.zoom) <= room.height();
+  const bool fits = WantedSize().boundedTo(room.size()) == WantedSize();
   const QRect wanted = Wanted();
   window_.resize(wanted.size());
   window_.move(wanted.topLeft());
@@ -78,7 +81,7 @@ void WindowPlace::Read() {
   ReadLength(screen_.window.left, window_.x(), kNoZoom);
   ReadLength(screen_.window.top, window_.y(), kNoZoom);
   ReadLength(screen_.window.width, window_.width(), screen_.zoom);
-  ReadLength(screen_.window.height, window_.height(), screen_.zoom);
+  ReadLength(screen_.window.height, window_.height() - bar_height_, screen_.zoom);
 }
 
 void WindowPlace::Moved() {

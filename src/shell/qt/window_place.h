@@ -20,6 +20,8 @@ class WindowPlace {
   // correction.
   WindowPlace(QWidget& window, MainScreen& screen, std::function<void()> on_resize);
 
+  // Pixels of height that the structure's place does not count: a bar above the screen makes the window higher.
+  void SetBarHeight(int pixels) { bar_height_ = pixels; }
   // First showing, inside what the display has room for: a window too large for it is maximised.
   void Show();
   // The window was moved, resized or changed its state.
@@ -30,6 +32,7 @@ class WindowPlace {
   void Apply();
 
  private:
+  QSize WantedSize() const;
   QRect Wanted() const;
   bool Movable() const;
   void Read();
@@ -39,6 +42,7 @@ class WindowPlace {
   MainScreen& screen_;
   std::function<void()> on_resize_;
   QTimer settle_;
+  int bar_height_ = 0;
   bool correcting_ = false;  // the last change of size or place was ours
   bool refused_ = false;     // the desktop did not let us: it decides from now on
 };
