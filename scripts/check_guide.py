@@ -41,7 +41,7 @@ STATUS = "sbStatusBar.caption"
 GAP = "\u2026"  # stands for what the program puts in
 
 # Calls whose result is a number or the like.
-VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber"}
+VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion"}
 # Other operands that are put in as they are, by file. The arguments of the procedures in CALLS are among them: what they
 # are given is checked where they are called.
 VALUES = {

@@ -82,8 +82,11 @@ void AddMenus(MainScreen& s, std::vector<NamedControl>& all) {
   for (std::size_t i = 0; i < s.mnuZoomTo.size(); ++i) {
     all.push_back(Menu(Indexed("mnuZoomTo", i), s.mnuZoomTo[i], "mnuZoom"));
   }
-  all.insert(all.end(), {Menu("mnuWindowInfo", s.mnuWindowInfo), Menu("mnuProfile", s.mnuProfile),
-                         Menu("mnuSurveyCopy", s.mnuSurveyCopy), Menu("mnuHelp", s.mnuHelp)});
+  all.insert(
+      all.end(),
+      {Menu("mnuWindowInfo", s.mnuWindowInfo), Menu("mnuProfile", s.mnuProfile), Menu("mnuSurveyCopy", s.mnuSurveyCopy),
+       Menu("mnuHelp", s.mnuHelp), Menu("mnuHelpContents", s.mnuHelpContents, "mnuHelp"),
+       Menu("mnuHelpScreen", s.mnuHelpScreen, "mnuHelp"), Menu("mnuHelpAbout", s.mnuHelpAbout, "mnuHelp")});
 }
 
 void AddFields(std::array<TextField, 6>& fields, std::vector<NamedControl>& all) {
@@ -216,6 +219,13 @@ constexpr Look kLooks[] = {
     {"mnuProfile", "Crown Profile", {}, kAway, ""},
     {"mnuSurveyCopy", "Paste Excel Survey", {}, kShown, ""},
     {"mnuHelp", "&Help", {}, kShown, ""},
+    {"mnuHelpContents", "&Contents", {}, kShown, "Open the guide at its table of contents"},
+    {"mnuHelpScreen",
+     "Help on This &Screen",
+     {},
+     kShown,
+     "Open the guide at the page of the field or sheet you are at"},
+    {"mnuHelpAbout", "&About TORVALE...", {}, kShown, "The version of the program, and its disclaimer"},
 
     {"lblName", "Name:", {120, 75, 1000, 315}, kShown, ""},
     {"txtInfo(0)", "", {1180, 75, 4300, 315}, kShown, "Name of the design"},
@@ -349,11 +359,22 @@ constexpr Look kLooks[] = {
 };
 
 constexpr MenuTrait kMenuTraits[] = {
-    {"mnuFileOpen", "Ctrl+O", false},       {"mnuFileSave", "Ctrl+S", false}, {"mnuFileSaveAs", "Ctrl+Shift+S", false},
-    {"mnuPrintSummary", "", true},          {"mnuFileList(0)", "", true},     {"mnuSoils_and_Furrow", "", true},
-    {"mnuFileNew", "Ctrl+N", false},        {"mnuFileExit", "Ctrl+Q", true},  {"mnuInsertRow", "Ctrl+Ins", false},
-    {"mnuDeleteRow", "Ctrl+Del", false},    {"mnuDesignField", "F5", false},  {"mnuExistingDesign", "F9", false},
-    {"mnuComputerHoleSelection", "", true}, {"mnuWindowInfo", "F4", false},
+    {"mnuFileOpen", "Ctrl+O", false},
+    {"mnuFileSave", "Ctrl+S", false},
+    {"mnuFileSaveAs", "Ctrl+Shift+S", false},
+    {"mnuPrintSummary", "", true},
+    {"mnuFileList(0)", "", true},
+    {"mnuSoils_and_Furrow", "", true},
+    {"mnuFileNew", "Ctrl+N", false},
+    {"mnuFileExit", "Ctrl+Q", true},
+    {"mnuInsertRow", "Ctrl+Ins", false},
+    {"mnuDeleteRow", "Ctrl+Del", false},
+    {"mnuDesignField", "F5", false},
+    {"mnuExistingDesign", "F9", false},
+    {"mnuComputerHoleSelection", "", true},
+    {"mnuWindowInfo", "F4", false},
+    {"mnuHelpScreen", "F1", false},
+    {"mnuHelpAbout", "", true},
 };
 
 // The preferences, one below the other: caption of the label, tool tips of the label and of the field.

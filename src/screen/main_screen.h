@@ -39,7 +39,7 @@ struct MainScreen {
   Control mnuTypeOfPipe, mnuLayflatPipe, mnuRigidPipe;
   Control mnuView, mnuZoom;
   std::array<Control, 7> mnuZoomTo;
-  Control mnuWindowInfo, mnuProfile, mnuHelp;
+  Control mnuWindowInfo, mnuProfile, mnuHelp, mnuHelpContents, mnuHelpScreen, mnuHelpAbout;
 
   // Information fields and their labels
   std::array<TextField, 6> txtInfo;

@@ -8,6 +8,7 @@
 #include "screen/crown_profile_screen.h"
 #include "screen/host.h"
 #include "screen/main_screen.h"
+#include "screen/splash_screen.h"
 
 namespace torvale {
 
@@ -23,6 +24,7 @@ struct Program {
   MainScreen main;
   SoilsScreen soils;
   CrownProfileScreen profile;
+  SplashScreen splash;
   Host& host;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "shell/commands.h"
 #include "shell/events.h"
 
 namespace torvale {
@@ -48,8 +49,10 @@ void Press(Program& program, const std::string& name, const KeyStroke& stroke) {
     GridKey(program, name, stroke);
   } else if (FindField(program, name) != nullptr) {
     PressInField(program, name, stroke);
+  } else if (name == "frmSplash") {
+    Click(program, name);
   } else {
-    throw ScriptError("neither a grid nor a field: " + name);
+    throw ScriptError("neither a grid nor a field nor the splash screen: " + name);
   }
 }
 

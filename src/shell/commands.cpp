@@ -13,8 +13,10 @@
 #include "reports/print_commands.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
+#include "shell/about.h"
 #include "shell/csv_export.h"
 #include "shell/events.h"
+#include "shell/splash.h"
 #include "shell/start_up.h"
 #include "shell/tool_bar.h"
 
@@ -42,6 +44,21 @@ void mnuExportPdfAt_Click(Program& program) {
 }
 
 constexpr Command kCommands[] = {
+    {"frmSplash", frmSplash_Click},
+    {"frmSplash.Frame1", frmSplash_Click},
+    {"Image1", frmSplash_Click},
+    {"Image2", frmSplash_Click},
+    {"imgLogo", frmSplash_Click},
+    {"Label1", frmSplash_Click},
+    {"Label2", frmSplash_Click},
+    {"Label3", frmSplash_Click},
+    {"lblCompany", frmSplash_Click},
+    {"lblHolePuch", frmSplash_Click},
+    {"lblPlatform", frmSplash_Click},
+    {"lblProductDescription", frmSplash_Click},
+    {"lblProductName", frmSplash_Click},
+    {"lblVersion", frmSplash_Click},
+    {"lblWarning", frmSplash_Click},
     {"mnuFileNew", mnuFileNew_Click},
     {"mnuFileOpen", mnuFileOpen_Click},
     {"mnuFileSave", mnuFileSave_Click},
@@ -86,6 +103,7 @@ constexpr Command kCommands[] = {
     {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
     {"mnuWindowInfo", mnuWindowInfo_Click},
     {"mnuProfile", mnuProfile_Click},
+    {"mnuHelpAbout", mnuHelpAbout_Click},
     {"btnBack", btnBack_Click},
     {"cmdInterpolate", cmdInterpolate_Click},
     {"cmdCancel", cmdCancel_Click},

@@ -7,7 +7,7 @@
 
 namespace torvale {
 
-// A menu entry or button that does something when it is clicked.
+// A menu entry, button or part of the splash screen that does something when it is clicked.
 struct Command {
   std::string_view name;
   void (*run)(Program&);

@@ -16,6 +16,7 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "input/info_fields.h"
+#include "shell/splash.h"
 
 namespace torvale {
 namespace {
@@ -121,10 +122,7 @@ void DropAt(Control& panel, double left, double top) {
 void StartProgram(Program& program) {
   ConnectInfoFields(program);
   ConnectPreferences(program);
-  Form_Load(program);
-  Default_Values(program);
-  GridSet(program);
-  OpenRecentFiles(program);
+  frmSplash_Load(program);
 }
 
 void Form_Load(Program& program) {

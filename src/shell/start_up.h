@@ -7,7 +7,7 @@
 
 namespace torvale {
 
-// Brings the program up: connects the fields, loads the main screen, applies defaults, lays the grids out.
+// Brings the program up: connects the fields, loads the splash screen, and with it the main screen.
 void StartProgram(Program& program);
 
 // Loads the main screen: window place, panels, blank fields, first row of the sheet.

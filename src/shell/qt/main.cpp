@@ -6,6 +6,7 @@
 #include "shell/qt/program_folder.h"
 #include "shell/qt/qt_host.h"
 #include "shell/qt/scale.h"
+#include "shell/qt/splash_window.h"
 #include "shell/qt/vector_picture.h"
 #include "shell/start_up.h"
 
@@ -21,8 +22,11 @@ int main(int argc, char** argv) {
   StartProgram(program);
   MainWindow window(program);
   host.Attach(&window, [&] { window.Sync(); });
-  window.Open();
-  const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 1) window.OpenDesign(QFileInfo(arguments[1]).absoluteFilePath());
+  SplashWindow splash(program, [&] {
+    window.Open();
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1) window.OpenDesign(QFileInfo(arguments[1]).absoluteFilePath());
+  });
+  splash.Open();
   return QApplication::exec();
 }

@@ -20,9 +20,14 @@ QSettings Store() {
   return QSettings(ToQt(kProgramTitle), ToQt(kProgramTitle));
 }
 
+// The lines of a message may be ended by carriage returns.
+QString LinesOf(std::string_view body) {
+  return ToQt(body).replace("\r\n", "\n").replace('\r', '\n');
+}
+
 QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
                                  QMessageBox::StandardButtons buttons) {
-  QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), ToQt(body), buttons, window);
+  QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), LinesOf(body), buttons, window);
   box.setTextFormat(Qt::PlainText);
   const ArrowPointer plain;
   const int answer = box.exec();
