@@ -1,12 +1,7 @@
-// What the window takes from the desktop: keys, pace of events, folder of the data.
+// What the window takes from the desktop: keys, pace of events, sizes.
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
 #include "shell/qt/keys.h"
-#include "shell/qt/program_folder.h"
 #include "shell/qt/scale.h"
 #include "shell/qt/yield_pacer.h"
 
@@ -68,39 +63,6 @@ TEST(Scale, NeighboursMeetAtEveryZoom) {
   EXPECT_EQ(Scale(100).Pixels(1500), 100);
   EXPECT_EQ(Scale(200).Pixels(1500), 200);
   EXPECT_EQ(Scale(200).Twips(200), 1500);
-}
-
-class ProgramFolderTest : public ::testing::Test {
- protected:
-  void Write(const QString& name, const char* text) {
-    QDir().mkpath(QFileInfo(At(name)).path());
-    QFile file(At(name));
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write(text);
-  }
-  QByteArray Read(const QString& name) {
-    QFile file(At(name));
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("no such file");
-  }
-  QString At(const QString& name) const { return root_.filePath(name); }
-
-  QTemporaryDir root_;
-};
-
-TEST_F(ProgramFolderTest, APortableCopyKeepsItsDataBesideIt) {
-  Write("copy/torvale", "");
-  EXPECT_EQ(FindProgramFolder(At("copy"), At("user")), At("copy"));
-  EXPECT_FALSE(QFile::exists(At("user")));
-}
-
-TEST_F(ProgramFolderTest, AnInstalledProgramFillsTheUsersFolderOnce) {
-  Write("bin/torvale", "");
-  Write("share/torvale/Default50.TVL", "100\r\n");
-  EXPECT_EQ(FindProgramFolder(At("bin"), At("user/data")), At("user/data"));
-  EXPECT_EQ(Read("user/data/Default50.TVL"), "100\r\n");
-  Write("user/data/Default50.TVL", "50\r\n");
-  FindProgramFolder(At("bin"), At("user/data"));
-  EXPECT_EQ(Read("user/data/Default50.TVL"), "50\r\n");
 }
 
 }  // namespace
