@@ -15,12 +15,3 @@ if(TARGET torvale_qt AND EXISTS ${PROJECT_SOURCE_DIR}/src/shell/qt/main.cpp)
   target_link_libraries(torvale PRIVATE torvale_qt torvale_options)
   set_target_properties(torvale PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 endif()
-
-# The data files lie beside the program, as in an unpacked copy. What its user has changed there stays as it is.
-file(GLOB data_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/*.*)
-foreach(data_file ${data_files})
-  get_filename_component(data_name ${data_file} NAME)
-  if(NOT EXISTS ${PROJECT_BINARY_DIR}/${data_name})
-    file(COPY ${data_file} DESTINATION ${PROJECT_BINARY_DIR})
-  endif()
-endforeach()

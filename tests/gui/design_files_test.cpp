@@ -2,6 +2,7 @@
 
 #include <QDropEvent>
 #include <QFile>
+#include <QFileDialog>
 #include <QMimeData>
 #include <QUrl>
 
@@ -20,6 +21,19 @@ class DesignFilesWindowTest : public WindowTest {
     SaveFile(*program_);
     main().txtInfo[0].Set("");
     return data_.filePath("level");
+  }
+
+  // Where the dialog of Open begins; it is cancelled there.
+  QString OpenBeginsIn() {
+    QString folder;
+    QTimer::singleShot(0, qApp, [&folder] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      folder = dialog->directory().path();
+      dialog->reject();
+    });
+    Choose("mnuFileOpen");
+    return folder;
   }
 };
 
@@ -42,6 +56,17 @@ TEST_F(DesignFilesWindowTest, OpensAFileThatIsDroppedOnIt) {
   QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(window_.get(), &drop);
   EXPECT_EQ(Info(0).text(), "Level forty");
+}
+
+TEST_F(DesignFilesWindowTest, OpenBeginsAmongTheSamples) {
+  ASSERT_TRUE(QDir(data_.path()).mkdir("samples"));
+  EXPECT_EQ(OpenBeginsIn().toStdString(), data_.filePath("samples").toStdString());
+}
+
+TEST_F(DesignFilesWindowTest, WhoHasDesignsOpensWhereTheDesktopBegins) {
+  ASSERT_TRUE(QDir(data_.path()).mkdir("samples"));
+  window_->OpenDesign(SavedSurvey());
+  EXPECT_FALSE(OpenBeginsIn().startsWith(data_.path()));
 }
 
 TEST_F(DesignFilesWindowTest, PassesOverWhatIsNoFile) {

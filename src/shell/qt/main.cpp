@@ -16,6 +16,8 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(ToQt(kProgramTitle));
   QApplication::setOrganizationName(ToQt(kProgramTitle));
   QApplication::setWindowIcon(OwnIcon("torvale"));
+  // By this a desktop finds the icon and the menu entry of the window.
+  QApplication::setDesktopFileName("torvale");
   QtHost host(FindProgramFolder(QApplication::applicationDirPath(),
                                 QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
   Program program(host);

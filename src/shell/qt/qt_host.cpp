@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QDate>
+#include <QDir>
 #include <QFileDialog>
 #include <QLocale>
 #include <QMessageBox>
 
+#include "files/file_commands.h"
 #include "screen/main_screen.h"
 #include "shell/qt/scale.h"
 
@@ -47,6 +49,13 @@ QStringList FiltersOf(std::string_view filters) {
     captions.append(name + " (" + (pattern == "*" ? pattern : pattern + " " + pattern.toLower()) + ")");
   }
   return captions;
+}
+
+// Where the file dialog begins. Who has no design yet finds the samples.
+QString OpenFrom(const QString& program_folder, std::string_view name) {
+  const QDir folder(program_folder);
+  const bool first = name.empty() && !folder.exists(ToQt(kRecentFile)) && folder.exists("samples");
+  return first ? folder.filePath("samples") : ToQt(name);
 }
 
 std::optional<std::string> Chosen(const QString& path) {
@@ -96,8 +105,8 @@ std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
   const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
-  return Chosen(
-      QFileDialog::getOpenFileName(window_, ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
+  return Chosen(QFileDialog::getOpenFileName(window_, ToQt(dialog.title), OpenFrom(program_folder_, dialog.name),
+                                             filters.join(";;"), &selected));
 }
 
 std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
