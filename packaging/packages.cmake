@@ -1,0 +1,20 @@
+# Read by CPack once for each kind of package: which parts it holds and where they go.
+function(torvale_parts)
+  set(parts "")
+  foreach(part program ${ARGN})
+    list(APPEND parts ${CPACK_CMAKE_BINARY_DIR} torvale ${part} /)
+  endforeach()
+  set(CPACK_INSTALL_CMAKE_PROJECTS "${parts}" PARENT_SCOPE)
+endfunction()
+
+list(GET CPACK_INSTALL_CMAKE_PROJECTS 0 CPACK_CMAKE_BINARY_DIR)
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+  set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian/finish.cmake)
+  torvale_parts(debian)
+else()
+  # One folder that can be unpacked anywhere.
+  set(CPACK_PACKAGING_INSTALL_PREFIX "")
+  set(CPACK_PACKAGE_FILE_NAME ${CPACK_TORVALE_ARCHIVE})
+  torvale_parts(licence archive)
+endif()
