@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# start_on_xvfb.sh PROGRAM [PICTURE]: starts the window on a virtual X display as a new user would, with an empty home,
-# waits for the main window, takes a picture of the display, closes the window and fails unless
+# start_on_xvfb.sh PROGRAM [PICTURE [HOME [TITLE [ARGUMENT...]]]]: starts the window on a virtual X display as a new user
+# would, with an empty home (HOME, if it is to be looked at afterwards), waits for the main window (the one whose title
+# matches TITLE), takes a picture of the display, closes the window and fails unless
 #   - the window came up and something is drawn in it,
 #   - the program ended by itself with status 0,
 #   - nothing was said on standard error (toolkit warnings go there).
@@ -9,6 +10,9 @@ kProgram=$(readlink -f "$1")
 kPicture=$(readlink -m "${2:-/dev/null}")
 kScripts=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 kTemp=$(mktemp -d)
+kHome=${3:-$kTemp/home}
+kTitle=${4:-^TORVALE}
+kArguments=("${@:5}")
 xvfb_pid=
 program_pid=
 
@@ -38,7 +42,7 @@ wait_for() {
   done
 }
 
-main_windows() { xdotool search --onlyvisible --name '^TORVALE'; }
+main_windows() { xdotool search --onlyvisible --name "$kTitle"; }
 
 # The server picks a free display and writes its number when it is ready for clients.
 Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp 3>"$kTemp/display" 2>"$kTemp/xvfb" &
@@ -46,14 +50,14 @@ xvfb_pid=$!
 wait_for 30 test -s "$kTemp/display" || fail "the X server did not start: $(cat "$kTemp/xvfb")"
 export DISPLAY=:$(<"$kTemp/display")
 
-mkdir -m 700 "$kTemp/home" "$kTemp/runtime"
-cd "$kTemp/home"
+mkdir -p -m 700 "$kHome" "$kTemp/runtime"
+cd "$kHome"
 env -u WAYLAND_DISPLAY -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME -u XDG_STATE_HOME \
-  HOME="$kTemp/home" XDG_RUNTIME_DIR="$kTemp/runtime" QT_QPA_PLATFORM=xcb \
-  "$kProgram" >"$kTemp/stdout" 2>"$kTemp/stderr" &
+  HOME="$kHome" XDG_RUNTIME_DIR="$kTemp/runtime" QT_QPA_PLATFORM=xcb \
+  "$kProgram" "${kArguments[@]}" >"$kTemp/stdout" 2>"$kTemp/stderr" &
 program_pid=$!
 
-wait_for 30 main_windows || fail "no window named TORVALE came up"
+wait_for 30 main_windows || fail "no window with the title $kTitle came up"
 # The splash screen closes by itself after two seconds.
 sleep 4
 ! has_ended || fail "the program ended by itself"
