@@ -9,4 +9,7 @@ endif()
 if(TARGET torvale_qt)
   add_executable(torvale_window_bench bench/window/repaint_bench.cpp)
   target_link_libraries(torvale_window_bench PRIVATE torvale_qt benchmark::benchmark torvale_options)
+  # What scripts/measure_start.sh measures the start against.
+  add_executable(torvale_plain_window bench/window/plain_window.cpp)
+  target_link_libraries(torvale_plain_window PRIVATE Qt6::Widgets torvale_options)
 endif()

@@ -6,7 +6,7 @@ kTestPackages=(
   libgtest-dev libgmock-dev nlohmann-json3-dev librapidcheck-dev libmpfr-dev libgmp-dev poppler-utils
   clang-format-14 xvfb xauth xdotool x11-utils imagemagick
   openbox dbus-daemon at-spi2-core python3-gi gir1.2-atspi-2.0
-  appstream desktop-file-utils dpkg-dev file libglib2.0-bin lintian man-db shared-mime-info)
+  appstream desktop-file-utils dpkg-dev file libglib2.0-bin librsvg2-bin lintian man-db shared-mime-info)
 kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
 
 # What must answer on a system whose packages we can't ask for.
