@@ -4,8 +4,10 @@
 #   torvale-VERSION-SYSTEM.tar.gz          one folder that can be unpacked anywhere
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
+source scripts/packages.sh
 source scripts/configure.sh
 kPreset=${1:-release}
+need_packages "${kRunPackages[@]}" dpkg-dev file
 
 [ -f "build/$kPreset/build.ninja" ] || configure "$kPreset" -DTORVALE_TESTS=OFF
 cmake --build "build/$kPreset" --target torvale torvale_script

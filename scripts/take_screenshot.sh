@@ -8,7 +8,7 @@ trap 'rm -rf "$kTemp"' EXIT
 
 [ -f build/release/build.ninja ] || configure release -DTORVALE_TESTS=OFF
 cmake --build build/release --target torvale
-scripts/start_on_xvfb.sh build/release/torvale "$kTemp/display.png" "$kTemp/home" '^TORVALE +Limited' \
-  "$PWD/data/samples/ditch_corner.LHD"
+scripts/start_on_xvfb.sh build/release/torvale "$kTemp/display.png" "$kTemp/home" '^TORVALE +Computer' \
+  "$PWD/data/samples/ditch_corner.CSH"
 # The display around the window is black.
 convert "$kTemp/display.png" -trim +repage -dither None -colors 128 -strip PNG8:docs/screenshot.png
