@@ -144,7 +144,7 @@ debian_rules() { lintian --fail-on error,warning "$kPackages"/torvale_*.deb; }
 
 # start FOLDER: the program installed in the folder opens a design and finds its data; what it keeps stays out of there.
 start() {
-  local home=$kTemp/home design=$kTemp/"my fields"/"corner 1.PFD" kept before
+  local home=$kTemp/home design=$kTemp/"my fields"/"corner 1.PFD" kept before entry
   rm -rf "$home"
   mkdir -p "$kTemp/my fields"
   cp data/samples/ditch_corner.PFD "$design"
@@ -152,9 +152,12 @@ start() {
   scripts/start_on_xvfb.sh "$1/bin/torvale" /dev/null "$home" '^TORVALE +Planned Field Design' "$design" || return 1
   [ "$(find "$1" | sort)" = "$before" ] || complain "the program wrote into its folder" || return 1
   kept=$home/.local/share/TORVALE/TORVALE
-  cmp "$kept/SoilsName.txt" data/SoilsName.txt || return 1
   grep -qF "$design" "$kept/RecentTORVALEFileName.Dat" || complain "the design is not a recent file" || return 1
-  diff -r "$kept/samples" "$1/share/torvale/samples"
+  # Opening a design writes the defaults anew.
+  [ -s "$kept/Default50.TVL" ] || complain "no defaults" || return 1
+  for entry in "$1"/share/torvale/*; do
+    [ "${entry##*/}" = Default50.TVL ] || diff -r "$entry" "$kept/${entry##*/}" || return 1
+  done
 }
 
 part "packages are made" made
