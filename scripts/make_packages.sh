@@ -12,6 +12,8 @@ need_packages "${kRunPackages[@]}" dpkg-dev file
 [ -f "build/$kPreset/build.ninja" ] || configure "$kPreset" -DTORVALE_TESTS=OFF
 cmake --build "build/$kPreset" --target torvale torvale_script
 rm -rf "build/$kPreset/packages"
+# The folders in a package get the permissions that they are made with here.
+umask 022
 cpack --config "build/$kPreset/CPackConfig.cmake"
 rm -rf "build/$kPreset/packages/_CPack_Packages"
 ls -l "build/$kPreset/packages"
