@@ -77,9 +77,9 @@ menu_entry() {
 
 metadata() { appstreamcli validate-tree --no-net --strict "$kDebian"; }
 
-# type_of FILE: the type that a desktop takes it for which knows the packaged types and the system's.
+# type_of FILE: the type that a desktop takes it for which knows the packaged types and the usual ones.
 type_of() {
-  XDG_DATA_HOME=$kTemp/none XDG_DATA_DIRS=$kTemp/types:/usr/share gio info -a standard::content-type "$1" |
+  XDG_DATA_HOME=$kTemp/none XDG_DATA_DIRS=$kTemp/types gio info -a standard::content-type "$1" |
     sed -n 's/.*standard::content-type: //p'
 }
 
@@ -91,9 +91,9 @@ expect_type() {
 
 file_types() {
   local kind extension type files=$kTemp/files bad=0
-  mkdir -p "$kTemp/types/mime" "$files"
-  cp -r "$kShare/mime/packages" "$kTemp/types/mime/"
-  XDG_DATA_DIRS=$kTemp/types:/usr/share update-mime-database "$kTemp/types/mime" || return 1
+  mkdir -p "$kTemp/types/mime/packages" "$files"
+  cp "$kShare/mime/packages/torvale.xml" /usr/share/mime/packages/freedesktop.org.xml "$kTemp/types/mime/packages/"
+  XDG_DATA_DIRS=$kTemp/types update-mime-database "$kTemp/types/mime" || return 1
 
   for kind in "${kKinds[@]}"; do
     extension=${kind%%:*} type=application/x-torvale-${kind#*:}
