@@ -62,8 +62,8 @@ menu_entry() {
   program=$(sed -n 's/^Exec=\([^ ]*\) %f$/\1/p' "$entry")
   [ -x "$kDebian/usr/bin/$program" ] || complain "starts '$program', which is not in the package" || return 1
   icon=$(sed -n 's/^Icon=//p' "$entry")
-  # The pictures are of the drawing as it is now (scripts/render_icons.sh), but for what one renderer does otherwise than
-  # the next.
+  # The pictures are of the drawing as it is now (scripts/render_icons.sh), but for what one renderer does otherwise
+  # than the next.
   local size picture difference
   for size in 16 22 24 32 48 64 128 256; do
     picture=$kShare/icons/hicolor/${size}x$size/apps/$icon.png

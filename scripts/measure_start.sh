@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# measure_start.sh [RUNS]: starts the program RUNS times (by default 9), in turn with a plain window of the toolkit, on a
-# virtual display, and prints how long each takes until its window is drawn, the memory it then holds, with the longest
-# line opened too, and the sizes of the packages. Compare the figures of one run with each other, never across machines.
+# measure_start.sh [RUNS]: starts the program RUNS times (by default 9), in turn with a plain window of the toolkit, on
+# a virtual display, and prints how long each takes until its window is drawn, and the memory it then holds, with the
+# longest line opened too; then the sizes of the packages. Compare the figures of one run with each other, never across
+# machines.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 source scripts/configure.sh
@@ -38,7 +39,7 @@ env -u WAYLAND_DISPLAY -u XDG_CONFIG_HOME -u XDG_DATA_HOME DISPLAY=":$(<"$kTemp/
   XDG_RUNTIME_DIR="$kTemp/runtime" QT_QPA_PLATFORM=xcb \
   python3 scripts/measure_start.py "$kRuns" \
   "plain window" '^plain$' build/release/torvale_plain_window -- \
-  "TORVALE" '^TORVALE *$' build/release/torvale -- \
+  "TORVALE" '^TORVALE +$' build/release/torvale -- \
   "TORVALE with a mile of holes" '^TORVALE +Planned' build/release/torvale "$kTemp/mile.PFD"
 echo
 (cd build/release/packages && du -b -- * | awk '{printf "%-36s %6.2f MB\n", $2, $1 / 1e6}')

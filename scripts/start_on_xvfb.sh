@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# start_on_xvfb.sh PROGRAM [PICTURE [HOME [TITLE [ARGUMENT...]]]]: starts the window on a virtual X display as a new user
-# would, with an empty home (HOME, if it is to be looked at afterwards), waits for the main window (the one whose title
-# matches TITLE), takes a picture of the display, closes the window and fails unless
+# start_on_xvfb.sh PROGRAM [PICTURE [HOME [TITLE [ARGUMENT...]]]]: starts the window on a virtual X display as a new
+# user would, with an empty home (HOME, if it is to be looked at afterwards), waits for the main window (the one whose
+# title matches TITLE), takes a picture of the display, closes the window and fails unless
 #   - the window came up and something is drawn in it,
 #   - the program ended by itself with status 0,
 #   - nothing was said on standard error (toolkit warnings go there).
