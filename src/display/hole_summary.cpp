@@ -12,6 +12,21 @@ bool Flows(const DesignRecord& record, int i) {
   return record.FurrowFlow[i] > 0;
 }
 
+// `ended` is told the row at which each run ends, and the rows of the run.
+template <typename Ended>
+void FindRuns(DesignRecord& record, const RowArray<float>& field, const Ended& ended) {
+  record.HoleSumFurrowText.Clear();
+  std::int16_t count = 0;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!Flows(record, i)) continue;
+    ++count;
+    if (field[i] == AtRow(record, field, i + 1)) continue;
+    record.HoleSumFurrowText[i] = StationText(record, i + 1 - count) + " - " + StationText(record, i);
+    ended(i, count);
+    count = 0;
+  }
+}
+
 void StartTexts(Program& program) {
   DesignRecord& record = program.record;
   record.HoleSumStations = " Hole Diameter \n";
@@ -48,18 +63,13 @@ void WriteRuns(Program& program) {
 
 }  // namespace
 
-void FindRuns(DesignRecord& record, const RowArray<float>& field) {
-  record.HoleSumFurrowText.Clear();
+void FindSizeRuns(DesignRecord& record) {
   record.HoleSumCount.Clear();
-  std::int16_t count = 0;
-  for (int i = 1; i <= record.HoleRows; ++i) {
-    if (!Flows(record, i)) continue;
-    ++count;
-    if (field[i] == AtRow(record, field, i + 1)) continue;
-    record.HoleSumCount[i] = count;
-    record.HoleSumFurrowText[i] = StationText(record, i + 1 - count) + " - " + StationText(record, i);
-    count = 0;
-  }
+  FindRuns(record, ChosenHoleDia(record), [&](int i, std::int16_t count) { record.HoleSumCount[i] = count; });
+}
+
+void FindSpacingRuns(DesignRecord& record) {
+  FindRuns(record, record.HoleSpacing, [](int, std::int16_t) {});
 }
 
 std::string ChosenSizeName(const Program& program, int i) {
@@ -79,7 +89,7 @@ void DisplayHoleSum(Program& program) {
   try {
     StartTexts(program);
     ShowProfileSlope(program);
-    FindRuns(program.record, ChosenHoleDia(program.record));
+    FindSizeRuns(program.record);
     WriteRuns(program);
     main.lblSumHoleDia.tool_tip = main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator : "";
   } catch (const RunTimeFault&) {

@@ -9,10 +9,13 @@ namespace torvale {
 // fault is absorbed: the texts stay as far as they came.
 void DisplayHoleSum(Program& program);
 
-// Runs of rows with flow that have one value of `field`: at the row that ends a run `HoleSumFurrowText` takes its
+// Runs of rows with flow that have one chosen hole size: at the row that ends a run `HoleSumFurrowText` takes its
 // stations and `HoleSumCount` its rows; all other elements are emptied. A dry row inside a run is not counted, and so
 // shifts the start that is worked out from the count by one row.
-void FindRuns(DesignRecord& record, const RowArray<float>& field);
+void FindSizeRuns(DesignRecord& record);
+
+// The same of the spacing of holes, in `HoleSumFurrowText` alone: `HoleSumCount` keeps the runs of size.
+void FindSpacingRuns(DesignRecord& record);
 
 // Name of the chosen hole size of row i, empty for a size without one. A limited selection is named from the allowed
 // sizes alone.

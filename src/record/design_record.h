@@ -140,6 +140,8 @@ struct DesignRecord {
   std::string HoleSumLengths;  // the station column
   std::string HoleSumCounts;
   RowArray<std::string> HoleSumFurrowText;
+  RowArray<std::int16_t> HoleSumFromLength;  // first furrow length of the run, feet
+  RowArray<std::int16_t> HoleSumToLength;
   RowArray<std::int16_t> HoleSumCount;
 
   float ProfileScale = 0;    // grid row at which the Summary table ends

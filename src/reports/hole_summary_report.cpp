@@ -45,15 +45,26 @@ bool EndsRun(const DesignRecord& record, int i) {
   return record.FurrowFlow[i] > 0 && !record.HoleSumFurrowText[i].empty();
 }
 
+// Furrow lengths at both ends of each run.
+void FindRunLengths(DesignRecord& record) {
+  record.HoleSumFromLength.Clear();
+  record.HoleSumToLength.Clear();
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!EndsRun(record, i)) continue;
+    record.HoleSumFromLength[i] = record.FurrowLength[i + 1 - record.HoleSumCount[i]];
+    record.HoleSumToLength[i] = record.FurrowLength[i];
+  }
+}
+
 // One line for each run of equal hole size; y moves below the last.
 void PrintSizeRuns(DocumentWriter& writer, Program& program, double& y) {
   DesignRecord& record = program.record;
-  FindRuns(record, ChosenHoleDia(record));
+  FindSizeRuns(record);
+  FindRunLengths(record);
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!EndsRun(record, i)) continue;
-    const int first = i + 1 - record.HoleSumCount[i];
     writer.Text(kLeft, y, record.HoleSumFurrowText[i]);
-    writer.Text(2.5, y, GeneralText(record.FurrowLength[first]) + " - " + GeneralText(record.FurrowLength[i]));
+    writer.Text(2.5, y, GeneralText(record.HoleSumFromLength[i]) + " - " + GeneralText(record.HoleSumToLength[i]));
     writer.Text(5, y, GeneralText(record.HoleSumCount[i]));
     writer.Text(6.5, y, HoleText(program, i));
     y += kStep;
@@ -63,7 +74,7 @@ void PrintSizeRuns(DocumentWriter& writer, Program& program, double& y) {
 // Two lines for each run of equal spacing; y moves below the last.
 void PrintSpacingRuns(DocumentWriter& writer, DesignRecord& record, double& y) {
   constexpr double kTextX = 1.7;
-  FindRuns(record, record.HoleSpacing);
+  FindSpacingRuns(record);
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!EndsRun(record, i)) continue;
     writer.Text(kLeft, y, record.HoleSumFurrowText[i]);

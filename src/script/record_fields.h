@@ -98,6 +98,8 @@ inline constexpr std::tuple kRecordFields = {RecordField{"DesignType", &DesignRe
                                              RecordField{"HoleSumLengths", &DesignRecord::HoleSumLengths},
                                              RecordField{"HoleSumCounts", &DesignRecord::HoleSumCounts},
                                              RecordField{"HoleSumFurrowText", &DesignRecord::HoleSumFurrowText},
+                                             RecordField{"HoleSumFromLength", &DesignRecord::HoleSumFromLength},
+                                             RecordField{"HoleSumToLength", &DesignRecord::HoleSumToLength},
                                              RecordField{"HoleSumCount", &DesignRecord::HoleSumCount},
                                              RecordField{"ProfileScale", &DesignRecord::ProfileScale},
                                              RecordField{"ProfileTitle", &DesignRecord::ProfileTitle},
