@@ -11,11 +11,8 @@
 namespace torvale {
 namespace {
 
-constexpr double kLeft = 0.1;
-constexpr double kRight = 7.9;
-constexpr std::array<double, 13> kRules = {kLeft, 0.87, 1.47, 2.07, 2.77, 3.27,  3.87,
-                                           4.57,  5.22, 5.92, 6.37, 7.02, kRight};
-constexpr double kGap = 0.02;  // between a text and the rule behind it
+constexpr double kLeft = kTableRules.front();
+constexpr double kRight = kTableRules.back();
 
 constexpr double kFirstRow = 4.85;
 constexpr double kPageFoot = 10.5;
@@ -68,7 +65,7 @@ void RuleAcross(const TablePrint& print, double y) {
 }
 
 void RulesDown(const TablePrint& print) {
-  for (const double x : kRules) print.writer.Line(x, print.top, x, At(print));
+  for (const double x : kTableRules) print.writer.Line(x, print.top, x, At(print));
 }
 
 // Around a row of text and the one below it.
@@ -83,9 +80,9 @@ void PrintCells(const TablePrint& print, int row, double accumulated) {
     const std::string_view pattern = print.summary ? column.summary : column.complete;
     const std::string& text = grid.Text(row, static_cast<int>(c));
     print.writer.Text(column.x, At(print), pattern.empty() ? text : FormatText(text, pattern),
-                      kRules.at(c + 1) - column.x - kGap);
+                      kTableRules.at(c + 1) - column.x - kRuleGap);
   }
-  print.writer.Text(kAccumulatedX, At(print), Format(accumulated, "#######"), kRight - kAccumulatedX - kGap);
+  print.writer.Text(kAccumulatedX, At(print), Format(accumulated, "#######"), kRight - kAccumulatedX - kRuleGap);
 }
 
 // The table writes two blanks, so the row's own rules stay idle; those for the row before don't.

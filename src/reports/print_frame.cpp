@@ -15,8 +15,6 @@ constexpr double kRight = 4;        // second column of texts
 constexpr double kLeftRoom = 3.4;   // up to the second column
 constexpr double kRightRoom = 3.9;  // up to the edge of the table
 constexpr double kWholeRoom = 7.4;  // from the first column to that edge
-constexpr double kRuleLeft = 0.1;   // the table
-constexpr double kRuleRight = 7.9;
 
 constexpr std::array<std::string_view, 5> kDesignNames = {
     "Planned Design", "Constant Slope Design", "Dual Slope Design", "Multiple Hole Design", "Existing Slope Design"};
@@ -35,26 +33,28 @@ constexpr std::array<AppliedWaterLine, 5> kAppliedWater = {{
 }};
 constexpr double kAppliedHeading = 0.34;  // two lines of headings
 
-// One word or two, the second below the first.
+// One word or two, the second below the first, ahead of the rule at `end`.
 struct ColumnHeading {
   double upper_x;
   std::string_view upper;
   double lower_x;
   std::string_view lower;
+  double end;
 };
 
 constexpr ColumnHeading kHeadings[] = {
-    {0.2, "Station", 0.3, "Feet"},    {0.9, "Hole Size", 0.95, "Inches"}, {1.6, "Hole", 1.5, "Number"},
-    {2.2, "Furrow", 2.25, "Flow"},    {2.8, "Head", 2.8, "Feet"},         {3.3, "Flow", 3.3, "Ratio"},
-    {4, "Furrow", 3.9, "Length Ft."},
+    {0.2, "Station", 0.3, "Feet", kTableRules[1]},    {0.9, "Hole Size", 0.95, "Inches", kTableRules[2]},
+    {1.6, "Hole", 1.5, "Number", kTableRules[3]},     {2.2, "Furrow", 2.25, "Flow", kTableRules[4]},
+    {2.8, "Head", 2.8, "Feet", kTableRules[5]},       {3.3, "Flow", 3.3, "Ratio", kTableRules[6]},
+    {4, "Furrow", 3.9, "Length Ft.", kTableRules[7]},
 };
-constexpr ColumnHeading kRodHeading = {4.55, "Rod Reading", 4.75, "Feet"};
-constexpr ColumnHeading kElevationHeading = {4.6, "Elevation", 4.75, "Feet"};
+constexpr ColumnHeading kRodHeading = {4.55, "Rod Reading", 4.75, "Feet", kTableRules[8]};
+constexpr ColumnHeading kElevationHeading = {4.6, "Elevation", 4.75, "Feet", kTableRules[8]};
 constexpr ColumnHeading kLastHeadings[] = {
-    {5.4, "Holes", 5.25, "Per Furrow"},
-    {0, "", 6.05, "Mil"},
-    {6.4, "Pipe Dia.", 6.45, "Inches"},
-    {7.1, "Accum.", 7.15, "GPM"},
+    {5.4, "Holes", 5.25, "Per Furrow", kTableRules[9]},
+    {0, "", 6.05, "Mil", kTableRules[10]},
+    {6.4, "Pipe Dia.", 6.45, "Inches", kTableRules[11]},
+    {7.1, "Accum.", 7.15, "GPM", kTableRules[12]},
 };
 
 std::string Pattern(float value, std::string_view pattern) {
@@ -67,14 +67,14 @@ std::string AverageFurrowFlow(const DesignRecord& record) {
 }
 
 void PrintHeading(DocumentWriter& writer, const ColumnHeading& heading, double y) {
-  writer.Text(heading.upper_x, y + 0.1, heading.upper);
-  writer.Text(heading.lower_x, y + 0.3, heading.lower);
+  writer.Text(heading.upper_x, y + 0.1, heading.upper, heading.end - kRuleGap - heading.upper_x);
+  writer.Text(heading.lower_x, y + 0.3, heading.lower, heading.end - kRuleGap - heading.lower_x);
 }
 
 void PrintColumnHeadings(DocumentWriter& writer, bool rods, double y) {
   writer.SetDrawWidth(3);
-  writer.Line(kRuleLeft, y, kRuleRight, y);
-  writer.Line(kRuleLeft, y + 0.3, kRuleRight, y + 0.3);
+  writer.Line(kTableRules.front(), y, kTableRules.back(), y);
+  writer.Line(kTableRules.front(), y + 0.3, kTableRules.back(), y + 0.3);
   writer.SetDrawWidth(2);
   for (const ColumnHeading& heading : kHeadings) PrintHeading(writer, heading, y);
   PrintHeading(writer, rods ? kRodHeading : kElevationHeading, y);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,11 @@
 namespace torvale {
 
 // What the three reports have in common.
+
+// The vertical rules of a table, from its left edge to its right.
+inline constexpr std::array<double, 13> kTableRules = {0.1,  0.87, 1.47, 2.07, 2.77, 3.27, 3.87,
+                                                       4.57, 5.22, 5.92, 6.37, 7.02, 7.9};
+inline constexpr double kRuleGap = 0.02;  // between a text and the rule behind it
 
 // Name of a limited selection of holes; the two wordings differ on purpose.
 inline constexpr std::string_view kLimitedInDesignReports = "Limited Computer Hole Selection Design";

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
+#include <span>
 
 #include "shell/qt/scale.h"
 
@@ -21,6 +22,12 @@ const QStringList kTypefaces = {"Arial", "Liberation Sans", "Helvetica", "Nimbus
 const QString kSample = "0123456789.";
 constexpr double kSampleWidth = 10 * 0.556 + 0.278;
 
+// Heights of letters in that typeface, in parts of the font size: from the top of a line to the foot of its capitals,
+// of the capitals, and of what hangs below. A line stands there whichever typeface it is drawn in.
+constexpr double kAscent = 0.905;
+constexpr double kCapitals = 0.73;
+constexpr double kDescent = 0.22;
+
 // Text too long for its room is drawn narrower down to this part of its width, then shortened in the middle.
 constexpr double kNarrowest = 0.6;
 
@@ -32,11 +39,15 @@ QFont FontOf(const QPaintDevice& device, int points) {
   return font;
 }
 
+// Texts lie over the lines: a rule that would run into a word ends ahead of it.
+enum class Layer { kLines, kGrounds, kWords };
+
 class Drawing {
  public:
-  Drawing(QPagedPaintDevice& device, QPainter& painter) : device_(device), painter_(painter) {}
+  Drawing(QPaintDevice& device, QPainter& painter, Layer layer) : device_(device), painter_(painter), layer_(layer) {}
 
   void operator()(const PrintedText& text) const {
+    if (layer_ == Layer::kLines) return;
     const QFont font = FontOf(device_, text.points);
     const QFontMetricsF metrics(font, &device_);
     const double sample = metrics.horizontalAdvance(kSample);
@@ -50,22 +61,30 @@ class Drawing {
       narrowing = fitting * std::min(1.0, room / width);
     }
     const double left = X(text.x) - (text.centred ? width / 2 : 0);
+    const double size = font.pixelSize();
     painter_.save();
-    painter_.setFont(font);
-    painter_.translate(left, Y(text.y) + metrics.ascent());
-    painter_.scale(narrowing, 1);
-    painter_.drawText(QPointF(0, 0), words);
+    painter_.translate(left, Y(text.y) + kAscent * size);
+    if (layer_ == Layer::kGrounds) {
+      painter_.fillRect(QRectF(0, -kCapitals * size, width * narrowing / fitting, (kCapitals + kDescent) * size),
+                        Qt::white);
+    } else {
+      painter_.setFont(font);
+      painter_.scale(narrowing, 1);
+      painter_.drawText(QPointF(0, 0), words);
+    }
     painter_.restore();
   }
   void operator()(const PrintedLine& line) const {
+    if (layer_ != Layer::kLines) return;
     UsePen(line.width);
     painter_.drawLine(QPointF(X(line.x1), Y(line.y1)), QPointF(X(line.x2), Y(line.y2)));
   }
   void operator()(const PrintedBox& box) const {
+    if (layer_ != Layer::kLines) return;
     UsePen(box.width);
     painter_.drawRect(QRectF(QPointF(X(box.x1), Y(box.y1)), QPointF(X(box.x2), Y(box.y2))));
   }
-  void operator()(const NewPage&) const { device_.newPage(); }
+  void operator()(const NewPage&) const {}
 
  private:
   double Dots() const { return device_.logicalDpiX(); }
@@ -78,9 +97,19 @@ class Drawing {
     painter_.setPen(pen);
   }
 
-  QPagedPaintDevice& device_;
+  QPaintDevice& device_;
   QPainter& painter_;
+  Layer layer_;
 };
+
+using Operations = std::span<const PrintOperation>;
+
+void PaintPage(QPaintDevice& device, QPainter& painter, Operations page) {
+  for (const Layer layer : {Layer::kLines, Layer::kGrounds, Layer::kWords}) {
+    const Drawing drawing(device, painter, layer);
+    for (const PrintOperation& operation : page) std::visit(drawing, operation);
+  }
+}
 
 }  // namespace
 
@@ -93,8 +122,16 @@ bool PaintDocument(QPagedPaintDevice& device, const Document& document) {
   QPainter painter;
   if (!painter.begin(&device)) return false;
   painter.setRenderHint(QPainter::Antialiasing);
-  const Drawing drawing(device, painter);
-  for (const PrintOperation& operation : document.operations) std::visit(drawing, operation);
+  const Operations all(document.operations);
+  for (std::size_t begin = 0;;) {
+    const auto end = std::find_if(all.begin() + static_cast<std::ptrdiff_t>(begin), all.end(),
+                                  [](const auto& operation) { return std::holds_alternative<NewPage>(operation); });
+    const auto length = static_cast<std::size_t>(end - all.begin()) - begin;
+    PaintPage(device, painter, all.subspan(begin, length));
+    begin += length + 1;
+    if (end == all.end()) break;
+    if (!device.newPage()) return false;
+  }
   return painter.end();
 }
 
