@@ -14,8 +14,6 @@ CrownProfileScreen::CrownProfileScreen() {
   btnPrintProfile.tool_tip = "Print this window in landscape";
   btnExportPicture.caption = "Export Picture...";
   btnExportPicture.tool_tip = "Save this window as a picture (PNG) or as a document (PDF)";
-  btnPrintProfile.visible = false;
-  btnExportPicture.visible = false;
   btnBack.caption = "Back";
   btnBack.tool_tip = "This button will return you to the design screen";
 }

@@ -104,6 +104,8 @@ constexpr Command kCommands[] = {
     {"mnuWindowInfo", mnuWindowInfo_Click},
     {"mnuProfile", mnuProfile_Click},
     {"mnuHelpAbout", mnuHelpAbout_Click},
+    {"btnPrintProfile", btnPrintProfile_Click},
+    {"btnExportPicture", btnExportPicture_Click},
     {"btnBack", btnBack_Click},
     {"cmdInterpolate", cmdInterpolate_Click},
     {"cmdCancel", cmdCancel_Click},

@@ -79,6 +79,7 @@ CrownChart::CrownChart(QWidget* parent)
   };
   stay_inside(xAxis, all_stations_);
   stay_inside(yAxis, all_values_);
+  connect(this, &QCustomPlot::afterLayout, this, [this] { SpaceLabels(); });
   connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { ShowAll(); });
 }
 
@@ -114,7 +115,6 @@ void CrownChart::SetLetters(const LineChart& chart, const Scale& scale) {
   }
   // Half of the last label stands to the right of the axis.
   axisRect()->setMinimumMargins(QMargins(0, 0, widest_label_ / 2, 0));
-  SpaceLabels(width());
 }
 
 void CrownChart::DrawSeries(const LineChart& chart) {
@@ -191,16 +191,15 @@ void CrownChart::Zoom(double factor) {
   replot();
 }
 
-void CrownChart::SpaceLabels(int width) {
-  const int margins = axisRect()->margins().left() + axisRect()->margins().right();
-  stations_->SetLeastGap(widest_label_ / static_cast<double>(std::max(width - margins, 1)));
+// Chooses the labels for the axis as long as it is now. Its length is known once the values' labels are laid out.
+void CrownChart::SpaceLabels() {
+  stations_->SetLeastGap(widest_label_ / static_cast<double>(std::max(axisRect()->width(), 1)));
+  axisRect()->update(QCPLayoutElement::upPreparation);
 }
 
 void CrownChart::PaintOnPaper(QCPPainter& painter, const QSize& size) {
   UseColours(Paper());
-  SpaceLabels(size.width());
   toPainter(&painter, size.width(), size.height());
-  SpaceLabels(width());
   UseColours(palette());
   replot();
 }
@@ -217,11 +216,6 @@ void CrownChart::keyPressEvent(QKeyEvent* event) {
     default:
       QCustomPlot::keyPressEvent(event);
   }
-}
-
-void CrownChart::resizeEvent(QResizeEvent* event) {
-  SpaceLabels(event->size().width());
-  QCustomPlot::resizeEvent(event);
 }
 
 void CrownChart::changeEvent(QEvent* event) {

@@ -24,7 +24,6 @@ class CrownChart final : public QCustomPlot {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
@@ -34,7 +33,7 @@ class CrownChart final : public QCustomPlot {
   void UseColours(const QPalette& colours);
   void ShowAll();
   void Zoom(double factor);
-  void SpaceLabels(int width);
+  void SpaceLabels();
 
   QCPTextElement* title_;
   QSharedPointer<StationTicker> stations_;

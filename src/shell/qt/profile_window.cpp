@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "shell/commands.h"
@@ -34,7 +35,7 @@ void SetTextSize(QWidget& widget, int pixels) {
 
 ProfileWindow::ProfileWindow(Program& program, Run run, QWidget* parent)
     : QWidget(parent, Qt::Window), program_(program), run_(std::move(run)), chart_(new CrownChart(this)) {
-  setObjectName("CrownProfile");
+  setObjectName(kProfileWindowName);
   setWindowModality(Qt::WindowModal);
   auto* rows = new QVBoxLayout(this);
   auto* labels = new QGridLayout;
@@ -93,6 +94,18 @@ void ProfileWindow::DrawLetters() {
   resize(wanted.boundedTo(screen()->availableSize()));
 }
 
+// In the middle of the main window, as far as the desktop has room there.
+void ProfileWindow::Centre() {
+  const QRect desktop = screen()->availableGeometry();
+  QRect place(QPoint(), size());
+  place.moveCenter(parentWidget()->window()->frameGeometry().center());
+  place.moveRight(std::min(place.right(), desktop.right()));
+  place.moveBottom(std::min(place.bottom(), desktop.bottom()));
+  place.moveLeft(std::max(place.left(), desktop.left()));
+  place.moveTop(std::max(place.top(), desktop.top()));
+  move(place.topLeft());
+}
+
 void ProfileWindow::Sync() {
   const CrownProfileScreen& profile = program_.profile;
   const bool shown = profile.CrownProfile.visible && !program_.main.closed;
@@ -116,6 +129,7 @@ void ProfileWindow::Sync() {
     drawn_points_ = profile.chart.Points.revision();
   }
   if (shown == isVisible()) return;
+  if (shown) Centre();
   setVisible(shown);
   if (!shown) return;
   activateWindow();

@@ -12,6 +12,9 @@
 
 namespace torvale {
 
+// The object name of the window, by which it is found among those of the main window.
+inline constexpr char kProfileWindowName[] = "CrownProfile";
+
 // The crown profile as a window over the main one, which waits until it is closed; it shows what `Program::profile`
 // says.
 class ProfileWindow final : public QWidget {
@@ -40,6 +43,7 @@ class ProfileWindow final : public QWidget {
   };
   void MakeControls();
   void DrawLetters();
+  void Centre();
   void Click(const std::string& name);
 
   Program& program_;

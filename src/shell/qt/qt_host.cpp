@@ -70,6 +70,12 @@ void QtHost::Attach(QWidget* window, std::function<void()> draw) {
   draw_ = std::move(draw);
 }
 
+// The window that has the user's attention: one that keeps the main window waiting stands over it.
+QWidget* QtHost::Front() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal == nullptr ? window_ : modal;
+}
+
 void QtHost::Draw() {
   if (draw_) draw_();
 }
@@ -86,13 +92,13 @@ long QtHost::Yield(long due) {
 void QtHost::Message(std::string_view body, std::string_view title) {
   if (Closed()) return;
   Draw();
-  Show(window_, QMessageBox::Information, body, title, QMessageBox::Ok);
+  Show(Front(), QMessageBox::Information, body, title, QMessageBox::Ok);
 }
 
 bool QtHost::Question(std::string_view body, std::string_view title) {
   if (Closed()) return false;
   Draw();
-  return Show(window_, QMessageBox::Question, body, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+  return Show(Front(), QMessageBox::Question, body, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 void QtHost::Beep() {
@@ -105,7 +111,7 @@ std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
   const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
-  return Chosen(QFileDialog::getOpenFileName(window_, ToQt(dialog.title), OpenFrom(program_folder_, dialog.name),
+  return Chosen(QFileDialog::getOpenFileName(Front(), ToQt(dialog.title), OpenFrom(program_folder_, dialog.name),
                                              filters.join(";;"), &selected));
 }
 
@@ -116,7 +122,7 @@ std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
   return Chosen(
-      QFileDialog::getSaveFileName(window_, ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
+      QFileDialog::getSaveFileName(Front(), ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
 }
 
 std::optional<std::string> QtHost::Setting(std::string_view key) {

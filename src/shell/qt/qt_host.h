@@ -26,8 +26,9 @@ class QtHost final : public Host {
  public:
   explicit QtHost(QString program_folder) : program_folder_(std::move(program_folder)) {}
 
-  // Messages stand over `window`; `draw` brings it up to date before they do and at each yield. Once the window is
-  // closed there is nobody left to tell: messages are passed over, questions count as answered No.
+  // Messages and dialogs stand over `window`, or over a window of it that keeps it waiting; `draw` brings it up to date
+  // before they do and at each yield. Once the window is closed there is nobody left to tell: messages are passed over,
+  // questions count as answered No.
   void Attach(QWidget* window, std::function<void()> draw);
 
   long Yield(long due) override;
@@ -51,6 +52,7 @@ class QtHost final : public Host {
  private:
   bool Closed() const { return window_ != nullptr && window_->isHidden(); }
   void Draw();
+  QWidget* Front() const;
   QPrinter& ChosenPrinter();
 
   QString program_folder_;

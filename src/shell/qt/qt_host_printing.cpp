@@ -31,7 +31,7 @@ std::optional<int> QtHost::PrinterDialog() {
   QPrinter& printer = ChosenPrinter();
   UseLetterPaper(printer);
   printer.setCopyCount(1);
-  QPrintDialog dialog(&printer, window_);
+  QPrintDialog dialog(&printer, Front());
   dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
   const ArrowPointer plain;
@@ -57,7 +57,7 @@ void QtHost::Preview(const Document& document) {
   printer.setFullPage(true);
   UseLetterPaper(printer);
   printer.setDocName(ToQt(document.title));
-  QPrintPreviewDialog dialog(&printer, window_);
+  QPrintPreviewDialog dialog(&printer, Front());
   dialog.setWindowTitle(ToQt(document.title));
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, [&](QPrinter* onto) {
     onto->setFullPage(true);

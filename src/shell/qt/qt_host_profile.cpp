@@ -22,7 +22,8 @@ void UseLandscape(QPagedPaintDevice& device) {
 }
 
 ProfileWindow* ProfileOf(const QWidget* window) {
-  return window == nullptr ? nullptr : window->findChild<ProfileWindow*>();
+  if (window == nullptr) return nullptr;
+  return dynamic_cast<ProfileWindow*>(window->findChild<QWidget*>(kProfileWindowName));
 }
 
 bool PaintProfile(ProfileWindow& profile, QPaintDevice& device, const QSize& size) {
