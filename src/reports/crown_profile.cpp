@@ -119,7 +119,10 @@ void ShowButtons(CrownProfileScreen& profile, bool visible) {
 
 // What went wrong, in a sentence; empty where all copies were printed.
 std::string PrintCopies(Program& program) {
-  if (!program.host.HasPrinter()) return "No printer is installed.";
+  if (!program.host.HasPrinter()) {
+    return "No printer is installed on this computer. Install one in the settings of the desktop, or choose Export "
+           "Picture.";
+  }
   const std::optional<int> copies = program.host.PrinterDialog();
   if (!copies) return "Printing was cancelled.";
   ShowButtons(program.profile, false);

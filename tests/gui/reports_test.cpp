@@ -1,9 +1,5 @@
 // Reports as the window's host writes them: pages with ink where the layout wants it.
-#include <QDir>
-#include <QImage>
-#include <QProcess>
-#include <QStandardPaths>
-
+#include "gui/pdf_pages.h"
 #include "gui/window_test.h"
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
@@ -11,12 +7,10 @@
 namespace torvale {
 namespace {
 
-constexpr int kDotsPerInch = 100;
-
 class ReportsTest : public WindowTest {
  protected:
   void SetUp() override {
-    if (QStandardPaths::findExecutable("pdftoppm").isEmpty()) GTEST_SKIP() << "pdftoppm is not installed";
+    if (!CanRenderPdf()) GTEST_SKIP() << "pdftoppm is not installed";
     WindowTest::SetUp();
     TypeFields("North Forty", "400", "2");
     TypeLevelLine("300", "6", "++++++++++");
@@ -28,26 +22,15 @@ class ReportsTest : public WindowTest {
   std::vector<QImage> Pages(const Document& document) {
     const QString pdf = data_.filePath("report.pdf");
     EXPECT_TRUE(host_->WritePdf(document, pdf.toStdString()));
-    QProcess renderer;
-    renderer.start("pdftoppm", {"-r", QString::number(kDotsPerInch), "-gray", "-png", pdf, data_.filePath("page")});
-    EXPECT_TRUE(renderer.waitForFinished());
-    std::vector<QImage> pages;
-    for (const QString& name : QDir(data_.path()).entryList({"page-*.png"}, QDir::Files, QDir::Name)) {
-      pages.emplace_back(data_.filePath(name));
-    }
-    return pages;
+    return PagesOf(pdf);
   }
 
   // Dark dots within the rectangle, in inches of the document.
   static int Ink(const QImage& page, double x1, double y1, double x2, double y2) {
     constexpr double kMargin = 0.25;  // the document's 8 inches in the middle of 8.5
-    int dark = 0;
-    for (int y = qRound(y1 * kDotsPerInch); y < qRound(y2 * kDotsPerInch); ++y) {
-      for (int x = qRound((x1 + kMargin) * kDotsPerInch); x < qRound((x2 + kMargin) * kDotsPerInch); ++x) {
-        if (qGray(page.pixel(x, y)) < 128) ++dark;
-      }
-    }
-    return dark;
+    const QPoint from(qRound((x1 + kMargin) * kDotsPerInch), qRound(y1 * kDotsPerInch));
+    const QPoint to(qRound((x2 + kMargin) * kDotsPerInch) - 1, qRound(y2 * kDotsPerInch) - 1);
+    return DarkDots(page, QRect(from, to));
   }
 };
 

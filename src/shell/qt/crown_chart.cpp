@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr int kTitlePixels = 18;
+constexpr int kEdge = 6;  // pixels around the title and the legend
 constexpr double kSideMargin = 0.02;  // of the line's length, on either side
 constexpr double kZoomStep = 0.8;
 constexpr qsizetype kMostMarkers = 80;
@@ -68,7 +69,8 @@ CrownChart::CrownChart(QWidget* parent)
   below->addElement(0, 0, legend);
   legend->setFillOrder(QCPLegend::foColumnsFirst);
   legend->setBorderPen(Qt::NoPen);
-  legend->setMargins(QMargins(0, 0, 0, 4));
+  legend->setMargins(QMargins(kEdge, 0, kEdge, kEdge));
+  title_->setMargins(QMargins(kEdge, kEdge, kEdge, kEdge));
   xAxis->setTicker(stations_);
   xAxis->setLabel("Station (ft.)");
   yAxis->setTicker(values_);

@@ -14,6 +14,7 @@ namespace {
 constexpr int kPdfDotsPerInch = 1200;
 constexpr double kMargin = 0.5;  // inches
 constexpr QSize kPictureSize(2000, 1300);
+constexpr int kPictureMargin = 24;
 
 void UseLandscape(QPagedPaintDevice& device) {
   UseLetterPaper(device);
@@ -26,12 +27,18 @@ ProfileWindow* ProfileOf(const QWidget* window) {
   return dynamic_cast<ProfileWindow*>(window->findChild<QWidget*>(kProfileWindowName));
 }
 
-bool PaintProfile(ProfileWindow& profile, QPaintDevice& device, const QSize& size) {
+bool PaintProfile(ProfileWindow& profile, QPaintDevice& device, const QRect& room) {
   QCPPainter painter;
   if (!painter.begin(&device)) return false;
   painter.setMode(QCPPainter::pmVectorized);
-  profile.PaintOnPaper(painter, size);
+  painter.translate(room.topLeft());
+  profile.PaintOnPaper(painter, room.size());
   return painter.end();
+}
+
+// The sheet within its margins, where a printer's own origin lies.
+QRect RoomOn(const QPagedPaintDevice& device, int resolution) {
+  return {QPoint(), device.pageLayout().paintRectPixels(resolution).size()};
 }
 
 }  // namespace
@@ -44,8 +51,7 @@ bool QtHost::PrintProfile() {
   printer.setDocName("Crown Profile");
   printer.setFullPage(false);
   UseLandscape(printer);
-  const bool painted =
-      PaintProfile(*profile, printer, printer.pageLayout().paintRectPixels(printer.resolution()).size());
+  const bool painted = PaintProfile(*profile, printer, RoomOn(printer, printer.resolution()));
   UseLetterPaper(printer);
   return painted;
 }
@@ -59,10 +65,12 @@ bool QtHost::WriteProfile(const std::string& path) {
     writer.setResolution(kPdfDotsPerInch);
     writer.setTitle("Crown Profile");
     UseLandscape(writer);
-    return PaintProfile(*profile, writer, writer.pageLayout().paintRectPixels(kPdfDotsPerInch).size());
+    return PaintProfile(*profile, writer, RoomOn(writer, kPdfDotsPerInch));
   }
   QImage picture(kPictureSize, QImage::Format_RGB32);
-  return PaintProfile(*profile, picture, picture.size()) && picture.save(file, "PNG");
+  picture.fill(Qt::white);
+  const QRect room = picture.rect().marginsRemoved({kPictureMargin, kPictureMargin, kPictureMargin, kPictureMargin});
+  return PaintProfile(*profile, picture, room) && picture.save(file, "PNG");
 }
 
 }  // namespace torvale
