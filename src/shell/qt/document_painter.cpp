@@ -4,7 +4,9 @@
 #include <QPainter>
 #include <QPen>
 #include <algorithm>
+#include <map>
 #include <span>
+#include <tuple>
 
 #include "shell/qt/scale.h"
 
@@ -39,12 +41,36 @@ QFont FontOf(const QPaintDevice& device, int points) {
   return font;
 }
 
+using Operations = std::span<const PrintOperation>;
+
+// The lines of a page, those alone that no other one covers: a table draws its rules anew, one line longer, with each
+// row, and lines drawn over each other would come out darker.
+class LongestLines {
+ public:
+  explicit LongestLines(Operations page) {
+    for (const PrintOperation& operation : page) {
+      const auto* line = std::get_if<PrintedLine>(&operation);
+      if (line == nullptr) continue;
+      double& end = ends_.try_emplace(StartOf(*line), line->y2).first->second;
+      end = std::max(end, line->y2);
+    }
+  }
+  bool Has(const PrintedLine& line) const { return ends_.at(StartOf(line)) == line.y2; }
+
+ private:
+  using Start = std::tuple<double, double, double, int>;
+  static Start StartOf(const PrintedLine& line) { return {line.x1, line.y1, line.x2, line.width}; }
+
+  std::map<Start, double> ends_;
+};
+
 // Texts lie over the lines: a rule that would run into a word ends ahead of it.
 enum class Layer { kLines, kGrounds, kWords };
 
 class Drawing {
  public:
-  Drawing(QPaintDevice& device, QPainter& painter, Layer layer) : device_(device), painter_(painter), layer_(layer) {}
+  Drawing(QPaintDevice& device, QPainter& painter, const LongestLines& lines, Layer layer)
+      : device_(device), painter_(painter), lines_(lines), layer_(layer) {}
 
   void operator()(const PrintedText& text) const {
     if (layer_ == Layer::kLines) return;
@@ -75,7 +101,7 @@ class Drawing {
     painter_.restore();
   }
   void operator()(const PrintedLine& line) const {
-    if (layer_ != Layer::kLines) return;
+    if (layer_ != Layer::kLines || !lines_.Has(line)) return;
     UsePen(line.width);
     painter_.drawLine(QPointF(X(line.x1), Y(line.y1)), QPointF(X(line.x2), Y(line.y2)));
   }
@@ -99,14 +125,14 @@ class Drawing {
 
   QPaintDevice& device_;
   QPainter& painter_;
+  const LongestLines& lines_;
   Layer layer_;
 };
 
-using Operations = std::span<const PrintOperation>;
-
 void PaintPage(QPaintDevice& device, QPainter& painter, Operations page) {
+  const LongestLines lines(page);
   for (const Layer layer : {Layer::kLines, Layer::kGrounds, Layer::kWords}) {
-    const Drawing drawing(device, painter, layer);
+    const Drawing drawing(device, painter, lines, layer);
     for (const PrintOperation& operation : page) std::visit(drawing, operation);
   }
 }

@@ -44,9 +44,10 @@ QStringList FiltersOf(std::string_view filters) {
   QStringList captions;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     const QString name = parts[i].left(parts[i].indexOf('(')).trimmed();
-    const QString pattern = parts[i + 1].trimmed() == "*.*" ? QString("*") : parts[i + 1].trimmed();
+    QStringList patterns(parts[i + 1].trimmed() == "*.*" ? QString("*") : parts[i + 1].trimmed());
     // Files from other systems may be named in small letters.
-    captions.append(name + " (" + (pattern == "*" ? pattern : pattern + " " + pattern.toLower()) + ")");
+    if (!patterns.contains(patterns.front().toLower())) patterns.append(patterns.front().toLower());
+    captions.append(name + " (" + patterns.join(' ') + ")");
   }
   return captions;
 }

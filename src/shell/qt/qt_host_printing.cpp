@@ -1,9 +1,11 @@
 // What the desktop prints, shows and writes of documents.
+#include <QAction>
 #include <QFile>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
+#include <QScreen>
 
 #include "shell/qt/document_painter.h"
 #include "shell/qt/qt_host.h"
@@ -13,6 +15,18 @@ namespace torvale {
 namespace {
 
 constexpr int kPdfDotsPerInch = 1200;
+
+// The preview's own entries for another paper: a document is laid out for letter paper, upright.
+const QStringList kPaperEntries = {"Portrait", "Landscape", "Page setup"};
+
+// A page in sight whole, and large enough to be read.
+void SetUpPreview(QPrintPreviewDialog& dialog) {
+  const QSize desktop = dialog.screen()->availableSize();
+  dialog.resize(desktop.width() * 2 / 3, desktop.height() * 9 / 10);
+  for (QAction* action : dialog.findChildren<QAction*>()) {
+    if (kPaperEntries.contains(action->text())) action->setVisible(false);
+  }
+}
 
 }  // namespace
 
@@ -59,6 +73,7 @@ void QtHost::Preview(const Document& document) {
   printer.setDocName(ToQt(document.title));
   QPrintPreviewDialog dialog(&printer, Front());
   dialog.setWindowTitle(ToQt(document.title));
+  SetUpPreview(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, [&](QPrinter* onto) {
     onto->setFullPage(true);
     PaintDocument(*onto, document);
