@@ -39,6 +39,15 @@ TEST_F(CsvTest, TheTableIsWrittenAsShownWithUnitsInItsHeadings) {
             "20,1/8,3,100.00,2.50,1.00,1100,60.00,1,10,15,6.00\r\n");
 }
 
+// The only cell of a table that holds what the user typed.
+TEST_F(CsvTest, ATypedMilKeepsItsCommasQuotesAndLineEnds) {
+  record.MilText[2] = "7, \"thin\"\r\nor 10";
+  ShowTable("Complete Design");
+  DisplayDesign(program);
+  const std::string text = ResultTableCsv(program);
+  EXPECT_NE(text.find("1100,60.00,1,\"7, \"\"thin\"\"\r\nor 10\",15,6.00\r\n20,1/8"), std::string::npos) << text;
+}
+
 // The two rows of 1/4 inch are one run, the row of 1/8 inch another.
 TEST_F(CsvTest, TheHoleSummaryHasARowForEachRun) {
   DisplayHoleSum(program);

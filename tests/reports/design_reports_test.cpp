@@ -2,60 +2,29 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "base/version.h"
 #include "display/small_line.h"
 #include "reports/document_writer.h"
-#include "reports/hole_summary_report.h"
+#include "reports/operations.h"
 #include "reports/print_frame.h"
 
 namespace torvale {
 namespace {
 
-constexpr double kNear = 1e-5;  // the position is a 32-bit float, moved some fifty times a page
-
-std::vector<PrintedText> Texts(const Document& document) {
-  std::vector<PrintedText> texts;
-  for (const PrintOperation& operation : document.operations) {
-    if (const auto* text = std::get_if<PrintedText>(&operation)) texts.push_back(*text);
-  }
-  return texts;
-}
-
-// The operations of each page.
-std::vector<std::vector<PrintOperation>> PagesOf(const Document& document) {
-  std::vector<std::vector<PrintOperation>> pages(1);
-  for (const PrintOperation& operation : document.operations) {
-    if (std::holds_alternative<NewPage>(operation)) {
-      pages.emplace_back();
-    } else {
-      pages.back().push_back(operation);
-    }
-  }
-  return pages;
-}
-
-// The text that stands at the place, or nothing.
-std::string TextAt(const Document& document, double x, double y) {
-  for (const PrintedText& text : Texts(document)) {
-    if (std::fabs(text.x - x) < kNear && std::fabs(text.y - y) < kNear) return text.text;
-  }
-  return "";
-}
-
-int LinesAcross(const std::vector<PrintOperation>& page, double y) {
-  int count = 0;
-  for (const PrintOperation& operation : page) {
-    const auto* line = std::get_if<PrintedLine>(&operation);
-    if (line != nullptr && line->x1 == 0.1 && line->x2 == 7.9 && std::fabs(line->y1 - y) < kNear) ++count;
-  }
-  return count;
-}
-
 struct ReportsTest : ::testing::Test, SmallLine {
   void AddHoles(int count) {
     for (int i = 0; i < count; ++i) AddHole(static_cast<float>(10 * i), kQuarterInch, 5);
+  }
+  // Holes of two sizes in turn, each of them a row of the Summary, on a survey that reaches past them.
+  void AddAlternating(int count) {
+    if (record.SurveyRows == 0) {
+      AddSurvey("0", "1/4");
+      AddSurvey("99999", "1/8");
+    }
+    for (int i = 0; i < count; ++i) {
+      const auto station = static_cast<float>(10 * record.HoleRows);
+      AddHole(station, record.HoleRows % 2 == 0 ? kQuarterInch : kEighthInch, 5);
+    }
   }
 };
 
@@ -118,10 +87,17 @@ TEST_F(ReportsTest, ACompleteRowPassesThroughThePatterns) {
   EXPECT_EQ(LinesAcross(document.operations, 4.85 + 2 * kLineHeight), 1);
 }
 
-// 4.85 and 35 lines of 0.165 make 10.625, the first position at 10.5 or past it.
-TEST_F(ReportsTest, APageThatIsJustFullTakesNoOther) {
-  AddHoles(35);
-  EXPECT_EQ(PagesOf(CompleteReport(program)).size(), 1U);
+// The first page has 35 rows: 4.85 and 35 lines of 0.165 make 10.625, the first position at 10.5 or past it. Each later
+// one has 48: below its header the first row stands at 2.615, and 48 lines make 10.535. A page that is just full takes
+// no other.
+TEST_F(ReportsTest, PagesBreakWhereARowMoreFollows) {
+  const std::pair<int, std::size_t> pages[] = {{34, 1}, {35, 1}, {36, 2},  {82, 2},
+                                               {83, 2}, {84, 3}, {131, 3}, {132, 4}};
+  for (const auto& [rows, count] : pages) {
+    AddAlternating(rows - record.HoleRows);
+    EXPECT_EQ(PagesOf(CompleteReport(program)).size(), count) << rows;
+    EXPECT_EQ(PagesOf(SummaryReport(program)).size(), count) << rows;
+  }
 }
 
 // Below a page break the header moves 1.7 to 2.0, 0.5 makes 2.5, and a line less 0.05 makes 2.615.
@@ -142,11 +118,64 @@ TEST_F(ReportsTest, ARowMoreBeginsTheNextPage) {
                                                                  std::get<PrintedLine>(pages[1].back()).y2, 2}));
 }
 
-// 35 rows on the first page and 48 on each later one: 2.615 and 48 lines make 10.535.
-TEST_F(ReportsTest, ALongLineTakesItsPages) {
-  AddHoles(5000);
-  // 4,965 rows over 48 are 103 full pages and 21 rows.
-  EXPECT_EQ(PagesOf(CompleteReport(program)).size(), 1U + 103U + 1U);
+// The longest line: 35 rows on the first page, 5,247 over 48 make 109 full pages and one of 15 rows. Row 5283 is past
+// what the Summary looks at; the Complete Design prints as many rows as the design has.
+TEST_F(ReportsTest, TheLongestLineTakesItsPages) {
+  AddAlternating(5282);
+  const Document complete = CompleteReport(program);
+  const auto pages = PagesOf(complete);
+  ASSERT_EQ(pages.size(), 1U + 109U + 1U);
+  const Document last{"", pages.back()};
+  EXPECT_EQ(TextAt(last, 6.5, 0.2), "Page 111");
+  const double row = 2.615 + 14 * kLineHeight;
+  EXPECT_EQ(TextAt(last, 0.45, row), "52810");
+  EXPECT_EQ(TextAt(last, 7.05, row), "26410") << "5 GPM from each of 5,282 rows";
+  EXPECT_EQ(LinesAcross(pages.back(), row + kLineHeight), 1);
+  EXPECT_EQ(PagesOf(SummaryReport(program)).size(), pages.size());
+}
+
+TEST_F(ReportsTest, TheSummaryEndsAtTheLastRowThatItLooksAt) {
+  AddAlternating(5283);
+  const auto stations = [](const Document& document) {
+    std::vector<std::string> found;
+    for (const PrintedText& text : Texts(document)) {
+      if (text.x == 0.45) found.push_back(text.text);
+    }
+    return found;
+  };
+  const std::vector<std::string> summary = stations(SummaryReport(program));
+  ASSERT_EQ(summary.size(), 5282U);
+  EXPECT_EQ(summary.back(), "52810");
+  EXPECT_EQ(stations(CompleteReport(program)).back(), "52820");
+}
+
+// A summary of fewer rows than the table had before ends with its own: sixty rows, then with one size the first and the
+// last.
+TEST_F(ReportsTest, AnEarlierLongerTableLeavesNothing) {
+  AddAlternating(60);
+  EXPECT_EQ(PagesOf(SummaryReport(program)).size(), 2U);
+  for (int i = 1; i <= 60; ++i) record.SurveyHoleDia[i] = kQuarterInch;
+  const Document document = SummaryReport(program);
+  EXPECT_EQ(PagesOf(document).size(), 1U);
+  EXPECT_EQ(TextAt(document, 0.45, 4.85 + kLineHeight), "590");
+  EXPECT_EQ(TextAt(document, 0.45, 4.85 + 2 * kLineHeight), "");
+}
+
+// A soil that was chosen is named; a name as long as it likes is handed on whole, with the room that it has.
+TEST_F(ReportsTest, NamesAreHandedOnWholeWithTheirRoom) {
+  AddHoles(1);
+  const std::string name(300, 'N');
+  main.txtInfo[0].Set(name);
+  main.listSoils.Add("Sandy loam");
+  main.listSoils.Select(0, true);
+  const Document document = SummaryReport(program);
+  EXPECT_EQ(TextAt(document, 0.5, 1.4), "Name: " + name);
+  EXPECT_EQ(TextAt(document, 4, 3.34), "Soil Type Sandy loam");
+  for (const PrintedText& text : Texts(document)) {
+    if (text.text == "Name: " + name) {
+      EXPECT_EQ(text.room, 3.4) << "up to the date at 4";
+    }
+  }
 }
 
 TEST_F(ReportsTest, TheToggleKeepsItsCaptionOverAnotherTable) {
@@ -200,41 +229,6 @@ TEST_F(ReportsTest, DesignLinesByTypeAndPipe) {
   EXPECT_EQ(DesignLine(record, kLimitedInHoleSummary), "Limited Computer Selected Hole Design using Rigid Pipe");
   record.DesignType = 0;
   EXPECT_EQ(DesignLine(record, kLimitedInDesignReports), "");
-}
-
-// One size and one spacing: a line at 2.5; the spacing's title at 2.5 + 0.2 + 0.2, its headings at 3.1, its lines
-// at 3.3 and 3.5; the applied water 0.6 below 3.7.
-TEST_F(ReportsTest, TheHoleSummaryHasALineForEachRun) {
-  AddHoles(3);
-  for (int i = 1; i <= 3; ++i) record.HoleSpacing[i] = 10;
-  record.Uniformity = 93.5F;
-  record.MinHeadStation = 20;
-  const Document document = HoleSummaryReport(program);
-  EXPECT_EQ(TextAt(document, 0.5, 1.6), "Distribution Uniformity: 93.5");
-  EXPECT_EQ(TextAt(document, 3, 2), "Hole Summary");
-  EXPECT_EQ(TextAt(document, 0.5, 2.5), "0 - 20");
-  EXPECT_EQ(TextAt(document, 2.5, 2.5), "1100 - 1100");
-  EXPECT_EQ(TextAt(document, 5, 2.5), "3");
-  EXPECT_EQ(TextAt(document, 6.5, 2.5), "1 Ea. -  1/4");
-  EXPECT_EQ(TextAt(document, 3, 2.9), "Hole Spacing Summary");
-  EXPECT_EQ(TextAt(document, 3, 3.1), "Hole Spacing");
-  EXPECT_EQ(TextAt(document, 0.5, 3.3), "0 - 20");
-  EXPECT_EQ(TextAt(document, 1.7, 3.3), "Distance between punched holes  10 ft. ");
-  EXPECT_EQ(TextAt(document, 1.7, 3.5), "Planted width between holes 6 ft.");
-  EXPECT_EQ(TextAt(document, 0.55, 4.3), "Gross Inches");
-  EXPECT_EQ(TextAt(document, 4, 4.64 + 6 * 0.17), "Minimum Head Station = 20");
-  EXPECT_EQ(PagesOf(document).size(), 1U);
-}
-
-// A rectangular gate of 1.2 inches width: a hole of 0.01 square feet is 1.44 square inches, 1.2 inches high.
-TEST_F(ReportsTest, TheHoleSummaryOfGatedPipeTellsTheOpening) {
-  AddHoles(1);
-  record.PipeKind = "R";
-  record.HoleArea[1] = 0.01F;
-  EXPECT_EQ(TextAt(HoleSummaryReport(program), 6.5, 2.5), "1 Ea. -  1.2");
-  record.DesignType = kComputerHoles;
-  record.ComputerHoleDia[1] = kQuarterInch;
-  EXPECT_EQ(TextAt(HoleSummaryReport(program), 6.5, 2.5), "1 Ea. - 1.2");
 }
 
 }  // namespace
