@@ -9,6 +9,8 @@ namespace torvale {
 namespace {
 
 constexpr std::string_view kMainForm = "frmMainForm";
+constexpr std::string_view kChart = "chart";
+constexpr std::string_view kPoints = "Points";
 
 std::string ColourText(const Colour& colour) {
   return std::to_string(colour.red) + "," + std::to_string(colour.green) + "," + std::to_string(colour.blue);
@@ -53,6 +55,21 @@ void ShowMainForm(std::ostream& out, const MainScreen& screen) {
   if (!screen.focus.empty()) out << " focus " << screen.focus;
   if (screen.closed) out << " closed";
   out << '\n';
+}
+
+void ShowPoints(std::ostream& out, std::string_view name, const LineChart& chart) {
+  for (int row = 0; row < chart.rows; ++row) {
+    for (int column = 0; column <= chart.series; ++column) {
+      const std::string& text = chart.Points.Text(row, column);
+      if (!text.empty()) out << name << '[' << row << ',' << column << "] = " << Quoted(text) << '\n';
+    }
+  }
+}
+
+void ShowChart(std::ostream& out, const LineChart& chart) {
+  out << kChart << " = " << Quoted(chart.title) << " axis " << Quoted(chart.value_title) << " from "
+      << ShortestText(chart.minimum) << " to " << ShortestText(chart.maximum) << " divisions " << chart.major_divisions
+      << " of " << chart.minor_divisions << " rows " << chart.rows << " series " << chart.series << '\n';
 }
 
 std::string ValueText(bool value) {
@@ -151,6 +168,10 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
     ShowList(out, name, *list);
   } else if (const Control* control = FindControl(program, name)) {
     ShowControl(out, name, *control);
+  } else if (name == kChart) {
+    ShowChart(out, program.profile.chart);
+  } else if (name == kPoints) {
+    ShowPoints(out, name, program.profile.chart);
   } else if (name == "record") {
     ForEachRecordField(FieldPrinter{out, program.record, elements});
   } else if (!WithRecordField(name, FieldPrinter{out, program.record, elements}) &&

@@ -15,6 +15,8 @@ namespace torvale {
 //   listHolesSelected[0] = "1/4" selected
 //   Head[12] = 2.0374609375
 //   frmMainForm = "TORVALE   " pointer normal focus txtInfo(0)
+//   chart = "PROFILE of CROWN ELEVATIONS" axis "Elevations (ft.)" from 9 to 12 divisions 12 of 6 rows 3 series 1
+//   Points[1,0] = "0"
 //
 // A menu entry with a tick is "ticked". A text colour is told where it isn't black. Numbers are in the shortest form
 // that reads back to the same bits; an unset free value is `unset`, a truth value True or False.
@@ -24,7 +26,8 @@ namespace torvale {
 enum class Elements { kInUse, kAll };
 
 // One control, grid, list or field, the screen itself (`frmMainForm`), one cell (`Grid2[1,5]`, also when it is empty),
-// a field of the record, one element of a list of it (`Head[12]`), or the whole record (`record`). Throws ScriptError
+// the crown profile's chart (`chart`) and what it draws (`Points`), a field of the record, one element of a list of it
+// (`Head[12]`), or the whole record (`record`). Throws ScriptError
 // for any other name.
 void Show(std::ostream& out, Program& program, std::string_view name, Elements elements);
 
