@@ -5,9 +5,10 @@ if(bench_sources)
   target_link_libraries(torvale_bench PRIVATE torvale_script_lib benchmark::benchmark_main torvale_options)
 endif()
 
-# Repaints of the window.
+# Repaints of the window, and the reports that it draws.
 if(TARGET torvale_qt)
-  add_executable(torvale_window_bench bench/window/repaint_bench.cpp)
+  file(GLOB window_bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/window/*_bench.cpp)
+  add_executable(torvale_window_bench ${window_bench_sources})
   target_link_libraries(torvale_window_bench PRIVATE torvale_qt benchmark::benchmark torvale_options)
   # What scripts/measure_start.sh measures the start against.
   add_executable(torvale_plain_window bench/window/plain_window.cpp)

@@ -7,6 +7,7 @@
 #include <map>
 #include <span>
 #include <tuple>
+#include <vector>
 
 #include "shell/qt/scale.h"
 
@@ -33,13 +34,26 @@ constexpr double kDescent = 0.22;
 // Text too long for its room is drawn narrower down to this part of its width, then shortened in the middle.
 constexpr double kNarrowest = 0.6;
 
-QFont FontOf(const QPaintDevice& device, int points) {
+// The typeface in one size on a device.
+struct Letters {
+  Letters(QPaintDevice& device, int points) : font(FontOf(device, points)), metrics(font, &device) {
+    const double sample = metrics.horizontalAdvance(kSample);
+    if (sample > 0) fitting = std::min(1.0, kSampleWidth * font.pixelSize() / sample);
+  }
+
   QFont font;
-  font.setFamilies(kTypefaces);
-  font.setHintingPreference(QFont::PreferNoHinting);
-  font.setPixelSize(std::max(1, qRound(points * device.logicalDpiY() / kPointsPerInch)));
-  return font;
-}
+  QFontMetricsF metrics;
+  double fitting = 1;  // what narrows it to the layout's widths
+
+ private:
+  static QFont FontOf(const QPaintDevice& device, int points) {
+    QFont letters;
+    letters.setFamilies(kTypefaces);
+    letters.setHintingPreference(QFont::PreferNoHinting);
+    letters.setPixelSize(std::max(1, qRound(points * device.logicalDpiY() / kPointsPerInch)));
+    return letters;
+  }
+};
 
 using Operations = std::span<const PrintOperation>;
 
@@ -64,59 +78,72 @@ class LongestLines {
   std::map<Start, double> ends_;
 };
 
-// Texts lie over the lines: a rule that would run into a word ends ahead of it.
-enum class Layer { kLines, kGrounds, kWords };
-
+// Draws the pages of one document.
 class Drawing {
  public:
-  Drawing(QPaintDevice& device, QPainter& painter, const LongestLines& lines, Layer layer)
-      : device_(device), painter_(painter), lines_(lines), layer_(layer) {}
+  Drawing(QPaintDevice& device, QPainter& painter) : device_(device), painter_(painter) {}
 
-  void operator()(const PrintedText& text) const {
-    if (layer_ == Layer::kLines) return;
-    const QFont font = FontOf(device_, text.points);
-    const QFontMetricsF metrics(font, &device_);
-    const double sample = metrics.horizontalAdvance(kSample);
-    const double fitting = sample > 0 ? std::min(1.0, kSampleWidth * font.pixelSize() / sample) : 1.0;
+  // Texts lie over the lines: a rule that would run into a word ends ahead of it.
+  void Page(Operations page) {
+    const LongestLines lines(page);
+    for (const PrintOperation& operation : page) {
+      if (const auto* line = std::get_if<PrintedLine>(&operation); line != nullptr && lines.Has(*line)) Draw(*line);
+      if (const auto* box = std::get_if<PrintedBox>(&operation)) Draw(*box);
+    }
+    std::vector<PlacedText> texts;
+    for (const PrintOperation& operation : page) {
+      if (const auto* text = std::get_if<PrintedText>(&operation)) texts.push_back(Place(*text));
+    }
+    for (const PlacedText& text : texts) painter_.fillRect(text.ground, Qt::white);
+    for (const PlacedText& text : texts) Draw(text);
+  }
+
+ private:
+  // A text as it is drawn.
+  struct PlacedText {
+    QString words;
+    const Letters* letters;
+    QPointF foot;      // of its first letter
+    double narrowing;  // of the letters
+    QRectF ground;
+  };
+
+  PlacedText Place(const PrintedText& text) {
+    const Letters& letters = letters_.try_emplace(text.points, device_, text.points).first->second;
     QString words = ToQt(text.text);
-    double width = metrics.horizontalAdvance(words) * fitting;
-    double narrowing = fitting;
+    double width = letters.metrics.horizontalAdvance(words) * letters.fitting;
+    double narrowing = letters.fitting;
     if (const double room = text.room * Dots(); room > 0 && width > room) {
-      words = metrics.elidedText(words, Qt::ElideMiddle, room / (fitting * kNarrowest));
-      width = metrics.horizontalAdvance(words) * fitting;
-      narrowing = fitting * std::min(1.0, room / width);
+      words = letters.metrics.elidedText(words, Qt::ElideMiddle, room / (letters.fitting * kNarrowest));
+      width = letters.metrics.horizontalAdvance(words) * letters.fitting;
+      narrowing = letters.fitting * std::min(1.0, room / width);
+      width = std::min(width, room);
     }
-    const double left = X(text.x) - (text.centred ? width / 2 : 0);
-    const double size = font.pixelSize();
+    const double size = letters.font.pixelSize();
+    const QPointF foot(X(text.x) - (text.centred ? width / 2 : 0), Y(text.y) + kAscent * size);
+    const QRectF ground(foot.x(), foot.y() - kCapitals * size, width, (kCapitals + kDescent) * size);
+    return {words, &letters, foot, narrowing, ground};
+  }
+  void Draw(const PlacedText& text) {
     painter_.save();
-    painter_.translate(left, Y(text.y) + kAscent * size);
-    if (layer_ == Layer::kGrounds) {
-      painter_.fillRect(QRectF(0, -kCapitals * size, width * narrowing / fitting, (kCapitals + kDescent) * size),
-                        Qt::white);
-    } else {
-      painter_.setFont(font);
-      painter_.scale(narrowing, 1);
-      painter_.drawText(QPointF(0, 0), words);
-    }
+    painter_.setFont(text.letters->font);
+    painter_.translate(text.foot);
+    painter_.scale(text.narrowing, 1);
+    painter_.drawText(QPointF(0, 0), text.words);
     painter_.restore();
   }
-  void operator()(const PrintedLine& line) const {
-    if (layer_ != Layer::kLines || !lines_.Has(line)) return;
+  void Draw(const PrintedLine& line) {
     UsePen(line.width);
     painter_.drawLine(QPointF(X(line.x1), Y(line.y1)), QPointF(X(line.x2), Y(line.y2)));
   }
-  void operator()(const PrintedBox& box) const {
-    if (layer_ != Layer::kLines) return;
+  void Draw(const PrintedBox& box) {
     UsePen(box.width);
     painter_.drawRect(QRectF(QPointF(X(box.x1), Y(box.y1)), QPointF(X(box.x2), Y(box.y2))));
   }
-  void operator()(const NewPage&) const {}
-
- private:
   double Dots() const { return device_.logicalDpiX(); }
   double X(double inches) const { return (inches + (kSheetWidth - kPageWidth) / 2) * Dots(); }
   double Y(double inches) const { return inches * device_.logicalDpiY(); }
-  void UsePen(int width) const {
+  void UsePen(int width) {
     QPen pen(Qt::black, width * kDrawWidth * Dots());
     pen.setCapStyle(Qt::SquareCap);
     pen.setJoinStyle(Qt::MiterJoin);
@@ -125,17 +152,8 @@ class Drawing {
 
   QPaintDevice& device_;
   QPainter& painter_;
-  const LongestLines& lines_;
-  Layer layer_;
+  std::map<int, Letters> letters_;  // by size
 };
-
-void PaintPage(QPaintDevice& device, QPainter& painter, Operations page) {
-  const LongestLines lines(page);
-  for (const Layer layer : {Layer::kLines, Layer::kGrounds, Layer::kWords}) {
-    const Drawing drawing(device, painter, lines, layer);
-    for (const PrintOperation& operation : page) std::visit(drawing, operation);
-  }
-}
 
 }  // namespace
 
@@ -148,12 +166,13 @@ bool PaintDocument(QPagedPaintDevice& device, const Document& document) {
   QPainter painter;
   if (!painter.begin(&device)) return false;
   painter.setRenderHint(QPainter::Antialiasing);
+  Drawing drawing(device, painter);
   const Operations all(document.operations);
   for (std::size_t begin = 0;;) {
     const auto end = std::find_if(all.begin() + static_cast<std::ptrdiff_t>(begin), all.end(),
                                   [](const auto& operation) { return std::holds_alternative<NewPage>(operation); });
     const auto length = static_cast<std::size_t>(end - all.begin()) - begin;
-    PaintPage(device, painter, all.subspan(begin, length));
+    drawing.Page(all.subspan(begin, length));
     begin += length + 1;
     if (end == all.end()) break;
     if (!device.newPage()) return false;
