@@ -63,6 +63,57 @@ TEST_F(ReportsTest, TheSummaryAndTheHoleSummaryTakeOnePage) {
   EXPECT_GT(Ink(holes[0], 4, 4.5, 7, 6), 100) << "figures beside the applied water";
 }
 
+// Of a line of 301 holes, 35 stand on the first page and 48 on each of five more; 26 are left for the last.
+TEST_F(ReportsTest, EveryPageHasItsRows) {
+  main().Grid1.Set(1, 3, "1");
+  main().Grid1.Set(2, 3, "1");
+  main().txtInfo[2].Set("2000");
+  Choose("mnuDesignField");
+  ASSERT_EQ(record().HoleRows, 301);
+  const std::vector<QImage> pages = Pages(CompleteReport(*program_));
+  ASSERT_EQ(pages.size(), 7U);
+  for (std::size_t page = 0; page < pages.size(); ++page) {
+    const int rows = page == 0 ? 35 : page == 6 ? 26 : 48;
+    const double top = page == 0 ? 4.85 : 2.615;
+    for (int row = 0; row < rows; ++row) {
+      const double y = top + row * 0.165;
+      EXPECT_GT(Ink(pages[page], 0.42, y + 0.02, 0.85, y + 0.14), 3) << "page " << page + 1 << " row " << row + 1;
+    }
+    EXPECT_EQ(Ink(pages[page], 0.42, top + rows * 0.165 + 0.02, 0.85, 10.8), 0) << "page " << page + 1;
+  }
+}
+
+// The rule at 4.57 begins at 2.2 and would run into the word at 4.55, which stands from 2.1 on: it ends below the word.
+TEST_F(ReportsTest, ARuleKeepsOutOfAWord) {
+  main().txtInfo[5].Set("R");
+  const QImage page = Pages(CompleteReport(*program_)).at(1);
+  EXPECT_GT(Ink(page, 4.55, 2.12, 5.2, 2.22), 50) << "the word";
+  EXPECT_EQ(Ink(page, 4.54, 2.235, 4.6, 2.25), 0) << "below the word";
+  EXPECT_GT(Ink(page, 4.54, 2.265, 4.6, 2.29), 1) << "the rule";
+}
+
+// A saved design of each type: its own words in the title, no page blank, nothing beside the paper's middle 8 inches.
+TEST_F(ReportsTest, EachTypeOfDesignComesOutOnPaper) {
+  for (const char* type : {"PFD", "CSD", "DSD", "CSH", "XFD", "LHD"}) {
+    const QString name = QString("ditch_corner.") + type;
+    ASSERT_TRUE(QFile::copy(QString(TORVALE_SOURCE_DIR "/data/samples/") + name, data_.filePath(name)));
+    window_->OpenDesign(data_.filePath(name));
+    ASSERT_EQ(record().HoleRows, 54) << type;
+    // 54 rows: 35 and 19.
+    const std::pair<Document, std::size_t> reports[] = {
+        {SummaryReport(*program_), 1}, {CompleteReport(*program_), 2}, {HoleSummaryReport(*program_), 1}};
+    for (const auto& [document, count] : reports) {
+      const std::vector<QImage> pages = Pages(document);
+      ASSERT_EQ(pages.size(), count) << type << document.title;
+      for (const QImage& page : pages) {
+        EXPECT_GT(Ink(page, 2, 0.8, 6, 1.0), 100) << "the design line of " << type;
+        EXPECT_GT(Ink(page, 0.1, 2.0, 7.9, 10.7), 500) << type << document.title;
+        EXPECT_EQ(Ink(page, -0.25, 0, 0.08, 11) + Ink(page, 7.93, 0, 8.25, 11), 0) << type << document.title;
+      }
+    }
+  }
+}
+
 // A name as long as the field takes ends ahead of the date that stands beside it.
 TEST_F(ReportsTest, LongTextsKeepToTheirRoom) {
   main().txtInfo[0].Set(std::string(60, 'W'));
