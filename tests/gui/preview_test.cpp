@@ -1,4 +1,6 @@
-// The preview of a report: a window over the main one with the pages as the painter draws them.
+// The preview of a report, a window over the main one with the pages as the painter draws them; the printer dialog.
+#include <QGroupBox>
+#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 
@@ -91,6 +93,22 @@ TEST_F(PreviewTest, IsTurnedFromTheKeyboard) {
     EXPECT_TRUE(dialog.isVisible()) << "Enter turns the page and no more";
     Key(dialog, Qt::Key_Escape);
   });
+}
+
+// The desktop's dialog stands over the window; Escape is a cancel. A report is printed whole.
+TEST_F(PreviewTest, ThePrinterDialogIsCancelledWithEscape) {
+  bool opened = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    opened = true;
+    EXPECT_EQ(dialog->parentWidget(), window_.get());
+    EXPECT_FALSE(dialog->testOption(QAbstractPrintDialog::PrintSelection));
+    for (const QGroupBox* group : dialog->findChildren<QGroupBox*>("gbPrintRange")) EXPECT_FALSE(group->isEnabled());
+    Key(*dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(host_->PrinterDialog(), std::nullopt);
+  EXPECT_TRUE(opened);
 }
 
 }  // namespace

@@ -48,6 +48,8 @@ std::optional<int> QtHost::PrinterDialog() {
   QPrintDialog dialog(&printer, Front());
   dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  // The toolkit's own dialog leaves its choice of pages all the same; a report is printed whole.
+  if (auto* pages = dialog.findChild<QWidget*>("gbPrintRange")) pages->setEnabled(false);
   const ArrowPointer plain;
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const int copies = printer.copyCount();
