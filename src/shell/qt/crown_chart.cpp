@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr int kTitlePixels = 18;
-constexpr int kEdge = 6;  // pixels around the title and the legend
+constexpr int kEdge = 6;              // pixels around the title and the legend
 constexpr double kSideMargin = 0.02;  // of the line's length, on either side
 constexpr double kZoomStep = 0.8;
 constexpr qsizetype kMostMarkers = 80;
