@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace torvale {
+
+// UTF-8 texts counted in characters (code points).
+
+int CharacterCount(std::string_view text);
+
+// The byte at which character `index`, from 0, begins; the length of the text where it has no such character.
+std::size_t CharacterOffset(std::string_view text, int index);
+
+}  // namespace torvale
