@@ -25,6 +25,8 @@ class QuietHost final : public Host {
   bool Print(const Document& /*document*/) override { return false; }
   void Preview(const Document& /*document*/) override {}
   bool WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return false; }
+  std::string ClipboardText() override { return ""; }
+  void SetClipboardText(std::string_view) override {}
   std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
   void SaveSetting(std::string_view, std::string_view) override {}
   std::string Today() override { return "1/1/2030"; }

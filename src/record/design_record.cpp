@@ -6,6 +6,7 @@ namespace torvale {
 
 DesignRecord::DesignRecord() {
   FillHoleSizes(*this);
+  GridClipboard.Resize(kClipboardRows, kClipboardColumns);
 }
 
 void ClearRowArrays(DesignRecord& record) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "record/row_array.h"
+#include "record/text_grid.h"
 
 namespace torvale {
 
@@ -30,6 +31,8 @@ inline constexpr int kHoleSizes = 50;  // listed hole sizes, rows 1 to 50 of the
 inline constexpr int kSoils = 100;     // highest row of the soils file
 inline constexpr int kSoilNames = 200;
 inline constexpr int kRecentFiles = 5;  // entries 0 to 3 are shown, 4 takes what falls off the end
+inline constexpr int kClipboardRows = 321;
+inline constexpr int kClipboardColumns = 13;
 
 // The whole state of the design: one instance for the process, read and written by every part by field name. Opening a
 // design overwrites it, a new design clears its row arrays.
@@ -158,6 +161,13 @@ struct DesignRecord {
   std::string OpenedFileName;   // path that the file dialog or the recent list gave
   std::string DisplayFileName;  // name of the design, as reports print it
   BoundedArray<std::string, kRecentFiles> RecentFiles;
+
+  // Block clipboard of the sheets, apart from the desktop's
+  std::int16_t PasteRow1 = 0;  // first row and column of the block copied or cut last
+  std::int16_t PasteCol1 = 0;
+  std::int16_t PasteRows = 0;  // height and width of the block cut last
+  std::int16_t PasteCols = 0;
+  TextGrid GridClipboard;  // a cell stands at the row and column that it was taken from
 
   // Distance between surveyed stations, feet
   std::int16_t StationInterval = 0;

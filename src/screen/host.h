@@ -52,6 +52,11 @@ class Host {
   virtual bool PrintProfile() { return false; }
   virtual bool WriteProfile(const std::string& /*path*/) { return false; }
 
+  // The desktop's clipboard as text, UTF-8, with line ends as the desktop has them; empty where it holds no text.
+  virtual std::string ClipboardText() = 0;
+  // Puts text on the clipboard in the place of what is there; an empty text empties it.
+  virtual void SetClipboardText(std::string_view text) = 0;
+
   // Per-user settings by key; nothing where the key was never saved.
   virtual std::optional<std::string> Setting(std::string_view key) = 0;
   virtual void SaveSetting(std::string_view key, std::string_view value) = 0;

@@ -136,6 +136,10 @@ bool HeadlessHost::WriteProfile(const std::string& path) {
   return true;
 }
 
+void HeadlessHost::ShowClipboard() {
+  transcript_ << "clipboard = " << Quoted(clipboard_) << '\n';
+}
+
 void HeadlessHost::ShowPrinted() {
   for (const Document& document : printed_) ShowDocument(transcript_, document);
   printed_.clear();

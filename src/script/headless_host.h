@@ -45,6 +45,9 @@ class HeadlessHost final : public Host {
   // What the next printer dialog gives; nothing for a cancel. A dialog for which none was given is cancelled.
   void Copies(std::optional<int> copies) { copies_.push(copies); }
 
+  // Writes the clipboard's text as a line of the transcript.
+  void ShowClipboard();
+
   // Writes every operation of what was printed, previewed or written to a file since the last call, and forgets it.
   void ShowPrinted();
 
@@ -69,6 +72,8 @@ class HeadlessHost final : public Host {
   bool WritePdf(const Document& document, const std::string& path) override;
   bool PrintProfile() override;
   bool WriteProfile(const std::string& path) override;
+  std::string ClipboardText() override { return clipboard_; }
+  void SetClipboardText(std::string_view text) override { clipboard_ = text; }
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
@@ -89,6 +94,7 @@ class HeadlessHost final : public Host {
   std::queue<std::optional<int>> copies_;
   std::vector<Document> printed_;
   std::vector<PendingClick> clicks_;
+  std::string clipboard_;
   std::map<std::string, std::string, std::less<>> settings_;
   long yields_ = 0;
 };

@@ -111,6 +111,11 @@ inline constexpr std::tuple kRecordFields = {RecordField{"DesignType", &DesignRe
                                              RecordField{"OpenedFileName", &DesignRecord::OpenedFileName},
                                              RecordField{"DisplayFileName", &DesignRecord::DisplayFileName},
                                              RecordField{"RecentFiles", &DesignRecord::RecentFiles},
+                                             RecordField{"PasteRow1", &DesignRecord::PasteRow1},
+                                             RecordField{"PasteCol1", &DesignRecord::PasteCol1},
+                                             RecordField{"PasteRows", &DesignRecord::PasteRows},
+                                             RecordField{"PasteCols", &DesignRecord::PasteCols},
+                                             RecordField{"GridClipboard", &DesignRecord::GridClipboard},
                                              RecordField{"StationInterval", &DesignRecord::StationInterval}};
 
 // Calls `work` with every RecordField in order.

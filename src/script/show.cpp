@@ -27,12 +27,18 @@ void ShowCell(std::ostream& out, std::string_view name, const Grid& grid, int ro
   out << '\n';
 }
 
-void ShowGrid(std::ostream& out, std::string_view name, const Grid& grid) {
-  for (int row = 0; row < grid.rows(); ++row) {
-    for (int column = 0; column < grid.column_count(); ++column) {
-      if (!grid.Text(row, column).empty()) ShowCell(out, name, grid, row, column);
+// Calls `work` with row and column of every cell that isn't empty.
+template <typename Work>
+void ForEachFilledCell(const TextGrid& cells, Work work) {
+  for (int row = 0; row < cells.rows(); ++row) {
+    for (int column = 0; column < cells.columns(); ++column) {
+      if (!cells.Text(row, column).empty()) work(row, column);
     }
   }
+}
+
+void ShowGrid(std::ostream& out, std::string_view name, const Grid& grid) {
+  ForEachFilledCell(grid.cells(), [&](int row, int column) { ShowCell(out, name, grid, row, column); });
 }
 
 void ShowControl(std::ostream& out, std::string_view name, const Control& control) {
@@ -103,6 +109,13 @@ struct FieldPrinter {
   template <typename T>
   void operator()(const RecordField<T>& field) const {
     out << field.name << " = " << ValueText(record.*field.member) << '\n';
+  }
+
+  void operator()(const RecordField<TextGrid>& field) const {
+    const TextGrid& cells = record.*field.member;
+    ForEachFilledCell(cells, [&](int row, int column) {
+      out << field.name << '[' << row << ',' << column << "] = " << Quoted(cells.Text(row, column)) << '\n';
+    });
   }
 
   template <typename T, int Last>

@@ -12,6 +12,7 @@ namespace torvale {
 //   lblEffic = "Distribution Uniformity = 93.2" visible enabled back 0,255,0
 //   txtInfo(3) = "2.0"
 //   Grid2[1,5] = "1.00" back 0,192,0
+//   GridClipboard[4,0] = "150"
 //   listHolesSelected[0] = "1/4" selected
 //   Head[12] = 2.0374609375
 //   frmMainForm = "TORVALE   " pointer normal focus txtInfo(0)

@@ -117,6 +117,8 @@ struct FieldCheck {
                                         << expected;
   }
 
+  void operator()(const RecordField<TextGrid>& field) const { ADD_FAILURE() << "no case tells of " << field.name; }
+
   template <typename T, int Last>
   void operator()(const RecordField<BoundedArray<T, Last>>& field) const {
     const int first = Last == kLastRow ? 1 : 0;

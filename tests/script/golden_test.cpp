@@ -73,6 +73,19 @@ struct FieldHasher {
     AddValue(hash, record.*field.member);
   }
 
+  void operator()(const RecordField<TextGrid>& field) const {
+    const TextGrid& grid = record.*field.member;
+    for (int row = 0; row < grid.rows(); ++row) {
+      for (int column = 0; column < grid.columns(); ++column) {
+        if (grid.Text(row, column).empty()) continue;
+        hash.Add(field.name);
+        hash.Add(static_cast<std::uint64_t>(row));
+        hash.Add(static_cast<std::uint64_t>(column));
+        hash.Add(grid.Text(row, column));
+      }
+    }
+  }
+
   template <typename T, int Last>
   void operator()(const RecordField<BoundedArray<T, Last>>& field) const {
     for (int i = 0; i <= Last; ++i) {

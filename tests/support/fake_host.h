@@ -106,6 +106,9 @@ class FakeHost final : public Host {
     if (printer_works) pdfs[path] = document;
     return printer_works;
   }
+  std::string clipboard;
+  std::string ClipboardText() override { return clipboard; }
+  void SetClipboardText(std::string_view text) override { clipboard = text; }
   std::optional<std::string> Setting(std::string_view key) override {
     const auto found = settings.find(key);
     return found == settings.end() ? std::nullopt : std::optional<std::string>(found->second);

@@ -1,6 +1,7 @@
 #include "shell/qt/qt_host.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDate>
 #include <QDir>
 #include <QFileDialog>
@@ -124,6 +125,14 @@ std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
   QString selected = filters.value(dialog.filter - 1);
   return Chosen(
       QFileDialog::getSaveFileName(Front(), ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
+}
+
+std::string QtHost::ClipboardText() {
+  return QApplication::clipboard()->text().toStdString();
+}
+
+void QtHost::SetClipboardText(std::string_view text) {
+  QApplication::clipboard()->setText(ToQt(text));
 }
 
 std::optional<std::string> QtHost::Setting(std::string_view key) {

@@ -44,6 +44,8 @@ class QtHost final : public Host {
   bool WritePdf(const Document& document, const std::string& path) override;
   bool PrintProfile() override;
   bool WriteProfile(const std::string& path) override;
+  std::string ClipboardText() override;
+  void SetClipboardText(std::string_view text) override;
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
