@@ -8,6 +8,7 @@
 #include "files/fields.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
+#include "input/block_clipboard.h"
 #include "input/sheet.h"
 
 namespace torvale {
@@ -133,6 +134,19 @@ void mnu_Save_Exit_Click(Program& program) {
 
 void MnuExit_Click(Program& program) {
   program.soils.visible = false;
+}
+
+void mnuCut_Click(Program& program) {
+  CutBlock(program.record, program.soils.Grd_Soils_FurrowFlow);
+}
+
+void mnuCopy_Click(Program& program) {
+  program.record.GridClipboard.Clear();
+  CopyBlock(program.record, program.soils.Grd_Soils_FurrowFlow);
+}
+
+void mnuPaste_Click(Program& program) {
+  PasteBlock(program.record, program.soils.Grd_Soils_FurrowFlow);
 }
 
 void Grd_Soils_KeyPress(Program& program, std::string_view character) {

@@ -32,6 +32,12 @@ void mnu_Save_Exit_Click(Program& program);
 // Closes the editor; what was typed stays in its grid until the file is read again.
 void MnuExit_Click(Program& program);
 
+// Cut, copy and paste of the block selected in the editor's grid, through the block clipboard that it shares with the
+// survey sheet.
+void mnuCut_Click(Program& program);
+void mnuCopy_Click(Program& program);
+void mnuPaste_Click(Program& program);
+
 // A key that carries a character, in the editor's grid ("\r" Enter, "\b" Backspace).
 void Grd_Soils_KeyPress(Program& program, std::string_view character);
 

@@ -134,7 +134,7 @@ void txtInfo_GotFocus(Program& program, int index) {
 }
 
 void SelectWhereShown(Program& program, TextField& field) {
-  if (ShownText(program, program.main.focus) == field.text()) field.select_all = true;
+  if (ShownText(program, program.main.focus) == field.text()) field.SelectAll();
 }
 
 bool txtInfo_Key(Program& program, int index, FieldKeyKind key) {
@@ -163,6 +163,8 @@ void mnuRigidPipe_Click(Program& program) {
 
 void MoveFocus(Program& program, std::string_view control) {
   if (ReachOf(program, control) != Reach::kUsable) return;
+  TextField* left = FindField(program, program.main.focus);
+  if (left != nullptr && program.main.focus != control) left->Select(left->selection().start, 0);
   program.main.focus = control;
   const int index = InfoIndex(control);
   if (index >= 0) {

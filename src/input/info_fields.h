@@ -28,8 +28,8 @@ bool txtInfo_Key(Program& program, int index, FieldKeyKind key);
 void mnuLayflatPipe_Click(Program& program);
 void mnuRigidPipe_Click(Program& program);
 
-// Moves the focus to a control and runs what it does on gaining it; the status bar tells what the control is for. A
-// control that the user can't reach leaves the focus where it is.
+// Moves the focus to a control and runs what it does on gaining it; the status bar tells what the control is for, and
+// in a field that is left nothing stays selected. A control that the user can't reach leaves the focus where it is.
 void MoveFocus(Program& program, std::string_view control);
 
 // What a field or sheet is for, with its unit, for the status bar; nothing for other controls.

@@ -3,13 +3,43 @@
 #include <algorithm>
 
 #include "base/run_time_fault.h"
+#include "base/utf8.h"
 
 namespace torvale {
 
 void TextField::Set(std::string_view text) {
   if (text_ == text) return;
   text_.assign(text);
+  Select(selection_.start, 0);
   if (on_change) on_change();
+}
+
+std::string_view TextField::SelectedText() const {
+  const std::size_t first = CharacterOffset(text_, selection_.start);
+  const std::size_t end = CharacterOffset(text_, selection_.start + selection_.length);
+  return std::string_view(text_).substr(first, end - first);
+}
+
+void TextField::Select(int start, int length) {
+  const int count = CharacterCount(text_);
+  selection_.start = std::clamp(start, 0, count);
+  selection_.length = std::clamp(length, 0, count - selection_.start);
+}
+
+void TextField::SelectAll() {
+  Select(0, CharacterCount(text_));
+}
+
+void TextField::ReplaceSelected(std::string_view text) {
+  const int kept = CharacterCount(text_) - selection_.length;
+  const int limit = max_length > 0 ? max_length : kLongestText;
+  text = text.substr(0, CharacterOffset(text, std::max(0, limit - kept)));
+  const std::string_view selected = SelectedText();
+  std::string changed = text_;
+  changed.replace(static_cast<std::size_t>(selected.data() - text_.data()), selected.size(), text);
+  const int caret = selection_.start + CharacterCount(text);
+  Set(changed);
+  Select(caret, 0);
 }
 
 const std::string& ListBox::Line(int index) const {

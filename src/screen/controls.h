@@ -53,20 +53,39 @@ struct Control {
   bool operator==(const Control&) const = default;
 };
 
+// The characters of a field that are selected; of none, `start` is where the caret stands.
+struct TextSelection {
+  int start = 0;
+  int length = 0;
+  bool operator==(const TextSelection&) const = default;
+};
+
+inline constexpr int kLongestText = 32767;  // characters of a field without a limit of its own
+
 // A line of text that the user types into.
 class TextField {
  public:
   const std::string& text() const { return text_; }
-  // Replaces the text and runs the change handling, as typing does. The text that stands already changes nothing.
+  // Replaces the text and runs the change handling, as typing does. Nothing of a new text is selected; the caret stays
+  // where it was, at most at the end. The text that stands already changes nothing.
   void Set(std::string_view text);
 
+  TextSelection selection() const { return selection_; }
+  std::string_view SelectedText() const;
+  // Selects `length` characters from `start` on, as far as the text goes.
+  void Select(int start, int length);
+  void SelectAll();
+  // Puts `text`, cut to the characters that the field still takes, in the place of the selected text, with the change
+  // handling. The caret stands behind it.
+  void ReplaceSelected(std::string_view text);
+
   Control control;
-  int max_length = 0;               // characters that may be typed; 0 for no limit
-  bool select_all = false;          // the whole text is selected; the window takes the mark down once it has done so
+  int max_length = 0;               // characters that may be typed; 0 for no limit of its own
   std::function<void()> on_change;  // registered at start by the part that owns the field
 
  private:
   std::string text_;
+  TextSelection selection_;
 };
 
 // A list of text lines of which some are selected.

@@ -63,6 +63,9 @@ void AddMenus(MainScreen& s, std::vector<NamedControl>& all) {
                          Menu("mnuFileBar3", s.mnuFileBar3, "mnuFile"),
                          Menu("mnuFileExit", s.mnuFileExit, "mnuFile"),
                          Menu("mnuEdit", s.mnuEdit),
+                         Menu("mnuEditCut", s.mnuEditCut, "mnuEdit"),
+                         Menu("mnuEditCopy", s.mnuEditCopy, "mnuEdit"),
+                         Menu("mnuEditPaste", s.mnuEditPaste, "mnuEdit"),
                          Menu("mnuInsertRow", s.mnuInsertRow, "mnuEdit"),
                          Menu("mnuDeleteRow", s.mnuDeleteRow, "mnuEdit"),
                          Menu("mnuSoils_and_Furrow", s.mnuSoils_and_Furrow, "mnuEdit"),
@@ -191,6 +194,13 @@ constexpr Look kLooks[] = {
      "Write the runs of hole sizes for a spreadsheet"},
     {"mnuFileExit", "E&xit", {}, kShown, "End the program"},
     {"mnuEdit", "&Edit", {}, kShown, ""},
+    {"mnuEditCut", "Cu&t", {}, kShown, "Take the selected cells or text out and keep them for Paste"},
+    {"mnuEditCopy", "&Copy", {}, kShown, "Keep the selected cells or text for Paste"},
+    {"mnuEditPaste",
+     "&Paste",
+     {},
+     kShown,
+     "Fill the selected cells with what was copied; cells below it repeat its last row"},
     {"mnuInsertRow", "&Insert Row", {}, kShown, "Move the rows from the current one on down by one"},
     {"mnuDeleteRow", "&Delete Row", {}, kShown, "Take the current row out and move those below up"},
     {"mnuSoils_and_Furrow",
@@ -217,7 +227,11 @@ constexpr Look kLooks[] = {
     {"mnuZoom", "&Zoom", {}, kShown, ""},
     {"mnuWindowInfo", "&Input Screen", {}, kAway, "Back to the survey sheet"},
     {"mnuProfile", "Crown Profile", {}, kAway, ""},
-    {"mnuSurveyCopy", "Paste Excel Survey", {}, kShown, ""},
+    {"mnuSurveyCopy",
+     "Paste Excel Survey",
+     {},
+     kShown,
+     "Fill stations and readings from two columns copied in a spreadsheet"},
     {"mnuHelp", "&Help", {}, kShown, ""},
     {"mnuHelpContents", "&Contents", {}, kShown, "Open the guide at its table of contents"},
     {"mnuHelpScreen",
@@ -367,7 +381,7 @@ constexpr MenuTrait kMenuTraits[] = {
     {"mnuSoils_and_Furrow", "", true},
     {"mnuFileNew", "Ctrl+N", false},
     {"mnuFileExit", "Ctrl+Q", true},
-    {"mnuInsertRow", "Ctrl+Ins", false},
+    {"mnuInsertRow", "Ctrl+Ins", true},
     {"mnuDeleteRow", "Ctrl+Del", false},
     {"mnuDesignField", "F5", false},
     {"mnuExistingDesign", "F9", false},
@@ -375,6 +389,12 @@ constexpr MenuTrait kMenuTraits[] = {
     {"mnuWindowInfo", "F4", false},
     {"mnuHelpScreen", "F1", false},
     {"mnuHelpAbout", "", true},
+    {"mnuEditCut", "Ctrl+X", false, ShortcutOwner::kControl},
+    {"mnuEditCopy", "Ctrl+C", false, ShortcutOwner::kControl},
+    {"mnuEditPaste", "Ctrl+V", false, ShortcutOwner::kControl},
+    {"mnuCut", "Ctrl+X", false, ShortcutOwner::kControl},
+    {"mnuCopy", "Ctrl+C", false, ShortcutOwner::kControl},
+    {"mnuPaste", "Ctrl+V", false, ShortcutOwner::kControl},
 };
 
 // The preferences, one below the other: caption of the label, tool tips of the label and of the field.
@@ -466,12 +486,22 @@ SoilsScreen::SoilsScreen() {
   mnuSave.caption = "&Save";
   mnu_Save_Exit.caption = "S&ave and Exit";
   MnuExit.caption = "&Exit";
+  mnuEdit.caption = "&Edit";
+  mnuCut.caption = "Cu&t";
+  mnuCopy.caption = "&Copy";
+  mnuPaste.caption = "&Paste";
   Grd_Soils_FurrowFlow.control.place = {60, 60, 5400, 6600};
 }
 
 std::vector<NamedControl> ControlsOf(SoilsScreen& s) {
-  return {Menu("mnuSoilsFile", s.mnuFile), Menu("mnuSave", s.mnuSave, "mnuSoilsFile"),
-          Menu("mnu_Save_Exit", s.mnu_Save_Exit, "mnuSoilsFile"), Menu("MnuExit", s.MnuExit, "mnuSoilsFile"),
+  return {Menu("mnuSoilsFile", s.mnuFile),
+          Menu("mnuSave", s.mnuSave, "mnuSoilsFile"),
+          Menu("mnu_Save_Exit", s.mnu_Save_Exit, "mnuSoilsFile"),
+          Menu("MnuExit", s.MnuExit, "mnuSoilsFile"),
+          Menu("mnuSoilsEdit", s.mnuEdit),
+          Menu("mnuCut", s.mnuCut, "mnuSoilsEdit"),
+          Menu("mnuCopy", s.mnuCopy, "mnuSoilsEdit"),
+          Menu("mnuPaste", s.mnuPaste, "mnuSoilsEdit"),
           Sheet("Grd_Soils_FurrowFlow", s.Grd_Soils_FurrowFlow)};
 }
 

@@ -32,7 +32,8 @@ struct MainScreen {
   // The summary, the complete design and the hole summary
   std::array<Control, 3> mnuPreview, mnuExportPdf;
   std::array<Control, 4> mnuFileList;
-  Control mnuEdit, mnuInsertRow, mnuDeleteRow, mnuSoils_and_Furrow, mnuSurveyCopy;
+  Control mnuEdit, mnuEditCut, mnuEditCopy, mnuEditPaste, mnuInsertRow, mnuDeleteRow, mnuSoils_and_Furrow,
+      mnuSurveyCopy;
   Control mnuPreference;
   Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
       mnuExistingDesign, mnuManHoleSelection;
@@ -85,6 +86,7 @@ struct SoilsScreen {
   std::string title;
   bool visible = false;
   Control mnuFile, mnuSave, mnu_Save_Exit, MnuExit;
+  Control mnuEdit, mnuCut, mnuCopy, mnuPaste;
   Grid Grd_Soils_FurrowFlow;
 };
 
@@ -110,11 +112,15 @@ struct NamedControl {
 std::vector<NamedControl> ControlsOf(MainScreen& screen);
 std::vector<NamedControl> ControlsOf(SoilsScreen& screen);
 
+// Who sees to the key of a menu entry: the window, or the control that has the focus, for which the menu only tells it.
+enum class ShortcutOwner { kWindow, kControl };
+
 // The key that runs a menu entry, and whether a line stands above it.
 struct MenuTrait {
   std::string_view name;
   std::string_view shortcut;  // "Ctrl+N"; empty for none
   bool starts_group;
+  ShortcutOwner owner = ShortcutOwner::kWindow;
 };
 MenuTrait MenuTraitOf(std::string_view name);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/utf8.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 
@@ -27,16 +28,12 @@ constexpr NamedKey kKeys[] = {{"Enter", Key::kEnter},
                               {"Home", Key::kHome},
                               {"End", Key::kEnd},
                               {"Ctrl+Home", Key::kCtrlHome},
-                              {"Ctrl+End", Key::kCtrlEnd}};
+                              {"Ctrl+End", Key::kCtrlEnd},
+                              {"Ctrl+C", Key::kCopy},
+                              {"Ctrl+X", Key::kCut},
+                              {"Ctrl+V", Key::kPaste}};
 
 constexpr std::string_view kShift = "Shift+";
-
-// The character at the front of the text, as UTF-8.
-std::string_view FirstCharacter(std::string_view text) {
-  std::size_t length = 1;
-  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) ++length;
-  return text.substr(0, length);
-}
 
 // What the key types goes to the end of the field's text, as if the caret stood there.
 void PressInField(Program& program, const std::string& name, const KeyStroke& stroke) {
@@ -75,7 +72,7 @@ void PressKeys(Program& program, const std::string& name, const Token& keys) {
     return;
   }
   for (std::string_view rest = keys.text; !rest.empty();) {
-    const std::string_view character = FirstCharacter(rest);
+    const std::string_view character = rest.substr(0, CharacterOffset(rest, 1));
     Press(program, name, {Key::kCharacter, character, false});
     rest.remove_prefix(character.size());
   }

@@ -198,6 +198,18 @@ void Mouse(Session& session, const Arguments& arguments, ScriptLines&) {
   }
 }
 
+void Select(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(3, 3);
+  const std::string& name = arguments.Word(0);
+  if (FindField(session.program, name) == nullptr) throw ScriptError("no field: " + name);
+  SelectText(session.program, name, {arguments.Number(1), arguments.Number(2)});
+}
+
+void Clipboard(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  session.host.SetClipboardText(arguments.Text(0));
+}
+
 void Answer(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(1, 1);
   session.host.Answer(YesOrNo(arguments.Word(0)));
@@ -237,6 +249,8 @@ void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
     if ((all || at) && ++i == arguments.count()) throw ScriptError("the statement is not complete");
     if (arguments.Word(i) == "printed") {
       session.host.ShowPrinted();
+    } else if (arguments.Word(i) == "clipboard") {
+      session.host.ShowClipboard();
     } else if (at) {
       ShowCurrentCell(session.transcript, session.program, arguments.Word(i));
     } else {
@@ -251,10 +265,11 @@ struct Statement {
 };
 
 constexpr Statement kStatements[] = {
-    {"type", Type},     {"cell", WriteCell}, {"fill", Fill},         {"click", ClickStatement},
-    {"key", Keys},      {"at", At},          {"choose", Choose},     {"doubleclick", DoubleClick},
-    {"focus", Focus},   {"mouse", Mouse},    {"answer", Answer},     {"dialog", Dialog},
-    {"copies", Copies}, {"on", OnYield},     {"show", ShowStatement}};
+    {"type", Type},          {"cell", WriteCell}, {"fill", Fill},          {"click", ClickStatement},
+    {"key", Keys},           {"at", At},          {"choose", Choose},      {"doubleclick", DoubleClick},
+    {"focus", Focus},        {"mouse", Mouse},    {"answer", Answer},      {"dialog", Dialog},
+    {"copies", Copies},      {"on", OnYield},     {"show", ShowStatement}, {"select", Select},
+    {"clipboard", Clipboard}};
 
 }  // namespace
 

@@ -31,19 +31,21 @@ class ScriptLines {
 //                                   lines are cells and nothing else, so no comments, quotes or escapes
 //   click mnuDesignField            a click; a control that is hidden or disabled refuses
 //   key Grid1 "52.5" Enter          keys: characters in quotes, and Enter, Backspace, Delete, Escape, Up, Down, Left,
-//                                   Right, PageUp, PageDown, Home, End, Ctrl+Home, Ctrl+End
+//                                   Right, PageUp, PageDown, Home, End, Ctrl+Home, Ctrl+End, Ctrl+C, Ctrl+X, Ctrl+V
 //   at Grid1 5 0 / at Grid1 5 0 9 3 moves the current cell / and the selection's far corner
 //   choose listAllHoles "1/4" 8     selects these lines of a list and no others, by text or by index from 0
 //   doubleclick listAllHoles "1/4"  a double click on a line
 //   focus txtInfo(0)                moves the focus
 //   mouse Grid2 down left 300 900   the mouse over the results: down, move, up; left, right, none; x and y in twips
 //   mouse frmMainForm move none 0 0 the mouse over the screen's background
+//   select txtInfo(0) 4 6           selects 6 characters of a field, from its fifth on
+//   clipboard "10\t5.2\r\n"         puts text on the desktop's clipboard
 //   answer Yes / answer No          the answer to the next question
 //   copies 2 / copies cancel        what the next printer dialog gives
 //   on yield 40 click cmdCancel     at the 40th yield from here on, that click
 //   show NAME ...                   prints state, see show.h; `all NAME` every element of a list that isn't zero or
 //                                   empty, `at GRID` the grid's current cell; `printed` every drawing operation of the
-//                                   reports since the last such line
+//                                   reports since the last such line; `clipboard` the text on the desktop's clipboard
 void RunStatement(Session& session, const std::string& line, ScriptLines& lines);
 
 }  // namespace torvale

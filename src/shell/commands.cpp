@@ -7,8 +7,10 @@
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
+#include "input/edit_commands.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "input/survey_paste.h"
 #include "reports/crown_profile.h"
 #include "reports/print_commands.h"
 #include "search/design_commands.h"
@@ -84,6 +86,13 @@ constexpr Command kCommands[] = {
     {"mnuSoils_and_Furrow", mnuSoils_and_Furrow_Click},
     {"mnu_Save_Exit", mnu_Save_Exit_Click},
     {"MnuExit", MnuExit_Click},
+    {"mnuCut", mnuCut_Click},
+    {"mnuCopy", mnuCopy_Click},
+    {"mnuPaste", mnuPaste_Click},
+    {"mnuEditCut", mnuEditCut_Click},
+    {"mnuEditCopy", mnuEditCopy_Click},
+    {"mnuEditPaste", mnuEditPaste_Click},
+    {"mnuSurveyCopy", mnuSurveyCopy_Click},
     {"mnuInsertRow", mnuInsertRow_Click},
     {"mnuDeleteRow", mnuDeleteRow_Click},
     {"mnuDesignField", mnuDesignField_Click},

@@ -11,15 +11,14 @@
 #include "files/file_commands.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
+#include "input/clipboard_text.h"
+#include "input/edit_commands.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/csv_export.h"
 
 namespace torvale {
 namespace {
-
-constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
-constexpr int kLineHeight = 240;  // twips of a row at the sheets' font size
 
 void Report(Program& program, std::string_view what) {
   program.host.Message("The program could not finish this: " + std::string(what) +
@@ -42,100 +41,6 @@ std::optional<std::string> FaultOf(const std::function<void()>& work) {
   }
 }
 
-// A place in a grid.
-struct Cell {
-  int row;
-  int column;
-};
-
-int RowsInView(const Grid& grid) {
-  return std::max(1, (grid.control.place.height - grid.heading_height) / kLineHeight);
-}
-
-int LastFilledRow(const Grid& grid) {
-  for (int row = grid.rows() - 1; row > 1; --row) {
-    for (int column = 0; column < grid.column_count(); ++column) {
-      if (!grid.Text(row, column).empty()) return row;
-    }
-  }
-  return 1;
-}
-
-// Where a key moves the cursor from `from`, perhaps to outside the grid; nothing for keys that do not move it.
-std::optional<Cell> Target(const Grid& grid, Key key, Cell from) {
-  const int last_column = grid.column_count() - 1;
-  switch (key) {
-    case Key::kUp:
-      return Cell{from.row - 1, from.column};
-    case Key::kDown:
-      return Cell{from.row + 1, from.column};
-    case Key::kLeft:
-      return Cell{from.row, from.column - 1};
-    case Key::kRight:
-      return Cell{from.row, from.column + 1};
-    case Key::kPageUp:
-      return Cell{from.row - RowsInView(grid), from.column};
-    case Key::kPageDown:
-      return Cell{from.row + RowsInView(grid), from.column};
-    case Key::kHome:
-      return Cell{from.row, 0};
-    case Key::kEnd:
-      return Cell{from.row, last_column};
-    case Key::kCtrlHome:
-      return Cell{1, 0};
-    case Key::kCtrlEnd:
-      return Cell{LastFilledRow(grid), last_column};
-    default:
-      return std::nullopt;
-  }
-}
-
-// Moves the current cell of a grid that has no rules of its own for it.
-void PointPlainly(Grid& grid, Cell to, bool extend) {
-  const int row = std::clamp(to.row, 1, grid.rows() - 1);
-  const int column = std::clamp(to.column, 0, grid.column_count() - 1);
-  if (extend) {
-    grid.SetSelection(row, column);
-  } else {
-    grid.SetCurrent(row, column);
-  }
-}
-
-void Point(Program& program, std::string_view grid, Cell to, bool extend) {
-  if (grid == "Grid2") {
-    PointPlainly(program.main.Grid2, to, extend);
-    Grid2_SelChange(program);
-  } else if (grid == kSoilsGrid) {
-    PointPlainly(program.soils.Grd_Soils_FurrowFlow, to, extend);
-  } else if (extend) {
-    ExtendSelection(program, to.row, to.column);
-  } else {
-    MoveCursor(program, to.row, to.column);
-  }
-}
-
-// The grid that takes keys and clicks under that name, while the user can reach it.
-Grid* LiveGrid(Program& program, std::string_view name) {
-  if (name != "Grid1" && name != "Grid2" && name != kSoilsGrid) return nullptr;
-  return ReachOf(program, name) == Reach::kUsable ? FindGrid(program, name) : nullptr;
-}
-
-// The character that a key gives the sheet; nothing for keys that carry none.
-std::string_view CharacterOf(const KeyStroke& stroke) {
-  switch (stroke.key) {
-    case Key::kCharacter:
-      return stroke.character;
-    case Key::kEnter:
-      return "\r";
-    case Key::kBackspace:
-      return "\b";
-    case Key::kEscape:
-      return "\x1b";
-    default:
-      return "";
-  }
-}
-
 constexpr std::string_view kInfoFields = "txtInfo(";
 constexpr std::string_view kPreferences = "txtDefault(";
 
@@ -149,28 +54,18 @@ bool IsInfoField(std::string_view name) {
   return name.starts_with(kInfoFields);
 }
 
-// A straight double quote would cut a saved design short, so the keyboard gives the closing quotation mark (U+201D).
-std::string WithClosingQuotes(std::string_view text) {
-  std::string typed;
-  for (const char c : text) {
-    if (c == '"') {
-      typed += "\xE2\x80\x9D";
-    } else {
-      typed += c;
-    }
+// The Edit command of a key that has one in a field, or nullptr.
+void (*EditCommandOf(Key key))(Program&) {
+  switch (key) {
+    case Key::kCopy:
+      return mnuEditCopy_Click;
+    case Key::kCut:
+      return mnuEditCut_Click;
+    case Key::kPaste:
+      return mnuEditPaste_Click;
+    default:
+      return nullptr;
   }
-  return typed;
-}
-
-// The first `count` characters of a text; all of it where `count` is 0.
-std::string_view FirstCharacters(std::string_view text, int count) {
-  if (count == 0) return text;
-  int seen = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool starts_character = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
-    if (starts_character && ++seen > count) return text.substr(0, i);
-  }
-  return text;
 }
 
 // How an information field takes a key; nothing for keys that carry no character, which it does not see.
@@ -212,40 +107,46 @@ void Guarded(Program& program, const std::function<void()>& work) {
   Report(program, *fault);
 }
 
-void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
-  const Grid* cells = LiveGrid(program, grid);
-  if (cells == nullptr) return;
-  Guarded(program, [&] {
-    const Cell from = stroke.shift ? Cell{cells->row_sel, cells->column_sel} : Cell{cells->row, cells->column};
-    if (const std::optional<Cell> to = Target(*cells, stroke.key, from)) {
-      Point(program, grid, *to, stroke.shift);
-    } else if (grid == "Grid1" && !CharacterOf(stroke).empty()) {
-      Grid1_KeyPress(program, CharacterOf(stroke));
-    } else if (grid == kSoilsGrid && !CharacterOf(stroke).empty()) {
-      Grd_Soils_KeyPress(program, CharacterOf(stroke));
-    }
-  });
-}
-
-void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend) {
-  if (LiveGrid(program, grid) == nullptr) return;
-  Guarded(program, [&] { Point(program, grid, {row, column}, extend); });
+std::string_view CharacterOf(const KeyStroke& stroke) {
+  switch (stroke.key) {
+    case Key::kCharacter:
+      return stroke.character;
+    case Key::kEnter:
+      return "\r";
+    case Key::kBackspace:
+      return "\b";
+    case Key::kEscape:
+      return "\x1b";
+    default:
+      return "";
+  }
 }
 
 void TypeText(Program& program, std::string_view field, std::string_view text) {
   TextField* target = FindField(program, field);
   if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
-  const std::string typed = IsInfoField(field) ? WithClosingQuotes(text) : std::string(text);
-  Guarded(program, [&] { target->Set(FirstCharacters(typed, target->max_length)); });
+  const std::string line = OnOneLine(text);
+  const std::string typed = IsInfoField(field) ? WithClosingQuotes(line) : line;
+  Guarded(program, [&] {
+    target->SelectAll();
+    target->ReplaceSelected(typed);
+  });
 }
 
-// A key in a preference: arrows move, keys that carry a character may be taken whole.
+void SelectText(Program& program, std::string_view field, const TextSelection& selection) {
+  TextField* target = FindField(program, field);
+  if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
+  target->Select(selection.start, selection.length);
+}
+
+// A key in a preference: arrows move, keys that carry a character may be taken whole. The others are none of its own.
 bool PreferenceKey(Program& program, int index, const KeyStroke& stroke, FieldKeyKind kind) {
   if (kind == FieldKeyKind::kUp || kind == FieldKeyKind::kDown) {
     txtDefault_KeyDown(program, index, kind);
     return true;
   }
-  return txtDefault_KeyPress(program, index, CharacterOf(stroke));
+  const std::string_view character = CharacterOf(stroke);
+  return !character.empty() && txtDefault_KeyPress(program, index, character);
 }
 
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke) {
@@ -253,10 +154,15 @@ bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke)
   if (!kind || ReachOf(program, field) != Reach::kUsable) return false;
   const int info = IndexIn(kInfoFields, field);
   const int preference = IndexIn(kPreferences, field);
-  bool swallowed = false;
+  auto* const command = EditCommandOf(stroke.key);
+  bool swallowed = command != nullptr;
   Guarded(program, [&] {
-    if (info >= 0) swallowed = txtInfo_Key(program, info, *kind);
-    if (preference >= 0) swallowed = PreferenceKey(program, preference, stroke, *kind);
+    if (info >= 0) swallowed = txtInfo_Key(program, info, *kind) || swallowed;
+    if (preference >= 0) swallowed = PreferenceKey(program, preference, stroke, *kind) || swallowed;
+    if (command == nullptr) return;
+    // The field that takes a key is the active control.
+    if (program.main.focus != field) MoveFocus(program, field);
+    command(program);
   });
   return swallowed;
 }
@@ -279,20 +185,6 @@ void MenuOpened(Program& program, std::string_view menu) {
 void FileDropped(Program& program, std::string_view path) {
   if (ReachOf(program, "mnuFileOpen") != Reach::kUsable) return;
   Guarded(program, [&] { OpenNamedFile(program, path); });
-}
-
-void ResultMouse(Program& program, MouseAction action, MouseButton button, int x, int y) {
-  if (LiveGrid(program, "Grid2") == nullptr) return;
-  Guarded(program, [&] {
-    switch (action) {
-      case MouseAction::kDown:
-        return Grid2_MouseDown(program, button, x, y);
-      case MouseAction::kMove:
-        return Grid2_MouseMove(program, button, x, y);
-      case MouseAction::kUp:
-        return Grid2_MouseUp(program, button, x, y);
-    }
-  });
 }
 
 void BackgroundMouse(Program& program) {

@@ -43,15 +43,20 @@ struct KeyStroke {
   bool shift = false;
 };
 
+// The character that a key gives what is typed into ("\r" Enter, "\b" Backspace); empty for keys that carry none.
+std::string_view CharacterOf(const KeyStroke& stroke);
+
 // A key in a grid ("Grid1", "Grid2" or "Grd_Soils_FurrowFlow"). Arrows move the current cell, with Shift the far corner
-// of the selection.
+// of the selection. Ctrl+C, Ctrl+X, Ctrl+V and Delete are the commands of the Edit menu; results can be copied alone.
 void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke);
 // The user points at a cell; with `extend` the far corner of the selection goes there.
 void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend);
 
 // A field's text as the user has typed it, cut to the field's longest text, with its change handling.
 void TypeText(Program& program, std::string_view field, std::string_view text);
-// A key in a field before it changes the text. True where the key is swallowed.
+// The user selects text of a field, or places the caret.
+void SelectText(Program& program, std::string_view field, const TextSelection& selection);
+// A key in a field before it changes the text. True where the key is swallowed; Ctrl+C, Ctrl+X and Ctrl+V always are.
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
 // A control gets the focus, or loses it.
 void FocusGained(Program& program, std::string_view control);

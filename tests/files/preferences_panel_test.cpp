@@ -256,7 +256,7 @@ TEST_F(PreferencesPanelTest, AFieldThatGainsTheFocusIsSelected) {
   OpenPanel();
   Field(4).Set("1.2");
   MoveFocus(program, "txtDefault(4)");
-  EXPECT_TRUE(Field(4).select_all);
+  EXPECT_EQ(Field(4).SelectedText(), "1.2");
 }
 
 }  // namespace

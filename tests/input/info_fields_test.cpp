@@ -92,7 +92,7 @@ TEST_F(InfoFieldsTest, FocusSelectsTheWholeTextAndLeavesThePanelOfDefaults) {
   Info(2).Set("850");
   MoveFocus(program, "txtInfo(2)");
   EXPECT_EQ(program.main.focus, "txtInfo(2)");
-  EXPECT_TRUE(Info(2).select_all);
+  EXPECT_EQ(Info(2).SelectedText(), "850");
   EXPECT_FALSE(program.main.Frame1.visible);
 }
 
@@ -101,10 +101,10 @@ TEST_F(InfoFieldsTest, NothingIsSelectedWhileAnotherControlIsActive) {
   Info(3).Set("2");
   program.main.focus = "txtInfo(3)";
   txtInfo_GotFocus(program, 2);
-  EXPECT_FALSE(Info(2).select_all);
+  EXPECT_EQ(Info(2).SelectedText(), "");
   Info(3).Set("850");  // the active control shows the same text
   txtInfo_GotFocus(program, 2);
-  EXPECT_TRUE(Info(2).select_all);
+  EXPECT_EQ(Info(2).SelectedText(), "850");
 }
 
 TEST_F(InfoFieldsTest, FocusDoesNotGoWhereTheUserCannot) {

@@ -119,6 +119,9 @@ TEST(Statements, WhatCannotBeUnderstoodStops) {
                            "mouse Grid1 down left 0 0",
                            "mouse Grid2 press left 0 0",
                            "answer Maybe",
+                           "clipboard text",
+                           "select Grid1 0 1",
+                           "select txtInfo(0) 0",
                            "on yield 0 click cmdCancel",
                            "on yield 5 click cmdNothing",
                            "show nothing",
@@ -132,6 +135,25 @@ TEST(Statements, WhatCannotBeUnderstoodStops) {
     EXPECT_EQ(result.status, kScriptNotUnderstood) << line;
     EXPECT_TRUE(result.errors.starts_with("line ")) << line << ": " << result.errors;
   }
+}
+
+TEST(Statements, TheClipboardIsSetAndShown) {
+  EXPECT_EQ(Replayed("show clipboard\nclipboard \"0\\t5.2\\r\\n\"\nshow clipboard\n").transcript,
+            "clipboard = \"\"\nclipboard = \"0\\t5.2\\r\\n\"\n");
+}
+
+TEST(Statements, TextIsSelectedAndCopied) {
+  EXPECT_EQ(Replayed("type txtInfo(0) \"North field\"\nfocus txtInfo(0)\nselect txtInfo(0) 6 5\n"
+                     "key txtInfo(0) Ctrl+C\nshow clipboard\nkey txtInfo(0) Ctrl+X\nshow txtInfo(0)\n"
+                     "key txtInfo(0) Ctrl+V\nshow txtInfo(0)\n")
+                .transcript,
+            "clipboard = \"field\"\ntxtInfo(0) = \"North \"\ntxtInfo(0) = \"North field\"\n");
+}
+
+TEST(Statements, TheBlockClipboardShowsItsFilledCells) {
+  EXPECT_EQ(
+      Replayed("cell Grid1 4 0 \"150\"\nat Grid1 4 0 5 1\nkey Grid1 Ctrl+C\nshow GridClipboard PasteRow1\n").transcript,
+      "GridClipboard[4,0] = \"150\"\nPasteRow1 = 4\n");
 }
 
 TEST(Statements, TheCurrentCellAndTheFarCorner) {

@@ -17,7 +17,6 @@
 namespace torvale {
 namespace {
 
-constexpr int kNoLimit = 32767;    // characters in a field
 constexpr int kTitleMargin = 120;  // twips ahead of a frame's caption
 constexpr int kTitleHeight = 320;  // twips
 
@@ -122,22 +121,53 @@ QPalette Colours(const Control& control, ControlKind kind) {
   return palette;
 }
 
+// The toolkit counts in units of UTF-16, the structure in characters.
+int UnitsOf(const QString& text, int characters) {
+  qsizetype units = 0;
+  for (; characters > 0 && units < text.size(); --characters) units += text[units].isHighSurrogate() ? 2 : 1;
+  return static_cast<int>(std::min(units, text.size()));
+}
+
+int CharactersOf(QStringView text) {
+  return static_cast<int>(text.size() -
+                          std::count_if(text.begin(), text.end(), [](QChar c) { return c.isLowSurrogate(); }));
+}
+
+void Select(QLineEdit& edit, const TextSelection& selection) {
+  const QString text = edit.text();
+  const int start = UnitsOf(text, selection.start);
+  const int end = UnitsOf(text, selection.start + selection.length);
+  if (end > start) {
+    edit.setSelection(start, end - start);
+  } else {
+    edit.setCursorPosition(start);
+  }
+}
+
+// What the user was typing in can be taken back by the field's own undo.
+void SetText(QLineEdit& edit, const QString& text) {
+  if (!edit.hasFocus()) {
+    edit.setText(text);
+    return;
+  }
+  edit.selectAll();
+  edit.insert(text);
+}
+
 void DrawField(ControlView& view) {
-  TextField& field = *view.named.field;
+  const TextField& field = *view.named.field;
   auto& edit = static_cast<QLineEdit&>(*view.widget);
   // Setting a limit takes a selection away, even the limit that stands.
-  const int limit = field.max_length > 0 ? field.max_length : kNoLimit;
+  const int limit = field.max_length > 0 ? field.max_length : kLongestText;
   if (edit.maxLength() != limit) edit.setMaxLength(limit);
-  if (const QString text = ToQt(field.text()); edit.text() != text) {
-    const int caret = edit.cursorPosition();
-    edit.setText(text);
-    if (edit.hasFocus()) edit.setCursorPosition(caret);
-  }
-  if (!field.select_all) return;
-  field.select_all = false;
-  edit.selectAll();
+  // A text that came out of a file may be longer than what can be typed.
+  if (const QString text = ToQt(field.text()).left(limit); edit.text() != text) SetText(edit, text);
+  const TextSelection selection = field.selection();
+  if (SelectionOf(edit) == selection) return;
+  Select(edit, selection);
   // A click that brought the focus goes on to place the caret, which takes the selection away again.
-  if (QApplication::mouseButtons() != Qt::NoButton) QTimer::singleShot(0, &edit, [&edit] { edit.selectAll(); });
+  if (selection.length == 0 || QApplication::mouseButtons() == Qt::NoButton) return;
+  QTimer::singleShot(0, &edit, [&edit, selection] { Select(edit, selection); });
 }
 
 void DrawDropDown(QComboBox& box, const ListBox& list) {
@@ -196,6 +226,13 @@ void DrawCaption(ControlView& view, int zoom) {
 }
 
 }  // namespace
+
+TextSelection SelectionOf(const QLineEdit& edit) {
+  const QString text = edit.text();
+  const QString selected = edit.selectedText();
+  const int start = selected.isEmpty() ? edit.cursorPosition() : edit.selectionStart();
+  return {CharactersOf(QStringView(text).left(start)), CharactersOf(selected)};
+}
 
 ControlView MakeControlView(const NamedControl& named, QWidget* parent) {
   ControlView view;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QWidget>
 #include <optional>
 #include <span>
@@ -31,6 +32,9 @@ bool DrawControl(ControlView& view, int zoom);
 // Makes room for the labels of `controls` that stand in a frame: a text that is longer than the frame can be scrolled
 // to.
 void FitFrame(ControlView& frame, std::span<ControlView> controls);
+
+// What is selected in a field's widget, or where its caret stands.
+TextSelection SelectionOf(const QLineEdit& edit);
 
 // A tool tip that wraps and keeps its blanks.
 QString TipText(std::string_view text);

@@ -18,9 +18,18 @@ constexpr NamedKey kNamedKeys[] = {
 };
 
 constexpr NamedKey kControlKeys[] = {
-    {Qt::Key_Home, Key::kCtrlHome}, {Qt::Key_End, Key::kCtrlEnd}, {Qt::Key_C, Key::kCopy},
-    {Qt::Key_X, Key::kCut},         {Qt::Key_V, Key::kPaste},
+    {Qt::Key_Home, Key::kCtrlHome},
+    {Qt::Key_End, Key::kCtrlEnd},
 };
+
+struct StandardKey {
+  QKeySequence::StandardKey keys;
+  Key plain;
+};
+
+// Whatever keys the desktop has for them, Ctrl+C and the like among them.
+constexpr StandardKey kStandardKeys[] = {
+    {QKeySequence::Copy, Key::kCopy}, {QKeySequence::Cut, Key::kCut}, {QKeySequence::Paste, Key::kPaste}};
 
 template <typename Table>
 std::optional<Key> Find(const Table& table, int key) {
@@ -38,6 +47,11 @@ bool IsPrintable(const QString& text) {
 std::optional<KeyStroke> StrokeOf(const QKeyEvent& event, std::string& character) {
   KeyStroke stroke;
   stroke.shift = event.modifiers().testFlag(Qt::ShiftModifier);
+  for (const StandardKey& standard : kStandardKeys) {
+    if (!event.matches(standard.keys)) continue;
+    stroke.key = standard.plain;
+    return stroke;
+  }
   const bool control = event.modifiers().testFlag(Qt::ControlModifier);
   const auto named = control ? Find(kControlKeys, event.key()) : Find(kNamedKeys, event.key());
   if (named) {

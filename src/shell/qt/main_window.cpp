@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QUrl>
@@ -122,6 +125,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
       if (FindField(program_, name) != nullptr) return FieldKeyPressed(name, static_cast<QKeyEvent&>(*event));
       break;
+    case QEvent::ContextMenu:
+      if (auto* edit = qobject_cast<QLineEdit*>(watched)) {
+        ShowFieldMenu(*edit, static_cast<QContextMenuEvent&>(*event).globalPos());
+        return true;
+      }
+      break;
     case QEvent::FocusIn:
       WidgetEntered(name, static_cast<QFocusEvent&>(*event).reason());
       break;
@@ -157,6 +166,23 @@ bool MainWindow::FieldKeyPressed(const std::string& name, const QKeyEvent& event
   bool swallowed = false;
   Run([&] { swallowed = FieldKey(program_, name, *stroke); });
   return swallowed;
+}
+
+// The toolkit's own menu of a field would cut, copy and paste in its own way; this one has the entries of the Edit
+// menu.
+void MainWindow::ShowFieldMenu(QLineEdit& edit, const QPoint& at) {
+  auto* menu = new QMenu(&edit);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setFont(menuBar()->font());
+  menu->addAction("&Undo", &edit, &QLineEdit::undo)->setEnabled(edit.isUndoAvailable());
+  menu->addAction("&Redo", &edit, &QLineEdit::redo)->setEnabled(edit.isRedoAvailable());
+  menu->addSeparator();
+  for (const char* entry : {"mnuEditCut", "mnuEditCopy", "mnuEditPaste"}) {
+    menu->addAction(findChild<QAction*>(entry));
+  }
+  menu->addSeparator();
+  menu->addAction("Select &All", &edit, &QLineEdit::selectAll);
+  menu->popup(at);
 }
 
 void MainWindow::WidgetEntered(const std::string& name, Qt::FocusReason reason) {

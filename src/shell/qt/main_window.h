@@ -52,6 +52,7 @@ class MainWindow final : public QMainWindow {
   QWidget* ParentOf(const NamedControl& named) const;
   GridEvents EventsOf(const std::string& name);
   void Connect(const ControlView& view);
+  void ConnectField(QLineEdit& edit, const std::string& name);
   void ConnectList(QListWidget& lines, const std::string& name);
   void NameFields();
   void NameGridsAndLists();
@@ -62,6 +63,7 @@ class MainWindow final : public QMainWindow {
   void Run(const std::function<void()>& work);
   void RunClick(const std::string& name);
   bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
+  void ShowFieldMenu(QLineEdit& edit, const QPoint& at);
   void WidgetEntered(const std::string& name, Qt::FocusReason reason);
   void WidgetLeft(const std::string& name, Qt::FocusReason reason);
   void StepZoom(int steps);

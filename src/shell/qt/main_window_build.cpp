@@ -74,8 +74,7 @@ void MainWindow::Connect(const ControlView& view) {
   if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
     connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
   } else if (auto* edit = qobject_cast<QLineEdit*>(view.widget)) {
-    connect(edit, &QLineEdit::textEdited, this,
-            [this, name](const QString& text) { Run([&] { TypeText(program_, name, text.toStdString()); }); });
+    ConnectField(*edit, name);
   } else if (auto* lines = qobject_cast<QListWidget*>(view.widget)) {
     ConnectList(*lines, name);
   } else if (auto* box = qobject_cast<QComboBox*>(view.widget)) {
@@ -84,6 +83,22 @@ void MainWindow::Connect(const ControlView& view) {
   } else if (view.named.kind == ControlKind::kGrid) {
     static_cast<GridView&>(*view.widget).Connect(EventsOf(name));
   }
+}
+
+void MainWindow::ConnectField(QLineEdit& edit, const std::string& name) {
+  const auto select = [this, &edit, name] {
+    // A field that loses the focus to a menu drops its selection, which the menu is about to work on.
+    if (!syncing_ && edit.hasFocus()) SelectText(program_, name, SelectionOf(edit));
+  };
+  connect(&edit, &QLineEdit::textEdited, this, [this, name, select](const QString& text) {
+    if (syncing_) return;
+    Run([&] {
+      TypeText(program_, name, text.toStdString());
+      select();
+    });
+  });
+  connect(&edit, &QLineEdit::selectionChanged, this, select);
+  connect(&edit, &QLineEdit::cursorPositionChanged, this, select);
 }
 
 void MainWindow::ConnectList(QListWidget& lines, const std::string& name) {

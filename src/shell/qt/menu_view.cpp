@@ -24,6 +24,14 @@ void Prune(std::vector<NamedControl>& menus) {
   }
 }
 
+// The key of an entry that is no shortcut of the window stands behind a tab, where the menu shows shortcuts.
+QString CaptionOf(const std::string& name, const Control& control) {
+  const MenuTrait trait = MenuTraitOf(name);
+  const QString caption = ToQt(control.caption);
+  if (trait.owner == ShortcutOwner::kWindow) return caption;
+  return caption + '\t' + QKeySequence(ToQt(trait.shortcut)).toString(QKeySequence::NativeText);
+}
+
 }  // namespace
 
 MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar, const Event& click, const Event& opened) {
@@ -43,7 +51,7 @@ MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar, const Event& 
       action = menu->menuAction();
     } else {
       action = parent != nullptr ? parent->addAction(QString()) : bar.addAction(QString());
-      action->setShortcut(QKeySequence(ToQt(trait.shortcut)));
+      if (trait.owner == ShortcutOwner::kWindow) action->setShortcut(QKeySequence(ToQt(trait.shortcut)));
       QObject::connect(action, &QAction::triggered, [click, name = named.name] { click(name); });
     }
     action->setObjectName(ToQt(named.name));
@@ -60,7 +68,7 @@ void MenuView::Draw() {
       entry.action->setChecked(control.ticked);
     }
     if (entry.drawn == control) continue;
-    entry.action->setText(ToQt(control.caption));
+    entry.action->setText(CaptionOf(entry.name, control));
     entry.action->setToolTip(TipText(control.tool_tip));
     entry.action->setEnabled(control.enabled);
     entry.action->setVisible(control.visible);

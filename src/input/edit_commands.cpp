@@ -1,0 +1,76 @@
+#include "input/edit_commands.h"
+
+#include <string>
+
+#include "base/numbers.h"
+#include "input/block_clipboard.h"
+#include "input/clipboard_text.h"
+#include "input/info_fields.h"
+
+namespace torvale {
+namespace {
+
+// The active control where it is a text field, or nullptr.
+TextField* ActiveField(Program& program) {
+  const std::string& focus = program.main.focus;
+  return ReachOf(program, focus) == Reach::kUsable ? FindField(program, focus) : nullptr;
+}
+
+void CopyField(Program& program, const TextField& field) {
+  program.host.SetClipboardText(field.SelectedText());
+}
+
+std::string RowsText(const Block& block) {
+  if (block.row1 == block.row2) return "row " + GeneralText(block.row1);
+  return "rows " + GeneralText(block.row1) + " to " + GeneralText(block.row2);
+}
+
+// Cut and paste reach the sheet behind the results too. The focus, and with it what is typed next, stays on what the
+// user sees then, and the status bar tells what happened out of sight.
+void ShowSheet(Program& program, const Block& changed) {
+  MainScreen& main = program.main;
+  main.Grid1.control.visible = true;
+  if (!main.Grid2.control.visible) {
+    MoveFocus(program, "Grid1");
+    return;
+  }
+  main.sbStatusBar.caption = "The survey sheet behind the results was changed in " + RowsText(changed);
+}
+
+}  // namespace
+
+void mnuEditCopy_Click(Program& program) {
+  MainScreen& main = program.main;
+  program.record.GridClipboard.Clear();
+  if (const TextField* field = ActiveField(program)) {
+    CopyField(program, *field);
+  } else if (main.Grid2.control.visible) {
+    program.host.SetClipboardText(SelectedCells(main.Grid2));
+  } else if (main.Grid1.control.visible) {
+    CopyBlock(program.record, main.Grid1);
+    MoveFocus(program, "Grid1");
+  }
+}
+
+void mnuEditCut_Click(Program& program) {
+  if (TextField* field = ActiveField(program)) {
+    CopyField(program, *field);
+    field->ReplaceSelected("");
+    return;
+  }
+  const Block block = SelectedBlock(program.main.Grid1);
+  CutBlock(program.record, program.main.Grid1);
+  ShowSheet(program, block);
+}
+
+void mnuEditPaste_Click(Program& program) {
+  if (TextField* field = ActiveField(program)) {
+    field->ReplaceSelected(OnOneLine(ClipboardText(program)));
+    return;
+  }
+  const Block block = SelectedBlock(program.main.Grid1);
+  PasteBlock(program.record, program.main.Grid1);
+  ShowSheet(program, block);
+}
+
+}  // namespace torvale
