@@ -280,6 +280,12 @@ bool ScriptLines::Next(std::string& line) {
   return true;
 }
 
+std::vector<std::string_view> StatementWords() {
+  std::vector<std::string_view> words;
+  for (const Statement& statement : kStatements) words.push_back(statement.word);
+  return words;
+}
+
 void RunStatement(Session& session, const std::string& line, ScriptLines& lines) {
   const std::vector<Token> tokens = Tokens(line);
   if (tokens.empty()) return;

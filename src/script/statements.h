@@ -2,6 +2,8 @@
 
 #include <istream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "script/session.h"
 
@@ -47,5 +49,8 @@ class ScriptLines {
 //                                   empty, `at GRID` the grid's current cell; `printed` every drawing operation of the
 //                                   reports since the last such line; `clipboard` the text on the desktop's clipboard
 void RunStatement(Session& session, const std::string& line, ScriptLines& lines);
+
+// The first word of every statement there is.
+std::vector<std::string_view> StatementWords();
 
 }  // namespace torvale
