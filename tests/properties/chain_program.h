@@ -103,6 +103,14 @@ inline void ExpectPlainResults(const Grid& results) {
   }
 }
 
+// How far the flows of all holes together lie from the target, as a part of it.
+inline double Imbalance(const DesignRecord& record) {
+  double sum = 0;
+  for (int row = 1; row <= record.HoleRows; ++row) sum += static_cast<double>(record.FurrowFlow[row]);
+  const double target = static_cast<double>(record.TargetGPM);
+  return std::fabs(sum - target) / target;
+}
+
 // A finished march meets its target, and the flow of all its holes is the flow of the line. A march that went negative
 // and met its target at the head of the line alone leaves the flows of other marches in the list.
 inline bool ExpectMassBalance(const DesignRecord& record) {

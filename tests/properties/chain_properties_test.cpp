@@ -1,6 +1,7 @@
 // Surveys of every quality, thrown at the whole program through its commands.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
 
@@ -20,6 +21,7 @@ struct Counts {
   int shown = 0;     // designs that came to their results
   int refused = 0;   // refused or stopped
   int balanced = 0;  // designs whose flows were summed
+  double largest_imbalance = 0;
 };
 
 std::string FieldText(Random& random, const SurveyStyle& style, double low, double high) {
@@ -108,7 +110,9 @@ class Session {
     EXPECT_TRUE(program_.main.Grid2.control.visible);
     EXPECT_FALSE(program_.main.busy);
     ExpectPlainResults(program_.main.Grid2);
-    if (ExpectMassBalance(record)) ++counts.balanced;
+    if (!ExpectMassBalance(record)) return;
+    ++counts.balanced;
+    counts.largest_imbalance = std::max(counts.largest_imbalance, Imbalance(record));
   }
 
   void ExpectWhole() {
@@ -144,6 +148,7 @@ TEST(ChainProperties, AnySurveyIsDesignedOrRefused) {
   RecordProperty("shown", counts.shown);
   RecordProperty("refused", counts.refused);
   RecordProperty("balanced", counts.balanced);
+  RecordProperty("largest_imbalance", std::to_string(counts.largest_imbalance));
 }
 
 }  // namespace
