@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""Holds the #include lines of src/ to the tower of folders.
+"""Holds the #include lines of src/ and the drawing docs/tower.svg to the tower of folders.
 
   check_tower.py [ROOT]       checks the project at ROOT (by default the one that this script lies in)
   check_tower.py --self-test  builds small wrong trees and fails unless each is reported
 
 The folders and what each may include are the torvale_folder(NAME BELOW...) lines of CMakeLists.txt. A folder may include
-itself and everything below it. src/shell/qt stands on shell and is the only folder with toolkit headers.
+itself and everything below it. src/shell/qt stands on shell and is the only folder with toolkit headers. The drawing has
+a room for each folder, and an arrow from it to each folder that its line names.
 """
 
 import argparse
@@ -21,18 +22,56 @@ WINDOWS_BELOW = "shell"
 # Headers of the standard library have neither capitals, nor a dot, nor a slash in their names. Toolkit and system
 # headers have one or the other.
 STANDARD = re.compile(r"^[a-z_0-9]+$")
+ROOM = re.compile(
+    r'<rect class="room[^"]*" x="(\d+)" y="(\d+)" width="(\d+)" height="(\d+)"[^>]*/>\s*<text class="name"[^>]*>([^<]+)<'
+)
+ARROW = re.compile(r'<path class="line" d="M(\d+) (\d+) ([VH])(\d+)" marker-end')
+
+
+def read_lines(root):
+    """Folder -> the folders that its line names."""
+    lines = {}
+    for line in FOLDER.findall((root / "CMakeLists.txt").read_text()):
+        name, *below = line.split()
+        lines[name] = below
+    if not lines:
+        raise SystemExit("CMakeLists.txt has no torvale_folder line")
+    return lines | {WINDOWS: [WINDOWS_BELOW]}
 
 
 def read_tower(root):
     """Folder -> the set of folders that it may include, itself among them."""
     tower = {}
-    for line in FOLDER.findall((root / "CMakeLists.txt").read_text()):
-        name, *below = line.split()
+    for name, below in read_lines(root).items():
         tower[name] = {name}.union(*(tower[folder] for folder in below))
-    if not tower:
-        raise SystemExit("CMakeLists.txt has no torvale_folder line")
-    tower[WINDOWS] = tower[WINDOWS_BELOW] | {WINDOWS}
     return tower
+
+
+def check_drawing(root):
+    """The list of complaints about the drawing."""
+    svg = (root / "docs/tower.svg").read_text()
+    rooms = {name: tuple(map(int, place)) for *place, name in ROOM.findall(svg)}
+
+    def room_at(x, y):
+        reach = 2  # the head of an arrow ends just short of the room
+        inside = [
+            name
+            for name, (left, top, width, height) in rooms.items()
+            if left - reach <= x <= left + width + reach and top - reach <= y <= top + height + reach
+        ]
+        return inside[0] if len(inside) == 1 else None
+
+    drawn = set()
+    for x, y, way, end in ARROW.findall(svg):
+        to = (int(x), int(end)) if way == "V" else (int(end), int(y))
+        drawn.add((room_at(int(x), int(y)), room_at(*to)))
+    lines = read_lines(root)
+    wanted = {(name, folder) for name, below in lines.items() for folder in below}
+    complaints = [f"docs/tower.svg: {name} is no folder of the tower" for name in sorted(rooms.keys() - lines.keys())]
+    complaints += [f"docs/tower.svg: no room for {name}" for name in sorted(lines.keys() - rooms.keys())]
+    complaints += [f"docs/tower.svg: no arrow from {a} to {b}" for a, b in sorted(wanted - drawn)]
+    complaints += [f"docs/tower.svg: no line for the arrow from {a} to {b}" for a, b in sorted(drawn - wanted, key=str)]
+    return complaints
 
 
 def find_cycle(graph):
@@ -87,7 +126,16 @@ def check(root):
     ring = find_cycle(graph)
     if ring:
         complaints.append("a ring of includes: " + " -> ".join(ring))
-    return complaints, len(files)
+    return complaints + check_drawing(root), len(files)
+
+
+def drawing(names, arrows):
+    """A drawing of the rooms one below the other, each 50 high, with arrows by their x, y and end."""
+    rooms = "".join(
+        f'<rect class="room" x="0" y="{100 * i}" width="90" height="50"/>\n<text class="name">{name}</text>\n'
+        for i, name in enumerate(names)
+    )
+    return rooms + "".join(f'<path class="line" d="M{x} {y} V{end}" marker-end=""/>\n' for x, y, end in arrows)
 
 
 def self_test():
@@ -98,8 +146,16 @@ def self_test():
         "engine/e.h": '#include "base/a.h"\n',
         "shell/qt/w.h": '#include <QWidget>\n#include "engine/e.h"\n',
     }
+    names = ["shell/qt", "shell", "engine", "base"]
+    arrows = [(45, 50, 99), (45, 150, 199), (45, 250, 299)]
+    good_drawing = {"../docs/tower.svg": drawing(names, arrows)}
     cases = [
         ("the tree as it should be", {}, None),
+        ("a drawing that lacks an arrow", {"../docs/tower.svg": drawing(names, arrows[1:])}, "no arrow from shell/qt"),
+        ("a drawing with an arrow upwards", {"../docs/tower.svg": drawing(names, arrows + [(45, 200, 149)])}, "no line"),
+        ("a drawing with an arrow to nowhere", {"../docs/tower.svg": drawing(names, arrows + [(45, 350, 399)])}, "no line"),
+        ("a drawing that lacks a room", {"../docs/tower.svg": drawing(names[:3], arrows)}, "no room for base"),
+        ("a drawing with a room too many", {"../docs/tower.svg": drawing(names + ["attic"], arrows)}, "attic is no"),
         ("an arrow that points up", {"base/b.cpp": '#include "engine/e.h"\n'}, "points up"),
         ("an arrow from the shell to its windows", {"shell/s.cpp": '#include "shell/qt/w.h"\n'}, "points up"),
         ("an arrow that points up, with odd blanks", {"base/b.cpp": ' #  include   "engine/e.h"\n'}, "points up"),
@@ -116,7 +172,7 @@ def self_test():
         with tempfile.TemporaryDirectory() as name:
             root = pathlib.Path(name)
             (root / "CMakeLists.txt").write_text(cmake)
-            for file, text in (good | change).items():
+            for file, text in (good | good_drawing | change).items():
                 path = root / "src" / file
                 path.parent.mkdir(parents=True, exist_ok=True)
                 path.write_text(text)
