@@ -25,7 +25,6 @@ struct FileLine {
     line.program.record.HoleRows = kRows;
     line.program.record.FileVersion = ProgramVersion();
     name = (folder / "long").string();
-    line.host.messages = 0;  // of the soils that are not in the folder
   }
   ~FileLine() {
     std::error_code ignored;
