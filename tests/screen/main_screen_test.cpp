@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
+#include <map>
 #include <set>
+#include <string>
+#include <utility>
 
 namespace torvale {
 namespace {
@@ -94,6 +98,55 @@ TEST(MainScreen, ShortcutsAreUnique) {
   }
   EXPECT_GT(count, 0);
   EXPECT_EQ(MenuTraitOf("no such entry").shortcut, "");
+}
+
+// The letter that a caption marks as its mnemonic, as a capital; none where it marks none.
+char MnemonicOf(const std::string& caption) {
+  const std::size_t mark = caption.find('&');
+  return mark == std::string::npos ? '\0'
+                                   : static_cast<char>(std::toupper(static_cast<unsigned char>(caption[mark + 1])));
+}
+
+// In one menu a letter opens one entry. The captions of these pairs are the ones that planners know, with their
+// letters; pressed again, the letter goes on to the other entry.
+TEST(MainScreen, MnemonicsAreUniqueWithinAMenu) {
+  const std::set<std::pair<std::string, std::string>> known = {{"mnuEdit", "mnuDesign"},
+                                                               {"mnuDesignConstSlope", "mnuComputerHoleSelection"},
+                                                               {"mnuDesignDualSlope", "mnuManHoleSelection"}};
+  MainScreen screen;
+  SoilsScreen soils;
+  std::vector<NamedControl> all = ControlsOf(screen);
+  const std::vector<NamedControl> editor = ControlsOf(soils);
+  std::map<std::pair<std::string, char>, std::string> taken;
+  int clashes = 0;
+  int bars = 0;
+  for (const std::vector<NamedControl>& bar : {all, editor}) {
+    ++bars;
+    for (const NamedControl& named : bar) {
+      if (named.kind != ControlKind::kMenu) continue;
+      const char letter = MnemonicOf(named.control->caption);
+      if (letter == '\0') continue;
+      const std::string menu = std::to_string(bars) + named.parent;
+      const auto [first, is_first] = taken.try_emplace({menu, letter}, named.name);
+      if (is_first) continue;
+      ++clashes;
+      EXPECT_TRUE(known.contains({first->second, named.name})) << first->second << " and " << named.name;
+    }
+  }
+  EXPECT_EQ(clashes, static_cast<int>(known.size()));
+  EXPECT_GT(taken.size(), 20U);
+}
+
+// Every menu of the bar opens by a letter.
+TEST(MainScreen, MenusOfTheBarHaveMnemonics) {
+  MainScreen screen;
+  const std::vector<NamedControl> all = ControlsOf(screen);
+  for (const NamedControl& named : all) {
+    const bool opens =
+        std::any_of(all.begin(), all.end(), [&](const NamedControl& c) { return c.parent == named.name; });
+    if (named.kind != ControlKind::kMenu || !named.parent.empty() || !opens) continue;
+    EXPECT_NE(MnemonicOf(named.control->caption), '\0') << named.name;
+  }
 }
 
 // The steps of the zoom and their captions go together.

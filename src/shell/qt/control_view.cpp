@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "display/colour_meanings.h"
 #include "shell/qt/fitted_text.h"
 #include "shell/qt/grid_view.h"
 
@@ -90,7 +91,7 @@ QWidget* MakeWidget(ControlView& view, QWidget* parent) {
     case ControlKind::kList:
       return MakeList(*view.named.list, parent);
     case ControlKind::kGrid:
-      return new GridView(*view.named.grid, parent);
+      return new GridView(view.named.name, *view.named.grid, parent);
     default:
       return MakeLabel(view.named, parent);
   }
@@ -200,6 +201,15 @@ void DrawLines(ControlView& view) {
   }
 }
 
+// The tool tip, and behind it what the control's colour says.
+std::string TipOf(const ControlView& view) {
+  const Control& control = *view.named.control;
+  std::string tip = control.tool_tip;
+  const std::string_view meaning = control.back ? MeaningOfColour(view.named.name, *control.back) : "";
+  if (!tip.empty() && !meaning.empty()) tip += '\n';
+  return tip.append(meaning);
+}
+
 void DrawCaption(ControlView& view, int zoom) {
   const Control& control = *view.named.control;
   const int pixels = Scale(zoom).Zoomed(kTextPixels);
@@ -218,6 +228,7 @@ void DrawCaption(ControlView& view, int zoom) {
     font.setBold(true);
     title->setFont(font);
     SetLabelText(*title, ToQt(control.caption), pixels);
+    view.widget->setAccessibleName(ToQt(control.caption));
   } else if (view.named.kind != ControlKind::kGrid) {
     QFont font = view.widget->font();
     font.setPixelSize(pixels);
@@ -257,9 +268,10 @@ bool DrawControl(ControlView& view, int zoom) {
   if (moved) widget.setGeometry(Scale(zoom).Rect(control.place));
   if (recoloured) widget.setPalette(Colours(control, view.named.kind));
   if (said) DrawCaption(view, zoom);
-  if (!view.drawn || view.drawn->tool_tip != control.tool_tip) {
-    widget.setToolTip(TipText(control.tool_tip));
-    widget.setAccessibleDescription(ToQt(control.tool_tip));
+  if (recoloured || view.drawn->tool_tip != control.tool_tip) {
+    const std::string tip = TipOf(view);
+    widget.setToolTip(TipText(tip));
+    widget.setAccessibleDescription(ToQt(tip));
   }
   widget.setEnabled(control.enabled);
   if (shown) widget.setVisible(control.visible);

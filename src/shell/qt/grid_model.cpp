@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/colour_meanings.h"
 #include "shell/qt/scale.h"
 
 namespace torvale {
@@ -19,8 +20,13 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = index.row() + 1;
   if (!index.isValid() || row >= grid_.rows() || index.column() >= grid_.column_count()) return {};
-  if (role == Qt::DisplayRole) return ToQt(grid_.Text(row, index.column()));
-  return {};
+  const std::string& text = grid_.Text(row, index.column());
+  if (role == Qt::DisplayRole) return ToQt(text);
+  if (role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole) return {};
+  const auto back = grid_.Back(row, index.column());
+  if (!back || text.empty()) return {};
+  const std::string_view meaning = MeaningOfCellColour(name_, index.column(), *back);
+  return meaning.empty() ? QVariant() : QVariant(ToQt(meaning));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <string>
+#include <utility>
 
 #include "screen/controls.h"
 
@@ -9,7 +11,9 @@ namespace torvale {
 // The cells of a grid as the toolkit's table reads them; row 0 of the grid is the table's header.
 class GridModel final : public QAbstractTableModel {
  public:
-  GridModel(const Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
+  // `name` is the grid's among the controls: what a colour of a cell says depends on it.
+  GridModel(std::string name, const Grid& grid, QObject* parent)
+      : QAbstractTableModel(parent), name_(std::move(name)), grid_(grid) {}
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -20,6 +24,7 @@ class GridModel final : public QAbstractTableModel {
   void Refresh();
 
  private:
+  std::string name_;
   const Grid& grid_;
   int rows_ = 0;
   int columns_ = 0;

@@ -24,8 +24,9 @@ MouseButton ButtonOf(const QMouseEvent& event) {
 
 }  // namespace
 
-GridView::GridView(Grid& grid, QWidget* parent) : QTableView(parent), grid_(grid) {
-  model_ = new GridModel(grid_, this);
+GridView::GridView(const std::string& name, Grid& grid, QWidget* parent) : QTableView(parent), grid_(grid) {
+  setObjectName(ToQt(name));
+  model_ = new GridModel(name, grid_, this);
   heading_ = new GridHeading(grid_, this);
   setModel(model_);
   setItemDelegate(new GridCell(grid_, this));

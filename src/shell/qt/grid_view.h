@@ -2,6 +2,7 @@
 
 #include <QTableView>
 #include <functional>
+#include <string>
 
 #include "screen/main_screen.h"
 #include "shell/events.h"
@@ -23,7 +24,8 @@ struct GridEvents {
 // what they bring about in the structure is drawn.
 class GridView final : public QTableView {
  public:
-  GridView(Grid& grid, QWidget* parent);
+  // `name` is the grid's among the controls.
+  GridView(const std::string& name, Grid& grid, QWidget* parent);
 
   // Tells `events` what the user does from now on.
   void Connect(GridEvents events) { events_ = std::move(events); }

@@ -197,9 +197,9 @@ void MainWindow::WidgetLeft(const std::string& name, Qt::FocusReason reason) {
   stale_ = true;
 }
 
-// The two panels that the user may move take hold where they hold nothing else.
+// The panels take hold where they hold nothing else.
 void MainWindow::MousePressed(const QObject* on, const QMouseEvent& event) {
-  for (const std::string_view panel : {"Frame1", "frameHoleSelection"}) {
+  for (const std::string_view panel : kPanels) {
     const ControlView* view = ViewOf(panel);
     if (on != view->inside || event.button() != Qt::LeftButton) continue;
     const Scale scale(program_.main.zoom);

@@ -5,9 +5,11 @@
 #include <QMainWindow>
 #include <QScrollArea>
 #include <QShortcut>
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "screen/program.h"
@@ -21,6 +23,9 @@
 #include "shell/start_up.h"
 
 namespace torvale {
+
+// The panels that open over the screen; the user may move them.
+inline constexpr std::array<std::string_view, 2> kPanels = {"Frame1", "frameHoleSelection"};
 
 // The main design screen as a window. It shows what the program's screen structures say and hands every event to the
 // program; it keeps nothing that the structures lack.
@@ -74,6 +79,7 @@ class MainWindow final : public QMainWindow {
   void DrawZoom();
   void DrawGrid(const ControlView& view);
   void DrawFocus();
+  void EnterPanel();
   void DrawBusy();
   void FitCanvas();
   ControlView* ViewOf(std::string_view name);
@@ -89,6 +95,7 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<MenuView> menus_;
   std::unique_ptr<ToolBarView> tools_;
   WindowPlace place_;
+  std::string_view panel_;  // the panel that is open
   int drawn_zoom_ = 0;
   int running_ = 0;       // events being worked on, one inside the other during a calculation
   bool syncing_ = false;  // focus and text changes are ours, not the user's

@@ -20,13 +20,16 @@ struct SpokenName {
   const char* spoken;
 };
 
-constexpr std::array<SpokenName, 6> kSpokenNames = {{
+constexpr std::array<SpokenName, 9> kSpokenNames = {{
     {"Grid1", "Survey sheet"},
     {"Grid2", "Design results"},
     {"GridInchesApplied", "Hours and days of pumping"},
     {"listSoils", "Soil"},
     {"listAllHoles", "Hole sizes"},
     {"listHolesSelected", "Selected hole sizes"},
+    {"listSortSelectedHoles", "Selected hole sizes in order"},
+    {"frameHoleSelection", "Hole selection"},
+    {"frameShowLimitedHoles", "Hole summary"},
 }};
 
 // How far a label stands ahead of a field in the same line; nothing where it does not.

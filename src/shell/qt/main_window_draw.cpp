@@ -51,6 +51,7 @@ void MainWindow::Sync() {
   DrawBusy();
   syncing_ = false;
   if (stale_) Sync();
+  EnterPanel();
 }
 
 void MainWindow::DrawZoom() {
@@ -100,6 +101,21 @@ void MainWindow::DrawFocus() {
   if (view->named.kind == ControlKind::kGrid) return;
   const QRect place(view->widget->mapTo(canvas_, QPoint()), view->widget->size());
   area_->ensureVisible(place.center().x(), place.center().y(), place.width() / 2, place.height() / 2);
+}
+
+// A panel that opens takes the focus: the keyboard would otherwise have to find it behind all else, past the
+// information fields, which close one of them.
+void MainWindow::EnterPanel() {
+  const auto* const open = std::find_if(kPanels.begin(), kPanels.end(), [this](std::string_view panel) {
+    return ReachOf(program_, panel) != Reach::kHidden;
+  });
+  const std::string_view before = panel_;
+  panel_ = open == kPanels.end() ? "" : *open;
+  if (panel_ == before || panel_.empty()) return;
+  const auto first = std::find_if(controls_.begin(), controls_.end(), [this](const ControlView& view) {
+    return view.named.parent == panel_ && view.widget->focusPolicy() != Qt::NoFocus && view.widget->isEnabled();
+  });
+  if (first != controls_.end()) first->widget->setFocus(Qt::TabFocusReason);
 }
 
 // Busy is shown only while something runs: a flag that a failed command left behind doesn't hold the pointer.

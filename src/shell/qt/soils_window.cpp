@@ -20,7 +20,7 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
       run_(std::move(run)),
       area_(new QScrollArea(this)),
       canvas_(new QWidget),
-      grid_(new GridView(program.soils.Grd_Soils_FurrowFlow, canvas_)),
+      grid_(new GridView(std::string(kSoilsGrid), program.soils.Grd_Soils_FurrowFlow, canvas_)),
       menus_(
           ControlsOf(program.soils), *menuBar(), [this](const std::string& name) { RunClick(name); },
           [this](const std::string& name) { run_([&] { MenuOpened(program_, name); }); }) {
@@ -28,7 +28,6 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(canvas_);
   setCentralWidget(area_);
-  grid_->setObjectName(ToQt(kSoilsGrid));
   grid_->setAccessibleName("Soils and recommended furrow flows");
   GridEvents events;
   events.key = [this](const KeyStroke& stroke) { run_([&] { GridKey(program_, kSoilsGrid, stroke); }); };
