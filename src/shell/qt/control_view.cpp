@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kTitleMargin = 120;  // twips ahead of a frame's caption
 constexpr int kTitleHeight = 320;  // twips
+constexpr int kDarkWindow = 128;   // of 255
+constexpr int kShade = 135;        // percent of the window's lightness
 
 // How a label stands out; labels that are not named here are plain text.
 struct LabelLook {
@@ -108,6 +110,11 @@ QString LinesOf(std::string_view text) {
   return lines.join('\n');
 }
 
+// The light grey sets controls apart and says nothing: on a dark desktop a shade of the desktop's own does so.
+bool IsShade(const Control& control, const QPalette& palette) {
+  return control.back == kLightGrey && palette.color(QPalette::Window).lightness() < kDarkWindow;
+}
+
 // A colour of the structure is drawn as it is, with black text unless the text has a colour too. What has none follows
 // the desktop's palette, a dark one as well.
 QPalette Colours(const Control& control, ControlKind kind) {
@@ -116,6 +123,10 @@ QPalette Colours(const Control& control, ControlKind kind) {
   const bool field = kind == ControlKind::kField;
   const auto back_role = button ? QPalette::Button : field ? QPalette::Base : QPalette::Window;
   const auto text_role = button ? QPalette::ButtonText : field ? QPalette::Text : QPalette::WindowText;
+  if (IsShade(control, palette)) {
+    palette.setColor(back_role, palette.color(QPalette::Window).lighter(kShade));
+    return palette;
+  }
   if (control.back) palette.setColor(back_role, ToQt(*control.back));
   if (control.back && control.enabled) palette.setColor(text_role, ToQt(control.fore.value_or(kBlack)));
   if (control.fore && !control.back && *control.fore != kBlack) palette.setColor(text_role, ToQt(*control.fore));

@@ -100,6 +100,10 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   if (worked_in && row == grid_.row && column == grid_.column) {
     painter->setPen(QPen(highlight, option.widget->hasFocus() ? kCursorWidth : 1));
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+  } else if (Selected(grid_, row, column) && back) {
+    // A tint would change the colour and leave the text less contrast.
+    painter->setPen(QPen(highlight, kCursorWidth));
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   } else if (Selected(grid_, row, column)) {
     highlight.setAlpha(kSelectionAlpha);
     painter->fillRect(option.rect, highlight);
