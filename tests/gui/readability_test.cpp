@@ -167,6 +167,8 @@ TEST_P(ReadabilityTest, InputScreen) {
   Picture(*window_, "input");
   EXPECT_GT(ExpectReadableWidgets(*window_), 10);
   EXPECT_GT(ExpectReadableCells(Sheet()), 15);
+  // The grey of the labels goes with the desktop.
+  EXPECT_EQ(Find<QLabel>("lblName").palette().color(QPalette::Window).lightness() < 128, GetParam().dark);
 }
 
 TEST_P(ReadabilityTest, Results) {
