@@ -47,8 +47,9 @@ class Desk:
         self.folder = pathlib.Path(tempfile.mkdtemp())
         read_end, write_end = os.pipe()
         self.log = open(self.folder / "desk.log", "wb")
+        # Keys don't repeat themselves (-r): on a busy machine one that is pressed once may stay down for long.
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN, "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN, "-nolisten", "tcp", "-r"],
             pass_fds=[write_end], stdout=self.log, stderr=self.log)
         os.close(write_end)
         with os.fdopen(read_end) as number:
