@@ -139,6 +139,10 @@ TEST_F(ProfileLabelsTest, AreClearOfEachOtherOnTheLongestLine) {
   Choose("mnuProfile");
   ExpectClearLabels();
   EXPECT_EQ(Chart().xAxis->tickVectorLabels().back(), "2640");
+  // In a narrow window half of the last label stands to the right of the axis.
+  Profile().resize(Profile().minimumSizeHint().width(), 500);
+  QApplication::processEvents();
+  ExpectClearLabels();
 }
 
 TEST_F(ProfileWindowTest, BackAndTheCrossLeadToTheDesign) {

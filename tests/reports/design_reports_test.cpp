@@ -178,6 +178,24 @@ TEST_F(ReportsTest, NamesAreHandedOnWholeWithTheirRoom) {
   }
 }
 
+// The row at 5 feet has neither a hole nor a station of the survey: the table passes over it. Printed are as many rows
+// as the design has, and the grid's row is the index of the flow: 5 at the first row, no more at the second, which
+// shows the hole at 10, and its 7.25 at the third, which shows nothing.
+TEST_F(ReportsTest, TheRunningSumGoesByTheRowsOfTheDesign) {
+  AddHole(0, kQuarterInch, 5);
+  AddDry(5);
+  AddHole(10, kQuarterInch, 7.25F);
+  AddSurvey("0", "1/4");
+  AddSurvey("10", "1/4");
+  const Document document = CompleteReport(program);
+  const char* const rows[3][2] = {{"0", "5"}, {"10", "5"}, {"", "12"}};
+  for (int row = 0; row < 3; ++row) {
+    EXPECT_EQ(TextAt(document, 0.45, 4.85 + row * kLineHeight), rows[row][0]);
+    EXPECT_EQ(TextAt(document, 7.05, 4.85 + row * kLineHeight), rows[row][1]);
+  }
+  EXPECT_EQ(LinesAcross(document.operations, 4.85 + 3 * kLineHeight), 1);
+}
+
 TEST_F(ReportsTest, TheToggleKeepsItsCaptionOverAnotherTable) {
   AddHoles(3);
   AddSurvey("0", "1/4");

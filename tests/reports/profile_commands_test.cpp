@@ -22,7 +22,7 @@ struct ProfileCommandsTest : ::testing::Test {
       return true;
     };
   }
-  void ExpectButtons() {
+  void ExpectButtons() const {
     EXPECT_TRUE(program.profile.btnPrintProfile.visible);
     EXPECT_TRUE(program.profile.btnBack.visible);
     EXPECT_TRUE(program.profile.btnExportPicture.visible);
