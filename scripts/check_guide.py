@@ -53,6 +53,7 @@ VALUES = {
     "src/search/survey_diagnosis.cpp": {"kColumnNames[static_cast<std::size_t>(column)]"},
     "src/shell/csv_export.cpp": {"path", "std::generic_category().message(error)"},
     "src/shell/events.cpp": {"what"},
+    "src/shell/help.cpp": {"fault.what()"},
 }
 # Members of tables: the file and the table whose texts they are, and which text of each row it is.
 TABLES = {

@@ -6,6 +6,7 @@
 #include "engine/flow_calc.h"
 #include "record/design_record.h"
 #include "screen/crown_profile_screen.h"
+#include "screen/help_screen.h"
 #include "screen/host.h"
 #include "screen/main_screen.h"
 #include "screen/splash_screen.h"
@@ -25,6 +26,7 @@ struct Program {
   SoilsScreen soils;
   CrownProfileScreen profile;
   SplashScreen splash;
+  HelpScreen help;
   Host& host;
 };
 

@@ -18,6 +18,7 @@
 #include "shell/about.h"
 #include "shell/csv_export.h"
 #include "shell/events.h"
+#include "shell/help.h"
 #include "shell/splash.h"
 #include "shell/start_up.h"
 #include "shell/tool_bar.h"
@@ -112,6 +113,8 @@ constexpr Command kCommands[] = {
     {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
     {"mnuWindowInfo", mnuWindowInfo_Click},
     {"mnuProfile", mnuProfile_Click},
+    {"mnuHelpContents", mnuHelpContents_Click},
+    {"mnuHelpScreen", mnuHelpScreen_Click},
     {"mnuHelpAbout", mnuHelpAbout_Click},
     {"btnPrintProfile", btnPrintProfile_Click},
     {"btnExportPicture", btnExportPicture_Click},

@@ -15,6 +15,7 @@
 
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/help.h"
 #include "shell/qt/keys.h"
 #include "shell/start_up.h"
 
@@ -57,6 +58,8 @@ MainWindow::MainWindow(Program& program)
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
   profile_ = new ProfileWindow(
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
+  help_ = std::make_unique<HelpWindow>(
+      program_, [this](const std::function<void()>& work) { Run(work); }, *this);
   MakeControls();
   NameFields();
   NameGridsAndLists();
@@ -97,6 +100,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   DrawBusy();
   soils_->Sync();
   profile_->Sync();
+  help_->Sync();
   event->accept();
 }
 
@@ -123,6 +127,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   const std::string name = watched->objectName().toStdString();
   switch (event->type()) {
     case QEvent::KeyPress:
+      if (HelpOnMenu(watched, static_cast<QKeyEvent&>(*event))) return true;
       if (FindField(program_, name) != nullptr) return FieldKeyPressed(name, static_cast<QKeyEvent&>(*event));
       break;
     case QEvent::ContextMenu:
@@ -156,6 +161,17 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
   }
   return QMainWindow::eventFilter(watched, event);
+}
+
+// F1 on an entry of an open menu tells what the entry does. No shortcut works while a menu is open.
+bool MainWindow::HelpOnMenu(QObject* watched, const QKeyEvent& event) {
+  const auto* menu = qobject_cast<QMenu*>(watched);
+  if (menu == nullptr || event.key() != Qt::Key_F1) return false;
+  const QAction* entry = menu->activeAction() != nullptr ? menu->activeAction() : menu->menuAction();
+  const std::string name = entry->objectName().toStdString();
+  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  Run([&] { OpenHelp(program_, HelpPlaceFor(program_, name)); });
+  return true;
 }
 
 // True where the key goes no further.

@@ -15,6 +15,7 @@
 #include "screen/program.h"
 #include "shell/qt/control_view.h"
 #include "shell/qt/grid_view.h"
+#include "shell/qt/help_window.h"
 #include "shell/qt/menu_view.h"
 #include "shell/qt/profile_window.h"
 #include "shell/qt/soils_window.h"
@@ -72,6 +73,7 @@ class MainWindow final : public QMainWindow {
   void WidgetEntered(const std::string& name, Qt::FocusReason reason);
   void WidgetLeft(const std::string& name, Qt::FocusReason reason);
   void StepZoom(int steps);
+  bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
   void MousePressed(const QObject* on, const QMouseEvent& event);
   void MouseReleased(const QMouseEvent& event);
 
@@ -91,6 +93,7 @@ class MainWindow final : public QMainWindow {
   QShortcut* cancel_key_ = nullptr;
   SoilsWindow* soils_ = nullptr;
   ProfileWindow* profile_ = nullptr;
+  std::unique_ptr<HelpWindow> help_;
   std::vector<ControlView> controls_;
   std::unique_ptr<MenuView> menus_;
   std::unique_ptr<ToolBarView> tools_;

@@ -3,6 +3,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <algorithm>
 #include <array>
@@ -161,6 +163,7 @@ void MainWindow::Watch() {
   canvas_->installEventFilter(this);
   area_->viewport()->installEventFilter(this);
   for (QWidget* widget : canvas_->findChildren<QWidget*>()) widget->installEventFilter(this);
+  for (QMenu* menu : menuBar()->findChildren<QMenu*>()) menu->installEventFilter(this);
 }
 
 }  // namespace torvale

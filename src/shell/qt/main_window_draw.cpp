@@ -44,6 +44,7 @@ void MainWindow::Sync() {
   tools_->Draw(Scale(program_.main.zoom));
   soils_->Sync();
   profile_->Sync();
+  help_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
   if (const QString text = ToQt(program_.main.sbStatusBar.caption); status_->text() != text) status_->setText(text);
   cancel_key_->setEnabled(ReachOf(program_, "cmdCancel") == Reach::kUsable);

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "shell/commands.h"
+#include "shell/help.h"
 #include "shell/qt/control_view.h"
 
 namespace torvale {
@@ -52,6 +53,9 @@ ProfileWindow::ProfileWindow(Program& program, Run run, QWidget* parent)
   for (const Button& button : buttons_) buttons->addWidget(button.button);
   auto* back = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(back, &QShortcut::activated, this, [this] { Click("btnBack"); });
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  connect(help, &QShortcut::activated, this,
+          [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, "CrownProfile")); }); });
 }
 
 void ProfileWindow::MakeControls() {

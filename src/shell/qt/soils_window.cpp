@@ -2,10 +2,12 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QShortcut>
 #include <utility>
 
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/help.h"
 
 namespace torvale {
 namespace {
@@ -35,6 +37,9 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
     run_([&] { GridPoint(program_, kSoilsGrid, row, column, extend); });
   };
   grid_->Connect(std::move(events));
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  connect(help, &QShortcut::activated, this,
+          [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, kSoilsGrid)); }); });
 }
 
 void SoilsWindow::RunClick(const std::string& name) {

@@ -1,0 +1,156 @@
+#include "shell/help.h"
+
+#include <array>
+#include <utility>
+
+#include "files/file_fault.h"
+#include "files/file_store.h"
+#include "shell/help_pages.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kContents = "contents";
+constexpr std::string_view kFirstDesign = "first-design";
+constexpr std::string_view kResults = "results";
+constexpr std::string_view kPreferences = "preferences";
+constexpr std::string_view kHoleSelection = "hole-selection";
+
+// The first row whose name the control's name begins with tells the place.
+struct Topic {
+  std::string_view name;
+  std::string_view place;
+};
+
+constexpr Topic kTopics[] = {
+    {"txtInfo(0)", "field-name"},
+    {"txtInfo(1)", "field-date"},
+    {"txtInfo(2)", "field-gpm"},
+    {"txtInfo(3)", "field-head"},
+    {"txtInfo(4)", "field-location"},
+    {"txtInfo(5)", "field-rod"},
+    {"Grid2", kResults},
+    {"GridInchesApplied", "applied-water"},
+    {"frameShowLimitedHoles", "hole-summary"},
+    {"listSoils", "soils"},
+    {"Grd_Soils_FurrowFlow", "soils"},
+    {"CrownProfile", "profile"},
+    {"cmdInterpolate", "survey"},
+    {"cmdReCalc", kResults},
+    {"cmdDesignToggle", kResults},
+    {"cmdCancel", "design-types"},
+    {"txtDefault", kPreferences},
+    {"btnDefaultExit", kPreferences},
+    {"listAllHoles", kHoleSelection},
+    {"listHolesSelected", kHoleSelection},
+    {"cmdADDtoSelected", kHoleSelection},
+    {"cmdremoveSelected", kHoleSelection},
+    {"Command1", kHoleSelection},
+    {"cmdExitHoleSelect", kHoleSelection},
+    {"mnuPrint", "printing"},
+    {"mnuPrtHoleSummary", "printing"},
+    {"mnuPreview", "printing"},
+    {"mnuExport", "printing"},
+    {"mnuFile", "files"},
+    {"mnuEdit", "clipboard"},
+    {"mnuSurveyCopy", "clipboard"},
+    {"mnuInsertRow", "keys"},
+    {"mnuDeleteRow", "keys"},
+    {"mnuSoils_and_Furrow", "soils"},
+    {"mnuManHoleSelection", kHoleSelection},
+    {"mnuDesign", "design-types"},
+    {"mnuExistingDesign", "design-types"},
+    {"mnuComputerHoleSelection", "design-types"},
+    {"mnuTypeOfPipe", "pipe"},
+    {"mnuLayflatPipe", "pipe"},
+    {"mnuRigidPipe", "pipe"},
+    {"mnuView", "keys"},
+    {"mnuZoom", "keys"},
+    {"mnuWindowInfo", "survey"},
+    {"mnuPreference", kPreferences},
+    {"mnuProfile", "profile"},
+    {"mnuHelp", kContents},
+};
+
+// The survey sheet, column by column.
+constexpr std::array<std::string_view, 9> kColumnPlaces = {"col-station", "col-reading",  "col-length",
+                                                           "col-spacing", "col-diameter", "col-hole",
+                                                           "col-holes",   "col-mil",      "col-planted"};
+
+std::string_view NamedPlace(std::string_view control) {
+  for (const Topic& row : kTopics) {
+    if (control.starts_with(row.name)) return row.place;
+  }
+  return "";
+}
+
+bool IsOnMainScreen(Program& program, std::string_view control) {
+  for (const NamedControl& named : ControlsOf(program.main)) {
+    if (named.name == control) return named.kind != ControlKind::kMenu;
+  }
+  return control.empty();
+}
+
+// A panel lies over the screen while it is open.
+std::string_view OpenPanel(const MainScreen& main) {
+  if (main.Frame1.visible) return kPreferences;
+  return main.frameHoleSelection.visible ? kHoleSelection : std::string_view();
+}
+
+}  // namespace
+
+std::string_view HelpPlaceFor(Program& program, std::string_view control) {
+  const MainScreen& main = program.main;
+  const std::string_view named = NamedPlace(control);
+  if (IsOnMainScreen(program, control)) {
+    const std::string_view panel = OpenPanel(main);
+    if (!panel.empty() && named != kPreferences && named != kHoleSelection) return panel;
+    if (control == "Grid1" && !main.Grid2.control.visible) {
+      return kColumnPlaces.at(static_cast<std::size_t>(main.Grid1.column));
+    }
+  }
+  if (!named.empty()) return named;
+  return main.Grid2.control.visible ? kResults : kFirstDesign;
+}
+
+std::vector<std::string_view> HelpPlaces() {
+  std::vector<std::string_view> places = {kContents, kFirstDesign, kResults};
+  for (const Topic& row : kTopics) places.push_back(row.place);
+  places.insert(places.end(), kColumnPlaces.begin(), kColumnPlaces.end());
+  return places;
+}
+
+void OpenHelp(Program& program, std::string_view place) {
+  HelpScreen& help = program.help;
+  try {
+    std::vector<HelpPage> pages = ReadHelpPages(ReadBytes(program.host.ProgramFolder() + "/" + std::string(kHelpFile)));
+    if (pages != help.pages) {
+      help.pages = std::move(pages);
+      ++help.revision;
+    }
+  } catch (const FileFault&) {
+    program.host.Message("The help File is missing.", "");
+    return;
+  } catch (const HelpFault& fault) {
+    program.host.Message("The help File is damaged: " + std::string(fault.what()) + ".", "");
+    return;
+  }
+  help.folder = program.host.ProgramFolder();
+  help.place = place;
+  ++help.times_asked;
+  help.frmHelp.visible = true;
+}
+
+void CloseHelp(Program& program) {
+  program.help.frmHelp.visible = false;
+}
+
+void mnuHelpContents_Click(Program& program) {
+  OpenHelp(program, kContents);
+}
+
+void mnuHelpScreen_Click(Program& program) {
+  OpenHelp(program, HelpPlaceFor(program, program.main.focus));
+}
+
+}  // namespace torvale

@@ -1,0 +1,192 @@
+#include "shell/help_pages.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kPageStart = "<section";
+constexpr std::string_view kPageEnd = "</section>";
+
+// What an attribute of a tag says; nothing where the tag doesn't have it.
+std::optional<std::string_view> Attribute(std::string_view tag, std::string_view name) {
+  const std::string opening = " " + std::string(name) + "=\"";
+  const std::size_t at = tag.find(opening);
+  if (at == std::string_view::npos) return std::nullopt;
+  tag.remove_prefix(at + opening.size());
+  const std::size_t end = tag.find('"');
+  return end == std::string_view::npos ? std::nullopt : std::optional(tag.substr(0, end));
+}
+
+struct Entity {
+  std::string_view name;
+  std::string_view character;
+};
+
+constexpr std::array<Entity, 5> kEntities = {{
+    {"&lt;", "<"},
+    {"&gt;", ">"},
+    {"&quot;", "\""},
+    {"&nbsp;", " "},
+    {"&amp;", "&"},
+}};
+
+// Tags within a word; all others set words apart.
+bool IsInline(std::string_view tag) {
+  constexpr std::array<std::string_view, 6> kInline = {"b", "i", "a", "sub", "sup", "code"};
+  if (tag.starts_with('/')) tag.remove_prefix(1);
+  const std::string_view name = tag.substr(0, tag.find_first_of(" >"));
+  return std::find(kInline.begin(), kInline.end(), name) != kInline.end();
+}
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\n' || c == '\r' || c == '\t';
+}
+
+// Builds a plain text in which words are set apart by one blank.
+class PlainText {
+ public:
+  void Add(char c) {
+    if (!IsBlank(c)) {
+      text_ += c;
+    } else if (!text_.empty() && text_.back() != ' ') {
+      text_ += ' ';
+    }
+  }
+  std::string Take() {
+    if (text_.ends_with(' ')) text_.pop_back();
+    return std::move(text_);
+  }
+
+ private:
+  std::string text_;
+};
+
+std::string TextOf(std::string_view html) {
+  PlainText text;
+  while (!html.empty()) {
+    const std::size_t end = html.front() == '<' ? html.find('>') : std::string_view::npos;
+    if (end != std::string_view::npos) {
+      if (!IsInline(html.substr(1, end - 1))) text.Add(' ');
+      html.remove_prefix(end + 1);
+      continue;
+    }
+    const auto* const entity =
+        std::find_if(kEntities.begin(), kEntities.end(), [&](const Entity& e) { return html.starts_with(e.name); });
+    text.Add(entity == kEntities.end() ? html.front() : entity->character.front());
+    html.remove_prefix(entity == kEntities.end() ? 1 : entity->name.size());
+  }
+  return text.Take();
+}
+
+std::string TitleOf(std::string_view html) {
+  const std::size_t start = html.find("<h1");
+  const std::size_t end = html.find("</h1>", start);
+  return end == std::string_view::npos ? "" : TextOf(html.substr(start, end - start));
+}
+
+HelpPage ReadPage(std::string_view tag, std::string_view html) {
+  HelpPage page;
+  page.id = Attribute(tag, "id").value_or("");
+  if (page.id.empty()) throw HelpFault("a page has no id");
+  page.group = TextOf(Attribute(tag, "data-group").value_or(""));
+  page.html = html;
+  page.title = TitleOf(html);
+  if (page.title.empty()) throw HelpFault("the page " + page.id + " has no title");
+  page.text = TextOf(html);
+  return page;
+}
+
+// Letters beyond ASCII are compared as they are.
+std::string Small(std::string_view text) {
+  std::string small(text);
+  for (char& c : small) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return small;
+}
+
+std::vector<std::string> WordsOf(std::string_view text) {
+  std::vector<std::string> words(1);
+  for (const char c : Small(text)) {
+    if (!IsBlank(c)) {
+      words.back() += c;
+    } else if (!words.back().empty()) {
+      words.emplace_back();
+    }
+  }
+  if (words.back().empty()) words.pop_back();
+  return words;
+}
+
+std::ptrdiff_t CountIn(const std::string& text, const std::vector<std::string>& words) {
+  return std::count_if(words.begin(), words.end(), [&](const std::string& w) { return text.find(w) != text.npos; });
+}
+
+// The stretch around `at` from the start of a word to the end of one.
+std::string Excerpt(const std::string& text, std::size_t at) {
+  constexpr std::size_t kAhead = 30;
+  constexpr std::size_t kLength = 90;
+  std::size_t start = 0;
+  if (at > kAhead) start = std::min(text.find(' ', at - kAhead), at - 1) + 1;
+  const std::size_t end = text.find(' ', start + kLength);
+  return (start > 0 ? "... " : "") + text.substr(start, end - start) + (end == std::string::npos ? "" : " ...");
+}
+
+}  // namespace
+
+std::vector<HelpPage> ReadHelpPages(std::string_view file) {
+  std::vector<HelpPage> pages;
+  for (std::size_t at = file.find(kPageStart); at != std::string_view::npos; at = file.find(kPageStart, at)) {
+    const std::size_t tag_end = file.find('>', at);
+    const std::size_t end = file.find(kPageEnd, at);
+    if (tag_end == std::string_view::npos || end == std::string_view::npos || end < tag_end) {
+      throw HelpFault("a page does not end");
+    }
+    HelpPage page = ReadPage(file.substr(at, tag_end - at), file.substr(tag_end + 1, end - tag_end - 1));
+    const auto same = [&](const HelpPage& other) { return other.id == page.id; };
+    if (std::any_of(pages.begin(), pages.end(), same)) throw HelpFault("the page " + page.id + " stands twice");
+    pages.push_back(std::move(page));
+    at = end;
+  }
+  if (pages.empty()) throw HelpFault("it holds no pages");
+  return pages;
+}
+
+const HelpPage* PageAt(const std::vector<HelpPage>& pages, std::string_view place) {
+  if (place.empty()) return nullptr;
+  for (const HelpPage& page : pages) {
+    if (page.id == place) return &page;
+  }
+  const std::string anchor = " id=\"" + std::string(place) + "\"";
+  for (const HelpPage& page : pages) {
+    if (page.html.find(anchor) != std::string::npos) return &page;
+  }
+  return nullptr;
+}
+
+std::vector<HelpHit> SearchHelp(const std::vector<HelpPage>& pages, std::string_view words) {
+  struct Found {
+    HelpHit hit;
+    std::ptrdiff_t in_title;
+  };
+  const std::vector<std::string> wanted = WordsOf(words);
+  std::vector<Found> found;
+  if (wanted.empty()) return {};
+  for (const HelpPage& page : pages) {
+    const std::string small = Small(page.text);
+    if (CountIn(small, wanted) < static_cast<std::ptrdiff_t>(wanted.size())) continue;
+    // The title opens the text; a hit behind it says more.
+    const std::size_t behind = small.find(wanted.front(), page.title.size());
+    const std::size_t at = behind == std::string::npos ? small.find(wanted.front()) : behind;
+    found.push_back({{&page, Excerpt(page.text, at)}, CountIn(Small(page.title), wanted)});
+  }
+  std::stable_sort(found.begin(), found.end(), [](const Found& a, const Found& b) { return a.in_title > b.in_title; });
+  std::vector<HelpHit> hits;
+  for (Found& one : found) hits.push_back(std::move(one.hit));
+  return hits;
+}
+
+}  // namespace torvale

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/help_screen.h"
+
+namespace torvale {
+
+// A file that is no help file; `what` tells why in a few words.
+struct HelpFault : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// The pages of a help file: each a <section id="..." data-group="..."> with its title as <h1>. Throws HelpFault where
+// there are none, or one lacks an id, a title or its end, or has the id of another.
+std::vector<HelpPage> ReadHelpPages(std::string_view file);
+
+// The page of that id, or the one on which that anchor (`id="..."`) stands; nullptr where there is none.
+const HelpPage* PageAt(const std::vector<HelpPage>& pages, std::string_view place);
+
+// A page that was found, and a stretch of its text around the first word that was looked for.
+struct HelpHit {
+  const HelpPage* page;
+  std::string excerpt;
+};
+
+// The pages that hold all of the words, in large or small letters alike; a word may stand inside another. Pages with
+// more of the words in their titles come first, else the order is that of the contents. No words find nothing.
+std::vector<HelpHit> SearchHelp(const std::vector<HelpPage>& pages, std::string_view words);
+
+}  // namespace torvale

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QStackedWidget>
+#include <QTextBrowser>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// The guide in a window of its own: contents or what a search found on the left, the page on the right. It shows the
+// pages and the place of `Program::help`; which page the reader has turned to since is its own affair.
+class HelpWindow final : public QWidget {
+ public:
+  // What closes the window is worked on inside `run`, which brings all windows up to date afterwards.
+  using Run = std::function<void(const std::function<void()>&)>;
+  // The window opens over the middle of `beside`.
+  HelpWindow(Program& program, Run run, const QWidget& beside);
+
+  // Applies what changed in the structure since the last call.
+  void Sync();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Visit {
+    QString place;
+    int scrolled = 0;  // where the page stood when the reader left it
+  };
+
+  void Build();
+  QWidget* BuildBar();
+  void MakeShortcuts();
+  void Close();
+  void Resize();
+
+  void FillContents();
+  void GoTo(const QString& place);
+  void Step(int steps);
+  void ShowVisit();
+  void MarkInContents(const std::string& id);
+  void Search();
+  void FindNext(QTextDocument::FindFlags flags);
+  void SetLetters(int pixels);
+
+  Program& program_;
+  Run run_;
+  const QWidget& beside_;
+  QToolButton* back_ = nullptr;
+  QToolButton* forward_ = nullptr;
+  QLineEdit* search_ = nullptr;
+  QStackedWidget* side_ = nullptr;
+  QTreeWidget* contents_ = nullptr;
+  QListWidget* found_ = nullptr;
+  QTextBrowser* page_ = nullptr;
+  std::vector<Visit> visits_;
+  std::size_t at_ = 0;
+  std::string shown_page_;
+  std::uint64_t drawn_revision_ = 0;
+  std::uint64_t drawn_times_ = 0;
+  int drawn_zoom_ = 0;
+  int letters_ = 0;  // pixels
+};
+
+}  // namespace torvale
