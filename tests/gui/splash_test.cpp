@@ -102,8 +102,15 @@ TEST_F(SplashTest, DrawsItsPictures) {
 class AboutBoxTest : public WindowTest {};
 
 TEST_F(AboutBoxTest, ShowsItsLinesOneBelowTheOther) {
+  int lines_shown = 0;
+  QTimer::singleShot(0, qApp, [&lines_shown] {
+    const auto* label = QApplication::activeModalWidget()->findChild<QLabel*>("qt_msgbox_label");
+    ASSERT_NE(label, nullptr);
+    lines_shown = label->height() / label->fontMetrics().lineSpacing();
+  });
   AnswerNextBox(QMessageBox::Ok);
   Choose("mnuHelpAbout");
+  EXPECT_EQ(lines_shown, 9) << "a line is broken";
   const QStringList lines = QString::fromStdString(box_text_).split('\n');
   ASSERT_EQ(lines.size(), 9);
   EXPECT_EQ(lines[1], "Revised January 2012");

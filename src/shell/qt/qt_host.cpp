@@ -5,8 +5,11 @@
 #include <QDate>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 
 #include "files/file_commands.h"
 #include "screen/main_screen.h"
@@ -28,10 +31,22 @@ QString LinesOf(std::string_view body) {
   return ToQt(body).replace("\r\n", "\n").replace('\r', '\n');
 }
 
+// A box breaks long lines early. A text that is set in lines keeps them, as far as the display is wide enough.
+void KeepLines(const QMessageBox& box) {
+  auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+  if (label == nullptr || !box.text().contains('\n')) return;
+  int widest = 0;
+  for (const QString& line : box.text().split('\n')) {
+    widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+  }
+  label->setMinimumWidth(std::min(widest + 1, box.screen()->availableSize().width() * 2 / 3));
+}
+
 QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
                                  QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), LinesOf(body), buttons, window);
   box.setTextFormat(Qt::PlainText);
+  KeepLines(box);
   const ArrowPointer plain;
   const int answer = box.exec();
   // Not every desktop gives the keyboard back by itself.
