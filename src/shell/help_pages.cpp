@@ -185,6 +185,7 @@ std::vector<HelpHit> SearchHelp(const std::vector<HelpPage>& pages, std::string_
   }
   std::stable_sort(found.begin(), found.end(), [](const Found& a, const Found& b) { return a.in_title > b.in_title; });
   std::vector<HelpHit> hits;
+  hits.reserve(found.size());
   for (Found& one : found) hits.push_back(std::move(one.hit));
   return hits;
 }
