@@ -19,8 +19,8 @@ Grid Sheet(const std::vector<bool>& holes) {
   grid.Resize(kRows, kColumns);
   for (int row = 0; row < kRows; ++row) {
     for (int column = 0; column < kColumns; ++column) {
-      const auto place = static_cast<std::size_t>(row * kColumns + column);
-      if (place < holes.size() && holes[place]) continue;
+      const int place = row * kColumns + column;
+      if (place < static_cast<int>(holes.size()) && holes[static_cast<std::size_t>(place)]) continue;
       grid.Set(row, column, std::to_string(row) + "," + std::to_string(column));
     }
   }

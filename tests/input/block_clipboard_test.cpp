@@ -22,8 +22,8 @@ struct BlockClipboardTest : ::testing::Test, InputProgram {
     record.GridClipboard.Clear();
     CopyBlock(record, sheet());
   }
-  const std::string& Clip(int row, int column) { return record.GridClipboard.Text(row, column); }
-  int FilledCells() {
+  const std::string& Clip(int row, int column) const { return record.GridClipboard.Text(row, column); }
+  int FilledCells() const {
     int count = 0;
     for (int row = 0; row < record.GridClipboard.rows(); ++row) {
       for (int column = 0; column < record.GridClipboard.columns(); ++column)
@@ -31,7 +31,7 @@ struct BlockClipboardTest : ::testing::Test, InputProgram {
     }
     return count;
   }
-  void ExpectNoted(int row, int column) {
+  void ExpectNoted(int row, int column) const {
     EXPECT_EQ(record.PasteRow1, row);
     EXPECT_EQ(record.PasteCol1, column);
   }

@@ -29,7 +29,7 @@ struct EditCommandsTest : ::testing::Test, InputProgram {
     main.Grid2.Set(2, 4, "1.95");
     MoveFocus(program, "Grid2");
   }
-  const std::string& Clip(int row, int column) { return record.GridClipboard.Text(row, column); }
+  const std::string& Clip(int row, int column) const { return record.GridClipboard.Text(row, column); }
 
   DesignRecord& record = program.record;
   MainScreen& main = program.main;
