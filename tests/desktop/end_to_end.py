@@ -137,7 +137,7 @@ def choose_holes(desk):
 def export(desk, index, path):
     desk.keys("alt+f")
     desk.find("menu item", "Export as PDF")
-    desk.keys("t")
+    desk.keys("e")
     desk.find("menu item", f"{REPORTS[index]}...")
     desk.keys(*["Down"] * index, "Return")
     dialog = desk.find("dialog", "")
