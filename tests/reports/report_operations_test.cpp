@@ -52,7 +52,7 @@ struct OneHole : SmallLine {
     record.Uniformity = 93.2F;
     record.DisplayFileName = "north.PFD";
     const char* const info[] = {"North", "1/2/2030", "1000", "2.0", "Section 7", "E"};
-    for (int i = 0; i < 6; ++i) main.txtInfo[i].Set(info[i]);
+    for (std::size_t i = 0; i < std::size(info); ++i) main.txtInfo[i].Set(info[i]);
     main.lblRecFurrowFlow.caption = "Recommended flow 9";
   }
 };
