@@ -1,6 +1,8 @@
 #include "input/info_fields.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
 
 #include "base/arithmetic.h"
@@ -94,11 +96,13 @@ struct Hint {
   std::string_view text;
 };
 
+constexpr std::string_view kResultsHint = "Results. Drag over rows to see their acres";
+
 constexpr Hint kHints[] = {
     {"txtInfo(0)", "Name of the design"},
     {"txtInfo(1)", "Date of the design"},
     {"txtInfo(2)", "Pumped flow, gallons per minute"},
-    {"txtInfo(3)", "Target head at the head of the line, feet"},
+    {"txtInfo(3)", "Target head, feet, to compare the highest head with; in a hole selection the head at the far end"},
     {"txtInfo(4)", "Where the field lies"},
     {"txtInfo(5)", "R: the survey gives rod readings; E: it gives elevations"},
     {"txtDefault(0)", "Distance between stations of the survey, feet"},
@@ -117,8 +121,21 @@ constexpr Hint kHints[] = {
     {"txtDefault(13)", "Highest target head of a limited hole selection, feet, at least 0.5"},
     {"txtDefault(14)", "Step of the head in a limited hole selection, feet"},
     {"txtDefault(15)", "Kind of file that the open dialog begins with"},
-    {"Grid2", "Results. Drag over rows to see their acres"},
+    {"listAllHoles", "Hole sizes that can be had. Double-click one to add it to the selected holes"},
+    {"listHolesSelected",
+     "The design takes its holes from these. Double-click one to remove it; Exit starts the design"},
+    {"Grid2", kResultsHint},
+    {"cmdReCalc", kResultsHint},
+    {"cmdDesignToggle", kResultsHint},
 };
+
+// Whether a text tells what a field, a sheet or a column is for, and no news.
+bool IsHint(std::string_view text) {
+  for (int column = 0; column < kSurveyColumns; ++column) {
+    if (text == ColumnHint(column)) return true;
+  }
+  return std::any_of(std::begin(kHints), std::end(kHints), [&](const Hint& hint) { return hint.text == text; });
+}
 
 }  // namespace
 
@@ -174,6 +191,13 @@ void MoveFocus(Program& program, std::string_view control) {
   }
   const std::string_view hint = FocusHint(program, control);
   if (!hint.empty()) program.main.sbStatusBar.caption = hint;
+}
+
+void LeaveHiddenControl(Program& program) {
+  MainScreen& main = program.main;
+  if (main.focus.empty() || ReachOf(program, main.focus) != Reach::kHidden) return;
+  main.focus = main.Grid2.control.visible ? "Grid2" : "Grid1";
+  if (IsHint(main.sbStatusBar.caption)) main.sbStatusBar.caption = FocusHint(program, main.focus);
 }
 
 std::string_view FocusHint(const Program& program, std::string_view control) {

@@ -32,7 +32,12 @@ void mnuRigidPipe_Click(Program& program);
 // in a field that is left nothing stays selected. A control that the user can't reach leaves the focus where it is.
 void MoveFocus(Program& program, std::string_view control);
 
-// What a field or sheet is for, with its unit, for the status bar; nothing for other controls.
+// A control that is gone leaves the focus to the results where they are shown, or else to the survey sheet. Where the
+// status bar tells what something is for, it tells it of that grid then; news stay there.
+void LeaveHiddenControl(Program& program);
+
+// What a field, a sheet or a list of hole sizes is for, with its unit, for the status bar; nothing for other controls
+// but the two buttons of the results.
 std::string_view FocusHint(const Program& program, std::string_view control);
 
 }  // namespace torvale

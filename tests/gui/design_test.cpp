@@ -2,6 +2,7 @@
 #include <QScrollBar>
 
 #include "gui/window_test.h"
+#include "input/info_fields.h"
 
 namespace torvale {
 namespace {
@@ -29,6 +30,7 @@ TEST_F(DesignTest, APlannedDesignFromAnEmptySheetByKeyboard) {
   EXPECT_TRUE(Results().isVisible());
   EXPECT_FALSE(Sheet().isVisible());
   EXPECT_TRUE(Results().hasFocus());
+  EXPECT_EQ(Find<QLabel>("sbStatusBar").text(), "Results. Drag over rows to see their acres");
   EXPECT_EQ(window_->windowTitle(), "TORVALE   Planned Design");
   EXPECT_EQ(Find<QLabel>("lblActiveInactive").text(), "Active Design");
   // The march meets the flow within 0.0005 of it: 400 to the whole gallon.
@@ -48,7 +50,16 @@ TEST_F(DesignTest, APlannedDesignFromAnEmptySheetByKeyboard) {
   EXPECT_TRUE(Sheet().isVisible());
   EXPECT_FALSE(Results().isVisible());
   EXPECT_TRUE(Sheet().hasFocus());
+  EXPECT_EQ(Find<QLabel>("sbStatusBar").text().toStdString(), FocusHint(*program_, "Grid1"));
   EXPECT_EQ(Find<QLabel>("lblActiveInactive").text(), "Inactive Design");
+}
+
+TEST_F(DesignTest, ThePanelOfHoleSizesTellsWhatToDoInIt) {
+  TypeShortDesign();
+  Key(Sheet(), Qt::Key_F8, 1, Qt::ShiftModifier);
+  ASSERT_TRUE(Find<QWidget>("frameHoleSelection").isVisible());
+  EXPECT_EQ(Find<QLabel>("sbStatusBar").text(),
+            "Hole sizes that can be had. Double-click one to add it to the selected holes");
 }
 
 TEST_F(DesignTest, WhatIsMissingIsToldInABox) {

@@ -141,6 +141,44 @@ TEST_F(InfoFieldsTest, EveryFieldHasAHintOfItsOwn) {
   EXPECT_EQ(hints.size(), 22U);
 }
 
+TEST_F(InfoFieldsTest, AHiddenSheetLeavesTheFocusAndItsHintToTheResults) {
+  At(3, 8);
+  MoveFocus(program, "Grid1");
+  ASSERT_EQ(program.main.sbStatusBar.caption, ColumnHint(8));
+  LeaveHiddenControl(program);  // it is shown
+  EXPECT_EQ(program.main.focus, "Grid1");
+  EXPECT_EQ(program.main.sbStatusBar.caption, ColumnHint(8));
+  program.main.Grid1.control.visible = false;
+  program.main.Grid2.control.visible = true;
+  LeaveHiddenControl(program);
+  EXPECT_EQ(program.main.focus, "Grid2");
+  EXPECT_EQ(program.main.sbStatusBar.caption, "Results. Drag over rows to see their acres");
+}
+
+TEST_F(InfoFieldsTest, NewsOutliveTheControlThatIsLeft) {
+  MoveFocus(program, "Grid1");
+  program.main.sbStatusBar.caption = "Row 2: the mil is missing.";
+  program.main.Grid1.control.visible = false;
+  program.main.Grid2.control.visible = true;
+  LeaveHiddenControl(program);
+  EXPECT_EQ(program.main.focus, "Grid2");
+  EXPECT_EQ(program.main.sbStatusBar.caption, "Row 2: the mil is missing.");
+}
+
+TEST_F(InfoFieldsTest, AListOfHoleSizesTellsWhatItIsForUntilItsPanelCloses) {
+  MoveFocus(program, "txtInfo(2)");
+  program.main.frameHoleSelection.visible = true;
+  MoveFocus(program, "listAllHoles");
+  EXPECT_EQ(program.main.sbStatusBar.caption, FocusHint(program, "listAllHoles"));
+  EXPECT_NE(program.main.sbStatusBar.caption, FocusHint(program, "txtInfo(2)"));
+  MoveFocus(program, "cmdExitHoleSelect");
+  program.main.frameHoleSelection.visible = false;
+  At(1, 2);
+  LeaveHiddenControl(program);
+  EXPECT_EQ(program.main.focus, "Grid1");
+  EXPECT_EQ(program.main.sbStatusBar.caption, ColumnHint(2));
+}
+
 // Keys
 
 TEST_F(InfoFieldsTest, DownGoesToTheNextFieldAndStopsAtTheLast) {

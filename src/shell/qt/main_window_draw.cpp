@@ -5,6 +5,7 @@
 #include <QStatusBar>
 #include <algorithm>
 
+#include "input/info_fields.h"
 #include "shell/qt/main_window.h"
 
 namespace torvale {
@@ -46,6 +47,7 @@ void MainWindow::Sync() {
   profile_->Sync();
   help_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
+  LeaveHiddenControl(program_);
   if (const QString text = ToQt(program_.main.sbStatusBar.caption); status_->text() != text) status_->setText(text);
   cancel_key_->setEnabled(ReachOf(program_, "cmdCancel") == Reach::kUsable);
   DrawFocus();
@@ -89,12 +91,7 @@ void MainWindow::FitCanvas() {
 }
 
 void MainWindow::DrawFocus() {
-  MainScreen& main = program_.main;
-  // A control that is gone leaves the focus to the sheet or to the results over it.
-  if (!main.focus.empty() && ReachOf(program_, main.focus) == Reach::kHidden) {
-    main.focus = main.Grid2.control.visible ? "Grid2" : "Grid1";
-  }
-  ControlView* view = ViewOf(main.focus);
+  ControlView* view = ViewOf(program_.main.focus);
   const QWidget* now = focusWidget();
   const bool elsewhere = now != nullptr && !canvas_->isAncestorOf(now);
   if (view == nullptr || view->widget == now || elsewhere || !view->widget->isEnabled()) return;
