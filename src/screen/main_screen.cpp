@@ -199,7 +199,7 @@ constexpr Look kLooks[] = {
     {"Frame1", "Defaults", {10000, 700, 5400, 8600}, kAway, ""},
     {"btnDefaultExit", "&Exit", {1900, 8070, 1600, 400}, kShown, "Close the panel and keep these preferences"},
     {"frameHoleSelection", "", {2040, 360, 6400, 5600}, kAway, ""},
-    {"lblAllHoles", "Holes Selection", {120, 120, 1500, 255}, kShown, ""},
+    {"lblAllHoles", "Holes Selection", {120, 120, 1620, 255}, kShown, ""},
     {"listAllHoles", "", {120, 420, 1500, 4980}, kShown, "Hold Ctrl down to select more than one hole size at a time."},
     {"cmdADDtoSelected",
      "---> Add to Selected Holes --->",
