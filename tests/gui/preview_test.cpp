@@ -44,9 +44,9 @@ class PreviewTest : public WindowTest {
 // 51 holes: 35 rows on the first page of the Complete Design, the others on the second. The two other reports take one.
 TEST_F(PreviewTest, ShowsEveryPageAndClosesWithEscape) {
   const std::pair<const char*, int> reports[] = {{"mnuPreview(0)", 1}, {"mnuPreview(1)", 2}, {"mnuPreview(2)", 1}};
-  for (const auto& [entry, pages] : reports) {
-    Preview(entry, [&, count = pages](QPrintPreviewDialog& dialog) {
-      EXPECT_EQ(Pages(dialog).pageCount(), count) << entry;
+  for (const auto& report : reports) {
+    Preview(report.first, [&](QPrintPreviewDialog& dialog) {
+      EXPECT_EQ(Pages(dialog).pageCount(), report.second) << report.first;
       Key(dialog, Qt::Key_Escape);
     });
   }
