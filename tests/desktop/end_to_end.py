@@ -11,7 +11,7 @@ import re
 import subprocess
 import sys
 
-from desk import PATIENCE, Atspi, Desk, Trouble, cell, wait_for
+from desk import PATIENCE, SCREEN, Atspi, Desk, Trouble, cell, wait_for
 
 # Design type: the name and the caption of its menu entry.
 DESIGNS = {
@@ -172,12 +172,26 @@ def work_through(desk, design, awaited):
             raise Trouble(f"the paper of {REPORTS[index]} is not what the same work prints without a window: {paper(path)}")
 
 
+def magnify(desk):
+    """At 250 percent the window would be larger than the screen: its edges stay on it, under a title bar too."""
+    window = desk.find("frame", "TORVALE")
+    box = window.get_extents(Atspi.CoordType.SCREEN)
+    desk.keys(*["ctrl+equal"] * 6)
+
+    def stays():
+        now = window.get_extents(Atspi.CoordType.SCREEN)
+        return now.width > box.width and now.x + now.width <= SCREEN[0] and now.y + now.height <= SCREEN[1]
+
+    wait_for("the magnified window on the screen", stays, 10)
+
+
 def check_design(program, script_program, design, picture):
     awaited = expected(script_program, design)
     with Desk() as desk:
         desk.start(program)
         try:
             work_through(desk, design, awaited)
+            magnify(desk)
         finally:
             desk.picture(picture)
         desk.keys("alt+f", "x")

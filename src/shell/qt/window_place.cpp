@@ -45,10 +45,12 @@ QSize WindowPlace::WantedSize() const {
 
 QRect WindowPlace::Wanted() const {
   const QRect room = window_.screen()->availableGeometry();
+  const QSize frame = window_.frameSize() - window_.size();  // the title bar and the edges; none until it is shown
   const Place& place = screen_.window;
-  const QSize size = WantedSize().boundedTo(room.size());
-  const int left = std::clamp(Pixels(place.left, kNoZoom), room.left(), room.right() + 1 - size.width());
-  const int top = std::clamp(Pixels(place.top, kNoZoom), room.top(), room.bottom() + 1 - size.height());
+  const QSize size = WantedSize().boundedTo(room.size() - frame);
+  const QSize framed = size + frame;
+  const int left = std::clamp(Pixels(place.left, kNoZoom), room.left(), room.right() + 1 - framed.width());
+  const int top = std::clamp(Pixels(place.top, kNoZoom), room.top(), room.bottom() + 1 - framed.height());
   return {{left, top}, size};
 }
 
