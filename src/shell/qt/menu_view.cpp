@@ -27,7 +27,7 @@ void Prune(std::vector<NamedControl>& menus) {
 // The key of an entry that is no shortcut of the window stands behind a tab, where the menu shows shortcuts.
 QString CaptionOf(const std::string& name, const Control& control) {
   const MenuTrait trait = MenuTraitOf(name);
-  const QString caption = ToQt(control.caption);
+  QString caption = ToQt(control.caption);
   if (trait.owner == ShortcutOwner::kWindow) return caption;
   return caption + '\t' + QKeySequence(ToQt(trait.shortcut)).toString(QKeySequence::NativeText);
 }
