@@ -229,7 +229,7 @@ def handed_on(sources):
     """(file, line, expression or None, frame, position) of each place where a text goes to the user."""
     names = "|".join(CALLS)
     for file, text in sources.files.items():
-        if "QMessageBox::" in text and file != "src/shell/qt/qt_host.cpp":
+        if "QMessageBox::" in text and file != "src/qt/qt_host.cpp":
             yield file, 1, None, "", 0
         for match in re.finditer(r"\b(" + names + r")\(", text):
             arguments, _ = split_top(text[match.end() : closing(text, match.end() - 1)], ",")

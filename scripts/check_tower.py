@@ -5,7 +5,7 @@
   check_tower.py --self-test  builds small wrong trees and fails unless each is reported
 
 The folders and what each may include are the torvale_folder(NAME BELOW...) lines of CMakeLists.txt. A folder may include
-itself and everything below it. src/shell/qt stands on shell and is the only folder with toolkit headers. The drawing has
+itself and everything below it. src/qt stands on shell and is the only folder with toolkit headers. The drawing has
 a room for each folder, and an arrow from it to each folder that its line names.
 """
 
@@ -17,7 +17,7 @@ import tempfile
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 FOLDER = re.compile(r"^torvale_folder\(([^)]+)\)", re.MULTILINE)
-WINDOWS = "shell/qt"
+WINDOWS = "qt"
 WINDOWS_BELOW = "shell"
 # Headers of the standard library have neither capitals, nor a dot, nor a slash in their names. Toolkit and system
 # headers have one or the other.
@@ -144,20 +144,20 @@ def self_test():
         "base/a.h": "#include <vector>\n",
         "base/a.cpp": '#include "base/a.h"\n',
         "engine/e.h": '#include "base/a.h"\n',
-        "shell/qt/w.h": '#include <QWidget>\n#include "engine/e.h"\n',
+        "qt/w.h": '#include <QWidget>\n#include "engine/e.h"\n',
     }
-    names = ["shell/qt", "shell", "engine", "base"]
+    names = ["qt", "shell", "engine", "base"]
     arrows = [(45, 50, 99), (45, 150, 199), (45, 250, 299)]
     good_drawing = {"../docs/tower.svg": drawing(names, arrows)}
     cases = [
         ("the tree as it should be", {}, None),
-        ("a drawing that lacks an arrow", {"../docs/tower.svg": drawing(names, arrows[1:])}, "no arrow from shell/qt"),
+        ("a drawing that lacks an arrow", {"../docs/tower.svg": drawing(names, arrows[1:])}, "no arrow from qt"),
         ("a drawing with an arrow upwards", {"../docs/tower.svg": drawing(names, arrows + [(45, 200, 149)])}, "no line"),
         ("a drawing with an arrow to nowhere", {"../docs/tower.svg": drawing(names, arrows + [(45, 350, 399)])}, "no line"),
         ("a drawing that lacks a room", {"../docs/tower.svg": drawing(names[:3], arrows)}, "no room for base"),
         ("a drawing with a room too many", {"../docs/tower.svg": drawing(names + ["attic"], arrows)}, "attic is no"),
         ("an arrow that points up", {"base/b.cpp": '#include "engine/e.h"\n'}, "points up"),
-        ("an arrow from the shell to its windows", {"shell/s.cpp": '#include "shell/qt/w.h"\n'}, "points up"),
+        ("an arrow from the shell to its windows", {"shell/s.cpp": '#include "qt/w.h"\n'}, "points up"),
         ("an arrow that points up, with odd blanks", {"base/b.cpp": ' #  include   "engine/e.h"\n'}, "points up"),
         ("a toolkit header below", {"engine/f.cpp": "#include <QString>\n"}, "standard library"),
         ("a toolkit header in the plain shell", {"shell/s.cpp": "#include <QtCore/qglobal.h>\n"}, "standard library"),

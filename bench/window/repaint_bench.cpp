@@ -6,8 +6,8 @@
 #include <QPixmap>
 
 #include "../bench_line.h"
+#include "qt/main_window.h"
 #include "search/design_commands.h"
-#include "shell/qt/main_window.h"
 
 namespace torvale {
 namespace {

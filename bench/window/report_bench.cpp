@@ -6,10 +6,10 @@
 
 #include "../bench_line.h"
 #include "engine/flow_calc.h"
+#include "qt/qt_host.h"
 #include "reports/design_reports.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
-#include "shell/qt/qt_host.h"
 
 namespace torvale {
 namespace {

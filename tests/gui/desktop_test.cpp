@@ -1,9 +1,9 @@
 // What the window takes from the desktop: keys, pace of events, sizes.
 #include <gtest/gtest.h>
 
-#include "shell/qt/keys.h"
-#include "shell/qt/scale.h"
-#include "shell/qt/yield_pacer.h"
+#include "qt/keys.h"
+#include "qt/scale.h"
+#include "qt/yield_pacer.h"
 
 namespace torvale {
 namespace {

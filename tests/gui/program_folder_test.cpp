@@ -1,4 +1,4 @@
-#include "shell/qt/program_folder.h"
+#include "qt/program_folder.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <QElapsedTimer>
 
 #include "gui/window_test.h"
-#include "shell/qt/splash_window.h"
+#include "qt/splash_window.h"
 
 namespace torvale {
 namespace {

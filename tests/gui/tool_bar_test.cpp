@@ -5,8 +5,8 @@
 #include <QToolButton>
 
 #include "gui/window_test.h"
+#include "qt/vector_picture.h"
 #include "shell/commands.h"
-#include "shell/qt/vector_picture.h"
 
 namespace torvale {
 namespace {

@@ -18,9 +18,9 @@
 #include <functional>
 #include <memory>
 
-#include "shell/qt/grid_view.h"
-#include "shell/qt/main_window.h"
-#include "shell/qt/qt_host.h"
+#include "qt/grid_view.h"
+#include "qt/main_window.h"
+#include "qt/qt_host.h"
 #include "shell/start_up.h"
 
 namespace torvale {

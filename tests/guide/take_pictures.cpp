@@ -11,12 +11,12 @@
 #include <iostream>
 #include <sstream>
 
+#include "qt/main_window.h"
+#include "qt/qt_host.h"
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
 #include "script/runner.h"
 #include "script/statements.h"
-#include "shell/qt/main_window.h"
-#include "shell/qt/qt_host.h"
 
 namespace torvale {
 namespace {

@@ -1,0 +1,118 @@
+#include "qt/grid_painting.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "qt/fitted_text.h"
+#include "qt/scale.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kCursorWidth = 2;      // pixels
+constexpr int kSelectionAlpha = 90;  // of 255
+constexpr int kHeadingStretch = 87;  // percent: headings are set narrow
+constexpr int kHeadingMargin = 2;    // pixels
+
+bool Between(int value, int one, int other) {
+  return value >= std::min(one, other) && value <= std::max(one, other);
+}
+
+bool HasSelection(const Grid& grid) {
+  return grid.row != grid.row_sel || grid.column != grid.column_sel;
+}
+
+bool Selected(const Grid& grid, int row, int column) {
+  return HasSelection(grid) && Between(row, grid.row, grid.row_sel) && Between(column, grid.column, grid.column_sel);
+}
+
+int HeadingFlags(const Grid& grid, int column) {
+  const bool bottom = grid.AlignOf(0, column) == Align::kCentreBottom;
+  const Qt::Alignment align = Qt::AlignHCenter | (bottom ? Qt::AlignBottom : Qt::AlignVCenter);
+  return static_cast<int>(align) | Qt::TextWordWrap;
+}
+
+QRect Inside(const QRect& heading) {
+  return heading.adjusted(kHeadingMargin, kHeadingMargin, -kHeadingMargin, -kHeadingMargin);
+}
+
+QColor TextColour(const Grid& grid, int row, int column, const QPalette& palette) {
+  const auto fore = grid.Fore(row, column) ? grid.Fore(row, column) : grid.control.fore;
+  if (grid.Back(row, column)) return ToQt(fore.value_or(kBlack));
+  // Black on a cell without a colour of its own is the plain text colour, which a dark desktop turns light.
+  return fore && *fore != kBlack ? ToQt(*fore) : palette.color(QPalette::Text);
+}
+
+}  // namespace
+
+GridHeading::GridHeading(const Grid& grid, QWidget* parent) : QHeaderView(Qt::Horizontal, parent), grid_(grid) {
+  setSectionsClickable(false);
+  setSectionResizeMode(QHeaderView::Fixed);
+}
+
+void GridHeading::FitLetters(int pixels) {
+  letters_ = font();
+  letters_.setPixelSize(pixels);
+  letters_.setStretch(kHeadingStretch);
+  for (int c = 0; c < std::min(count(), grid_.column_count()); ++c) {
+    const QSize room = Inside(QRect(0, 0, sectionSize(c), height())).size();
+    letters_ = Fitting(letters_, room, HeadingFlags(grid_, c), ToQt(grid_.Text(0, c)));
+  }
+  viewport()->update();
+}
+
+QColor GridHeading::Back() const {
+  return grid_.fixed_back ? ToQt(*grid_.fixed_back) : palette().color(QPalette::Button);
+}
+
+void GridHeading::paintEvent(QPaintEvent* event) {
+  QPainter(viewport()).fillRect(viewport()->rect(), Back());
+  QHeaderView::paintEvent(event);
+}
+
+void GridHeading::paintSection(QPainter* painter, const QRect& rect, int section) const {
+  if (section >= grid_.column_count() || grid_.rows() == 0) return;
+  painter->save();
+  const QColor fore = grid_.fixed_fore ? ToQt(*grid_.fixed_fore) : palette().color(QPalette::ButtonText);
+  painter->fillRect(rect, Back());
+  QColor line = fore;
+  line.setAlpha(kSelectionAlpha);
+  painter->setPen(line);
+  painter->drawLine(rect.topRight(), rect.bottomRight());
+  painter->setPen(fore);
+  painter->setFont(letters_);
+  painter->drawText(Inside(rect), HeadingFlags(grid_, section), ToQt(grid_.Text(0, section)));
+  if (grid_.row == 0 && grid_.column == section) painter->drawRect(rect.adjusted(1, 1, -2, -2));
+  painter->restore();
+}
+
+void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const int row = index.row() + 1;
+  const int column = index.column();
+  if (row >= grid_.rows() || column >= grid_.column_count()) return;
+  painter->save();
+  const auto back = grid_.Back(row, column);
+  const QPalette& palette = option.palette;
+  painter->fillRect(option.rect,
+                    back ? ToQt(*back) : palette.color(row % 2 == 0 ? QPalette::AlternateBase : QPalette::Base));
+  QColor highlight = palette.color(QPalette::Highlight);
+  const bool worked_in = option.widget != nullptr && option.widget->focusPolicy() != Qt::NoFocus;
+  if (worked_in && row == grid_.row && column == grid_.column) {
+    painter->setPen(QPen(highlight, option.widget->hasFocus() ? kCursorWidth : 1));
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+  } else if (Selected(grid_, row, column) && back) {
+    // A tint would change the colour and leave the text less contrast.
+    painter->setPen(QPen(highlight, kCursorWidth));
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+  } else if (Selected(grid_, row, column)) {
+    highlight.setAlpha(kSelectionAlpha);
+    painter->fillRect(option.rect, highlight);
+  }
+  painter->setPen(TextColour(grid_, row, column, palette));
+  painter->setFont(option.font);
+  // A row holds one line: whatever the alignment, the text stands in the middle.
+  painter->drawText(option.rect, Qt::AlignCenter | Qt::TextSingleLine, ToQt(grid_.Text(row, column)));
+  painter->restore();
+}
+
+}  // namespace torvale

@@ -1,0 +1,169 @@
+#include "qt/grid_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "qt/grid_model.h"
+#include "qt/grid_painting.h"
+#include "qt/keys.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kRowHeight = 240;  // twips
+constexpr int kRowMargin = 4;    // pixels more than the letters need
+
+MouseButton ButtonOf(const QMouseEvent& event) {
+  const Qt::MouseButtons buttons = event.buttons() | event.button();
+  if (buttons.testFlag(Qt::LeftButton)) return MouseButton::kLeft;
+  return buttons.testFlag(Qt::RightButton) ? MouseButton::kRight : MouseButton::kNone;
+}
+
+}  // namespace
+
+GridView::GridView(const std::string& name, Grid& grid, QWidget* parent) : QTableView(parent), grid_(grid) {
+  setObjectName(ToQt(name));
+  model_ = new GridModel(name, grid_, this);
+  heading_ = new GridHeading(grid_, this);
+  setModel(model_);
+  setItemDelegate(new GridCell(grid_, this));
+  setHorizontalHeader(heading_);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(NoSelection);
+  setTabKeyNavigation(false);
+  setAutoScroll(false);
+  setVerticalScrollMode(ScrollPerItem);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setMouseTracking(true);
+  viewport()->setMouseTracking(true);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
+          [this](int value) { grid_.top_row = drawn_.top_row = value + 1; });
+}
+
+void GridView::LayOut() {
+  QFont letters = font();
+  letters.setPixelSize(std::max(1, scale_.Zoomed(kSheetTextPixels)));
+  setFont(letters);
+  const int room = height() - 2 * frameWidth();
+  const int text_height = QFontMetrics(letters).height();
+  int row_height = std::max(scale_.Pixels(kRowHeight), text_height + scale_.Zoomed(kRowMargin));
+  // A small grid that all but fits is shown whole.
+  if (room / std::max(1, grid_.rows()) >= text_height) row_height = std::min(row_height, room / grid_.rows());
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setDefaultSectionSize(row_height);
+  heading_->setMinimumSectionSize(1);
+  heading_->setFixedHeight(std::max(scale_.Pixels(grid_.heading_height), row_height));
+  const bool whole = heading_->height() + row_height * model_->rowCount() <= room;
+  setVerticalScrollBarPolicy(whole ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
+  SetColumnWidths(width() - 2 * frameWidth() - (whole ? 0 : verticalScrollBar()->sizeHint().width()));
+  heading_->FitLetters(letters.pixelSize());
+  updateGeometries();
+}
+
+// Edges are rounded on their own; the last column takes what is left, so that the columns fill the grid exactly.
+void GridView::SetColumnWidths(int room) {
+  int twips = 0;
+  int left = 0;
+  for (int c = 0; c < model_->columnCount(); ++c) {
+    twips += grid_.columns[static_cast<std::size_t>(c)].width;
+    const int right = c + 1 < model_->columnCount() ? scale_.Pixels(twips) : room;
+    setColumnWidth(c, std::max(1, right - left));
+    left = right;
+  }
+}
+
+bool GridView::Draw(const Scale& scale) {
+  bool relayout = laid_out_ != size() || drawn_.columns != grid_.columns;
+  if (drawn_.revision != grid_.revision()) {
+    drawn_.revision = grid_.revision();
+    const int columns = model_->columnCount();
+    model_->Refresh();
+    relayout = relayout || columns != model_->columnCount();
+    heading_->FitLetters(scale.Zoomed(kSheetTextPixels));
+  }
+  scale_ = scale;
+  if (relayout) {
+    drawn_.columns = grid_.columns;
+    laid_out_ = size();
+    LayOut();
+  }
+  const int wanted_top = grid_.top_row;
+  const bool scrolled = wanted_top != drawn_.top_row;
+  const bool moved = DrawCursor();
+  if (scrolled) {
+    verticalScrollBar()->setValue(wanted_top - 1);
+    grid_.top_row = drawn_.top_row = verticalScrollBar()->value() + 1;
+  }
+  return moved;
+}
+
+bool GridView::DrawCursor() {
+  if (drawn_.row == grid_.row && drawn_.column == grid_.column && drawn_.row_sel == grid_.row_sel &&
+      drawn_.column_sel == grid_.column_sel) {
+    return false;
+  }
+  drawn_.row = grid_.row;
+  drawn_.column = grid_.column;
+  drawn_.row_sel = grid_.row_sel;
+  drawn_.column_sel = grid_.column_sel;
+  setCurrentIndex(model_->index(grid_.row - 1, grid_.column));
+  const QModelIndex corner = model_->index(grid_.row_sel - 1, grid_.column_sel);
+  if (corner.isValid()) scrollTo(corner);
+  viewport()->update();
+  heading_->viewport()->update();
+  return true;
+}
+
+QRect GridView::CursorRect() const {
+  const QRect cell = visualRect(model_->index(grid_.row_sel - 1, grid_.column_sel));
+  return cell.isEmpty() ? cell : cell.translated(viewport()->pos());
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  std::string character;
+  const auto stroke = StrokeOf(*event, character);
+  if (stroke && events_.key) {
+    events_.key(*stroke);
+  } else {
+    event->ignore();
+  }
+}
+
+void GridView::Point(const QMouseEvent& event, bool extend) {
+  const QPoint at = event.position().toPoint();
+  if (grid_.rows() < 2 || grid_.column_count() == 0 || !events_.point) return;
+  // Dragging past an edge reaches the cells beyond it, which then scroll into view.
+  int row = rowAt(at.y());
+  if (row < 0) row = at.y() < 0 ? 0 : model_->rowCount() - 1;
+  int column = columnAt(at.x());
+  if (column < 0) column = at.x() < 0 ? 0 : model_->columnCount() - 1;
+  if (extend && row + 1 == grid_.row_sel && column == grid_.column_sel) return;
+  events_.point(row + 1, column, extend);
+}
+
+void GridView::Mouse(const QMouseEvent& event, MouseAction action) {
+  if (!events_.mouse) return;
+  const QPoint at = viewport()->mapTo(this, event.position().toPoint());
+  events_.mouse(action, ButtonOf(event), scale_.Twips(at.x()), scale_.Twips(at.y()));
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) Point(*event, event->modifiers().testFlag(Qt::ShiftModifier));
+  Mouse(*event, MouseAction::kDown);
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons().testFlag(Qt::LeftButton)) Point(*event, true);
+  Mouse(*event, MouseAction::kMove);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+  Mouse(*event, MouseAction::kUp);
+}
+
+}  // namespace torvale

@@ -1,0 +1,247 @@
+#include "qt/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QUrl>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+#include "qt/keys.h"
+#include "shell/commands.h"
+#include "shell/events.h"
+#include "shell/help.h"
+#include "shell/start_up.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kStatusMargin = 3;  // pixels
+
+// A focus that goes and comes back with the window, a menu or a list that drops down is not moved by the user.
+bool OnlyReturns(Qt::FocusReason reason) {
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Program& program)
+    : program_(program),
+      area_(new QScrollArea(this)),
+      canvas_(new QWidget),
+      status_(new QLabel(this)),
+      place_(*this, program.main, [this] { Guarded(program_, [this] { Form_Resize(program_); }); }) {
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setWidget(canvas_);
+  canvas_->setObjectName("canvas");
+  canvas_->setMouseTracking(true);
+  setCentralWidget(area_);
+  setAcceptDrops(true);
+  status_->setTextFormat(Qt::PlainText);
+  status_->setObjectName("sbStatusBar");
+  status_->setMargin(kStatusMargin);
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(status_, 1);
+  menus_ = std::make_unique<MenuView>(
+      ControlsOf(program_.main), *menuBar(), [this](const std::string& name) { RunClick(name); },
+      [this](const std::string& name) { Run([&] { MenuOpened(program_, name); }); });
+  tools_ = std::make_unique<ToolBarView>(program_, *addToolBar(QString()),
+                                         [this](const std::string& name) { RunClick(name); });
+  soils_ = new SoilsWindow(
+      program_, [this](const std::function<void()>& work) { Run(work); }, this);
+  profile_ = new ProfileWindow(
+      program_, [this](const std::function<void()>& work) { Run(work); }, this);
+  help_ = std::make_unique<HelpWindow>(
+      program_, [this](const std::function<void()>& work) { Run(work); }, *this);
+  MakeControls();
+  NameFields();
+  NameGridsAndLists();
+  MakeShortcuts();
+  Watch();
+  Sync();
+}
+
+// Whatever the user does comes through here: no fault gets out, and the window shows at once what came of it.
+void MainWindow::Run(const std::function<void()>& work) {
+  ++running_;
+  Guarded(program_, work);
+  --running_;
+  Sync();
+}
+
+void MainWindow::RunClick(const std::string& name) {
+  Run([&] { Click(program_, name); });
+}
+
+void MainWindow::OpenDesign(const QString& path) {
+  Run([&] { FileDropped(program_, path.toStdString()); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls.front().isLocalFile()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  OpenDesign(event->mimeData()->urls().front().toLocalFile());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  // A calculation that is still running finds itself cancelled and unwinds; the objects live until it has.
+  Guarded(program_, [this] { Form_Unload(program_); });
+  DrawBusy();
+  soils_->Sync();
+  profile_->Sync();
+  help_->Sync();
+  event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::WindowStateChange) place_.StateChanged();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow() && !activated_) {
+    activated_ = true;
+    Run([this] { Form_Activate(program_); });
+  }
+  QMainWindow::changeEvent(event);
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  place_.Moved();
+  QMainWindow::moveEvent(event);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  place_.Resized();
+  QMainWindow::resizeEvent(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  const std::string name = watched->objectName().toStdString();
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      if (HelpOnMenu(watched, static_cast<QKeyEvent&>(*event))) return true;
+      if (FindField(program_, name) != nullptr) return FieldKeyPressed(name, static_cast<QKeyEvent&>(*event));
+      break;
+    case QEvent::ContextMenu:
+      if (auto* edit = qobject_cast<QLineEdit*>(watched)) {
+        ShowFieldMenu(*edit, static_cast<QContextMenuEvent&>(*event).globalPos());
+        return true;
+      }
+      break;
+    case QEvent::FocusIn:
+      WidgetEntered(name, static_cast<QFocusEvent&>(*event).reason());
+      break;
+    case QEvent::FocusOut:
+      WidgetLeft(name, static_cast<QFocusEvent&>(*event).reason());
+      break;
+    case QEvent::MouseButtonPress:
+      MousePressed(watched, static_cast<QMouseEvent&>(*event));
+      break;
+    case QEvent::MouseButtonRelease:
+      MouseReleased(static_cast<QMouseEvent&>(*event));
+      break;
+    case QEvent::MouseMove:
+      if (watched == canvas_) Run([this] { BackgroundMouse(program_); });
+      break;
+    case QEvent::Wheel: {
+      const auto& wheel = static_cast<QWheelEvent&>(*event);
+      if (!wheel.modifiers().testFlag(Qt::ControlModifier) || wheel.angleDelta().y() == 0) break;
+      StepZoom(wheel.angleDelta().y() > 0 ? 1 : -1);
+      return true;
+    }
+    default:
+      break;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+// F1 on an entry of an open menu tells what the entry does. No shortcut works while a menu is open.
+bool MainWindow::HelpOnMenu(QObject* watched, const QKeyEvent& event) {
+  const auto* menu = qobject_cast<QMenu*>(watched);
+  if (menu == nullptr || event.key() != Qt::Key_F1) return false;
+  const QAction* entry = menu->activeAction() != nullptr ? menu->activeAction() : menu->menuAction();
+  const std::string name = entry->objectName().toStdString();
+  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  Run([&] { OpenHelp(program_, HelpPlaceFor(program_, name)); });
+  return true;
+}
+
+// True where the key goes no further.
+bool MainWindow::FieldKeyPressed(const std::string& name, const QKeyEvent& event) {
+  std::string character;
+  const auto stroke = StrokeOf(event, character);
+  if (!stroke) return false;
+  bool swallowed = false;
+  Run([&] { swallowed = FieldKey(program_, name, *stroke); });
+  return swallowed;
+}
+
+// The toolkit's own menu of a field would cut, copy and paste in its own way; this one has the entries of the Edit
+// menu.
+void MainWindow::ShowFieldMenu(QLineEdit& edit, const QPoint& at) {
+  auto* menu = new QMenu(&edit);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setFont(menuBar()->font());
+  menu->addAction("&Undo", &edit, &QLineEdit::undo)->setEnabled(edit.isUndoAvailable());
+  menu->addAction("&Redo", &edit, &QLineEdit::redo)->setEnabled(edit.isRedoAvailable());
+  menu->addSeparator();
+  for (const char* entry : {"mnuEditCut", "mnuEditCopy", "mnuEditPaste"}) {
+    menu->addAction(findChild<QAction*>(entry));
+  }
+  menu->addSeparator();
+  menu->addAction("Select &All", &edit, &QLineEdit::selectAll);
+  menu->popup(at);
+}
+
+void MainWindow::WidgetEntered(const std::string& name, Qt::FocusReason reason) {
+  if (syncing_ || OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
+  Run([&] { FocusGained(program_, name); });
+}
+
+// What comes of it is drawn when the next widget has the focus: drawing now would call it back.
+void MainWindow::WidgetLeft(const std::string& name, Qt::FocusReason reason) {
+  if (OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
+  FocusLost(program_, name);
+  stale_ = true;
+}
+
+// The panels take hold where they hold nothing else.
+void MainWindow::MousePressed(const QObject* on, const QMouseEvent& event) {
+  for (const std::string_view panel : kPanels) {
+    const ControlView* view = ViewOf(panel);
+    if (on != view->inside || event.button() != Qt::LeftButton) continue;
+    const Scale scale(program_.main.zoom);
+    const QPoint at = view->widget->mapFromGlobal(event.globalPosition().toPoint());
+    dragged_ = view->named.control;
+    Run([&] { GrabPanel(drag_, static_cast<float>(scale.Twips(at.x())), static_cast<float>(scale.Twips(at.y()))); });
+  }
+}
+
+void MainWindow::MouseReleased(const QMouseEvent& event) {
+  if (dragged_ == nullptr) return;
+  Control& panel = *std::exchange(dragged_, nullptr);
+  const Scale scale(program_.main.zoom);
+  const QPoint at = canvas_->mapFromGlobal(event.globalPosition().toPoint());
+  const QRect place = scale.Rect(panel.place);
+  const QPoint from = place.contains(at) ? at - place.topLeft() : at;
+  const auto x = static_cast<float>(scale.Twips(from.x()));
+  const auto y = static_cast<float>(scale.Twips(from.y()));
+  Run([&] { place.contains(at) ? DropOnPanel(panel, drag_, x, y) : DropOnScreen(panel, drag_, x, y); });
+}
+
+void MainWindow::StepZoom(int steps) {
+  const auto* const at = std::lower_bound(kZoomSteps.begin(), kZoomSteps.end(), program_.main.zoom);
+  const auto last = static_cast<long>(kZoomSteps.size()) - 1;
+  const long index = std::clamp<long>(at - kZoomSteps.begin() + steps, 0, last);
+  Run([&] { SetZoom(program_, kZoomSteps[static_cast<std::size_t>(index)]); });
+}
+
+}  // namespace torvale

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <QLabel>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QScrollArea>
+#include <QShortcut>
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "qt/control_view.h"
+#include "qt/grid_view.h"
+#include "qt/help_window.h"
+#include "qt/menu_view.h"
+#include "qt/profile_window.h"
+#include "qt/soils_window.h"
+#include "qt/tool_bar_view.h"
+#include "qt/window_place.h"
+#include "screen/program.h"
+#include "shell/start_up.h"
+
+namespace torvale {
+
+// The panels that open over the screen; the user may move them.
+inline constexpr std::array<std::string_view, 2> kPanels = {"Frame1", "frameHoleSelection"};
+
+// The main design screen as a window. It shows what the program's screen structures say and hands every event to the
+// program; it keeps nothing that the structures lack.
+class MainWindow final : public QMainWindow {
+ public:
+  // `program` has been started and outlives the window.
+  explicit MainWindow(Program& program);
+
+  // First showing, at the place that the structure tells.
+  void Open() { place_.Show(); }
+  // Compares the structures with what was last drawn and applies the differences. Runs after every event and, through
+  // the host, at the yields of a calculation.
+  void Sync();
+  // Opens a design file that the desktop hands over.
+  void OpenDesign(const QString& path);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // Building
+  void MakeControls();
+  QWidget* ParentOf(const NamedControl& named) const;
+  GridEvents EventsOf(const std::string& name);
+  void Connect(const ControlView& view);
+  void ConnectField(QLineEdit& edit, const std::string& name);
+  void ConnectList(QListWidget& lines, const std::string& name);
+  void NameFields();
+  void NameGridsAndLists();
+  void MakeShortcuts();
+  void Watch();
+
+  // Events
+  void Run(const std::function<void()>& work);
+  void RunClick(const std::string& name);
+  bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
+  void ShowFieldMenu(QLineEdit& edit, const QPoint& at);
+  void WidgetEntered(const std::string& name, Qt::FocusReason reason);
+  void WidgetLeft(const std::string& name, Qt::FocusReason reason);
+  void StepZoom(int steps);
+  bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
+  void MousePressed(const QObject* on, const QMouseEvent& event);
+  void MouseReleased(const QMouseEvent& event);
+
+  // Drawing
+  void DrawZoom();
+  void DrawGrid(const ControlView& view);
+  void DrawFocus();
+  void EnterPanel();
+  void DrawBusy();
+  void FitCanvas();
+  ControlView* ViewOf(std::string_view name);
+
+  Program& program_;
+  QScrollArea* area_;
+  QWidget* canvas_;
+  QLabel* status_;
+  QShortcut* cancel_key_ = nullptr;
+  SoilsWindow* soils_ = nullptr;
+  ProfileWindow* profile_ = nullptr;
+  std::unique_ptr<HelpWindow> help_;
+  std::vector<ControlView> controls_;
+  std::unique_ptr<MenuView> menus_;
+  std::unique_ptr<ToolBarView> tools_;
+  WindowPlace place_;
+  std::string_view panel_;  // the panel that is open
+  int drawn_zoom_ = 0;
+  int running_ = 0;       // events being worked on, one inside the other during a calculation
+  bool syncing_ = false;  // focus and text changes are ours, not the user's
+  bool stale_ = false;    // the structures changed while they were drawn
+  bool busy_shown_ = false;
+  bool activated_ = false;
+  Control* dragged_ = nullptr;  // the panel that the user moves
+  PanelDrag drag_;
+};
+
+}  // namespace torvale

@@ -1,0 +1,79 @@
+#include "qt/menu_view.h"
+
+#include <QMenu>
+#include <algorithm>
+#include <map>
+
+#include "qt/control_view.h"
+#include "shell/commands.h"
+
+namespace torvale {
+namespace {
+
+bool HasChildren(const std::vector<NamedControl>& menus, const std::string& name) {
+  return std::any_of(menus.begin(), menus.end(), [&](const NamedControl& c) { return c.parent == name; });
+}
+
+// Takes out what leads nowhere, from the leaves inwards.
+void Prune(std::vector<NamedControl>& menus) {
+  const auto leads_nowhere = [&](const NamedControl& c) { return !HasCommand(c.name) && !HasChildren(menus, c.name); };
+  for (;;) {
+    const auto dead = std::find_if(menus.begin(), menus.end(), leads_nowhere);
+    if (dead == menus.end()) return;
+    menus.erase(dead);
+  }
+}
+
+// The key of an entry that is no shortcut of the window stands behind a tab, where the menu shows shortcuts.
+QString CaptionOf(const std::string& name, const Control& control) {
+  const MenuTrait trait = MenuTraitOf(name);
+  QString caption = ToQt(control.caption);
+  if (trait.owner == ShortcutOwner::kWindow) return caption;
+  return caption + '\t' + QKeySequence(ToQt(trait.shortcut)).toString(QKeySequence::NativeText);
+}
+
+}  // namespace
+
+MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar, const Event& click, const Event& opened) {
+  std::erase_if(menus, [](const NamedControl& c) { return c.kind != ControlKind::kMenu; });
+  Prune(menus);
+  std::map<std::string, QMenu*> open;
+  for (const NamedControl& named : menus) {
+    const MenuTrait trait = MenuTraitOf(named.name);
+    QMenu* parent = named.parent.empty() ? nullptr : open[named.parent];
+    if (parent != nullptr && trait.starts_group && !parent->isEmpty()) parent->addSeparator();
+    QAction* action = nullptr;
+    if (HasChildren(menus, named.name)) {
+      QMenu* menu = parent != nullptr ? parent->addMenu(QString()) : bar.addMenu(QString());
+      menu->setToolTipsVisible(true);
+      QObject::connect(menu, &QMenu::aboutToShow, [opened, name = named.name] { opened(name); });
+      open[named.name] = menu;
+      action = menu->menuAction();
+    } else {
+      action = parent != nullptr ? parent->addAction(QString()) : bar.addAction(QString());
+      if (trait.owner == ShortcutOwner::kWindow) action->setShortcut(QKeySequence(ToQt(trait.shortcut)));
+      QObject::connect(action, &QAction::triggered, [click, name = named.name] { click(name); });
+    }
+    action->setObjectName(ToQt(named.name));
+    entries_.push_back({named.name, named.control, action, std::nullopt});
+  }
+}
+
+void MenuView::Draw() {
+  for (Entry& entry : entries_) {
+    const Control& control = *entry.control;
+    // A click on a ticked entry has changed the tick already.
+    if (entry.action->isChecked() != control.ticked) {
+      entry.action->setCheckable(true);
+      entry.action->setChecked(control.ticked);
+    }
+    if (entry.drawn == control) continue;
+    entry.action->setText(CaptionOf(entry.name, control));
+    entry.action->setToolTip(TipText(control.tool_tip));
+    entry.action->setEnabled(control.enabled);
+    entry.action->setVisible(control.visible);
+    entry.drawn = control;
+  }
+}
+
+}  // namespace torvale

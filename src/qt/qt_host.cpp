@@ -1,0 +1,167 @@
+#include "qt/qt_host.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDate>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLocale>
+#include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
+
+#include "files/file_commands.h"
+#include "qt/scale.h"
+#include "screen/main_screen.h"
+
+namespace torvale {
+namespace {
+
+QString SettingName(std::string_view key) {
+  return "Settings/" + ToQt(key);
+}
+
+QSettings Store() {
+  return QSettings(ToQt(kProgramTitle), ToQt(kProgramTitle));
+}
+
+// The lines of a message may be ended by carriage returns.
+QString LinesOf(std::string_view body) {
+  return ToQt(body).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+// A box breaks long lines early. A text that is set in lines keeps them, as far as the display is wide enough.
+void KeepLines(const QMessageBox& box) {
+  auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+  if (label == nullptr || !box.text().contains('\n')) return;
+  int widest = 0;
+  for (const QString& line : box.text().split('\n')) {
+    widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+  }
+  label->setMinimumWidth(std::min(widest + 1, box.screen()->availableSize().width() * 2 / 3));
+}
+
+QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
+                                 QMessageBox::StandardButtons buttons) {
+  QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), LinesOf(body), buttons, window);
+  box.setTextFormat(Qt::PlainText);
+  KeepLines(box);
+  const ArrowPointer plain;
+  const int answer = box.exec();
+  // Not every desktop gives the keyboard back by itself.
+  if (window != nullptr) window->activateWindow();
+  return static_cast<QMessageBox::StandardButton>(answer);
+}
+
+// The filters as the toolkit writes them: "Caption (pattern);;...". A caption that names its pattern keeps it once.
+QStringList FiltersOf(std::string_view filters) {
+  const QStringList parts = ToQt(filters).split('|');
+  QStringList captions;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString name = parts[i].left(parts[i].indexOf('(')).trimmed();
+    QStringList patterns(parts[i + 1].trimmed() == "*.*" ? QString("*") : parts[i + 1].trimmed());
+    // Files from other systems may be named in small letters.
+    if (!patterns.contains(patterns.front().toLower())) patterns.append(patterns.front().toLower());
+    captions.append(name + " (" + patterns.join(' ') + ")");
+  }
+  return captions;
+}
+
+// Where the file dialog begins. Who has no design yet finds the samples.
+QString OpenFrom(const QString& program_folder, std::string_view name) {
+  const QDir folder(program_folder);
+  const bool first = name.empty() && !folder.exists(ToQt(kRecentFile)) && folder.exists("samples");
+  return first ? folder.filePath("samples") : ToQt(name);
+}
+
+std::optional<std::string> Chosen(const QString& path) {
+  if (path.isEmpty()) return std::nullopt;
+  return path.toStdString();
+}
+
+}  // namespace
+
+void QtHost::Attach(QWidget* window, std::function<void()> draw) {
+  window_ = window;
+  draw_ = std::move(draw);
+}
+
+// The window that has the user's attention: one that keeps the main window waiting stands over it.
+QWidget* QtHost::Front() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal == nullptr ? window_ : modal;
+}
+
+void QtHost::Draw() {
+  if (draw_) draw_();
+}
+
+long QtHost::Yield(long due) {
+  if (pacer_.Count(due)) {
+    Draw();
+    QApplication::processEvents();
+    pacer_.Restart();
+  }
+  return pacer_.Idle();
+}
+
+void QtHost::Message(std::string_view body, std::string_view title) {
+  if (Closed()) return;
+  Draw();
+  Show(Front(), QMessageBox::Information, body, title, QMessageBox::Ok);
+}
+
+bool QtHost::Question(std::string_view body, std::string_view title) {
+  if (Closed()) return false;
+  Draw();
+  return Show(Front(), QMessageBox::Question, body, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+void QtHost::Beep() {
+  QApplication::beep();
+}
+
+std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
+  if (Closed()) return std::nullopt;
+  Draw();
+  const ArrowPointer plain;
+  const QStringList filters = FiltersOf(dialog.filters);
+  QString selected = filters.value(dialog.filter - 1);
+  return Chosen(QFileDialog::getOpenFileName(Front(), ToQt(dialog.title), OpenFrom(program_folder_, dialog.name),
+                                             filters.join(";;"), &selected));
+}
+
+std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
+  if (Closed()) return std::nullopt;
+  Draw();
+  const ArrowPointer plain;
+  const QStringList filters = FiltersOf(dialog.filters);
+  QString selected = filters.value(dialog.filter - 1);
+  return Chosen(
+      QFileDialog::getSaveFileName(Front(), ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
+}
+
+std::string QtHost::ClipboardText() {
+  return QApplication::clipboard()->text().toStdString();
+}
+
+void QtHost::SetClipboardText(std::string_view text) {
+  QApplication::clipboard()->setText(ToQt(text));
+}
+
+std::optional<std::string> QtHost::Setting(std::string_view key) {
+  const QVariant value = Store().value(SettingName(key));
+  if (!value.isValid()) return std::nullopt;
+  return value.toString().toStdString();
+}
+
+void QtHost::SaveSetting(std::string_view key, std::string_view value) {
+  Store().setValue(SettingName(key), ToQt(value));
+}
+
+std::string QtHost::Today() {
+  return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
+}
+
+}  // namespace torvale

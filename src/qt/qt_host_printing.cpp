@@ -1,0 +1,101 @@
+// What the desktop prints, shows and writes of documents.
+#include <QAction>
+#include <QFile>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinterInfo>
+#include <QScreen>
+
+#include "qt/document_painter.h"
+#include "qt/qt_host.h"
+#include "qt/scale.h"
+
+namespace torvale {
+namespace {
+
+constexpr int kPdfDotsPerInch = 1200;
+
+// The preview's own entries for another paper: a document is laid out for letter paper, upright.
+const QStringList kPaperEntries = {"Portrait", "Landscape", "Page setup"};
+
+// A page in sight whole, and large enough to be read.
+void SetUpPreview(QPrintPreviewDialog& dialog) {
+  const QSize desktop = dialog.screen()->availableSize();
+  dialog.resize(desktop.width() * 2 / 3, desktop.height() * 9 / 10);
+  for (QAction* action : dialog.findChildren<QAction*>()) {
+    if (kPaperEntries.contains(action->text())) action->setVisible(false);
+  }
+}
+
+}  // namespace
+
+QPrinter& QtHost::ChosenPrinter() {
+  if (printer_ == nullptr) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  return *printer_;
+}
+
+bool QtHost::HasPrinter() {
+  return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+std::optional<int> QtHost::PrinterDialog() {
+  if (Closed()) return std::nullopt;
+  Draw();
+  QPrinter& printer = ChosenPrinter();
+  UseLetterPaper(printer);
+  printer.setCopyCount(1);
+  QPrintDialog dialog(&printer, Front());
+  dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  // The toolkit's own dialog leaves its choice of pages all the same; a report is printed whole.
+  if (auto* pages = dialog.findChild<QWidget*>("gbPrintRange")) pages->setEnabled(false);
+  const ArrowPointer plain;
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  const int copies = printer.copyCount();
+  // Each copy is a document of its own.
+  printer.setCopyCount(1);
+  return copies;
+}
+
+bool QtHost::Print(const Document& document) {
+  QPrinter& printer = ChosenPrinter();
+  printer.setFullPage(true);
+  UseLetterPaper(printer);
+  printer.setDocName(ToQt(document.title));
+  return PaintDocument(printer, document);
+}
+
+void QtHost::Preview(const Document& document) {
+  if (Closed()) return;
+  Draw();
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setFullPage(true);
+  UseLetterPaper(printer);
+  printer.setDocName(ToQt(document.title));
+  QPrintPreviewDialog dialog(&printer, Front());
+  dialog.setWindowTitle(ToQt(document.title));
+  SetUpPreview(dialog);
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, [&](QPrinter* onto) {
+    onto->setFullPage(true);
+    PaintDocument(*onto, document);
+  });
+  const ArrowPointer plain;
+  dialog.exec();
+}
+
+bool QtHost::WritePdf(const Document& document, const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  if (!file.open(QFile::WriteOnly)) return false;
+  bool painted = false;
+  {
+    QPdfWriter writer(&file);
+    writer.setResolution(kPdfDotsPerInch);
+    writer.setTitle(ToQt(document.title));
+    UseLetterPaper(writer);
+    painted = PaintDocument(writer, document);
+  }
+  return painted && file.flush() && file.error() == QFile::NoError;
+}
+
+}  // namespace torvale

@@ -1,0 +1,141 @@
+#include "qt/splash_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <array>
+#include <utility>
+
+#include "qt/scale.h"
+#include "qt/vector_picture.h"
+#include "shell/commands.h"
+#include "shell/splash.h"
+
+namespace torvale {
+namespace {
+
+// A label's letters; those that are not named here are plain, on the left.
+struct TextLook {
+  std::string_view name;
+  int pixels;
+  bool bold;
+  Qt::Alignment align;
+};
+
+constexpr std::array<TextLook, 9> kTextLooks = {{
+    {"lblProductName", 40, true, Qt::AlignLeft | Qt::AlignVCenter},
+    {"Label1", 15, false, Qt::AlignLeft | Qt::AlignVCenter},
+    {"lblVersion", kTextPixels, true, Qt::AlignRight | Qt::AlignVCenter},
+    {"lblPlatform", kTextPixels, false, Qt::AlignRight | Qt::AlignVCenter},
+    {"lblHolePuch", kTextPixels, true, Qt::AlignCenter},
+    {"Label2", kTextPixels, true, Qt::AlignCenter},
+    {"lblCompany", kTextPixels, false, Qt::AlignCenter},
+    {"lblWarning", kTextPixels, false, Qt::AlignCenter},
+    {"Label3", kTextPixels, true, Qt::AlignCenter},
+}};
+
+struct PictureLook {
+  std::string_view name;
+  std::string_view picture;
+};
+
+constexpr std::array<PictureLook, 3> kPictures = {{
+    {"imgLogo", "torvale"},
+    {"Image1", "splash-holes"},
+    {"Image2", "splash-crown"},
+}};
+
+TextLook LookOf(std::string_view name) {
+  for (const TextLook& look : kTextLooks) {
+    if (look.name == name) return look;
+  }
+  return {name, kTextPixels, false, Qt::AlignLeft | Qt::AlignVCenter};
+}
+
+}  // namespace
+
+SplashWindow::SplashWindow(Program& program, std::function<void()> closed)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), program_(program), closed_(std::move(closed)) {
+  setObjectName("frmSplash");
+  setWindowTitle(ToQt(kProgramTitle));
+  setFocusPolicy(Qt::StrongFocus);
+  // The program goes on when this window closes, though no other may be shown yet.
+  setAttribute(Qt::WA_QuitOnClose, false);
+  setFixedSize(Scale(program_.main.zoom).Rect(program_.splash.Form.place).size());
+  MakeLabels();
+  wait_.setSingleShot(true);
+  wait_.setInterval(kSplashMilliseconds);
+  connect(&wait_, &QTimer::timeout, this, [this] { Finish(); });
+}
+
+// Clicks on a label go on to the window.
+void SplashWindow::MakeLabels() {
+  const Scale scale(program_.main.zoom);
+  for (const NamedControl& named : ControlsOf(program_.splash)) {
+    if (named.kind != ControlKind::kLabel || named.control->caption.empty()) continue;
+    const TextLook look = LookOf(named.name);
+    auto* label = new QLabel(this);
+    label->setObjectName(ToQt(named.name));
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(look.align);
+    label->setGeometry(scale.Rect(named.control->place));
+    QFont letters = label->font();
+    letters.setPixelSize(scale.Zoomed(look.pixels));
+    letters.setBold(look.bold);
+    label->setFont(letters);
+    label->setText(ToQt(named.control->caption).remove('\r'));
+  }
+}
+
+void SplashWindow::Open() {
+  move(screen()->availableGeometry().center() - rect().center());
+  show();
+  activateWindow();
+  setFocus();
+  wait_.start();
+}
+
+void SplashWindow::Finish() {
+  if (!closed_) return;
+  wait_.stop();
+  Click(program_, "frmSplash");
+  const std::function<void()> closed = std::exchange(closed_, nullptr);
+  // The main window comes up before this one goes, so that the desktop is not bare in between.
+  closed();
+  hide();
+}
+
+void SplashWindow::mousePressEvent(QMouseEvent* /*event*/) {
+  Finish();
+}
+
+void SplashWindow::keyPressEvent(QKeyEvent* /*event*/) {
+  Finish();
+}
+
+void SplashWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  Finish();
+}
+
+void SplashWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) update();
+  QWidget::changeEvent(event);
+}
+
+void SplashWindow::paintEvent(QPaintEvent* /*event*/) {
+  const Scale scale(program_.main.zoom);
+  QPainter painter(this);
+  const QColor text = palette().color(QPalette::WindowText);
+  for (const NamedControl& named : ControlsOf(program_.splash)) {
+    for (const PictureLook& look : kPictures) {
+      if (look.name != named.name) continue;
+      PaintPicture(painter, scale.Rect(named.control->place), OwnPicture(look.picture), text);
+    }
+  }
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+}  // namespace torvale
