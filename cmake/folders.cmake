@@ -1,8 +1,14 @@
 # torvale_folder(name below...): the library of src/<name>, linked against the folders named after it. A folder of
-# headers alone becomes an interface library.
+# headers alone becomes an interface library. What a system must do itself is compiled for that system alone.
+if(WIN32)
+  set(other_systems "/platform_posix\\.cpp$")
+else()
+  set(other_systems "/platform_windows\\.cpp$")
+endif()
 function(torvale_folder name)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${name}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "${other_systems}")
   set(target torvale_${name})
   if(name STREQUAL "script")
     set(target torvale_script_lib)

@@ -5,7 +5,8 @@
   check_tower.py --self-test  builds small wrong trees and fails unless each is reported
 
 The folders and what each may include are the torvale_folder(NAME BELOW...) lines of CMakeLists.txt. A folder may include
-itself and everything below it. src/qt stands on shell and is the only folder with toolkit headers. The drawing has
+itself and everything below it. src/qt stands on shell and is the only folder with toolkit headers; headers of an operating
+system stand in src/base/platform_*.cpp alone. The drawing has
 a room for each folder, and an arrow from it to each folder that its line names.
 """
 
@@ -22,6 +23,9 @@ WINDOWS_BELOW = "shell"
 # Headers of the standard library have neither capitals, nor a dot, nor a slash in their names. Toolkit and system
 # headers have one or the other.
 STANDARD = re.compile(r"^[a-z_0-9]+$")
+# What an operating system must do itself stands in files of this name.
+PLATFORM = re.compile(r"^base/platform_[a-z]+\.cpp$")
+SYSTEM = re.compile(r"^[a-z_0-9/]+(\.h)?$")
 ROOM = re.compile(
     r'<rect class="room[^"]*" x="(\d+)" y="(\d+)" width="(\d+)" height="(\d+)"[^>]*/>\s*<text class="name"[^>]*>([^<]+)<'
 )
@@ -111,8 +115,9 @@ def check(root):
         for match in INCLUDE.finditer(path.read_text()):
             quoted, angled = match.groups()
             if angled:
-                if folder != WINDOWS and not STANDARD.match(angled):
-                    complaints.append(f"{name}: <{angled}> is not of the standard library; only {WINDOWS}/ may have it")
+                allowed = SYSTEM if PLATFORM.match(name) else STANDARD
+                if folder != WINDOWS and not allowed.match(angled):
+                    complaints.append(f"{name}: <{angled}> is not of the standard library and may not stand there")
                 continue
             if quoted.endswith(".moc") and folder == WINDOWS:
                 continue
@@ -143,6 +148,7 @@ def self_test():
     good = {
         "base/a.h": "#include <vector>\n",
         "base/a.cpp": '#include "base/a.h"\n',
+        "base/platform_posix.cpp": "#include <unistd.h>\n#include <sys/stat.h>\n",
         "engine/e.h": '#include "base/a.h"\n',
         "qt/w.h": '#include <QWidget>\n#include "engine/e.h"\n',
     }
@@ -162,6 +168,10 @@ def self_test():
         ("a toolkit header below", {"engine/f.cpp": "#include <QString>\n"}, "standard library"),
         ("a toolkit header in the plain shell", {"shell/s.cpp": "#include <QtCore/qglobal.h>\n"}, "standard library"),
         ("a system header below", {"engine/f.cpp": "#include <unistd.h>\n"}, "standard library"),
+        ("a system header in another file of base", {"base/b.cpp": "#include <sys/stat.h>\n"}, "standard library"),
+        ("a system header in a platform's header", {"base/platform_posix.h": "#include <unistd.h>\n"}, "standard library"),
+        ("a platform's file further up", {"engine/platform_posix.cpp": "#include <unistd.h>\n"}, "standard library"),
+        ("a toolkit header in a platform's file", {"base/platform_posix.cpp": "#include <QFile>\n"}, "standard library"),
         ("a ring", {"base/a.h": '#include "base/c.h"\n', "base/c.h": '#include "base/a.h"\n'}, "ring"),
         ("a file that is not there", {"engine/f.cpp": '#include "base/none.h"\n'}, "no file"),
         ("a way round through ..", {"base/b.cpp": '#include "base/../engine/e.h"\n'}, "no file"),

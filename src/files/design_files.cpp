@@ -84,11 +84,11 @@ void CountTypedRows(Program& program) {
   }
 }
 
-void Save(Program& program, const SinkFilter& filter) {
+void Save(Program& program) {
   ChooseSaveName(program);
   program.record.FileVersion = ProgramVersion();
   CountTypedRows(program);
-  WriteBytes(program.record.SaveFileName, ToCodePage(WriteDesign(program)), filter);
+  WriteBytes(program, program.record.SaveFileName, ToCodePage(WriteDesign(program)));
 }
 
 void ChooseSoil(Program& program, const DesignExtras& extras) {
@@ -196,8 +196,8 @@ std::string WithoutExtension(std::string_view name) {
   return std::string(name[rest.size()] == '.' ? rest : name);
 }
 
-void SaveFile(Program& program, const SinkFilter& filter) {
-  const int error = ErrorOf([&] { Save(program, filter); });
+void SaveFile(Program& program) {
+  const int error = ErrorOf([&] { Save(program); });
   if (error != 0) program.host.Message("Error saving file, file not saved! " + ErrorNumber(error), "");
 }
 

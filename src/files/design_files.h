@@ -3,15 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "files/file_store.h"
 #include "screen/program.h"
 
 namespace torvale {
 
 // Writes the design to `SaveFileName`, with the extension of its type; an empty name is taken from `OpenedFileName`,
-// then from the design's own name. Any failure: a message, and the file as far as it was written. The former content
-// of the file is kept beside it until the new one is whole.
-void SaveFile(Program& program, const SinkFilter& filter = {});
+// then from the design's own name. Any failure: a message, and the file of that name stays as it was.
+void SaveFile(Program& program);
 
 // Reads the file named by `OpenedFileName` into the record and the screens and shows the design. Any failure: a
 // message, the defaults, and what was read so far stays.

@@ -127,7 +127,7 @@ void SaveRecentFiles(Program& program) {
   std::string text;
   for (int i = 0; i < kShownRecent; ++i) text.append(program.record.RecentFiles[i]).append("\r\n");
   try {
-    WriteBytes(RecentPath(program), ToCodePage(text));
+    WriteBytes(program, RecentPath(program), ToCodePage(text));
   } catch (const FileFault&) {
     return;
   }

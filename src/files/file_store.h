@@ -1,8 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
+
+#include "screen/program.h"
 
 namespace torvale {
 
@@ -11,17 +12,11 @@ namespace torvale {
 // The bytes of a file. A file of more than 8 megabytes is refused (EFBIG): no design comes near it.
 std::string ReadBytes(const std::string& path);
 
-// Hands bytes to the file system; gives back 0 or an error number.
-using ByteSink = std::function<int(std::string_view bytes)>;
+// Writes a file whole, in the place of one of that name (WriteWhole). The status bar says where the former content is
+// kept in the one case that leaves the file broken: it could only be written in place, and the disk failed twice.
+void WriteBytes(Program& program, const std::string& path, std::string_view bytes);
 
-// Puts itself between a write and the file system: is given the path and the true sink, and gives back the sink to use.
-// Tests let writes fail with it.
-using SinkFilter = std::function<ByteSink(const std::string& path, ByteSink sink)>;
-
-// Writes a file, replacing one of that name. Until the new one is whole, the former content stands beside it under the
-// name with ".before-save" behind it; a write that fails leaves both, and the next one keeps that older content.
-void WriteBytes(const std::string& path, std::string_view bytes, const SinkFilter& filter = {});
-
-inline constexpr std::string_view kKeptSuffix = ".before-save";
+// The folder that former contents of files stand in while those are written in place.
+std::string KeptFolder(Host& host);
 
 }  // namespace torvale

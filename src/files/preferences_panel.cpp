@@ -117,7 +117,7 @@ void btnDefaultExit_Click(Program& program) {
   program.main.Frame1.visible = false;
   FillBlankFields(program);
   Attempt([&] {
-    WriteBytes(program.host.ProgramFolder() + "/" + std::string(kDefaultsFile), ToCodePage(DefaultsText(program)));
+    WriteBytes(program, program.host.ProgramFolder() + "/" + std::string(kDefaultsFile), ToCodePage(DefaultsText(program)));
   });
   BringScreenBack(program);
   ApplyCoefficients(program);

@@ -2,6 +2,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "base/paths.h"
+#include "base/platform.h"
 #include "qt/main_window.h"
 #include "qt/program_folder.h"
 #include "qt/qt_host.h"
@@ -19,7 +21,8 @@ int main(int argc, char** argv) {
   // By this a desktop finds the icon and the menu entry of the window.
   QApplication::setDesktopFileName("torvale");
   QtHost host(FindProgramFolder(QApplication::applicationDirPath(),
-                                QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
+                                QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
+              QString::fromStdString(Utf8Of(UserDataFolder())));
   Program program(host);
   StartProgram(program);
   MainWindow window(program);

@@ -160,6 +160,10 @@ void QtHost::SaveSetting(std::string_view key, std::string_view value) {
   Store().setValue(SettingName(key), ToQt(value));
 }
 
+std::string QtHost::UserDataFolder() {
+  return user_data_folder_.isEmpty() ? Host::UserDataFolder() : user_data_folder_.toStdString();
+}
+
 std::string QtHost::Today() {
   return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
 }

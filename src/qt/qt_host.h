@@ -24,7 +24,9 @@ struct ArrowPointer {
 // The desktop that the program runs on.
 class QtHost final : public Host {
  public:
-  explicit QtHost(QString program_folder) : program_folder_(std::move(program_folder)) {}
+  // Without a folder for the user's data they lie beside the program's.
+  explicit QtHost(QString program_folder, QString user_data_folder = {})
+      : program_folder_(std::move(program_folder)), user_data_folder_(std::move(user_data_folder)) {}
 
   // Messages and dialogs stand over `window`, or over a window of it that keeps it waiting; `draw` brings it up to date
   // before they do and at each yield. Once the window is closed there is nobody left to tell: messages are passed over,
@@ -50,6 +52,7 @@ class QtHost final : public Host {
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
   std::string ProgramFolder() override { return program_folder_.toStdString(); }
+  std::string UserDataFolder() override;
 
  private:
   bool Closed() const { return window_ != nullptr && window_->isHidden(); }
@@ -58,6 +61,7 @@ class QtHost final : public Host {
   QPrinter& ChosenPrinter();
 
   QString program_folder_;
+  QString user_data_folder_;
   QWidget* window_ = nullptr;
   std::function<void()> draw_;
   YieldPacer pacer_;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/whole_file.h"
 #include "screen/document.h"
 
 namespace torvale {
@@ -65,6 +67,12 @@ class Host {
   virtual std::string Today() = 0;
   // The folder of the program's data files (defaults, soils, help), without a separator at its end.
   virtual std::string ProgramFolder() = 0;
+  // The folder for what the program keeps for its user unasked, as former contents of files, without a separator at its
+  // end; it may not be there yet. A desktop that knows no user keeps it beside the data files.
+  virtual std::string UserDataFolder() { return ProgramFolder() + "/user"; }
+
+  // The word with the disk before each step of writing a file: see DiskWatch.
+  virtual int BeforeDiskStep(DiskStep /*step*/, const std::filesystem::path& /*path*/) { return 0; }
 };
 
 }  // namespace torvale

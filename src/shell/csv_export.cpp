@@ -23,7 +23,7 @@ void Export(Program& program, std::string_view title, std::string_view name, con
   if (!chosen) return;
   const bool named = UpperCase(*chosen).ends_with(UpperCase(kExtension));
   const std::string path = named ? *chosen : *chosen + std::string(kExtension);
-  const int error = ErrorOf([&] { WriteBytes(path, text); });
+  const int error = ErrorOf([&] { WriteBytes(program, path, text); });
   if (error == 0) return;
   program.host.Message(path + " could not be written: " + std::generic_category().message(error) + ".", "");
 }

@@ -75,10 +75,10 @@ struct FileProgram {
   }
 
   // Saves under exactly that name, and gives back the message that came, if one did.
-  std::string Save(const std::string& path, const SinkFilter& filter = {}) {
+  std::string Save(const std::string& path) {
     host.messages.clear();
     record.SaveFileName = path;
-    SaveFile(program, filter);
+    SaveFile(program);
     return host.messages.empty() ? "" : host.messages.front().body;
   }
 

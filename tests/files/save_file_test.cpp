@@ -296,8 +296,14 @@ TEST_F(FilesTest, AFolderOfThatNameIsError21) {
 }
 
 TEST_F(FilesTest, AFullDiskIsError28) {
-  EXPECT_EQ(Save("/dev/full"), std::string(kSavingFailed) + " 28");
-  EXPECT_FALSE(Exists("/dev/full.before-save"));
+  host.disk = [](DiskStep step, const std::filesystem::path&) { return step == DiskStep::kWrite ? ENOSPC : 0; };
+  EXPECT_EQ(Save(Path("x")), std::string(kSavingFailed) + " 28");
+  EXPECT_FALSE(Exists(Path("x")));
+}
+
+// What is no file is left alone: nobody would find the design in it.
+TEST_F(FilesTest, ADeviceIsError95) {
+  EXPECT_EQ(Save("/dev/full"), std::string(kSavingFailed) + " 95");
 }
 
 // 5285 holes are one more than the rows' arrays have.

@@ -120,6 +120,9 @@ class FakeHost final : public Host {
   // A folder of this host's own, removed with it. It holds a list of no soils.
   std::string ProgramFolder() override { return folder_.string(); }
 
+  DiskWatch disk;  // asked before each step of writing a file, where it is set
+  int BeforeDiskStep(DiskStep step, const std::filesystem::path& path) override { return disk ? disk(step, path) : 0; }
+
   // Writes a file, byte for byte, into the program's folder.
   void WriteFile(std::string_view name, std::string_view bytes) const {
     std::ofstream(folder_ / name, std::ios::binary) << bytes;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string_view>
+
+namespace torvale {
+
+// Files that are replaced whole: at every moment, whatever fails and whenever the power goes, the former content or the
+// new one stands under the name.
+
+enum class DiskStep { kMakeFolder, kCreate, kTakeRights, kWrite, kFlush, kRename, kFlushFolder, kRemove };
+
+// Is told of each step before it is taken and gives back 0 to let it be taken, or the number of the error that it shall
+// fail with. So a test has a disk that fails, or a program that dies, wherever it likes.
+using DiskWatch = std::function<int(DiskStep step, const std::filesystem::path& path)>;
+
+struct WholeFileResult {
+  int error = 0;               // as errno has it, 0 for none
+  std::filesystem::path kept;  // where the former content is, if the file itself is broken
+};
+
+// Writes `bytes` into a file of that name. The new content is written beside it, flushed to the disk and put in its
+// place. Mode, owner and group of a file that is there stay, and a link goes on leading to the file. EACCES for a file
+// that the user may not write, EISDIR for a folder, EOPNOTSUPP for what is no file, at once. After an error the former
+// content stands as it was and nothing new beside it.
+//
+// A file that has further names, one whose owner can't be given to another, and one whose folder takes no new file is
+// written in place: its former content is kept in `kept_folder` meanwhile, which is made where it is missing, and comes
+// back from there where writing fails.
+WholeFileResult WriteWhole(const std::filesystem::path& path, std::string_view bytes,
+                           const std::filesystem::path& kept_folder, const DiskWatch& watch = {});
+
+}  // namespace torvale
