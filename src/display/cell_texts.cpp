@@ -67,6 +67,7 @@ std::string OpeningText(const Program& program, int i, int size_index, std::stri
   if (size_index == 0) return "";
   if (program.record.PipeKind == "L") return program.record.HoleSizeName[size_index];
   const bool rectangular = program.main.txtDefault[11].text() == "R";
+  if (rectangular && Val(program.main.txtDefault[12].text()) == 0) return "";
   return Format(GateOpening(program, i), rectangular ? "#.###" : circular_gate_pattern);
 }
 

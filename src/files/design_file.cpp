@@ -1,11 +1,18 @@
 #include "files/design_file.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
+#include "base/arithmetic.h"
+#include "base/format.h"
 #include "base/numbers.h"
+#include "display/cell_texts.h"
 #include "engine/survey.h"
+#include "files/code_page.h"
 #include "files/fields.h"
 #include "files/file_fault.h"
+#include "files/soils.h"
 
 namespace torvale {
 namespace {
@@ -49,10 +56,30 @@ class Loader {
   void Number(float& value) { value = in_.Number32(); }
   void Number(double& value) { value = in_.Number64(); }
   void Free(FreeValue& value) { value = in_.Free(); }
-  void Typed(TextField& field) { field.Set(in_.Text()); }
+  // A text that its field takes and can't convert, as a flow of 1E39, stands there as it does when typed.
+  void Typed(TextField& field) {
+    const std::string text = in_.Text();
+    try {
+      field.Set(text);
+    } catch (const RunTimeFault&) {
+      return;
+    }
+  }
   void Passed(TextField& /*field*/) { in_.Text(); }
   void Cell(Grid& grid, int row, int column) { grid.Set(row, column, in_.Text()); }
   void EndRecord() {}
+
+  // As many quoted texts, where exactly these are left.
+  std::optional<std::vector<std::string>> LastTexts(int count) const {
+    FieldReader rest = in_;
+    std::vector<std::string> texts;
+    for (int i = 0; i < count; ++i) {
+      if (!rest.AtQuotedText()) return std::nullopt;
+      texts.push_back(rest.Text());
+    }
+    if (!rest.AtEnd()) return std::nullopt;
+    return texts;
+  }
 
  private:
   FieldReader in_;
@@ -186,6 +213,44 @@ void Tail(Walker& walk, DesignRecord& record, std::int16_t& sizes, double versio
   }
 }
 
+void Widths(Saver& walk, Program& program) {
+  for (int i = 1; i <= program.record.SurveyRows; ++i) {
+    walk.Cell(program.main.Grid1, i, kPlantedWidthColumn);
+    walk.EndRecord();
+  }
+}
+
+// The planted width that a survey row takes from the hole of the same number, as the sheet shows it; nothing where that
+// hole has no flow. The pairing of two kinds of row is that of the format; rows past `HoleRows` count as empty.
+std::optional<std::string> PairedWidth(const DesignRecord& record, int row) {
+  if (!(AtRow(record, record.FurrowFlow, row) > 0) && record.DesignType != kSurveyOnly) return std::nullopt;
+  // As it comes back from seven digits, so that writing and reading agree.
+  const float width = Store32(Val(GeneralText(AtRow(record, record.PlantedWidth, row))));
+  return Format(static_cast<double>(width), "##.00");
+}
+
+// The sheet's last column by itself where the file has it, else by the pairing.
+void ShowWidths(Program& program, const std::optional<std::vector<std::string>>& widths) {
+  Grid& sheet = program.main.Grid1;
+  for (int i = 1; i <= program.record.SurveyRows; ++i) {
+    std::optional<std::string> width = PairedWidth(program.record, i);
+    if (widths) width = widths->at(static_cast<std::size_t>(i) - 1);
+    if (!width) continue;
+    sheet.Set(i, kPlantedWidthColumn, *width);
+    sheet.SetAlign(i, kPlantedWidthColumn, Align::kCentreBottom);
+  }
+}
+
+// Whether a reader that goes by the holes alone gives the sheet its widths back.
+bool WidthsArePaired(const Program& program) {
+  const DesignRecord& record = program.record;
+  for (int i = 1; i <= record.SurveyRows; ++i) {
+    const std::string cell = FromCodePage(ToCodePage(AsTextField(program.main.Grid1.Text(i, kPlantedWidthColumn))));
+    if (PairedWidth(record, i).value_or("") != cell) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 double VersionNumber(std::string_view version) {
@@ -195,12 +260,13 @@ double VersionNumber(std::string_view version) {
 std::string WriteDesign(Program& program) {
   Saver walk;
   const double version = VersionNumber(program.record.FileVersion);
-  auto soil = static_cast<std::int16_t>(program.main.listSoils.Current());
+  auto soil = static_cast<std::int16_t>(ChosenSoil(program));
   auto sizes = static_cast<std::int16_t>(program.main.listHolesSelected.count());
   Input(walk, program);
   Summary(walk, program.record, soil);
   Rows(walk, program, version);
   Tail(walk, program.record, sizes, version);
+  if (!WidthsArePaired(program)) Widths(walk, program);
   return walk.text();
 }
 
@@ -210,13 +276,15 @@ DesignExtras ReadDesign(Program& program, std::string text,
   std::int16_t soil = -1;
   std::int16_t sizes = 0;
   Input(walk, program);
-  DesignExtras extras{VersionNumber(program.record.FileVersion), -1, 0};
+  DesignExtras extras;
+  extras.version = VersionNumber(program.record.FileVersion);
   Summary(walk, program.record, soil);
   extras.soil = soil;
   soil_chosen(extras);
   Rows(walk, program, extras.version);
   Tail(walk, program.record, sizes, extras.version);
   extras.sizes = sizes;
+  ShowWidths(program, extras.version >= kWidthVersion ? walk.LastTexts(program.record.SurveyRows) : std::nullopt);
   return extras;
 }
 

@@ -7,6 +7,7 @@
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "base/version.h"
 #include "display/design_display.h"
 #include "engine/stations.h"
@@ -23,7 +24,6 @@
 namespace torvale {
 namespace {
 
-constexpr int kLastClearedRow = 300;
 constexpr double kSoilVersion = 6;  // first version that recommended a furrow flow
 
 struct DesignKind {
@@ -61,17 +61,22 @@ std::size_t LastCharacter(std::string_view text) {
   return at;
 }
 
-void ChooseSaveName(Program& program) {
-  DesignRecord& record = program.record;
-  std::string& name = record.SaveFileName;
-  const std::string& design_name = program.main.txtInfo[0].text();
-  if (name.empty()) name = !record.OpenedFileName.empty() ? record.OpenedFileName : design_name;
-  if (name.empty()) name = "NoName";
-  // A name that is shorter than an extension and begins with its point has nothing to be cut from.
-  if (name.starts_with('.') && name.size() < 4) throw FileFault{EINVAL};
-  name = WithoutExtension(name);
-  name += ExtensionOf(record.DesignType);
-  if (name.empty()) name = program.host.ProgramFolder() + "/" + design_name;
+// The last part of a path, empty for a folder's with its separator.
+std::string FileNameOf(std::string_view path) {
+  return Utf8Of(PathOf(path).filename());
+}
+
+// What an unnamed design is saved as.
+std::string OwnName(const Program& program) {
+  const std::string& name = program.main.txtInfo[0].text();
+  return name.empty() ? "NoName" : name;
+}
+
+// An extension alone is no name, but for the types that have none themselves.
+std::string NameWithin(const DesignRecord& record, std::string_view name) {
+  const std::string last = FileNameOf(name);
+  const bool alone = !last.empty() && WithoutExtension(last).empty() && !ExtensionOf(record.DesignType).empty();
+  return std::string(name.substr(0, alone ? name.size() - last.size() : name.size()));
 }
 
 // What was typed is saved, whether a design was run or not.
@@ -85,7 +90,7 @@ void CountTypedRows(Program& program) {
 }
 
 void Save(Program& program) {
-  ChooseSaveName(program);
+  program.record.SaveFileName = NameToWrite(program, program.record.SaveFileName);
   program.record.FileVersion = ProgramVersion();
   CountTypedRows(program);
   WriteBytes(program, program.record.SaveFileName, ToCodePage(WriteDesign(program)));
@@ -105,17 +110,6 @@ void ChooseSoil(Program& program, const DesignExtras& extras) {
   if (extras.version < kSoilVersion) program.main.lblRecFurrowFlow.caption.clear();
 }
 
-// Column 8 is not in the sheet's part of the file. Survey rows are paired with hole rows of the same index here.
-void ShowPlantedWidths(Program& program) {
-  const DesignRecord& record = program.record;
-  Grid& sheet = program.main.Grid1;
-  for (int i = 1; i <= record.SurveyRows; ++i) {
-    if (!(record.FurrowFlow[i] > 0) && record.DesignType != kSurveyOnly) continue;
-    sheet.Set(i, kPlantedWidthColumn, Format(static_cast<double>(record.PlantedWidth[i]), "##.00"));
-    sheet.SetAlign(i, kPlantedWidthColumn, Align::kCentreBottom);
-  }
-}
-
 // The flow ratio is not in the file; the required flow is, and stays as read.
 void RestoreFlowRatio(DesignRecord& record) {
   if (record.WateredFurrows == 0) return;
@@ -126,11 +120,10 @@ void RestoreFlowRatio(DesignRecord& record) {
 
 void Load(Program& program, int& sizes) {
   DesignRecord& record = program.record;
-  program.main.Grid1.cells().Erase(1, 0, kLastClearedRow, kSurveyColumns - 1);
+  program.main.Grid1.cells().Erase(1, 0, kSurveyGridRows - 1, kSurveyColumns - 1);
   record.DesignType = kNoDesign;
-  std::string text = FromCodePage(ReadBytes(record.OpenedFileName));
+  std::string text = ReadText(record.OpenedFileName);
   sizes = ReadDesign(program, std::move(text), [&](const DesignExtras& extras) { ChooseSoil(program, extras); }).sizes;
-  ShowPlantedWidths(program);
 }
 
 void TickPipe(Program& program) {
@@ -155,6 +148,11 @@ void TickKind(Program& program) {
   if (kind->type == kComputerHoles) mnuComputerHoleSelection_Click(program);
 }
 
+// The run that makes a selection of holes anew was refused or cancelled: no half of it is shown.
+bool GaveUp(const DesignRecord& record) {
+  return record.DesignType == kNoDesign || record.MissingData == -1;
+}
+
 void ShowOpened(Program& program, int sizes) {
   DesignRecord& record = program.record;
   MainScreen& main = program.main;
@@ -162,7 +160,13 @@ void ShowOpened(Program& program, int sizes) {
   main.listHolesSelected.Clear();
   for (int i = 0; i < sizes; ++i) main.listHolesSelected.Add(record.SelectedHoleName[i]);
   TickPipe(program);
+  const bool made_anew = record.DesignType == kComputerHoles;
   TickKind(program);
+  if (made_anew && GaveUp(record)) {
+    mnuWindowInfo_Click(program);
+    btnDefaultExit_Click(program);
+    return;
+  }
   const double acres = Int(static_cast<double>(record.TotalAcres) * 10 + 0.5) / 10;
   main.lblAcresTotal.caption = "Total Acres = " + GeneralText(acres);
   DisplayDesign(program);
@@ -194,6 +198,17 @@ std::string WithoutExtension(std::string_view name) {
     rest.remove_suffix(rest.size() - LastCharacter(rest));
   }
   return std::string(name[rest.size()] == '.' ? rest : name);
+}
+
+std::string NameToWrite(Program& program, std::string_view name) {
+  const DesignRecord& record = program.record;
+  std::string chosen = NameWithin(record, name);
+  if (chosen.empty()) chosen = record.OpenedFileName;
+  if (FileNameOf(chosen).empty()) chosen += OwnName(program);
+  // A name that is shorter than an extension and begins with its point has nothing to be cut from.
+  if (chosen.starts_with('.') && chosen.size() < 4) throw FileFault{EINVAL};
+  const std::string written = WithoutExtension(chosen).append(ExtensionOf(record.DesignType));
+  return written.empty() ? program.host.ProgramFolder() + "/" + program.main.txtInfo[0].text() : written;
 }
 
 void SaveFile(Program& program) {

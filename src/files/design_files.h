@@ -11,6 +11,10 @@ namespace torvale {
 // then from the design's own name. Any failure: a message, and the file of that name stays as it was.
 void SaveFile(Program& program);
 
+// The name under which `SaveFile` would write now if `SaveFileName` were `name`. Throws FileFault (EINVAL) for a name
+// that is a piece of an extension.
+std::string NameToWrite(Program& program, std::string_view name);
+
 // Reads the file named by `OpenedFileName` into the record and the screens and shows the design. Any failure: a
 // message, the defaults, and what was read so far stays.
 void OpenFile(Program& program);

@@ -23,6 +23,24 @@ auto Stored(Store store) {
 
 }  // namespace
 
+std::string AsTextField(std::string_view text) {
+  constexpr std::string_view kClosingMark = "\u201D";
+  std::string field;
+  field.reserve(text.size());
+  for (const char c : text) {
+    if (c == '"') {
+      field.append(kClosingMark);
+    } else {
+      field.push_back(c);
+    }
+  }
+  return field;
+}
+
+bool FieldReader::OnlyBlanksLeft() const {
+  return text_.find_first_not_of(" \t\r\n", place_) == std::string::npos;
+}
+
 void FieldReader::SkipToNext() {
   const std::size_t end = text_.find_first_of(kFieldEnds, place_);
   if (end == std::string::npos) {
@@ -86,9 +104,7 @@ FieldWriter& FieldWriter::Plain(std::string_view text) {
 }
 
 FieldWriter& FieldWriter::Text(std::string_view text) {
-  std::string quoted(1, '"');
-  quoted.append(text).push_back('"');
-  return Plain(quoted);
+  return Plain('"' + AsTextField(text) + '"');
 }
 
 FieldWriter& FieldWriter::Integer(int value) {

@@ -25,6 +25,10 @@ class FieldReader {
   double Number64();
   FreeValue Free();  // an empty field is unset
   bool AtEnd() const { return place_ >= text_.size(); }
+  // Whether nothing but blanks and line ends is left.
+  bool OnlyBlanksLeft() const;
+  // Whether the next field is a quoted text.
+  bool AtQuotedText() const { return !AtEnd() && text_[place_] == '"'; }
 
  private:
   std::string_view NumberField();
@@ -35,10 +39,14 @@ class FieldReader {
   std::size_t place_ = 0;
 };
 
+// A text as it comes back from a text field of a file.
+std::string AsTextField(std::string_view text);
+
 // Builds such a file. Numbers are written in the general form.
 class FieldWriter {
  public:
-  FieldWriter& Text(std::string_view text);  // between double quotes, nothing inside is escaped
+  // Between double quotes. Nothing inside can be escaped, so a quote in the text goes out as a closing quotation mark.
+  FieldWriter& Text(std::string_view text);
   FieldWriter& Integer(int value);
   FieldWriter& Number32(float value);
   FieldWriter& Number64(double value);

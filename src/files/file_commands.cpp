@@ -137,7 +137,7 @@ void SaveRecentFiles(Program& program) {
 void OpenRecentFiles(Program& program) {
   std::string text;
   try {
-    text = FromCodePage(ReadBytes(RecentPath(program)));
+    text = ReadText(RecentPath(program));
   } catch (const FileFault&) {
     // No list yet.
   }

@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "base/platform.h"
 #include "base/whole_file.h"
+#include "files/code_page.h"
 #include "files/file_fault.h"
 
 namespace torvale {
@@ -56,6 +57,14 @@ std::string ReadBytes(const std::string& path) {
     if (bytes.size() + count > kLargestFile) throw FileFault{EFBIG};
     bytes.append(block, 0, count);
   }
+}
+
+std::string ReadText(const std::string& path) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  std::string bytes = ReadBytes(path);
+  if (!bytes.starts_with(kByteOrderMark)) return FromCodePage(bytes);
+  bytes.erase(0, kByteOrderMark.size());
+  return IsUtf8(bytes) ? bytes : FromCodePage(bytes);
 }
 
 void WriteBytes(Program& program, const std::string& path, std::string_view bytes) {

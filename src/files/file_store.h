@@ -12,6 +12,9 @@ namespace torvale {
 // The bytes of a file. A file of more than 8 megabytes is refused (EFBIG): no design comes near it.
 std::string ReadBytes(const std::string& path);
 
+// The text of such a file, which is in the code page unless a byte order mark ahead of it says UTF-8.
+std::string ReadText(const std::string& path);
+
 // Writes a file whole, in the place of one of that name (WriteWhole). The status bar says where the former content is
 // kept in the one case that leaves the file broken: it could only be written in place, and the disk failed twice.
 void WriteBytes(Program& program, const std::string& path, std::string_view bytes);

@@ -3,7 +3,6 @@
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
-#include "files/code_page.h"
 #include "files/fields.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
@@ -65,7 +64,7 @@ void ApplyCoefficients(Program& program) {
 void ReadDefaultsFile(Program& program) {
   try {
     const std::string path = program.host.ProgramFolder() + "/" + std::string(kDefaultsFile);
-    FieldReader reader(FromCodePage(ReadBytes(path)));
+    FieldReader reader(ReadText(path));
     for (std::size_t i = 0; i < program.main.txtDefault.size(); ++i) TakeField(program, i, reader.Text());
   } catch (const FileFault&) {
     // What is missing stays as it was.

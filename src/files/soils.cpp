@@ -25,15 +25,19 @@ std::string SoilsPath(Program& program) {
 }
 
 void ReadSoils(Program& program) {
-  FieldReader reader(FromCodePage(ReadBytes(SoilsPath(program))));
+  FieldReader reader(ReadText(SoilsPath(program)));
   Grid& grid = program.soils.Grd_Soils_FurrowFlow;
-  for (int i = 1; !reader.AtEnd(); ++i) {
+  program.soils.copies.push_back(program.main.listSoils.count());
+  for (int i = 1; !reader.OnlyBlanksLeft(); ++i) {
     const std::string name = reader.Text();
     const std::string flow = reader.Text();
-    grid.Set(i, kNameColumn, name);
-    grid.Set(i, kFlowColumn, flow);
+    std::int16_t& recommended = program.record.SoilFurrowFlow[i];
+    if (i < grid.rows()) {  // the table holds one soil more than the editor shows
+      grid.Set(i, kNameColumn, name);
+      grid.Set(i, kFlowColumn, flow);
+    }
     program.main.listSoils.Add(name);
-    program.record.SoilFurrowFlow[i] = StoreInt16(Val(flow));
+    recommended = StoreInt16(Val(flow));
   }
 }
 
@@ -94,8 +98,18 @@ void OpenSoils(Program& program) {
 
 void mnuSoils_and_Furrow_Click(Program& program) {
   SetGrd_Soils_FurrowFlow(program);
-  program.soils.visible = true;
   OpenSoils(program);
+  // Without a file, too: then the table stands ready to be filled in.
+  program.soils.visible = true;
+}
+
+int ChosenSoil(const Program& program) {
+  const int chosen = program.main.listSoils.Current();
+  int begin = 0;
+  for (const int copy : program.soils.copies) {
+    if (copy <= chosen) begin = copy;
+  }
+  return chosen - begin;
 }
 
 void listSoils_Click(Program& program) {

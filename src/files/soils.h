@@ -22,6 +22,9 @@ void mnuSoils_and_Furrow_Click(Program& program);
 // does not enter the hydraulics. An index outside the tables ends it in silence with what was done so far.
 void listSoils_Click(Program& program);
 
+// The place in the soils file, from 0, of the soil that is chosen in any of the list's copies of it; -1 for none.
+int ChosenSoil(const Program& program);
+
 // Looks the text of the list up in `SoilNames`.
 void Recommended_Furror_Flow(Program& program);
 

@@ -88,6 +88,7 @@ struct SoilsScreen {
   Control mnuFile, mnuSave, mnu_Save_Exit, MnuExit;
   Control mnuEdit, mnuCut, mnuCopy, mnuPaste;
   Grid Grd_Soils_FurrowFlow;
+  std::vector<int> copies;  // the line of `listSoils` at which each reading of the soils file began
 };
 
 enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, kToolBar, kStatusBar };

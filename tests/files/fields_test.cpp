@@ -135,10 +135,17 @@ TEST(FieldWriter, PutsCommasBetweenFieldsAndCrLfBehindRecords) {
   EXPECT_EQ(out.text(), "\"a\",-1\r\n\r\n\"\"\r\n");
 }
 
-TEST(FieldWriter, EscapesNothing) {
+// Nothing can be escaped, so a quote that would end the text becomes the closing mark that looks like it.
+TEST(FieldWriter, AQuoteBecomesAClosingMarkAndAllElseStays) {
   FieldWriter out;
   out.Text("6\" pipe, new\r\n").EndRecord();
-  EXPECT_EQ(out.text(), "\"6\" pipe, new\r\n\"\r\n");
+  EXPECT_EQ(out.text(), "\"6\u201D pipe, new\r\n\"\r\n");
+}
+
+TEST(FieldReader, BlanksAndLineEndsAreNothing) {
+  EXPECT_TRUE(FieldReader("").OnlyBlanksLeft());
+  EXPECT_TRUE(FieldReader(" \r\n\t\n").OnlyBlanksLeft());
+  EXPECT_FALSE(FieldReader("\r\n,").OnlyBlanksLeft());
 }
 
 TEST(FieldWriter, NumbersAreInTheGeneralForm) {

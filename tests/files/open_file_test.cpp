@@ -60,12 +60,12 @@ TEST_F(OpenFileTest, WithoutWateredFurrowsItOpensAllTheSame) {
   EXPECT_EQ(record.FlowRatio[1], 0.0F);
 }
 
-TEST_F(OpenFileTest, RowsDownTo300AreEmptiedFirst) {
-  for (const int row : {2, 300, 301}) main.Grid1.Set(row, 8, "old");
+TEST_F(OpenFileTest, AllRowsAreEmptiedFirst) {
+  for (const int row : {2, 300, 319}) main.Grid1.Set(row, 8, "old");
   OpenSmall({});
   EXPECT_EQ(main.Grid1.Text(2, 8), "");
   EXPECT_EQ(main.Grid1.Text(300, 8), "");
-  EXPECT_EQ(main.Grid1.Text(301, 8), "old");
+  EXPECT_EQ(main.Grid1.Text(319, 8), "");
 }
 
 TEST_F(OpenFileTest, ThePlantedWidthStandsWhereThereIsFlow) {

@@ -158,11 +158,19 @@ TEST_F(OpenFileTest, ACountBeyondTheSheetIsError9) {
   EXPECT_EQ(main.Grid1.Text(319, 7), "1");
 }
 
+// Puts a quote into a saved file, in the place of a mark.
+void QuoteTheMark(const std::string& path) {
+  std::string text = BytesOf(path);
+  text.replace(text.find('~'), 1, "\"");
+  WriteTestFile(path, text);
+}
+
 TEST_F(OpenFileTest, AQuoteInATextEndsItEarly) {
   TypeSurvey();
   mnuDesignField_Click(program);
-  main.txtInfo[4].Set("the 6\" riser");
+  main.txtInfo[4].Set("the 6~ riser");
   ASSERT_EQ(Save(Path("x")), "");
+  QuoteTheMark(Path("x.PFD"));
   EXPECT_EQ(Open(Path("x.PFD")), "");
   EXPECT_EQ(main.txtInfo[4].text(), "the 6");
   EXPECT_EQ(main.txtInfo[5].text(), "E");
@@ -173,8 +181,9 @@ TEST_F(OpenFileTest, AQuoteInATextEndsItEarly) {
 TEST_F(OpenFileTest, ACommaBehindSuchAQuoteIsAFieldTooMany) {
   TypeSurvey();
   mnuDesignField_Click(program);
-  main.txtInfo[4].Set("the 6\" riser, north");
+  main.txtInfo[4].Set("the 6~ riser, north");
   ASSERT_EQ(Save(Path("x")), "");
+  QuoteTheMark(Path("x.PFD"));
   EXPECT_EQ(Open(Path("x.PFD")), std::string(kOpeningFailed) + " 13");
   EXPECT_EQ(main.txtInfo[4].text(), "the 6");
 }

@@ -46,7 +46,7 @@ TEST(SaveName, AnExtensionOfThreeCharactersIsReplaced) {
       {"Field.A.B", "Field.PFD"},
       {"x.y.DAT", "x.y.PFD"},
       {"Field", "Field.PFD"},
-      {".ABC", ".PFD"},
+      {".ABC", "NoName.PFD"},
       {"abc", "abc.PFD"},
   };
   for (const auto& [name, result] : expected) EXPECT_EQ(SavedName()(name, "", "", 1), result) << name;
@@ -192,7 +192,8 @@ constexpr std::string_view kEveryField =
     "39,\"reserved\"\r\n"
     "2\r\n.25,\"1/4\"\r\n.375,\"3/8\"\r\n"
     ",,,,\r\n,,,,\r\n,,,,\r\n,,,,\r\n"
-    "6.33,,\r\n";
+    "6.33,,\r\n"
+    "\"\"\r\n";  // the sheet's width, which the hole's 6.33 would not give back
 
 TEST_F(FilesTest, EveryFieldStandsInItsPlace) {
   FillEveryField(*this);

@@ -69,13 +69,57 @@ TEST_F(SoilsTest, AnEmptyFileIsAnEmptyList) {
   EXPECT_EQ(main.lblRecFurrowFlow.caption, "as it was");
 }
 
-TEST_F(SoilsTest, AMissingFileIsAMessageAndNoEditor) {
+TEST_F(SoilsTest, AMissingFileIsAMessageAndAnEmptyTable) {
   std::filesystem::remove(Path("SoilsName.txt"));
   mnuSoils_and_Furrow_Click(program);
   ASSERT_EQ(host.messages.size(), 1U);
   EXPECT_EQ(host.messages[0], (Shown{OpeningError(2), ""}));
-  EXPECT_FALSE(program.soils.visible);
+  EXPECT_TRUE(program.soils.visible);
   EXPECT_EQ(main.listSoils.count(), 0);
+  grid.Set(1, 0, "Sand");
+  grid.Set(1, 1, "30");
+  mnu_Save_Exit_Click(program);
+  EXPECT_EQ(BytesOf(Path("SoilsName.txt")), "\"Sand\",\"30\"\r\n");
+}
+
+TEST_F(SoilsTest, ATrailingBlankLineEndsTheTable) {
+  Soils("\"Sand\",\"30\"\r\n \r\n\r\n");
+  OpenSoils(program);
+  EXPECT_EQ(Message(), "");
+  EXPECT_EQ(main.listSoils.count(), 1);
+}
+
+// An editor that puts a byte order mark ahead writes the rest in UTF-8, too.
+TEST_F(SoilsTest, AByteOrderMarkIsNoPartOfAName) {
+  Soils("\xEF\xBB\xBF\"Ca\u00F1on\",\"30\"\r\n");
+  OpenSoils(program);
+  EXPECT_EQ(Message(), "");
+  EXPECT_EQ(main.listSoils.Line(0), "Ca\u00F1on");
+}
+
+// The second copy begins at line 3: line 4 is the second soil. A file that has grown since has its third at line 8.
+TEST_F(SoilsTest, AChosenSoilIsKnownByItsPlaceInTheFile) {
+  Soils("\"Sand\",\"1\"\r\n\"Loam\",\"2\"\r\n\"Clay\",\"3\"\r\n");
+  EXPECT_EQ(ChosenSoil(program), -1);
+  OpenSoils(program);
+  OpenSoils(program);
+  main.listSoils.Select(4, true);
+  EXPECT_EQ(ChosenSoil(program), 1);
+  main.listSoils.Select(2, true);
+  EXPECT_EQ(ChosenSoil(program), 2);
+  OpenSoils(program);
+  main.listSoils.Select(8, true);
+  EXPECT_EQ(ChosenSoil(program), 2);
+}
+
+// A quote that was pasted into a name would cut the table short.
+TEST_F(SoilsTest, AQuoteInANameIsWrittenAsAClosingMark) {
+  grid.Set(1, 0, "Sand \",\" coarse");
+  grid.Set(1, 1, "30");
+  mnu_Save_Exit_Click(program);
+  OpenSoils(program);
+  EXPECT_EQ(Message(), "");
+  EXPECT_EQ(main.listSoils.Line(0), "Sand \u201D,\u201D coarse");
 }
 
 TEST_F(SoilsTest, ANameWithoutAFlowIsError62) {
@@ -102,15 +146,16 @@ TEST_F(SoilsTest, NinetyNineRowsFit) {
   EXPECT_EQ(record.SoilFurrowFlow[99], 99);
 }
 
-// The editor's grid ends with row 99.
-TEST_F(SoilsTest, TheHundredthRowIsError9) {
+// The table of flows ends with 100, the editor's grid with row 99.
+TEST_F(SoilsTest, AHundredRowsFitAndOneMoreIsError9) {
   for (const int rows : {100, 101, 300}) {
     main.listSoils.Clear();
     Soils(Rows(rows));
     OpenSoils(program);
-    EXPECT_EQ(Message(), OpeningError(9)) << rows;
-    EXPECT_EQ(main.listSoils.count(), 99) << rows;
-    EXPECT_EQ(record.SoilFurrowFlow[99], 99) << rows;
+    EXPECT_EQ(Message(), rows == 100 ? "" : OpeningError(9)) << rows;
+    EXPECT_EQ(main.listSoils.count(), 100) << rows;
+    EXPECT_EQ(record.SoilFurrowFlow[100], 100) << rows;
+    EXPECT_EQ(grid.Text(99, 0), "Soil 99") << rows;
   }
 }
 
