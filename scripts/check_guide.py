@@ -54,6 +54,7 @@ VALUES = {
     "src/shell/csv_export.cpp": {"path", "std::generic_category().message(error)"},
     "src/shell/events.cpp": {"what"},
     "src/shell/help.cpp": {"fault.what()"},
+    "src/shell/history.cpp": {"step.name", "top.name"},
 }
 # Members of tables: the file and the table whose texts they are, and which text of each row it is.
 TABLES = {

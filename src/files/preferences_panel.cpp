@@ -103,6 +103,18 @@ void RepairLetter(Program& program, int index, std::string_view other, std::stri
   program.host.Beep();
 }
 
+void WriteDefaults(Program& program) {
+  Attempt([&] {
+    WriteBytes(program, program.host.ProgramFolder() + "/" + std::string(kDefaultsFile),
+               ToCodePage(DefaultsText(program)));
+  });
+}
+
+void TakePreferences(Program& program) {
+  ApplyCoefficients(program);
+  Attempt([&] { program.record.StationInterval = StoreInt16(Val(Field(program, 0).text())); });
+}
+
 }  // namespace
 
 void mnuPreference_Click(Program& program) {
@@ -116,12 +128,14 @@ void mnuPreference_Click(Program& program) {
 void btnDefaultExit_Click(Program& program) {
   program.main.Frame1.visible = false;
   FillBlankFields(program);
-  Attempt([&] {
-    WriteBytes(program, program.host.ProgramFolder() + "/" + std::string(kDefaultsFile), ToCodePage(DefaultsText(program)));
-  });
+  WriteDefaults(program);
   BringScreenBack(program);
-  ApplyCoefficients(program);
-  Attempt([&] { program.record.StationInterval = StoreInt16(Val(Field(program, 0).text())); });
+  TakePreferences(program);
+}
+
+void StorePreferences(Program& program) {
+  WriteDefaults(program);
+  TakePreferences(program);
 }
 
 void txtDefault_LostFocus(Program& program, int index) {

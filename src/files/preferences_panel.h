@@ -15,6 +15,10 @@ void mnuPreference_Click(Program& program);
 // Whatever fails is passed over in silence. Also run by opening and saving a design and at the program's end.
 void btnDefaultExit_Click(Program& program);
 
+// Writes the defaults file with the fields as they stand and applies them, and leaves the panel as it is. Whatever
+// fails is passed over in silence.
+void StorePreferences(Program& program);
+
 // Repairs the letters of fields 9 and 11 and, whichever field it is, a highest target head below half a foot; each with
 // a beep.
 void txtDefault_LostFocus(Program& program, int index);

@@ -69,13 +69,9 @@ const std::string& ShownText(Program& program, std::string_view control) {
   return other != nullptr ? other->caption : nothing;
 }
 
-void ChoosePipe(Program& program, std::string_view kind, std::string_view heading) {
-  MainScreen& main = program.main;
-  main.mnuLayflatPipe.ticked = kind == "L";
-  main.mnuRigidPipe.ticked = kind == "R";
-  program.record.PipeKind = kind;
-  main.Grid1.SetCurrent(0, kHoleSizeColumn);
-  main.Grid1.Set(0, kHoleSizeColumn, heading);
+void ChoosePipe(Program& program, std::string_view kind) {
+  SetPipeKind(program, kind);
+  program.main.Grid1.SetCurrent(0, kHoleSizeColumn);
 }
 
 // A shown design follows the kind of pipe. A limited hole selection keeps its holes: its line is marched again and the
@@ -167,14 +163,22 @@ bool txtInfo_Key(Program& program, int index, FieldKeyKind key) {
   return goes_on;
 }
 
+void SetPipeKind(Program& program, std::string_view kind) {
+  MainScreen& main = program.main;
+  main.mnuLayflatPipe.ticked = kind == "L";
+  main.mnuRigidPipe.ticked = kind == "R";
+  program.record.PipeKind = kind;
+  main.Grid1.Set(0, kHoleSizeColumn, kind == "R" ? "Hole Width (fractions)" : "Hole Diameter (fractions)");
+}
+
 void mnuLayflatPipe_Click(Program& program) {
-  ChoosePipe(program, "L", "Hole Diameter (fractions)");
+  ChoosePipe(program, "L");
   program.main.lblSumHoleDia.tool_tip.clear();
   RunShownDesign(program);
 }
 
 void mnuRigidPipe_Click(Program& program) {
-  ChoosePipe(program, "R", "Hole Width (fractions)");
+  ChoosePipe(program, "R");
   RunShownDesign(program);
 }
 

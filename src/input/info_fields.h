@@ -23,6 +23,9 @@ void SelectWhereShown(Program& program, TextField& field);
 // A key in a field, before it changes the text. True where the key is swallowed.
 bool txtInfo_Key(Program& program, int index, FieldKeyKind key);
 
+// The kind of pipe, "L" or "R", as the ticks and the sheet's heading tell it. Nothing is run.
+void SetPipeKind(Program& program, std::string_view kind);
+
 // The kind of pipe. A design that is shown is run again at once. The cursor of the sheet then stands in its heading row
 // until the user moves it.
 void mnuLayflatPipe_Click(Program& program);

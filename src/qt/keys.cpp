@@ -28,8 +28,11 @@ struct StandardKey {
 };
 
 // Whatever keys the desktop has for them, Ctrl+C and the like among them.
-constexpr StandardKey kStandardKeys[] = {
-    {QKeySequence::Copy, Key::kCopy}, {QKeySequence::Cut, Key::kCut}, {QKeySequence::Paste, Key::kPaste}};
+constexpr StandardKey kStandardKeys[] = {{QKeySequence::Copy, Key::kCopy},
+                                         {QKeySequence::Cut, Key::kCut},
+                                         {QKeySequence::Paste, Key::kPaste},
+                                         {QKeySequence::Undo, Key::kUndo},
+                                         {QKeySequence::Redo, Key::kRedo}};
 
 template <typename Table>
 std::optional<Key> Find(const Table& table, int key) {

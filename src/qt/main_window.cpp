@@ -184,14 +184,13 @@ bool MainWindow::FieldKeyPressed(const std::string& name, const QKeyEvent& event
   return swallowed;
 }
 
-// The toolkit's own menu of a field would cut, copy and paste in its own way; this one has the entries of the Edit
-// menu.
+// The toolkit's own menu of a field would undo, cut, copy and paste in its own way; this one has the entries of the
+// Edit menu.
 void MainWindow::ShowFieldMenu(QLineEdit& edit, const QPoint& at) {
   auto* menu = new QMenu(&edit);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setFont(menuBar()->font());
-  menu->addAction("&Undo", &edit, &QLineEdit::undo)->setEnabled(edit.isUndoAvailable());
-  menu->addAction("&Redo", &edit, &QLineEdit::redo)->setEnabled(edit.isRedoAvailable());
+  for (const char* entry : {"mnuEditUndo", "mnuEditRedo"}) menu->addAction(findChild<QAction*>(entry));
   menu->addSeparator();
   for (const char* entry : {"mnuEditCut", "mnuEditCopy", "mnuEditPaste"}) {
     menu->addAction(findChild<QAction*>(entry));

@@ -153,6 +153,7 @@ void MainWindow::MakeShortcuts() {
     return shortcut;
   };
   cancel_key_ = key(QKeySequence(Qt::Key_Escape), [this] { RunClick("cmdCancel"); });
+  key(QKeySequence("Ctrl+Shift+Z"), [this] { RunClick("mnuEditRedo"); });
   key(QKeySequence("Ctrl++"), [this] { StepZoom(1); });
   key(QKeySequence("Ctrl+="), [this] { StepZoom(1); });
   key(QKeySequence("Ctrl+-"), [this] { StepZoom(-1); });

@@ -53,6 +53,8 @@ constexpr Look kLooks[] = {
      "Write the runs of hole sizes for a spreadsheet"},
     {"mnuFileExit", "E&xit", {}, kShown, "End the program"},
     {"mnuEdit", "&Edit", {}, kShown, ""},
+    {"mnuEditUndo", "&Undo", {}, kShown, "Take back what was done last to the sheet, the fields or the preferences"},
+    {"mnuEditRedo", "&Redo", {}, kShown, "Do again what was taken back last"},
     {"mnuEditCut", "Cu&t", {}, kShown, "Take the selected cells or text out and keep them for Paste"},
     {"mnuEditCopy", "&Copy", {}, kShown, "Keep the selected cells or text for Paste"},
     {"mnuEditPaste",

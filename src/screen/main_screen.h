@@ -32,8 +32,8 @@ struct MainScreen {
   // The summary, the complete design and the hole summary
   std::array<Control, 3> mnuPreview, mnuExportPdf;
   std::array<Control, 4> mnuFileList;
-  Control mnuEdit, mnuEditCut, mnuEditCopy, mnuEditPaste, mnuInsertRow, mnuDeleteRow, mnuSoils_and_Furrow,
-      mnuSurveyCopy;
+  Control mnuEdit, mnuEditUndo, mnuEditRedo, mnuEditCut, mnuEditCopy, mnuEditPaste, mnuInsertRow, mnuDeleteRow,
+      mnuSoils_and_Furrow, mnuSurveyCopy;
   Control mnuPreference;
   Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
       mnuExistingDesign, mnuManHoleSelection;

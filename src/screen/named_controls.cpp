@@ -61,6 +61,8 @@ void AddMenus(MainScreen& s, std::vector<NamedControl>& all) {
                          Menu("mnuFileBar3", s.mnuFileBar3, "mnuFile"),
                          Menu("mnuFileExit", s.mnuFileExit, "mnuFile"),
                          Menu("mnuEdit", s.mnuEdit),
+                         Menu("mnuEditUndo", s.mnuEditUndo, "mnuEdit"),
+                         Menu("mnuEditRedo", s.mnuEditRedo, "mnuEdit"),
                          Menu("mnuEditCut", s.mnuEditCut, "mnuEdit"),
                          Menu("mnuEditCopy", s.mnuEditCopy, "mnuEdit"),
                          Menu("mnuEditPaste", s.mnuEditPaste, "mnuEdit"),

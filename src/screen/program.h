@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "engine/engine_host.h"
 #include "engine/flow_calc.h"
@@ -12,6 +13,8 @@
 #include "screen/splash_screen.h"
 
 namespace torvale {
+
+struct History;
 
 // The whole program: the record, the screens, and the desktop it runs on. One instance, owned by the program's start.
 struct Program {
@@ -27,6 +30,8 @@ struct Program {
   CrownProfileScreen profile;
   SplashScreen splash;
   HelpScreen help;
+  int events_open = 0;               // events being worked on, one inside the other while a calculation lets events run
+  std::shared_ptr<History> history;  // what can be undone, see shell/history.h; none until the program has started
   Host& host;
 };
 

@@ -31,7 +31,10 @@ constexpr NamedKey kKeys[] = {{"Enter", Key::kEnter},
                               {"Ctrl+End", Key::kCtrlEnd},
                               {"Ctrl+C", Key::kCopy},
                               {"Ctrl+X", Key::kCut},
-                              {"Ctrl+V", Key::kPaste}};
+                              {"Ctrl+V", Key::kPaste},
+                              {"Ctrl+Z", Key::kUndo},
+                              {"Ctrl+Y", Key::kRedo},
+                              {"Ctrl+Shift+Z", Key::kRedo}};
 
 constexpr std::string_view kShift = "Shift+";
 

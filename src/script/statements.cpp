@@ -10,6 +10,7 @@
 #include "script/show.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/history.h"
 
 namespace torvale {
 namespace {
@@ -89,8 +90,14 @@ void Type(Session& session, const Arguments& arguments, ScriptLines&) {
 void WriteCell(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(4, 4);
   Grid& grid = NeedGrid(session, arguments.Word(0));
-  NeedCell(grid, arguments.Number(1), arguments.Number(2));
-  grid.Set(arguments.Number(1), arguments.Number(2), arguments.Text(3));
+  const int row = arguments.Number(1);
+  const int column = arguments.Number(2);
+  NeedCell(grid, row, column);
+  const std::string& text = arguments.Text(3);
+  Guarded(session.program, [&] {
+    NameCause(session.program, "cell");
+    grid.Set(row, column, text);
+  });
 }
 
 void FillRow(Grid& grid, int row, int column, std::string_view line) {
@@ -108,9 +115,14 @@ void Fill(Session& session, const Arguments& arguments, ScriptLines& lines) {
   Grid& grid = NeedGrid(session, arguments.Word(0));
   int row = arguments.Number(1);
   std::string line;
-  while (lines.Next(line)) {
-    if (line == "end") return;
-    FillRow(grid, row++, arguments.Number(2), line);
+  const int column = arguments.Number(2);
+  for (bool more = lines.Next(line); more; more = lines.Next(line)) {
+    if (line != "end") {
+      FillRow(grid, row++, column, line);
+      continue;
+    }
+    Guarded(session.program, [&] { NameCause(session.program, "fill"); });
+    return;
   }
   throw ScriptError("a fill without its end");
 }

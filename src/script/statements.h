@@ -33,7 +33,8 @@ class ScriptLines {
 //                                   lines are cells and nothing else, so no comments, quotes or escapes
 //   click mnuDesignField            a click; a control that is hidden or disabled refuses
 //   key Grid1 "52.5" Enter          keys: characters in quotes, and Enter, Backspace, Delete, Escape, Up, Down, Left,
-//                                   Right, PageUp, PageDown, Home, End, Ctrl+Home, Ctrl+End, Ctrl+C, Ctrl+X, Ctrl+V
+//                                   Right, PageUp, PageDown, Home, End, Ctrl+Home, Ctrl+End, Ctrl+C, Ctrl+X, Ctrl+V,
+//                                   Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z
 //   at Grid1 5 0 / at Grid1 5 0 9 3 moves the current cell / and the selection's far corner
 //   choose listAllHoles "1/4" 8     selects these lines of a list and no others, by text or by index from 0
 //   doubleclick listAllHoles "1/4"  a double click on a line

@@ -167,7 +167,7 @@ void cmdCancel_Click(Program& program) {
   program.main.cmdCancel.visible = false;
 }
 
-void mnuWindowInfo_Click(Program& program) {
+void ShowInputScreen(Program& program) {
   MainScreen& main = program.main;
   main.title = "TORVALE   ";
   main.mnuProfile.visible = false;
@@ -195,8 +195,12 @@ void mnuWindowInfo_Click(Program& program) {
   program.record.DesignType = kNoDesign;
   program.record.SpacingWarningOff = 0;
   program.record.CancelFlag = false;
-  cmdInterpolate_Click(program);
   main.GridInchesApplied.control.visible = false;
+}
+
+void mnuWindowInfo_Click(Program& program) {
+  ShowInputScreen(program);
+  cmdInterpolate_Click(program);
 }
 
 void cmdInterpolate_Click(Program& program) {

@@ -13,7 +13,8 @@ void mnuComputerHoleSelection_Click(Program& program);  // Computer Selected Hol
 void mnuManHoleSelection_Click(Program& program);       // opens the panel of a limited selection
 void cmdReCalc_Click(Program& program);                 // the current design once more
 void cmdCancel_Click(Program& program);                 // sets the flags that the running calculation looks at
-void mnuWindowInfo_Click(Program& program);             // back to the input screen
+void mnuWindowInfo_Click(Program& program);             // back to the input screen, the sheet completed
+void ShowInputScreen(Program& program);                 // the same, the sheet left as it is
 void cmdInterpolate_Click(Program& program);            // completes the survey sheet
 
 // Ticks one of the six design entries and takes the ticks of the others away; nullptr for none.

@@ -19,6 +19,7 @@
 #include "shell/csv_export.h"
 #include "shell/events.h"
 #include "shell/help.h"
+#include "shell/history.h"
 #include "shell/splash.h"
 #include "shell/start_up.h"
 #include "shell/tool_bar.h"
@@ -90,6 +91,8 @@ constexpr Command kCommands[] = {
     {"mnuCut", mnuCut_Click},
     {"mnuCopy", mnuCopy_Click},
     {"mnuPaste", mnuPaste_Click},
+    {"mnuEditUndo", mnuEditUndo_Click},
+    {"mnuEditRedo", mnuEditRedo_Click},
     {"mnuEditCut", mnuEditCut_Click},
     {"mnuEditCopy", mnuEditCopy_Click},
     {"mnuEditPaste", mnuEditPaste_Click},
@@ -160,7 +163,11 @@ Reach Click(Program& program, std::string_view name) {
   // A menu drops down before an entry of it is clicked, and settles then which of them can be.
   for (std::string menu = MenuOf(program, name); !menu.empty(); menu = MenuOf(program, menu)) MenuOpened(program, menu);
   const Reach reach = ReachOf(program, name);
-  if (reach == Reach::kUsable) Guarded(program, [&] { command->run(program); });
+  if (reach == Reach::kUsable)
+    Guarded(program, [&] {
+      NameCause(program, name);
+      command->run(program);
+    });
   return reach;
 }
 

@@ -16,6 +16,7 @@
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/csv_export.h"
+#include "shell/history.h"
 
 namespace torvale {
 namespace {
@@ -54,18 +55,23 @@ bool IsInfoField(std::string_view name) {
   return name.starts_with(kInfoFields);
 }
 
-// The Edit command of a key that has one in a field, or nullptr.
-void (*EditCommandOf(Key key))(Program&) {
-  switch (key) {
-    case Key::kCopy:
-      return mnuEditCopy_Click;
-    case Key::kCut:
-      return mnuEditCut_Click;
-    case Key::kPaste:
-      return mnuEditPaste_Click;
-    default:
-      return nullptr;
-  }
+// An Edit command that has a key in a field.
+struct EditKey {
+  Key key;
+  std::string_view command;
+  void (*run)(Program&);
+};
+
+constexpr EditKey kEditKeys[] = {{Key::kCopy, "mnuEditCopy", mnuEditCopy_Click},
+                                 {Key::kCut, "mnuEditCut", mnuEditCut_Click},
+                                 {Key::kPaste, "mnuEditPaste", mnuEditPaste_Click},
+                                 {Key::kUndo, "mnuEditUndo", mnuEditUndo_Click},
+                                 {Key::kRedo, "mnuEditRedo", mnuEditRedo_Click}};
+
+const EditKey* EditKeyOf(Key key) {
+  const auto* const found =
+      std::find_if(std::begin(kEditKeys), std::end(kEditKeys), [&](const EditKey& row) { return row.key == key; });
+  return found == std::end(kEditKeys) ? nullptr : found;
 }
 
 // How an information field takes a key; nothing for keys that carry no character, which it does not see.
@@ -83,15 +89,16 @@ std::optional<FieldKeyKind> KindOf(Key key) {
     case Key::kCopy:
     case Key::kCut:
     case Key::kPaste:
+    case Key::kUndo:
+    case Key::kRedo:
       return FieldKeyKind::kOther;
     default:
       return std::nullopt;
   }
 }
 
-}  // namespace
-
-void Guarded(Program& program, const std::function<void()>& work) {
+// Runs `work`; a fault is told, and leaves pointers, Cancel button and lock as they were.
+void RunOrTell(Program& program, const std::function<void()>& work) {
   // The work may have come in the middle of a calculation, whose pointer, Cancel button and lock of the screen go on.
   MainScreen& main = program.main;
   const bool busy = main.busy;
@@ -105,6 +112,15 @@ void Guarded(Program& program, const std::function<void()>& work) {
   main.cmdCancel.visible = cancel_offered;
   if (unlocked && !main.mnuFile.enabled) ScreenControlsOn(program);
   Report(program, *fault);
+}
+
+}  // namespace
+
+void Guarded(Program& program, const std::function<void()>& work) {
+  ++program.events_open;
+  RunOrTell(program, work);
+  if (program.events_open == 1) RunOrTell(program, [&] { EndOfEvent(program); });
+  --program.events_open;
 }
 
 std::string_view CharacterOf(const KeyStroke& stroke) {
@@ -128,6 +144,7 @@ void TypeText(Program& program, std::string_view field, std::string_view text) {
   const std::string line = OnOneLine(text);
   const std::string typed = IsInfoField(field) ? WithClosingQuotes(line) : line;
   Guarded(program, [&] {
+    NameCause(program, field);
     target->SelectAll();
     target->ReplaceSelected(typed);
   });
@@ -154,15 +171,16 @@ bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke)
   if (!kind || ReachOf(program, field) != Reach::kUsable) return false;
   const int info = IndexIn(kInfoFields, field);
   const int preference = IndexIn(kPreferences, field);
-  auto* const command = EditCommandOf(stroke.key);
+  const EditKey* const command = EditKeyOf(stroke.key);
   bool swallowed = command != nullptr;
   Guarded(program, [&] {
+    NameCause(program, command == nullptr ? field : command->command);
     if (info >= 0) swallowed = txtInfo_Key(program, info, *kind) || swallowed;
     if (preference >= 0) swallowed = PreferenceKey(program, preference, stroke, *kind) || swallowed;
     if (command == nullptr) return;
     // The field that takes a key is the active control.
     if (program.main.focus != field) MoveFocus(program, field);
-    command(program);
+    command->run(program);
   });
   return swallowed;
 }
@@ -173,7 +191,11 @@ void FocusGained(Program& program, std::string_view control) {
 
 void FocusLost(Program& program, std::string_view control) {
   const int preference = IndexIn(kPreferences, control);
-  if (preference >= 0) Guarded(program, [&] { txtDefault_LostFocus(program, preference); });
+  if (preference >= 0)
+    Guarded(program, [&] {
+      NameCause(program, control);
+      txtDefault_LostFocus(program, preference);
+    });
 }
 
 void MenuOpened(Program& program, std::string_view menu) {
@@ -184,7 +206,10 @@ void MenuOpened(Program& program, std::string_view menu) {
 
 void FileDropped(Program& program, std::string_view path) {
   if (ReachOf(program, "mnuFileOpen") != Reach::kUsable) return;
-  Guarded(program, [&] { OpenNamedFile(program, path); });
+  Guarded(program, [&] {
+    NameCause(program, "mnuFileOpen");
+    OpenNamedFile(program, path);
+  });
 }
 
 void BackgroundMouse(Program& program) {

@@ -14,6 +14,8 @@ namespace torvale {
 
 // Runs `work` inside that boundary. After a fault the busy pointers, the Cancel button and the lock of the screen are
 // as they were before.
+//
+// At the end of the outermost event, one that runs inside no other, the history takes what the event changed.
 void Guarded(Program& program, const std::function<void()>& work);
 
 enum class Key {
@@ -35,6 +37,8 @@ enum class Key {
   kCopy,   // Ctrl+C
   kCut,    // Ctrl+X
   kPaste,  // Ctrl+V
+  kUndo,   // Ctrl+Z
+  kRedo,   // Ctrl+Y, Ctrl+Shift+Z
 };
 
 struct KeyStroke {
@@ -56,7 +60,7 @@ void GridPoint(Program& program, std::string_view grid, int row, int column, boo
 void TypeText(Program& program, std::string_view field, std::string_view text);
 // The user selects text of a field, or places the caret.
 void SelectText(Program& program, std::string_view field, const TextSelection& selection);
-// A key in a field before it changes the text. True where the key is swallowed; Ctrl+C, Ctrl+X and Ctrl+V always are.
+// A key in a field before it changes the text. True where the key is swallowed; those of Edit commands always are.
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
 // A control gets the focus, or loses it.
 void FocusGained(Program& program, std::string_view control);

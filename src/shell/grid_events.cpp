@@ -6,6 +6,7 @@
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/events.h"
+#include "shell/history.h"
 
 namespace torvale {
 namespace {
@@ -95,20 +96,24 @@ Grid* LiveGrid(Program& program, std::string_view name) {
 struct GridCommand {
   std::string_view grid;
   Key key;
+  std::string_view command;
   void (*run)(Program&);
 };
 
 constexpr GridCommand kGridCommands[] = {
-    {"Grid1", Key::kCopy, mnuEditCopy_Click},  {"Grid1", Key::kCut, mnuEditCut_Click},
-    {"Grid1", Key::kDelete, mnuEditCut_Click}, {"Grid1", Key::kPaste, mnuEditPaste_Click},
-    {"Grid2", Key::kCopy, mnuEditCopy_Click},  {kSoilsGrid, Key::kCopy, mnuCopy_Click},
-    {kSoilsGrid, Key::kCut, mnuCut_Click},     {kSoilsGrid, Key::kDelete, mnuCut_Click},
-    {kSoilsGrid, Key::kPaste, mnuPaste_Click},
+    {"Grid1", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click}, {"Grid1", Key::kCut, "mnuEditCut", mnuEditCut_Click},
+    {"Grid1", Key::kDelete, "mnuEditCut", mnuEditCut_Click}, {"Grid1", Key::kPaste, "mnuEditPaste", mnuEditPaste_Click},
+    {"Grid1", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click}, {"Grid1", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click},
+    {"Grid2", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click}, {"Grid2", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click},
+    {"Grid2", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click}, {kSoilsGrid, Key::kCopy, "mnuCopy", mnuCopy_Click},
+    {kSoilsGrid, Key::kCut, "mnuCut", mnuCut_Click},         {kSoilsGrid, Key::kDelete, "mnuCut", mnuCut_Click},
+    {kSoilsGrid, Key::kPaste, "mnuPaste", mnuPaste_Click},
 };
 
 bool RunGridCommand(Program& program, std::string_view grid, Key key) {
   for (const GridCommand& command : kGridCommands) {
     if (command.grid != grid || command.key != key) continue;
+    NameCause(program, command.command);
     // The grid that takes a key is the active control.
     if (grid != kSoilsGrid && program.main.focus != grid) MoveFocus(program, grid);
     command.run(program);
@@ -124,10 +129,10 @@ void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
   if (cells == nullptr) return;
   Guarded(program, [&] {
     const Cell from = stroke.shift ? Cell{cells->row_sel, cells->column_sel} : Cell{cells->row, cells->column};
+    if (RunGridCommand(program, grid, stroke.key)) return;
+    NameCause(program, grid);
     if (const std::optional<Cell> to = Target(*cells, stroke.key, from)) {
       Point(program, grid, *to, stroke.shift);
-    } else if (RunGridCommand(program, grid, stroke.key)) {
-      return;
     } else if (grid == "Grid1" && !CharacterOf(stroke).empty()) {
       Grid1_KeyPress(program, CharacterOf(stroke));
     } else if (grid == kSoilsGrid && !CharacterOf(stroke).empty()) {
@@ -138,7 +143,10 @@ void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
 
 void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend) {
   if (LiveGrid(program, grid) == nullptr) return;
-  Guarded(program, [&] { Point(program, grid, {row, column}, extend); });
+  Guarded(program, [&] {
+    NameCause(program, grid);
+    Point(program, grid, {row, column}, extend);
+  });
 }
 
 void ResultMouse(Program& program, MouseAction action, MouseButton button, int x, int y) {

@@ -52,6 +52,8 @@ constexpr Topic kTopics[] = {
     {"mnuPreview", "printing"},
     {"mnuExport", "printing"},
     {"mnuFile", "files"},
+    {"mnuEditUndo", "undo"},
+    {"mnuEditRedo", "undo"},
     {"mnuEdit", "clipboard"},
     {"mnuSurveyCopy", "clipboard"},
     {"mnuInsertRow", "keys"},

@@ -4,6 +4,7 @@
 #include "files/soils.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/history.h"
 
 namespace torvale {
 namespace {
@@ -35,7 +36,11 @@ Reach SelectLines(Program& program, std::string_view list, const std::vector<int
   if (reach != Reach::kUsable) return reach;
   for (int i = 0; i < box->count(); ++i) box->Select(i, false);
   for (const int line : lines) box->Select(line, true);
-  if (box == &program.main.listSoils) Guarded(program, [&] { listSoils_Click(program); });
+  if (box == &program.main.listSoils)
+    Guarded(program, [&] {
+      NameCause(program, list);
+      listSoils_Click(program);
+    });
   return reach;
 }
 

@@ -16,6 +16,7 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "input/info_fields.h"
+#include "shell/history.h"
 #include "shell/splash.h"
 
 namespace torvale {
@@ -123,6 +124,7 @@ void StartProgram(Program& program) {
   ConnectInfoFields(program);
   ConnectPreferences(program);
   frmSplash_Load(program);
+  StartHistory(program);
 }
 
 void Form_Load(Program& program) {

@@ -1,0 +1,309 @@
+#include "shell/history.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "files/preferences_panel.h"
+#include "input/info_fields.h"
+#include "search/design_commands.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kUndo = "mnuEditUndo";
+constexpr std::string_view kRedo = "mnuEditRedo";
+
+// Seven bits to a byte, the lowest first; the highest bit tells that more follow.
+void PutNumber(std::string& out, std::size_t number) {
+  for (; number >= 0x80U; number >>= 7U) out.push_back(static_cast<char>(number | 0x80U));
+  out.push_back(static_cast<char>(number));
+}
+
+std::size_t TakeNumber(std::string_view& in) {
+  std::size_t number = 0;
+  for (unsigned shift = 0; !in.empty(); shift += 7) {
+    const auto byte = static_cast<unsigned char>(in.front());
+    in.remove_prefix(1);
+    number |= static_cast<std::size_t>(byte & 0x7FU) << shift;
+    if ((byte & 0x80U) == 0) break;
+  }
+  return number;
+}
+
+void PutText(std::string& out, std::string_view text) {
+  PutNumber(out, text.size());
+  out.append(text);
+}
+
+std::string TakeText(std::string_view& in) {
+  const std::size_t length = std::min(TakeNumber(in), in.size());
+  std::string text(in.substr(0, length));
+  in.remove_prefix(length);
+  return text;
+}
+
+std::size_t BytesOf(const EditStep& step) {
+  return sizeof(EditStep) + step.name.capacity() + step.changes.capacity();
+}
+
+void Forget(History& history, EditStep& step) {
+  history.bytes -= BytesOf(step);
+}
+
+void ForgetUndone(History& history) {
+  for (EditStep& step : history.undone) Forget(history, step);
+  history.undone.clear();
+}
+
+void HoldToSize(History& history) {
+  while (history.bytes > kMostHistoryBytes && history.done.size() > 1) {
+    Forget(history, history.done.front());
+    history.done.pop_front();
+  }
+}
+
+std::uint64_t TopNumber(const History& history) {
+  return history.done.empty() ? 0 : history.done.back().number;
+}
+
+// Commands whose caption does not tell in a menu what they did, by the beginning of their name.
+struct CauseName {
+  std::string_view control;
+  std::string_view name;
+};
+
+constexpr CauseName kCauseNames[] = {
+    {"mnuFileList", "Open"},
+    {"btnDefaultExit", "Preferences"},
+    {"cmdInterpolate", "Interpolation"},
+    {"cmdADDtoSelected", "Add to Selected Holes"},
+    {"cmdExitHoleSelect", "User Hole Selection"},
+    {"listSoils", "Soil"},
+    {"mnuLayflatPipe", "Type of Pipe"},
+    {"mnuRigidPipe", "Type of Pipe"},
+    {"fill", "Fill"},
+};
+
+// A caption as a sentence has it: without the mark of its mnemonic and the points of a dialog.
+std::string PlainCaption(std::string caption) {
+  std::erase(caption, '&');
+  while (caption.ends_with('.') || caption.ends_with(' ')) caption.pop_back();
+  return caption;
+}
+
+bool IsTyping(std::string_view cause) {
+  return cause == "Grid1" || cause == "cell" || cause.starts_with("txt");
+}
+
+std::string NameOfStep(Program& program, std::string_view cause, const std::vector<InputChange>& changes) {
+  for (const CauseName& row : kCauseNames) {
+    if (cause.starts_with(row.control)) return std::string(row.name);
+  }
+  const Control* control = IsTyping(cause) ? nullptr : FindControl(program, cause);
+  if (control != nullptr && !control->caption.empty()) return PlainCaption(control->caption);
+  return "typing in " + PlaceName(program, changes.front().place);
+}
+
+bool AllFileNames(const std::vector<InputChange>& changes) {
+  return std::all_of(changes.begin(), changes.end(), [](const InputChange& c) { return IsFileName(c.place); });
+}
+
+// Takes what was typed into the step on top, where that was typed into the same place and is not closed. A text that
+// is back where it began leaves no step.
+bool Continue(History& history, const std::vector<InputChange>& changes) {
+  if (history.done.empty() || changes.size() != 1) return false;
+  EditStep& top = history.done.back();
+  if (top.typed != changes.front().place || top.number == history.table_step) return false;
+  std::vector<InputChange> typed = UnpackChanges(top.changes);
+  typed.front().after = changes.front().after;
+  Forget(history, top);
+  if (typed.front().before == typed.front().after) {
+    history.done.pop_back();
+    return true;
+  }
+  top.changes = PackChanges(typed);
+  history.bytes += BytesOf(top);
+  return true;
+}
+
+void Add(Program& program, History& history, const std::vector<InputChange>& changes, std::string_view cause) {
+  ForgetUndone(history);
+  const bool typing = IsTyping(cause);
+  if (typing && Continue(history, changes)) return;
+  EditStep step;
+  step.name = NameOfStep(program, cause, changes);
+  step.changes = PackChanges(changes);
+  if (typing && changes.size() == 1) step.typed = changes.front().place;
+  step.number = ++history.steps;
+  history.bytes += BytesOf(step);
+  history.done.push_back(std::move(step));
+  HoldToSize(history);
+}
+
+void Record(Program& program, History& history, std::string_view cause) {
+  const std::vector<InputChange> changes = TakeInputChanges(program, history.now, history.sheet_revision);
+  if (!changes.empty() && !AllFileNames(changes)) Add(program, history, changes, cause);
+}
+
+bool MakesNoResults(std::string_view cause) {
+  return cause == "cmdDesignToggle" || cause == kUndo || cause == kRedo;
+}
+
+// The table that was worked out belongs to the inputs as they are now. The other table of the same design, and a
+// heading that follows a field, are no new results.
+void NoteResults(Program& program, History& history) {
+  const std::uint64_t revision = program.main.Grid2.cells().revision();
+  if (std::exchange(history.table_revision, revision) == revision) return;
+  if (IsTyping(history.cause) || MakesNoResults(history.cause)) return;
+  history.table_step = TopNumber(history);
+}
+
+// Whoever goes to another place has done with typing.
+void CloseTyping(Program& program, History& history) {
+  const int place = ActivePlace(program);
+  if (std::exchange(history.place, place) != place && !history.done.empty()) history.done.back().typed = -1;
+}
+
+void Offer(Control& entry, std::string_view word, const EditStep* step) {
+  entry.enabled = step != nullptr;
+  entry.caption = std::string(word);
+  if (step != nullptr) entry.caption.append(" ").append(step->name);
+}
+
+void OfferSteps(Program& program, const History& history) {
+  Offer(program.main.mnuEditUndo, "&Undo", history.done.empty() ? nullptr : &history.done.back());
+  Offer(program.main.mnuEditRedo, "&Redo", history.undone.empty() ? nullptr : &history.undone.back());
+}
+
+bool DesignIsShown(const MainScreen& main) {
+  return main.Grid2.control.visible || main.frmDisplay.visible || main.cmdReCalc.visible || main.mnuProfile.visible ||
+         main.lblActiveInactive.caption == "Active Design";
+}
+
+// A design stays on the screen where these are the very inputs that it was worked out from.
+void LeaveStaleDesign(Program& program, const History& history) {
+  MainScreen& main = program.main;
+  if (!DesignIsShown(main) || TopNumber(history) == history.table_step) return;
+  ShowInputScreen(program);
+  main.frameShowLimitedHoles.visible = false;
+  main.frameHoleEquiv.visible = false;
+}
+
+bool IsPreference(const InputChange& change) {
+  return change.place >= kPreferencePlace && change.place < kPipePlace;
+}
+
+// The user sees what came back: the cursor or the focus goes to the first of it.
+void GoTo(Program& program, int place) {
+  Grid& sheet = program.main.Grid1;
+  if (place < kSheetPlaces) sheet.SetCurrent(place / kSurveyColumns + 1, place % kSurveyColumns);
+  const std::string control = ControlOfPlace(place);
+  if (!control.empty()) MoveFocus(program, control);
+}
+
+// Names of files come back where nothing else has given others since.
+bool MayRestore(const History& history, const InputChange& change, const std::string& from) {
+  return !IsFileName(change.place) || history.now[static_cast<std::size_t>(change.place)] == from;
+}
+
+void Restore(Program& program, History& history, const std::vector<InputChange>& changes, bool back) {
+  std::vector<std::pair<int, std::string>> texts;
+  for (const InputChange& change : changes) {
+    if (MayRestore(history, change, back ? change.after : change.before)) {
+      texts.emplace_back(change.place, back ? change.before : change.after);
+    }
+  }
+  LeaveStaleDesign(program, history);
+  SetInputs(program, texts);
+  if (std::any_of(changes.begin(), changes.end(), IsPreference) && !program.main.Frame1.visible) {
+    StorePreferences(program);
+  }
+  TakeInputChanges(program, history.now, history.sheet_revision);
+  GoTo(program, changes.front().place);
+}
+
+// A calculation lets events run; the inputs that it works on stay as they are meanwhile.
+bool InAnotherEvent(const History& history, std::string_view command) {
+  return history.cause != command;
+}
+
+void Busy(Program& program) {
+  program.main.sbStatusBar.caption = "A calculation is running: press Cancel first, then undo or redo.";
+}
+
+}  // namespace
+
+void StartHistory(Program& program) {
+  program.history = std::make_shared<History>();
+  History& history = *program.history;
+  history.now = InputsOf(program);
+  history.sheet_revision = program.main.Grid1.cells().revision();
+  history.table_revision = program.main.Grid2.cells().revision();
+  history.place = ActivePlace(program);
+  OfferSteps(program, history);
+}
+
+void NameCause(Program& program, std::string_view control) {
+  if (program.history && program.history->cause.empty()) program.history->cause = control;
+}
+
+void EndOfEvent(Program& program) {
+  if (!program.history) return;
+  History& history = *program.history;
+  Record(program, history, history.cause);
+  NoteResults(program, history);
+  CloseTyping(program, history);
+  OfferSteps(program, history);
+  history.cause.clear();
+}
+
+void mnuEditUndo_Click(Program& program) {
+  if (!program.history) return;
+  History& history = *program.history;
+  if (InAnotherEvent(history, kUndo)) return Busy(program);
+  Record(program, history, "");
+  if (history.done.empty()) return;
+  EditStep step = std::move(history.done.back());
+  history.done.pop_back();
+  step.typed = -1;
+  Restore(program, history, UnpackChanges(step.changes), true);
+  program.main.sbStatusBar.caption = "Undone: " + step.name;
+  history.undone.push_back(std::move(step));
+}
+
+void mnuEditRedo_Click(Program& program) {
+  if (!program.history) return;
+  History& history = *program.history;
+  if (InAnotherEvent(history, kRedo)) return Busy(program);
+  Record(program, history, "");
+  if (history.undone.empty()) return;
+  EditStep step = std::move(history.undone.back());
+  history.undone.pop_back();
+  history.done.push_back(std::move(step));
+  const EditStep& top = history.done.back();
+  Restore(program, history, UnpackChanges(top.changes), false);
+  program.main.sbStatusBar.caption = "Done again: " + top.name;
+}
+
+std::string PackChanges(const std::vector<InputChange>& changes) {
+  std::string packed;
+  for (const InputChange& change : changes) {
+    PutNumber(packed, static_cast<std::size_t>(change.place));
+    PutText(packed, change.before);
+    PutText(packed, change.after);
+  }
+  packed.shrink_to_fit();
+  return packed;
+}
+
+std::vector<InputChange> UnpackChanges(std::string_view packed) {
+  std::vector<InputChange> changes;
+  while (!packed.empty()) {
+    const auto place = static_cast<int>(TakeNumber(packed));
+    std::string before = TakeText(packed);
+    changes.push_back({place, std::move(before), TakeText(packed)});
+  }
+  return changes;
+}
+
+}  // namespace torvale
