@@ -41,10 +41,12 @@ STATUS = "sbStatusBar.caption"
 GAP = "\u2026"  # stands for what the program puts in
 
 # Calls whose result is a number or the like.
-VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion"}
+VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion", "WorkText", "CopyName"}
 # Other operands that are put in as they are, by file. The arguments of the procedures in CALLS are among them: what they
 # are given is checked where they are called.
 VALUES = {
+    "src/files/design_files.cpp": {"std::generic_category().message(fault.number)"},
+    "src/files/earlier_versions.cpp": {"std::generic_category().message(fault.number)", "other"},
     "src/input/sheet.cpp": {"above"},
     "src/reports/crown_profile.cpp": {"path"},
     "src/reports/print_commands.cpp": {"*path", "description", "FaultText(fault.kind)"},
@@ -55,6 +57,7 @@ VALUES = {
     "src/shell/events.cpp": {"what"},
     "src/shell/help.cpp": {"fault.what()"},
     "src/shell/history.cpp": {"step.name", "top.name"},
+    "src/shell/recovery.cpp": {"std::generic_category().message(error)"},
 }
 # Members of tables: the file and the table whose texts they are, and which text of each row it is.
 TABLES = {

@@ -7,8 +7,8 @@
 namespace torvale {
 
 // What an operating system must do itself. Each system has a file of its own behind this header: platform_posix.cpp,
-// platform_windows.cpp. What can fail gives back 0 or the number of the error, as errno has it. Paths follow links where
-// nothing else is said.
+// platform_windows.cpp. What can fail gives back 0 or the number of the error, as errno has it. Paths follow links
+// where nothing else is said.
 
 // What stands at a path.
 struct FileFacts {
@@ -35,7 +35,8 @@ class OutputFile {
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
-  // A file that isn't there yet; EEXIST where it is. With the rights of a new file of the user's, or for the user alone.
+  // A file that isn't there yet; EEXIST where it is. With the rights of a new file of the user's, or for the user
+  // alone.
   int Create(const std::filesystem::path& path, bool for_user_alone);
   // A file that is there, its content as it stands, the next write at its beginning.
   int OpenAsItIs(const std::filesystem::path& path);
@@ -44,6 +45,9 @@ class OutputFile {
 
   // Gives the file the mode, owner and group of another.
   int TakeRights(const FileFacts& other);
+  // Holds the file for this program alone, until it is closed or the program ends: EWOULDBLOCK (or EACCES at opening)
+  // where another one does.
+  int Hold();
   // All of the bytes.
   int Write(std::string_view bytes);
   // Cuts off what stands behind the last write.

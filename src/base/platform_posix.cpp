@@ -1,7 +1,6 @@
-#include "base/platform.h"
-
 #include <fcntl.h>
 #include <pwd.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +9,8 @@
 #include <cstdlib>
 #include <string>
 #include <utility>
+
+#include "base/platform.h"
 
 namespace torvale {
 namespace {
@@ -112,6 +113,12 @@ int OutputFile::TakeRights(const FileFacts& other) {
     if (::fchown(file, other.owner, other.group) != 0) return errno;
   }
   return Done([&] { return ::fchmod(file, other.mode); });
+}
+
+int OutputFile::Hold() {
+  const int error = Done([&] { return ::flock(Descriptor(handle_), LOCK_EX | LOCK_NB); });
+  // A file system without locks lets everybody have it.
+  return error == EWOULDBLOCK ? error : 0;
 }
 
 int OutputFile::Write(std::string_view bytes) {

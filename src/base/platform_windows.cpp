@@ -1,10 +1,10 @@
-#include "base/platform.h"
-
 #include <windows.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <utility>
+
+#include "base/platform.h"
 
 namespace torvale {
 namespace {
@@ -59,9 +59,9 @@ int OpenInto(std::intptr_t& handle, const std::filesystem::path& path, DWORD acc
 int LookAt(const std::filesystem::path& path, FileFacts& facts) {
   facts = {};
   if (path.empty()) return ENOENT;
-  const HANDLE file = ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  const HANDLE file =
+      ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     const DWORD error = ::GetLastError();
     return error == ERROR_FILE_NOT_FOUND ? 0 : ErrorNumber(error);
@@ -107,6 +107,11 @@ int OutputFile::TakeRights(const FileFacts& /*other*/) {
   return 0;
 }
 
+// A file that is open for writing can't be opened so by another program.
+int OutputFile::Hold() {
+  return 0;
+}
+
 int OutputFile::Write(std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD count = 0;
@@ -132,7 +137,8 @@ int OutputFile::Close() {
 
 int RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {
   // Keeps attributes and rights of the file that goes; there must be one.
-  if (::ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0) return 0;
+  if (::ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0)
+    return 0;
   if (::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;
   return LastError();
 }

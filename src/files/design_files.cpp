@@ -14,6 +14,7 @@
 #include "engine/survey.h"
 #include "files/code_page.h"
 #include "files/design_file.h"
+#include "files/earlier_versions.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "files/new_design.h"
@@ -93,7 +94,11 @@ void Save(Program& program) {
   program.record.SaveFileName = NameToWrite(program, program.record.SaveFileName);
   program.record.FileVersion = ProgramVersion();
   CountTypedRows(program);
-  WriteBytes(program, program.record.SaveFileName, ToCodePage(WriteDesign(program)));
+  const std::string bytes = ToCodePage(WriteDesign(program));
+  const std::string kept = KeepEarlierVersion(program, program.record.SaveFileName, bytes);
+  WriteBytes(program, program.record.SaveFileName, bytes);
+  if (!kept.empty()) program.main.sbStatusBar.caption = kept;
+  ++program.stored_count;
 }
 
 void ChooseSoil(Program& program, const DesignExtras& extras) {
@@ -124,6 +129,7 @@ void Load(Program& program, int& sizes) {
   record.DesignType = kNoDesign;
   std::string text = ReadText(record.OpenedFileName);
   sizes = ReadDesign(program, std::move(text), [&](const DesignExtras& extras) { ChooseSoil(program, extras); }).sizes;
+  ++program.stored_count;
 }
 
 void TickPipe(Program& program) {
@@ -188,6 +194,13 @@ void FallBackToDefaults(Program& program) {
 std::string_view ExtensionOf(std::int16_t design_type) {
   const DesignKind* kind = KindOf(design_type);
   return kind == nullptr ? std::string_view() : kind->extension;
+}
+
+std::string_view KindName(std::int16_t design_type) {
+  constexpr std::string_view kProgram = "TORVALE   ";
+  if (design_type == kSurveyOnly) return "Survey";
+  const DesignKind* kind = KindOf(design_type);
+  return kind == nullptr ? std::string_view() : kind->title.substr(kProgram.size());
 }
 
 std::string WithoutExtension(std::string_view name) {

@@ -71,6 +71,7 @@ void mnuFileNew_Click(Program& program) {
   main.Grid1.SetCurrent(1, kHoleSizeColumn);
   main.Grid1.Set(1, kCrownColumn, kFirstCrown);
   for (const FirstRowDefault& cell : kFirstRow) SetFirstRowCell(program, cell);
+  ++program.stored_count;
 }
 
 void FillFirstRow(Program& program) {

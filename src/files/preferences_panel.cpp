@@ -107,6 +107,7 @@ void WriteDefaults(Program& program) {
   Attempt([&] {
     WriteBytes(program, program.host.ProgramFolder() + "/" + std::string(kDefaultsFile),
                ToCodePage(DefaultsText(program)));
+    ++program.preferences_count;
   });
 }
 

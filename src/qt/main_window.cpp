@@ -8,21 +8,25 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "qt/keys.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/help.h"
+#include "shell/recovery.h"
 #include "shell/start_up.h"
 
 namespace torvale {
 namespace {
 
 constexpr int kStatusMargin = 3;  // pixels
+constexpr std::chrono::milliseconds kIdleInterval(250);
 
 // A focus that goes and comes back with the window, a menu or a list that drops down is not moved by the user.
 bool OnlyReturns(Qt::FocusReason reason) {
@@ -58,6 +62,8 @@ MainWindow::MainWindow(Program& program)
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
   profile_ = new ProfileWindow(
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
+  versions_ = new EarlierVersionsWindow(
+      program_, [this](const std::function<void()>& work) { Run(work); }, this);
   help_ = std::make_unique<HelpWindow>(
       program_, [this](const std::function<void()>& work) { Run(work); }, *this);
   MakeControls();
@@ -65,7 +71,17 @@ MainWindow::MainWindow(Program& program)
   NameGridsAndLists();
   MakeShortcuts();
   Watch();
+  auto* idle = new QTimer(this);
+  connect(idle, &QTimer::timeout, this, [this] { KeepOn(); });
+  idle->start(kIdleInterval);
   Sync();
+}
+
+// What is written of the work in the meantime is seen only where it could not be.
+void MainWindow::KeepOn() {
+  const std::string said = program_.main.sbStatusBar.caption;
+  Idle(program_);
+  if (program_.main.sbStatusBar.caption != said) Sync();
 }
 
 // Whatever the user does comes through here: no fault gets out, and the window shows at once what came of it.
@@ -100,6 +116,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   DrawBusy();
   soils_->Sync();
   profile_->Sync();
+  versions_->Sync();
   help_->Sync();
   event->accept();
 }

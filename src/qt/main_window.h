@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "qt/control_view.h"
+#include "qt/earlier_versions_window.h"
 #include "qt/grid_view.h"
 #include "qt/help_window.h"
 #include "qt/menu_view.h"
@@ -73,6 +74,7 @@ class MainWindow final : public QMainWindow {
   void WidgetEntered(const std::string& name, Qt::FocusReason reason);
   void WidgetLeft(const std::string& name, Qt::FocusReason reason);
   void StepZoom(int steps);
+  void KeepOn();
   bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
   void MousePressed(const QObject* on, const QMouseEvent& event);
   void MouseReleased(const QMouseEvent& event);
@@ -93,6 +95,7 @@ class MainWindow final : public QMainWindow {
   QShortcut* cancel_key_ = nullptr;
   SoilsWindow* soils_ = nullptr;
   ProfileWindow* profile_ = nullptr;
+  EarlierVersionsWindow* versions_ = nullptr;
   std::unique_ptr<HelpWindow> help_;
   std::vector<ControlView> controls_;
   std::unique_ptr<MenuView> menus_;

@@ -45,6 +45,7 @@ void MainWindow::Sync() {
   tools_->Draw(Scale(program_.main.zoom));
   soils_->Sync();
   profile_->Sync();
+  versions_->Sync();
   help_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
   LeaveHiddenControl(program_);

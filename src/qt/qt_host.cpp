@@ -2,7 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDate>
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
@@ -162,6 +162,10 @@ void QtHost::SaveSetting(std::string_view key, std::string_view value) {
 
 std::string QtHost::UserDataFolder() {
   return user_data_folder_.isEmpty() ? Host::UserDataFolder() : user_data_folder_.toStdString();
+}
+
+std::string QtHost::TimeText(std::int64_t moment) {
+  return QLocale::system().toString(QDateTime::fromMSecsSinceEpoch(moment), QLocale::ShortFormat).toStdString();
 }
 
 std::string QtHost::Today() {

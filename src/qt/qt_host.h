@@ -51,6 +51,7 @@ class QtHost final : public Host {
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
+  std::string TimeText(std::int64_t moment) override;
   std::string ProgramFolder() override { return program_folder_.toStdString(); }
   std::string UserDataFolder() override;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -65,6 +66,10 @@ class Host {
 
   // Today's date as the user's desktop writes it in short.
   virtual std::string Today() = 0;
+  // The time: milliseconds since the beginning of 1970.
+  virtual std::int64_t Clock();
+  // A moment of that clock as the user's desktop writes date and time in short.
+  virtual std::string TimeText(std::int64_t moment);
   // The folder of the program's data files (defaults, soils, help), without a separator at its end.
   virtual std::string ProgramFolder() = 0;
   // The folder for what the program keeps for its user unasked, as former contents of files, without a separator at its

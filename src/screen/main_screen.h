@@ -27,8 +27,9 @@ struct MainScreen {
   std::string focus;       // name of the active control
 
   // Menus
-  Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileBar3, mnuPrintComplete, mnuPrintSummary,
-      mnuPrtHoleSummary, mnuPrintPreview, mnuExport, mnuExportCsv, mnuExportHoleCsv, mnuFileExit;
+  Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileEarlier, mnuFileBringBack, mnuFileBar3,
+      mnuPrintComplete, mnuPrintSummary, mnuPrtHoleSummary, mnuPrintPreview, mnuExport, mnuExportCsv, mnuExportHoleCsv,
+      mnuFileExit;
   // The summary, the complete design and the hole summary
   std::array<Control, 3> mnuPreview, mnuExportPdf;
   std::array<Control, 4> mnuFileList;
@@ -62,6 +63,7 @@ struct MainScreen {
 
   // Buttons
   Control cmdInterpolate, cmdCancel, cmdReCalc, cmdDesignToggle;
+  Control cmdBringBack;  // on the empty screen, while there is work to bring back
 
   // Sheets
   Grid Grid1, Grid2, GridInchesApplied;

@@ -41,6 +41,8 @@ void AddMenus(MainScreen& s, std::vector<NamedControl>& all) {
                          Menu("mnuFileOpen", s.mnuFileOpen, "mnuFile"),
                          Menu("mnuFileSave", s.mnuFileSave, "mnuFile"),
                          Menu("mnuFileSaveAs", s.mnuFileSaveAs, "mnuFile"),
+                         Menu("mnuFileEarlier", s.mnuFileEarlier, "mnuFile"),
+                         Menu("mnuFileBringBack", s.mnuFileBringBack, "mnuFile"),
                          Menu("mnuPrintSummary", s.mnuPrintSummary, "mnuFile"),
                          Menu("mnuPrintComplete", s.mnuPrintComplete, "mnuFile"),
                          Menu("mnuPrtHoleSummary", s.mnuPrtHoleSummary, "mnuFile"),
@@ -165,10 +167,10 @@ std::vector<NamedControl> ControlsOf(MainScreen& s) {
              {Label("lblName", s.lblName), Label("lblDate", s.lblDate), Label("lblGPM", s.lblGPM),
               Label("lblHead", s.lblHead), Label("lblLocation", s.lblLocation), Label("lblRodOrElev", s.lblRodOrElev)});
   AddFields(s.txtInfo, all);
-  all.insert(all.end(),
-             {Sheet("Grid1", s.Grid1), Sheet("Grid2", s.Grid2), Sheet("GridInchesApplied", s.GridInchesApplied),
-              Button("cmdInterpolate", s.cmdInterpolate), Button("cmdCancel", s.cmdCancel),
-              Button("cmdReCalc", s.cmdReCalc), Button("cmdDesignToggle", s.cmdDesignToggle)});
+  all.insert(all.end(), {Sheet("Grid1", s.Grid1), Sheet("Grid2", s.Grid2),
+                         Sheet("GridInchesApplied", s.GridInchesApplied), Button("cmdInterpolate", s.cmdInterpolate),
+                         Button("cmdCancel", s.cmdCancel), Button("cmdReCalc", s.cmdReCalc),
+                         Button("cmdDesignToggle", s.cmdDesignToggle), Button("cmdBringBack", s.cmdBringBack)});
   all.insert(all.end(), {List("listSoils", s.listSoils, ""), Label("lblRecFurrowFlow", s.lblRecFurrowFlow)});
   AddResults(s, all);
   AddPreferences(s, all);

@@ -9,7 +9,7 @@ namespace {
 
 std::optional<NamedControl> Find(Program& program, std::string_view name) {
   for (const auto& controls : {ControlsOf(program.main), ControlsOf(program.soils), ControlsOf(program.profile),
-                               ControlsOf(program.splash), ControlsOf(program.help)}) {
+                               ControlsOf(program.splash), ControlsOf(program.help), ControlsOf(program.versions)}) {
     for (const NamedControl& control : controls) {
       if (control.name == name) return control;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -7,6 +8,7 @@
 #include "engine/flow_calc.h"
 #include "record/design_record.h"
 #include "screen/crown_profile_screen.h"
+#include "screen/earlier_versions_screen.h"
 #include "screen/help_screen.h"
 #include "screen/host.h"
 #include "screen/main_screen.h"
@@ -30,6 +32,11 @@ struct Program {
   CrownProfileScreen profile;
   SplashScreen splash;
   HelpScreen help;
+  EarlierVersionsScreen versions;
+  // Count the moments at which all that is on the screen was in a file of its own or dropped on purpose (a design saved
+  // or opened, a new one begun), and at which the preferences were.
+  std::uint64_t stored_count = 0;
+  std::uint64_t preferences_count = 0;
   int events_open = 0;               // events being worked on, one inside the other while a calculation lets events run
   std::shared_ptr<History> history;  // what can be undone, see shell/history.h; none until the program has started
   Host& host;

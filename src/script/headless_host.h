@@ -77,6 +77,10 @@ class HeadlessHost final : public Host {
   std::optional<std::string> Setting(std::string_view key) override;
   void SaveSetting(std::string_view key, std::string_view value) override;
   std::string Today() override;
+  // Stands at noon of that day but for `Wait`.
+  std::int64_t Clock() override { return clock_; }
+  // Lets the clock go on.
+  void Wait(std::int64_t milliseconds) { clock_ += milliseconds; }
   std::string ProgramFolder() override;
 
  private:
@@ -97,6 +101,7 @@ class HeadlessHost final : public Host {
   std::string clipboard_;
   std::map<std::string, std::string, std::less<>> settings_;
   long yields_ = 0;
+  std::int64_t clock_ = 1'795'262'400'000;  // milliseconds since the beginning of 1970
 };
 
 }  // namespace torvale

@@ -1,5 +1,7 @@
 #include "script/session.h"
 
+#include <memory>
+
 #include "script/quoting.h"
 #include "shell/commands.h"
 #include "shell/start_up.h"
@@ -10,6 +12,12 @@ Session::Session(std::ostream& out, const std::string& data_folder)
     : transcript(out), host(out, data_folder), program(host) {
   host.on_click = [this](const std::string& control) { ClickControl(*this, control); };
   StartProgram(program);
+}
+
+void KillAndStart(Session& session) {
+  std::destroy_at(&session.program);
+  std::construct_at(&session.program, session.host);
+  StartProgram(session.program);
 }
 
 void Refused(Session& session, std::string_view name, Reach reach) {

@@ -20,6 +20,9 @@ struct Session {
   Program program;
 };
 
+// The program ends as if its power had gone, without a word or a write, and starts anew with what is on the disk.
+void KillAndStart(Session& session);
+
 // Writes that the user can't reach a control: `refused: cmdCancel is hidden`.
 void Refused(Session& session, std::string_view name, Reach reach);
 

@@ -11,6 +11,7 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/history.h"
+#include "shell/recovery.h"
 
 namespace torvale {
 namespace {
@@ -271,17 +272,43 @@ void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
   }
 }
 
+// Time passes, in seconds.
+void Wait(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(1, 1);
+  if (arguments.Number(0) < 0) throw ScriptError("time does not go back");
+  session.host.Wait(std::int64_t{arguments.Number(0)} * 1000);
+  Idle(session.program);
+}
+
+void Kill(Session& session, const Arguments& arguments, ScriptLines&) {
+  arguments.Need(0, 0);
+  KillAndStart(session);
+}
+
 struct Statement {
   std::string_view word;
   void (*run)(Session&, const Arguments&, ScriptLines&);
 };
 
-constexpr Statement kStatements[] = {
-    {"type", Type},          {"cell", WriteCell}, {"fill", Fill},          {"click", ClickStatement},
-    {"key", Keys},           {"at", At},          {"choose", Choose},      {"doubleclick", DoubleClick},
-    {"focus", Focus},        {"mouse", Mouse},    {"answer", Answer},      {"dialog", Dialog},
-    {"copies", Copies},      {"on", OnYield},     {"show", ShowStatement}, {"select", Select},
-    {"clipboard", Clipboard}};
+constexpr Statement kStatements[] = {{"type", Type},
+                                     {"cell", WriteCell},
+                                     {"fill", Fill},
+                                     {"click", ClickStatement},
+                                     {"key", Keys},
+                                     {"at", At},
+                                     {"choose", Choose},
+                                     {"doubleclick", DoubleClick},
+                                     {"focus", Focus},
+                                     {"mouse", Mouse},
+                                     {"answer", Answer},
+                                     {"dialog", Dialog},
+                                     {"copies", Copies},
+                                     {"on", OnYield},
+                                     {"show", ShowStatement},
+                                     {"select", Select},
+                                     {"clipboard", Clipboard},
+                                     {"wait", Wait},
+                                     {"kill", Kill}};
 
 }  // namespace
 

@@ -46,6 +46,8 @@ class ScriptLines {
 //   answer Yes / answer No          the answer to the next question
 //   copies 2 / copies cancel        what the next printer dialog gives
 //   on yield 40 click cmdCancel     at the 40th yield from here on, that click
+//   wait 2                          two seconds pass; what the program does when it is idle is done
+//   kill                            the program ends as by a power failure and starts again in the same folder
 //   show NAME ...                   prints state, see show.h; `all NAME` every element of a list that isn't zero or
 //                                   empty, `at GRID` the grid's current cell; `printed` every drawing operation of the
 //                                   reports since the last such line; `clipboard` the text on the desktop's clipboard

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "display/design_display.h"
+#include "files/earlier_versions.h"
 #include "files/file_commands.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
@@ -20,6 +21,7 @@
 #include "shell/events.h"
 #include "shell/help.h"
 #include "shell/history.h"
+#include "shell/recovery.h"
 #include "shell/splash.h"
 #include "shell/start_up.h"
 #include "shell/tool_bar.h"
@@ -82,6 +84,11 @@ constexpr Command kCommands[] = {
     {"mnuFileList(1)", mnuFileListAt_Click<1>},
     {"mnuFileList(2)", mnuFileListAt_Click<2>},
     {"mnuFileList(3)", mnuFileListAt_Click<3>},
+    {"mnuFileEarlier", mnuFileEarlier_Click},
+    {"btnOpenVersion", btnOpenVersion_Click},
+    {"btnCloseVersions", btnCloseVersions_Click},
+    {"mnuFileBringBack", mnuFileBringBack_Click},
+    {"cmdBringBack", mnuFileBringBack_Click},
     {"mnuFileExit", mnuFileExit_Click},
     {"mnuPreference", mnuPreference_Click},
     {"btnDefaultExit", btnDefaultExit_Click},

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "files/earlier_versions.h"
 #include "files/soils.h"
 #include "input/edit_commands.h"
 #include "input/info_fields.h"
@@ -12,6 +13,7 @@ namespace torvale {
 namespace {
 
 constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
+constexpr std::string_view kVersionsGrid = "Grd_EarlierVersions";
 constexpr int kLineHeight = 240;  // twips of a row at the sheets' font size
 
 // A place in a grid.
@@ -79,6 +81,9 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
     Grid2_SelChange(program);
   } else if (grid == kSoilsGrid) {
     PointPlainly(program.soils.Grd_Soils_FurrowFlow, to, extend);
+  } else if (grid == kVersionsGrid) {
+    PointPlainly(program.versions.Grd_EarlierVersions, to, false);
+    ShowVersionPath(program);
   } else if (extend) {
     ExtendSelection(program, to.row, to.column);
   } else {
@@ -88,7 +93,7 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
 
 // The grid that takes keys and clicks under that name, while the user can reach it.
 Grid* LiveGrid(Program& program, std::string_view name) {
-  if (name != "Grid1" && name != "Grid2" && name != kSoilsGrid) return nullptr;
+  if (name != "Grid1" && name != "Grid2" && name != kSoilsGrid && name != kVersionsGrid) return nullptr;
   return ReachOf(program, name) == Reach::kUsable ? FindGrid(program, name) : nullptr;
 }
 
@@ -101,13 +106,21 @@ struct GridCommand {
 };
 
 constexpr GridCommand kGridCommands[] = {
-    {"Grid1", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click}, {"Grid1", Key::kCut, "mnuEditCut", mnuEditCut_Click},
-    {"Grid1", Key::kDelete, "mnuEditCut", mnuEditCut_Click}, {"Grid1", Key::kPaste, "mnuEditPaste", mnuEditPaste_Click},
-    {"Grid1", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click}, {"Grid1", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click},
-    {"Grid2", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click}, {"Grid2", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click},
-    {"Grid2", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click}, {kSoilsGrid, Key::kCopy, "mnuCopy", mnuCopy_Click},
-    {kSoilsGrid, Key::kCut, "mnuCut", mnuCut_Click},         {kSoilsGrid, Key::kDelete, "mnuCut", mnuCut_Click},
+    {"Grid1", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click},
+    {"Grid1", Key::kCut, "mnuEditCut", mnuEditCut_Click},
+    {"Grid1", Key::kDelete, "mnuEditCut", mnuEditCut_Click},
+    {"Grid1", Key::kPaste, "mnuEditPaste", mnuEditPaste_Click},
+    {"Grid1", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click},
+    {"Grid1", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click},
+    {"Grid2", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click},
+    {"Grid2", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click},
+    {"Grid2", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click},
+    {kSoilsGrid, Key::kCopy, "mnuCopy", mnuCopy_Click},
+    {kSoilsGrid, Key::kCut, "mnuCut", mnuCut_Click},
+    {kSoilsGrid, Key::kDelete, "mnuCut", mnuCut_Click},
     {kSoilsGrid, Key::kPaste, "mnuPaste", mnuPaste_Click},
+    {kVersionsGrid, Key::kEnter, "btnOpenVersion", btnOpenVersion_Click},
+    {kVersionsGrid, Key::kEscape, "btnCloseVersions", btnCloseVersions_Click},
 };
 
 bool RunGridCommand(Program& program, std::string_view grid, Key key) {
@@ -115,7 +128,7 @@ bool RunGridCommand(Program& program, std::string_view grid, Key key) {
     if (command.grid != grid || command.key != key) continue;
     NameCause(program, command.command);
     // The grid that takes a key is the active control.
-    if (grid != kSoilsGrid && program.main.focus != grid) MoveFocus(program, grid);
+    if (grid.starts_with("Grid") && program.main.focus != grid) MoveFocus(program, grid);
     command.run(program);
     return true;
   }

@@ -6,6 +6,7 @@
 #include "files/preferences_panel.h"
 #include "input/info_fields.h"
 #include "search/design_commands.h"
+#include "shell/recovery.h"
 
 namespace torvale {
 namespace {
@@ -74,6 +75,9 @@ struct CauseName {
 
 constexpr CauseName kCauseNames[] = {
     {"mnuFileList", "Open"},
+    {"cmdBringBack", "Bring Back Last Work"},
+    {"btnOpenVersion", "Open an Earlier Version"},
+    {"Grd_EarlierVersions", "Open an Earlier Version"},
     {"btnDefaultExit", "Preferences"},
     {"cmdInterpolate", "Interpolation"},
     {"cmdADDtoSelected", "Add to Selected Holes"},
@@ -140,9 +144,11 @@ void Add(Program& program, History& history, const std::vector<InputChange>& cha
   HoldToSize(history);
 }
 
-void Record(Program& program, History& history, std::string_view cause) {
+// True where there was a change.
+bool Record(Program& program, History& history, std::string_view cause) {
   const std::vector<InputChange> changes = TakeInputChanges(program, history.now, history.sheet_revision);
   if (!changes.empty() && !AllFileNames(changes)) Add(program, history, changes, cause);
+  return !changes.empty();
 }
 
 bool MakesNoResults(std::string_view cause) {
@@ -182,11 +188,7 @@ bool DesignIsShown(const MainScreen& main) {
 
 // A design stays on the screen where these are the very inputs that it was worked out from.
 void LeaveStaleDesign(Program& program, const History& history) {
-  MainScreen& main = program.main;
-  if (!DesignIsShown(main) || TopNumber(history) == history.table_step) return;
-  ShowInputScreen(program);
-  main.frameShowLimitedHoles.visible = false;
-  main.frameHoleEquiv.visible = false;
+  if (TopNumber(history) != history.table_step) LeaveDesign(program);
 }
 
 bool IsPreference(const InputChange& change) {
@@ -218,6 +220,7 @@ void Restore(Program& program, History& history, const std::vector<InputChange>&
   if (std::any_of(changes.begin(), changes.end(), IsPreference) && !program.main.Frame1.visible) {
     StorePreferences(program);
   }
+  history.restored = true;
   TakeInputChanges(program, history.now, history.sheet_revision);
   GoTo(program, changes.front().place);
 }
@@ -241,6 +244,15 @@ void StartHistory(Program& program) {
   history.table_revision = program.main.Grid2.cells().revision();
   history.place = ActivePlace(program);
   OfferSteps(program, history);
+  StartRecovery(program);
+}
+
+void LeaveDesign(Program& program) {
+  MainScreen& main = program.main;
+  if (!DesignIsShown(main)) return;
+  ShowInputScreen(program);
+  main.frameShowLimitedHoles.visible = false;
+  main.frameHoleEquiv.visible = false;
 }
 
 void NameCause(Program& program, std::string_view control) {
@@ -250,7 +262,9 @@ void NameCause(Program& program, std::string_view control) {
 void EndOfEvent(Program& program) {
   if (!program.history) return;
   History& history = *program.history;
-  Record(program, history, history.cause);
+  NoteStored(program);
+  const bool changed = Record(program, history, history.cause);
+  KeepWork(program, std::exchange(history.restored, false) || changed);
   NoteResults(program, history);
   CloseTyping(program, history);
   OfferSteps(program, history);

@@ -9,6 +9,7 @@
 
 #include "screen/program.h"
 #include "shell/inputs.h"
+#include "shell/journal.h"
 
 namespace torvale {
 
@@ -37,10 +38,25 @@ struct History {
   std::uint64_t sheet_revision = 0;
   int place = -1;                    // where the user was then
   std::uint64_t steps = 0;           // that there ever were
+  bool restored = false;             // the event in work has put inputs back
   std::string cause;                 // what the event in work is: the control or command that came first in it
   std::uint64_t table_revision = 0;  // of the results when the last event ended ...
   std::uint64_t table_step = 0;      // ... and the step on top when they were worked out
+
+  // What recovery.h keeps of it on disk
+  Journal journal;
+  bool unwritten = false;       // the journal may be behind ...
+  bool urgent = false;          // ... and is to be told at once that the work is stored
+  bool journal_failed = false;  // the user was told that it can't be written
+  InputTexts stored;            // the inputs when they were last in a file of their own
+  std::uint64_t stored_count = 0;
+  std::uint64_t preferences_count = 0;
+  std::vector<LostWork> left;  // what this program has left behind itself
+  std::vector<LostWork> lost;  // what can be brought back, the newest first
 };
+
+// Back to the input screen where a design is shown, which no longer is one of these inputs.
+void LeaveDesign(Program& program);
 
 // Begins the history with the inputs as they are.
 void StartHistory(Program& program);
@@ -48,7 +64,8 @@ void StartHistory(Program& program);
 // The event in work is that of this control or command, unless one outside it has said so before. An empty name says
 // nothing.
 void NameCause(Program& program, std::string_view control);
-// The outermost event ends: what it changed is kept, and the menu entries tell what can be undone and redone.
+// The outermost event ends: what it changed is kept, in the history and on disk, and the menu entries tell what can be
+// undone and redone.
 void EndOfEvent(Program& program);
 
 void mnuEditUndo_Click(Program& program);

@@ -17,6 +17,7 @@
 #include "files/soils.h"
 #include "input/info_fields.h"
 #include "shell/history.h"
+#include "shell/recovery.h"
 #include "shell/splash.h"
 
 namespace torvale {
@@ -165,6 +166,7 @@ void Form_Resize(Program& program) {
 
 void Form_Activate(Program& program) {
   MoveFocus(program, "txtInfo(0)");
+  OfferLastWork(program);
 }
 
 void Form_Unload(Program& program) {
@@ -175,6 +177,7 @@ void Form_Unload(Program& program) {
       program.host.SaveSetting(place.key, GeneralText(main.window.*place.value));
     }
   }
+  EndWork(program);
   program.record.CancelFlag = true;
   program.record.DesignOK = "False";
   main.closed = true;

@@ -120,6 +120,12 @@ class FakeHost final : public Host {
   // A folder of this host's own, removed with it. It holds a list of no soils.
   std::string ProgramFolder() override { return folder_.string(); }
 
+  // The user's data lie beside the program's, or in a folder that two programs share.
+  std::string user_folder;
+  std::string UserDataFolder() override { return user_folder.empty() ? Host::UserDataFolder() : user_folder; }
+  std::int64_t now = 1'795'262'400'000;  // what the clock shows: noon of that day
+  std::int64_t Clock() override { return now; }
+
   DiskWatch disk;  // asked before each step of writing a file, where it is set
   int BeforeDiskStep(DiskStep step, const std::filesystem::path& path) override { return disk ? disk(step, path) : 0; }
 

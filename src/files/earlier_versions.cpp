@@ -1,0 +1,333 @@
+#include "files/earlier_versions.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "base/format.h"
+#include "base/paths.h"
+#include "engine/survey.h"
+#include "files/code_page.h"
+#include "files/design_files.h"
+#include "files/fields.h"
+#include "files/file_commands.h"
+#include "files/file_fault.h"
+#include "files/file_store.h"
+#include "files/new_design.h"
+
+namespace torvale {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kPathFile = "path.txt";
+constexpr std::int64_t kDay = 24LL * 60 * 60 * 1000;  // milliseconds
+constexpr std::int64_t kWeek = 7 * kDay;
+constexpr std::int64_t kMonth = 30 * kDay;
+
+// A former content on the disk.
+struct Stored {
+  fs::path path;
+  std::int64_t moment = 0;
+  std::uintmax_t bytes = 0;
+};
+
+fs::path VersionsFolder(Host& host) {
+  return PathOf(host.UserDataFolder() + "/versions");
+}
+
+// The file's own name wherever it is called from, so that one file has one folder.
+std::string TruePath(const std::string& path) {
+  std::error_code error;
+  const fs::path found = fs::weakly_canonical(PathOf(path), error);
+  return error ? path : Utf8Of(found);
+}
+
+// A name for the folder of a file: the hash of its path (Fowler, Noll and Vo, 64 bits, form 1a).
+std::string FolderName(std::string_view path) {
+  std::uint64_t hash = 14695981039346656037U;
+  for (const char c : path) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  std::string digits(16, '0');
+  for (auto place = digits.rbegin(); place != digits.rend(); ++place, hash >>= 4U) {
+    *place = "0123456789abcdef"[hash & 15U];
+  }
+  return digits;
+}
+
+std::optional<std::string> Content(const fs::path& path) {
+  try {
+    return ReadBytes(Utf8Of(path));
+  } catch (const FileFault&) {
+    return std::nullopt;
+  }
+}
+
+// The moment that a stored content is named by; nothing for other files.
+std::optional<std::int64_t> MomentOf(const fs::path& path) {
+  const std::string name = Utf8Of(path.stem());
+  std::int64_t moment = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), moment);
+  if (error != std::errc() || end != name.data() + name.size()) return std::nullopt;
+  return moment;
+}
+
+bool NewestFirst(const Stored& a, const Stored& b) {
+  return a.moment > b.moment;
+}
+
+std::vector<Stored> StoredIn(const fs::path& folder) {
+  std::vector<Stored> found;
+  std::error_code ignored;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored)) {
+    const auto moment = MomentOf(entry.path());
+    if (!moment || !entry.is_regular_file(ignored)) continue;
+    found.push_back({entry.path(), *moment, entry.file_size(ignored)});
+  }
+  std::sort(found.begin(), found.end(), NewestFirst);
+  return found;
+}
+
+std::vector<fs::path> Folders(Host& host) {
+  std::vector<fs::path> folders;
+  std::error_code ignored;
+  for (const fs::directory_entry& entry : fs::directory_iterator(VersionsFolder(host), ignored)) {
+    if (entry.is_directory(ignored)) folders.push_back(entry.path());
+  }
+  return folders;
+}
+
+void Remove(const fs::path& path) {
+  std::error_code ignored;
+  fs::remove(path, ignored);
+}
+
+// The span of time of which one version is kept, by its age; 0 where all are.
+std::int64_t SpanOf(std::int64_t age) {
+  if (age < kDay) return 0;
+  return age < kMonth ? kDay : kWeek;
+}
+
+// Of the versions of one file, the newest first, those to go.
+void Thin(const std::vector<Stored>& stored, std::int64_t now, std::size_t most) {
+  std::size_t kept = 0;
+  std::int64_t last_span = -1;  // of the version kept last, and ...
+  std::int64_t last_part = 0;   // ... which of the spans it lies in
+  for (const Stored& version : stored) {
+    const std::int64_t span = SpanOf(now - version.moment);
+    const std::int64_t part = span == 0 ? 0 : version.moment / span;
+    const bool repeats = span != 0 && span == last_span && part == last_part;
+    if (repeats || kept == most) {
+      Remove(version.path);
+      continue;
+    }
+    ++kept;
+    last_span = span;
+    last_part = part;
+  }
+}
+
+void HoldToSize(Host& host, std::size_t most) {
+  std::vector<Stored> all;
+  for (const fs::path& folder : Folders(host)) {
+    const std::vector<Stored> stored = StoredIn(folder);
+    all.insert(all.end(), stored.begin(), stored.end());
+  }
+  std::sort(all.begin(), all.end(), NewestFirst);
+  std::uintmax_t sum = 0;
+  for (const Stored& version : all) {
+    sum += version.bytes;
+    if (sum > most) Remove(version.path);
+  }
+}
+
+// The facts of a design as the list shows them; of a content that is none the name stays empty.
+void Describe(std::string_view content, EarlierVersion& version) {
+  try {
+    FieldReader reader(FromCodePage(content));
+    reader.Text();  // version
+    const int rows = reader.Integer();
+    version.name = reader.Text();
+    constexpr int kFurtherFields = 5;
+    constexpr int kSavedColumns = kSurveyColumns - 1;
+    for (int i = 0; i < kFurtherFields + rows * kSavedColumns; ++i) reader.Text();
+    const std::int16_t type = reader.Integer();
+    version.type = KindName(type);
+    if (type == kSurveyOnly) return;
+    constexpr int kDefaults = 5;
+    for (int i = 0; i < kDefaults; ++i) reader.Text();
+    reader.Free();     // HoleSizeIndexLimit
+    reader.Integer();  // HoleRows
+    reader.Integer();  // WateredFurrows
+    reader.Number32();
+    reader.Number32();
+    const float uniformity = reader.Number32();
+    if (uniformity > 0) version.uniformity = Format(static_cast<double>(uniformity), "##.0");
+  } catch (const FileFault&) {
+    // What was read so far tells what it can.
+  } catch (const RunTimeFault&) {
+    // The same.
+  }
+}
+
+// Writes the content under a moment that has no content yet.
+void Store(Program& program, const fs::path& folder, const std::string& file, std::string_view content) {
+  const fs::path paths = folder / kPathFile;
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) throw FileFault{error.value()};
+  if (!fs::exists(paths, error)) WriteBytes(program, Utf8Of(paths), file);
+  std::int64_t moment = program.host.Clock();
+  const auto name = [&] { return folder / PathOf(std::to_string(moment) + Utf8Of(PathOf(file).extension())); };
+  while (fs::exists(name(), error)) ++moment;
+  WriteBytes(program, Utf8Of(name()), content);
+}
+
+bool IsNewest(const fs::path& folder, std::string_view content) {
+  const std::vector<Stored> stored = StoredIn(folder);
+  return !stored.empty() && stored.front().bytes == content.size() && Content(stored.front().path) == content;
+}
+
+std::string OtherName(std::string_view former, std::string_view bytes) {
+  EarlierVersion before;
+  EarlierVersion after;
+  Describe(former, before);
+  Describe(bytes, after);
+  return before.name == after.name ? "" : before.name;
+}
+
+// The name that an opened version goes by: beside its file, with the moment in it.
+std::string CopyName(Program& program, const EarlierVersion& version) {
+  std::string moment = program.host.TimeText(version.moment);
+  for (char& c : moment) {
+    if (c == '/' || c == '\\' || c == ':') c = '-';
+  }
+  const fs::path file = PathOf(version.file);
+  const std::string extension = Utf8Of(file.extension());
+  return Utf8Of(file.parent_path() / PathOf(Utf8Of(file.stem()) + " as of " + moment + extension));
+}
+
+struct Column {
+  std::string_view heading;
+  int width;
+};
+
+constexpr Column kColumns[] = {
+    {"File", 3300}, {"Saved Over", 1900}, {"Design", 3000}, {"Type", 2300}, {"Uniformity", 900}};
+
+void FillRow(Program& program, int row, const EarlierVersion& version) {
+  Grid& grid = program.versions.Grd_EarlierVersions;
+  const std::string texts[] = {Utf8Of(PathOf(version.file).filename()), program.host.TimeText(version.moment),
+                               version.name, version.type, version.uniformity};
+  for (int column = 0; column < grid.column_count(); ++column) grid.Set(row, column, texts[column]);
+}
+
+void LayOut(Grid& grid, std::size_t rows) {
+  constexpr int kHeadingHeight = 360;
+  constexpr int kCount = static_cast<int>(std::size(kColumns));
+  grid.Resize(static_cast<int>(std::max<std::size_t>(rows, 1)) + 1, kCount);
+  grid.Clear();
+  grid.heading_height = kHeadingHeight;
+  grid.fixed_back = kTeal;
+  grid.fixed_fore = kWhite;
+  for (int column = 0; column < kCount; ++column) {
+    grid.columns[static_cast<std::size_t>(column)].width = kColumns[column].width;
+    grid.Set(0, column, kColumns[column].heading);
+  }
+  grid.SetCurrent(1, 0);
+  grid.top_row = 1;
+}
+
+}  // namespace
+
+std::string KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
+                               const VersionLimits& limits) {
+  const std::string file = TruePath(path);
+  std::error_code ignored;
+  if (!fs::is_regular_file(PathOf(file), ignored)) return "";
+  const auto former = Content(PathOf(file));
+  if (!former || former->empty() || *former == bytes) return "";
+  const fs::path folder = VersionsFolder(program.host) / FolderName(file);
+  try {
+    if (!IsNewest(folder, *former)) Store(program, folder, file, *former);
+  } catch (const FileFault& fault) {
+    return "What the file held before could not be kept: " + std::generic_category().message(fault.number) + ".";
+  }
+  Thin(StoredIn(folder), program.host.Clock(), limits.of_one_file);
+  HoldToSize(program.host, limits.bytes);
+  const std::string other = OtherName(*former, bytes);
+  if (other.empty()) return "";
+  return "It held another design, " + other + ", which is kept: File > Earlier Versions.";
+}
+
+std::vector<EarlierVersion> EarlierVersions(Host& host) {
+  std::vector<std::vector<EarlierVersion>> files;
+  for (const fs::path& folder : Folders(host)) {
+    const auto file = Content(folder / kPathFile);
+    if (!file) continue;
+    std::vector<EarlierVersion> versions;
+    for (const Stored& stored : StoredIn(folder)) {
+      const auto content = Content(stored.path);
+      if (!content) continue;
+      EarlierVersion& version = versions.emplace_back();
+      version.stored = Utf8Of(stored.path);
+      version.file = *file;
+      version.moment = stored.moment;
+      Describe(*content, version);
+    }
+    if (!versions.empty()) files.push_back(std::move(versions));
+  }
+  std::sort(files.begin(), files.end(), [](const auto& a, const auto& b) {
+    return a.front().moment != b.front().moment ? a.front().moment > b.front().moment : a.front().file < b.front().file;
+  });
+  std::vector<EarlierVersion> all;
+  for (std::vector<EarlierVersion>& versions : files) {
+    all.insert(all.end(), std::make_move_iterator(versions.begin()), std::make_move_iterator(versions.end()));
+  }
+  return all;
+}
+
+void mnuFileEarlier_Click(Program& program) {
+  EarlierVersionsScreen& screen = program.versions;
+  screen.versions = EarlierVersions(program.host);
+  const DesignRecord& record = program.record;
+  const std::string open = TruePath(record.SaveFileName.empty() ? record.OpenedFileName : record.SaveFileName);
+  std::stable_partition(screen.versions.begin(), screen.versions.end(),
+                        [&](const EarlierVersion& version) { return version.file == open; });
+  LayOut(screen.Grd_EarlierVersions, screen.versions.size());
+  int row = 0;
+  for (const EarlierVersion& version : screen.versions) FillRow(program, ++row, version);
+  screen.btnOpenVersion.enabled = row > 0;
+  ShowVersionPath(program);
+  screen.frmEarlierVersions.visible = true;
+}
+
+void ShowVersionPath(Program& program) {
+  EarlierVersionsScreen& screen = program.versions;
+  const auto row = static_cast<std::size_t>(screen.Grd_EarlierVersions.row) - 1;
+  screen.lblVersionFile.caption = row < screen.versions.size()
+                                      ? screen.versions[row].file
+                                      : "No file has been saved over yet. Each save keeps what the file held before.";
+}
+
+void btnOpenVersion_Click(Program& program) {
+  EarlierVersionsScreen& screen = program.versions;
+  const auto row = static_cast<std::size_t>(screen.Grd_EarlierVersions.row) - 1;
+  if (row >= screen.versions.size()) return;
+  const EarlierVersion version = screen.versions[row];
+  screen.frmEarlierVersions.visible = false;
+  DesignRecord& record = program.record;
+  record.OpenedFileName = version.stored;
+  mnuFileNew_Click(program);
+  OpenFile(program);
+  const std::string copy = CopyName(program, version);
+  for (std::string* name : {&record.OpenedFileName, &record.SaveFileName, &record.DisplayFileName}) *name = copy;
+  program.main.sbStatusBar.caption = "An earlier version is open as a copy. Save writes it to " + copy;
+}
+
+void btnCloseVersions_Click(Program& program) {
+  program.versions.frmEarlierVersions.visible = false;
+}
+
+}  // namespace torvale

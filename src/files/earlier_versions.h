@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// What a file held before each save, in the folder "versions" of the user's data: a folder for each file, with the
+// file's path in "path.txt" and each former content under the moment of the save.
+
+// How much is kept. Of a file: the last `of_one_file` saves; of those older than a day the last of each day, of those
+// older than a month the last of each week. Where all files together come to more than `bytes`, the oldest go.
+struct VersionLimits {
+  std::size_t of_one_file = 20;
+  std::size_t bytes = std::size_t{200} << 20U;
+};
+
+// A save is about to put `bytes` into the file: keeps what the file holds, unless it holds the same. Gives back a
+// sentence for the status bar where there is something to say: that the file held a design of another name, or that
+// its content could not be kept; else nothing. The save goes on in any case.
+std::string KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
+                               const VersionLimits& limits = {});
+
+// Every version that is kept, file by file, the file that was saved last ahead, the newest version first. What can't be
+// read is left out.
+std::vector<EarlierVersion> EarlierVersions(Host& host);
+
+// Shows the list, the versions of the open design's file ahead.
+void mnuFileEarlier_Click(Program& program);
+// Opens the version of the current row as a copy: its names are of its own, so that no save goes over the file.
+void btnOpenVersion_Click(Program& program);
+void btnCloseVersions_Click(Program& program);
+// The cursor of the list has moved.
+void ShowVersionPath(Program& program);
+
+}  // namespace torvale
