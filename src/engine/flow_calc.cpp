@@ -1,201 +1,15 @@
 #include "engine/flow_calc.h"
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
-#include "base/power.h"
 #include "engine/acres.h"
-#include "engine/march.h"
+#include "engine/end_head.h"
+#include "engine/line.h"
 #include "engine/survey.h"
 
 namespace torvale {
 namespace {
-
-bool IsSlopeDesign(const DesignRecord& record) {
-  return record.DesignType == kConstantSlope || record.DesignType == kDualSlope;
-}
-
-bool IsHoleSelection(const DesignRecord& record) {
-  return record.DesignType == kComputerHoles || record.DesignType == kLimitedHoles;
-}
-
-// Square feet of all holes of a row, by the hole that the design type gives it.
-float Opening(const DesignRecord& record, int row) {
-  const double holes = record.HolesPerFurrow[row];
-  if (!IsHoleSelection(record)) {
-    const double feet = static_cast<double>(record.HoleDia[row]);
-    return Store32(feet * feet * 3.14 / 4 * holes);
-  }
-  const double inches = static_cast<double>(record.DesignType == kComputerHoles ? record.ComputerHoleDia[row]
-                                                                                : record.LimitedHoleDia[row]);
-  return Store32(inches * inches * 3.14 / 4 / 144 * holes);
-}
-
-// A power that can't be formed becomes no number, which stops the march at the row that needs it and not before.
-double PowerOrNone(double base, double exponent) {
-  try {
-    return Power(base, exponent);
-  } catch (const RunTimeFault&) {
-    return std::numeric_limits<double>::quiet_NaN();
-  }
-}
-
-Line PrepareLine(const DesignRecord& record, bool elevations) {
-  const int rows = record.HoleRows;
-  const auto size = static_cast<std::size_t>(rows) + 1;
-  Line line{rows,
-            std::vector<float>(size),
-            std::vector<unsigned char>(size),
-            std::vector<double>(size),
-            std::vector<double>(size),
-            std::vector<double>(size),
-            0,
-            static_cast<double>(record.DischargeCoef)};
-  const double roughness = static_cast<double>(record.HazenWilliamsC);
-  line.friction_factor = 0.2083 * PowerOrNone(roughness == 0 ? -1 : 100 / roughness, 1.852);
-  const RowArray<float>& crown = IsSlopeDesign(record) ? record.DesignElev : record.CrownElev;
-  for (int row = 1; row <= rows; ++row) {
-    const auto i = static_cast<std::size_t>(row);
-    line.watered[i] = record.HoleDia[row] > 0;
-    if (line.watered[i] != 0) line.opening[i] = Opening(record, row);
-    line.length[i] =
-        Hundredths(static_cast<double>(record.Station[row]) - static_cast<double>(record.Station[row - 1]));
-    line.dia_power[i] = row > 1 && record.PipeDia[row] == record.PipeDia[row - 1]
-                            ? line.dia_power[i - 1]
-                            : PowerOrNone(static_cast<double>(record.PipeDia[row]), 4.866);
-    const double here = static_cast<double>(crown[row]);
-    const double upstream = static_cast<double>(crown[row - 1]);
-    line.rise[i] = elevations ? upstream - here : here - upstream;
-  }
-  return line;
-}
-
-enum class Outcome { kConverged, kNoRows, kCancelled, kTryLimit };
-
-// The search on the far-end head: marches, counts, corrects.
-class Search {
- public:
-  Search(DesignRecord& record, EngineHost& host, const Line& line, int& tries)
-      : record_(record),
-        host_(host),
-        line_(line),
-        profile_{record.Head.data(), record.FurrowFlow.data(), record.HoleArea.data()},
-        tries_(tries),
-        place_{line.rows, 0} {}
-
-  Outcome Run() {
-    if (place_.row == 0) return Outcome::kNoRows;
-    try {
-      const Outcome outcome = Loop();
-      Leave();
-      return outcome;
-    } catch (const RunTimeFault&) {
-      PassOver(stretch_ - 1, place_.row);  // the row of the fault had its yield, too
-      Leave();
-      throw;
-    }
-  }
-
-  int fail_row() const { return fail_row_; }
-
- private:
-  Outcome Loop() {
-    for (;;) {
-      if (!Yield()) return Outcome::kCancelled;
-      if (profile_.head[place_.row] < 0) GoToHeadOfLine();
-      stretch_ = place_.row;
-      if (place_.row == 1) {
-        TakeOrifice(line_, profile_, place_);
-        if (Converged()) return Outcome::kConverged;
-        CarryHead(line_, profile_, place_);
-        if (tries_ == kTryLimit) return Outcome::kTryLimit;
-        CountTry(1);
-        CorrectEndHead(profile_.head[line_.rows], last_step_, place_.flow, record_.TargetGPM);
-        place_ = {line_.rows, 0};
-        continue;
-      }
-      MarchRows(line_, profile_, place_, tries_ == kTryLimit ? 1 : RowsUntilYield());
-      PassOver(stretch_ - 1, place_.row + 1);
-      if (tries_ == kTryLimit) return Outcome::kTryLimit;
-      if (profile_.head[place_.row] < 0) CountTry(place_.row + 1);
-    }
-  }
-
-  // The yield comes on nine rows out of ten, on those that are no multiple of ten. False once the user has cancelled.
-  static bool YieldsAt(int row) { return row % 10 != 0; }
-
-  bool Yield() {
-    if (!YieldsAt(place_.row)) return true;
-    if (idle_ > 0) {
-      --idle_;
-      ++passed_;
-      return true;
-    }
-    record_.AccumGPM = place_.flow;
-    idle_ = host_.Yield(passed_ + 1);
-    passed_ = 0;
-    return !record_.CancelFlag;
-  }
-
-  // How many rows from this one on can be worked before a yield must reach the host. The row's own has been made.
-  int RowsUntilYield() const {
-    if (idle_ >= place_.row) return place_.row;
-    long left = idle_;
-    int rows = 1;
-    for (int row = place_.row - 1; row >= 2; --row, ++rows) {
-      if (YieldsAt(row) && --left < 0) break;
-    }
-    return rows;
-  }
-
-  // Counts the yields of rows `from` down to `to`, which the march passed over.
-  void PassOver(int from, int to) {
-    if (from < to) return;
-    const long yields = (from - from / 10) - ((to - 1) - (to - 1) / 10);
-    idle_ -= yields;
-    passed_ += yields;
-  }
-
-  // A negative head ends the march: the head of the line is tried with a small head instead, so that the flow there as
-  // a rule comes out short and the far end is raised.
-  void GoToHeadOfLine() {
-    fail_row_ = place_.row;
-    place_ = {1, 0};
-    profile_.head[1] = 2.0;
-  }
-
-  bool Converged() const {
-    const double target = static_cast<double>(record_.TargetGPM);
-    const float error = Narrow(std::fabs(static_cast<double>(place_.flow) - target));
-    return Narrow(target * 0.0005) > error;
-  }
-
-  void CountTry(int row) {
-    ++tries_;
-    fail_row_ = row;
-  }
-
-  void Leave() {
-    record_.AccumGPM = place_.flow;
-    if (passed_ > 0) host_.Yield(passed_);
-  }
-
-  DesignRecord& record_;
-  EngineHost& host_;
-  const Line& line_;
-  Profile profile_;
-  int& tries_;
-  MarchPlace place_;
-  std::string_view last_step_;
-  int fail_row_ = 0;
-  int stretch_ = 0;  // the row at which the stretch of rows now worked began
-  long idle_ = 0;    // coming yields that the host would do nothing in
-  long passed_ = 0;  // yields passed over and not yet reported to it
-};
 
 void ClearResults(DesignRecord& record) {
   record.FurrowFlow.Clear();
@@ -279,6 +93,27 @@ void ReportFault(DesignRecord& record, EngineHost& host, int& tries) {
   record.CancelFlag = true;
 }
 
+// The search on the far-end head over the rows of the record. `AccumGPM` follows it, also where it ends in a fault.
+EndHeadSearch March(DesignRecord& record, bool elevations, EngineHost& host) {
+  Line line;
+  PrepareLine(record, elevations, line);
+  const auto yield = [&](long due, float flow) {
+    record.AccumGPM = flow;
+    const long idle = host.Yield(due);
+    return Pause{record.CancelFlag, idle};
+  };
+  EndHeadSearch search;
+  try {
+    SolveEndHead(line, record.TargetGPM, {record.Head.data(), record.FurrowFlow.data(), record.HoleArea.data()}, yield,
+                 search);
+  } catch (const RunTimeFault&) {
+    record.AccumGPM = search.flow;
+    throw;
+  }
+  record.AccumGPM = search.flow;
+  return search;
+}
+
 void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, int& tries) {
   ClearResults(record);
   record.Head[record.HoleRows] =
@@ -288,18 +123,18 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
   record.PipeArea[record.WateredFurrows] = Store32(diameter * diameter * 3.14 / 4);
   record.AccumGPM = 0;
   tries = 0;
-  const Line line = PrepareLine(record, texts.survey_kind == "E");
-  Search search(record, host, line, tries);
-  switch (search.Run()) {
-    case Outcome::kCancelled:
+  const EndHeadSearch search = March(record, texts.survey_kind == "E", host);
+  tries = search.tries;
+  switch (search.outcome) {
+    case EndHeadSearch::Outcome::kStopped:
       return;
-    case Outcome::kTryLimit:
-      ReportTryLimit(record, host, search.fail_row());
+    case EndHeadSearch::Outcome::kTryLimit:
+      ReportTryLimit(record, host, search.fail_row);
       return;
-    case Outcome::kConverged:
+    case EndHeadSearch::Outcome::kConverged:
       ListFurrows(record, host);
       break;
-    case Outcome::kNoRows:
+    case EndHeadSearch::Outcome::kNoRows:
       break;
   }
   FindExtremes(record);

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/end_head.h"
 #include "engine/engine_host.h"
 #include "record/design_record.h"
 #include "record/text_grid.h"
@@ -16,8 +17,7 @@ struct TypedTexts {
   const std::string& survey_kind;  // exactly "E": elevations; anything else: rod readings, larger is lower ground
 };
 
-// Marks that `FlowCalc` leaves in its counter of tries.
-inline constexpr int kTryLimit = 200;
+// The mark that `FlowCalc` leaves in its counter of tries.
 inline constexpr int kTriesAfterFault = 100;
 
 // Finds the far-end head at which the flow out of all holes meets `TargetGPM` within 0.0005 of it. The line is marched
@@ -34,9 +34,5 @@ inline constexpr int kTriesAfterFault = 100;
 //   try limit          a message; `CancelFlag`, `DesignOK` "False", `tries` = kTryLimit, the march left as it stands
 //   run-time fault     a message; `CancelFlag`, `MissingData` -1, `tries` = kTriesAfterFault
 void FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host, int& tries);
-
-// One correction of the far-end head. `last_step` is the mark of the step before ("" at first) and takes the mark of
-// this one; `flow` is what the march delivered. Exactly the target leaves both as they are.
-void CorrectEndHead(double& end_head, std::string_view& last_step, float flow, float target);
 
 }  // namespace torvale

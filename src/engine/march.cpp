@@ -6,26 +6,13 @@
 
 #include "base/power.h"
 #include "base/run_time_fault.h"
+#include "engine/hydraulics.h"
 
 namespace torvale {
 namespace {
 
 [[noreturn]] void Overflow() {
   throw RunTimeFault{Fault::kOverflow};
-}
-
-// Flow out of the row's holes, in gallons per minute before rounding.
-inline double OrificeFlow(const Line& line, int row, double head) {
-  return static_cast<double>(line.opening[static_cast<std::size_t>(row)]) * std::sqrt(head * 64.4) * 448.8 *
-         line.discharge_coef;
-}
-
-// Head at the next row upstream.
-inline double UpstreamHead(const Line& line, int row, double head, float flow) {
-  const auto i = static_cast<std::size_t>(row);
-  const double ratio = FlowPower(flow) / line.dia_power[i];
-  const double friction = line.length[i] * (ratio * line.friction_factor / 100);
-  return head - line.rise[i] + friction;
 }
 
 inline bool Finite32(float value) {
@@ -42,7 +29,8 @@ void TakeOrifice(const Line& line, const Profile& profile, MarchPlace& place) {
   const int row = place.row;
   if (line.watered[static_cast<std::size_t>(row)] == 0) return;
   profile.area[row] = line.opening[static_cast<std::size_t>(row)];
-  const float out = static_cast<float>(OrificeFlow(line, row, profile.head[row]));
+  const double area = static_cast<double>(line.opening[static_cast<std::size_t>(row)]);
+  const float out = static_cast<float>(OrificeFlow(area, profile.head[row], line.discharge_coef));
   if (!Finite32(out)) Overflow();
   profile.flow[row] = out;
   const float flow = place.flow + out;
@@ -52,7 +40,10 @@ void TakeOrifice(const Line& line, const Profile& profile, MarchPlace& place) {
 
 void CarryHead(const Line& line, const Profile& profile, const MarchPlace& place) {
   if (place.flow < 0) throw RunTimeFault{Fault::kInvalidArgument};
-  const double head = UpstreamHead(line, place.row, profile.head[place.row], place.flow);
+  const auto row = static_cast<std::size_t>(place.row);
+  const double ratio = FlowPower(place.flow) / line.dia_power[row];
+  const double friction = SpanFriction(line.length[row], ratio, line.friction_factor);
+  const double head = profile.head[place.row] - line.rise[row] + friction;
   if (!Finite64(head)) Overflow();
   profile.head[place.row - 1] = head;
 }

@@ -1,21 +1,8 @@
 #pragma once
 
-#include <vector>
+#include "engine/line.h"
 
 namespace torvale {
-
-// The hydraulics of one line, prepared once and marched many times. Element 0 is unused; elements 1 to `rows` belong
-// to the rows, 1 at the head of the line.
-struct Line {
-  int rows = 0;
-  std::vector<float> opening;          // square feet of all holes of the row, 0 where the row has none
-  std::vector<unsigned char> watered;  // 1 where the row has holes
-  std::vector<double> length;          // feet of the span that ends at the row, to hundredths
-  std::vector<double> dia_power;       // pipe diameter (inches) to the power 4.866
-  std::vector<double> rise;            // feet that the crown rises from the row to the next one upstream
-  double friction_factor = 0;          // 0.2083 (100 / C)^1.852, friction in feet per 100 feet
-  double discharge_coef = 0;
-};
 
 // Where the march writes: `head` and `flow` and `area` reach from element 0 to `Line::rows`.
 struct Profile {

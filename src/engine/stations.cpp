@@ -2,6 +2,7 @@
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
+#include "engine/hydraulics.h"
 #include "engine/survey.h"
 #include "record/hole_sizes.h"
 
@@ -197,7 +198,7 @@ void FlowRatio(DesignRecord& record) {
   long sum = 0;
   for (int i = 1; i <= record.HoleRows; ++i) sum += record.FurrowLength[i];
   const double mean = Divide(static_cast<double>(sum), record.WateredFurrows);
-  const float share = Store32(Divide(static_cast<double>(record.TargetGPM), record.WateredFurrows));
+  const float share = AverageFlow(record.TargetGPM, record.WateredFurrows);
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (record.FurrowLength[i] <= 0) continue;
     const double ratio = Divide(static_cast<double>(record.FurrowLength[i]), mean);

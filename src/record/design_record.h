@@ -173,6 +173,14 @@ struct DesignRecord {
   std::int16_t StationInterval = 0;
 };
 
+// Whether the design lays its own crown, and whether it chooses its own holes.
+inline bool IsSlopeDesign(const DesignRecord& record) {
+  return record.DesignType == kConstantSlope || record.DesignType == kDualSlope;
+}
+inline bool IsHoleSelection(const DesignRecord& record) {
+  return record.DesignType == kComputerHoles || record.DesignType == kLimitedHoles;
+}
+
 // Empties the row arrays that a new design starts without. The other fields keep their values.
 void ClearRowArrays(DesignRecord& record);
 

@@ -18,10 +18,6 @@ constexpr int kValueTitleSize = 14;
 constexpr int kMajorDivisions = 12;
 constexpr int kMinorDivisions = 6;
 
-bool IsSlopeDesign(const DesignRecord& record) {
-  return record.DesignType == kConstantSlope || record.DesignType == kDualSlope;
-}
-
 bool HasElevations(const Program& program) {
   return program.main.txtInfo[5].text() == "E";
 }

@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "display/design_display.h"
 #include "engine/acres.h"
+#include "engine/hydraulics.h"
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
@@ -107,7 +108,7 @@ void BuildRows(Program& program) {
   CalCrownDist(record, sheet);
   CalStations(record);
   CalHoleStation(record, sheet);
-  record.AverageFurrowFlow = Store32(Divide(static_cast<double>(record.TargetGPM), record.WateredFurrows));
+  record.AverageFurrowFlow = AverageFlow(record.TargetGPM, record.WateredFurrows);
   CalCrownElev(record, sheet);
   FlowRatio(record);
 }

@@ -1,15 +1,14 @@
 #include "search/hole_fit.h"
 
-#include "base/arithmetic.h"
+#include "engine/hydraulics.h"
 
 namespace torvale {
 namespace {
 
 // Flow out of row `i` with holes of `inches`, gallons per minute.
 double FlowThrough(const DesignRecord& record, int i, float inches) {
-  const double size = static_cast<double>(inches);
-  const double area = size * size * 3.14 / 4 / 144 * record.HolesPerFurrow[i];
-  return Finite(area * Root(record.Head[i] * 64.4) * 448.8 * static_cast<double>(record.DischargeCoef));
+  const double area = AreaByInches(static_cast<double>(inches), record.HolesPerFurrow[i]);
+  return Finite(OrificeFlow(area, record.Head[i], static_cast<double>(record.DischargeCoef)));
 }
 
 double Wanted(const DesignRecord& record, int i, FitFlow flow) {

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/power.h"
 #include "display/design_display.h"
+#include "engine/hydraulics.h"
 #include "search/cal_dsign_var.h"
 #include "search/hole_fit.h"
 
@@ -23,30 +24,30 @@ struct PassKind {
 constexpr PassKind kTablePass = {kComputerHoles, true, " Try Changing Head or Hole Sizes", true};
 constexpr PassKind kListPass = {kLimitedHoles, false, " Try Changing Head ", false};
 
-double PassFactor(const DesignRecord& record) {
-  return Power(Divide(100, static_cast<double>(record.HazenWilliamsC)), 1.852) * 0.2083;
-}
+// What all rows of a pass share.
+struct PassFlow {
+  float average;  // gallons per minute
+  double factor;  // of friction
+};
 
 // One row of the pass's march: the flow that the furrow wants, the hole that would give it, and the friction of the
-// span below the row. The constant is 448.81 here and 448.8 in the march of FlowCalc.
-double WorkRow(DesignRecord& record, int row, float average, FitFlow& flow) {
+// span below the row.
+double WorkRow(DesignRecord& record, int row, const PassFlow& pass, double dia_power, FitFlow& flow) {
   const double holes = record.HolesPerFurrow[row];
-  flow.wanted = Store32(static_cast<double>(record.FlowRatio[row]) * static_cast<double>(average));
-  const double capacity = Power(record.Head[row] * 64.4, 0.5) * 448.81 * static_cast<double>(record.DischargeCoef);
+  flow.wanted = WantedFlow(pass.average, record.FlowRatio[row]);
+  const double capacity = Power(record.Head[row] * kTwiceGravity, 0.5) * kGpmPerCubicFootOfIdeal *
+                          static_cast<double>(record.DischargeCoef);
   const double opening = Divide(static_cast<double>(flow.wanted), capacity) * 144 * holes;
   record.HoleSizeIdeal[row] = Store32(Divide(Power(opening, 0.5) * 1.128, holes));
   record.AccumGPM = Store32(static_cast<double>(record.AccumGPM) + static_cast<double>(flow.wanted));
-  const double span =
-      Hundredths(static_cast<double>(record.Station[row]) - static_cast<double>(record.Station[row - 1]));
-  const double ratio = Divide(Power(static_cast<double>(record.AccumGPM), 1.852),
-                              Power(static_cast<double>(record.PipeDia[row]), 4.866));
-  return Finite(span * (ratio * PassFactor(record) / 100));
+  const double ratio = Divide(FlowPower(record.AccumGPM), dia_power);
+  return Finite(SpanFriction(SpanLength(record.Station[row], record.Station[row - 1]), ratio, pass.factor));
 }
 
 double UpstreamHead(const DesignRecord& record, int row, bool elevations, double friction) {
   const double here = static_cast<double>(record.CrownElev[row]);
   const double upstream = static_cast<double>(record.CrownElev[row - 1]);
-  return Finite(record.Head[row] - (elevations ? upstream - here : here - upstream) + friction);
+  return Finite(record.Head[row] - CrownRise(here, upstream, elevations) + friction);
 }
 
 // Whether the head was lost at `row`. The element ahead of row 1 is no row and is not looked at.
@@ -62,12 +63,19 @@ bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
   DesignRecord& record = program.record;
   const std::string survey_kind = program.main.txtInfo[5].text();
   const bool elevations = survey_kind == "E";
-  const float average = Store32(Divide(static_cast<double>(record.TargetGPM), record.WateredFurrows));
+  const PassFlow pass = {AverageFlow(record.TargetGPM, record.WateredFurrows),
+                         FrictionFactorOrNone(static_cast<double>(record.HazenWilliamsC))};
+  double dia_power = 0;
+  float diameter = 0;
   double friction = 0;  // a row without holes keeps the friction of the last row that had them
   int row = record.HoleRows;
   record.AccumGPM = 0;
   while (row != 0) {
-    if (record.HoleDia[row] > 0) friction = WorkRow(record, row, average, flow);
+    if (record.PipeDia[row] != diameter) {
+      diameter = record.PipeDia[row];
+      dia_power = DiameterPowerOrNone(static_cast<double>(diameter));
+    }
+    if (record.HoleDia[row] > 0) friction = WorkRow(record, row, pass, dia_power, flow);
     record.Head[row - 1] = UpstreamHead(record, row, elevations, friction);
     if (HeadLost(record, row, survey_kind, kind)) {
       record.Head[record.HoleRows] += 0.1;

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/power.h"
 #include "display/design_display.h"
+#include "engine/hydraulics.h"
 #include "engine/uniformity.h"
 #include "search/elev_adjust.h"
 
@@ -135,19 +136,16 @@ void TakeExtremes(DesignRecord& record, double head, double flow) {
 }
 
 // Flow that the row's furrow wants, to four decimals.
-double WantedFlow(const DesignRecord& record, int row) {
-  const float flow =
-      Store32(static_cast<double>(record.AverageFurrowFlow) * static_cast<double>(record.FlowRatio[row]));
+double ShownWantedFlow(const DesignRecord& record, int row) {
+  const float flow = WantedFlow(record.AverageFurrowFlow, record.FlowRatio[row]);
   return Val(Format(static_cast<double>(flow), "###.####"));
 }
 
 // Head at which the row's holes would give `flow`.
 void FitHead(DesignRecord& record, int row, double flow, double discharge_coef) {
   const double radius = static_cast<double>(record.SurveyHoleDia[row]) / 2;
-  record.HoleArea[row] = Store32(radius * radius * 3.14 / 144 * record.HolesPerFurrow[row]);
-  const double capacity = static_cast<double>(record.HoleArea[row]) * 448.8 * discharge_coef;
-  const double share = Divide(flow, capacity);
-  record.Head[row] = Finite(share * share / 64.4);
+  record.HoleArea[row] = Store32(AreaByRadius(radius, record.HolesPerFurrow[row]));
+  record.Head[row] = OrificeHead(static_cast<double>(record.HoleArea[row]), flow, discharge_coef);
 }
 
 }  // namespace
@@ -196,23 +194,23 @@ void BestGradeEffic(Program& program) {
 void BestFitHead(Program& program) {
   DesignRecord& record = program.record;
   ResetExtremes(record);
-  const float factor = Store32(Power(Divide(100, static_cast<double>(record.HazenWilliamsC)), 1.852) * 0.2083);
+  const float factor = Store32(FrictionFactor(static_cast<double>(record.HazenWilliamsC)));
   const double discharge_coef = Val(program.main.txtDefault[2].text());
   double run_flow = 0;
   int furrow = 0;
   record.FrictionLoss.Clear();
   for (int i = record.HoleRows; i >= 1; --i) {
-    const double flow = WantedFlow(record, i);
+    const double flow = ShownWantedFlow(record, i);
     if (record.HoleDia[i] > 0) {
       ++furrow;
       record.NormFurrowFlow[furrow] = Store32(Hundredths(Divide(flow, static_cast<double>(record.FlowRatio[i]))));
     }
     if (record.SurveyHoleDia[i] > 0) FitHead(record, i, flow, discharge_coef);
     run_flow += flow;
-    const double loss = Divide(static_cast<double>(factor) * Power(run_flow, 1.852),
-                               Power(static_cast<double>(record.PipeDia[i]), 4.866));
-    const double span = Hundredths(static_cast<double>(record.Station[i]) - static_cast<double>(record.Station[i - 1]));
-    record.FrictionLoss[i] = Finite(span * (loss / 100));
+    // The factor is in 32 bits and goes in first, where the march's is in 64 and goes in last.
+    const double loss = Divide(static_cast<double>(factor) * Power(run_flow, kFlowExponent),
+                               Power(static_cast<double>(record.PipeDia[i]), kDiameterExponent));
+    record.FrictionLoss[i] = Finite(SpanLength(record.Station[i], record.Station[i - 1]) * (loss / 100));
     TakeExtremes(record, record.Head[i], flow);
   }
   for (int i = 1; i <= record.HoleRows; ++i) record.DesignElev[i] = record.CrownElev[i];

@@ -1,45 +1,52 @@
 // One correction of the far-end head.
+#include "engine/end_head.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-
-#include "engine/flow_calc.h"
 
 namespace torvale {
 namespace {
 
 struct Corrected {
   double head;
-  std::string last_step;
+  EndHeadStep last_step;
 };
 
 constexpr float kTarget = 100;
 
-Corrected TooMuch(double head, std::string_view last_step) {
-  CorrectEndHead(head, last_step, 101, kTarget);
-  return {head, std::string(last_step)};
+Corrected TooMuch(double head, EndHeadStep last_step) {
+  CorrectEndHead(head, last_step, Compare(101, kTarget));
+  return {head, last_step};
 }
-Corrected TooLittle(double head, std::string_view last_step) {
-  CorrectEndHead(head, last_step, 99, kTarget);
-  return {head, std::string(last_step)};
+Corrected TooLittle(double head, EndHeadStep last_step) {
+  CorrectEndHead(head, last_step, Compare(99, kTarget));
+  return {head, last_step};
 }
 
 struct Stage {
   double step;
-  const char* lowered;
-  const char* raised;
+  EndHeadStep lowered;
+  EndHeadStep raised;
 };
-constexpr Stage kStages[] = {{0.5, "highflow", "lowflow"},
-                             {0.1, "highflow1", "lowflow1"},
-                             {0.01, "highflow2", "lowflow2"},
-                             {0.001, "highflow3", "lowflow3"},
-                             {0.0001, "highflow4", "lowflow4"}};
+constexpr EndHeadStep kFirst;
+constexpr EndHeadStep Lowered(int stage) {
+  return {stage, EndHeadStep::kLowered};
+}
+constexpr EndHeadStep Raised(int stage) {
+  return {stage, EndHeadStep::kRaised};
+}
+constexpr Stage kStages[] = {{0.5, Lowered(0), Raised(0)},
+                             {0.1, Lowered(1), Raised(1)},
+                             {0.01, Lowered(2), Raised(2)},
+                             {0.001, Lowered(3), Raised(3)},
+                             {0.0001, Lowered(4), Raised(4)}};
 
 TEST(CorrectEndHead, BeginsWithHalfFeet) {
-  EXPECT_EQ(TooMuch(2, "").head, 1.5);
-  EXPECT_EQ(TooMuch(2, "").last_step, "highflow");
-  EXPECT_EQ(TooLittle(2, "").head, 2.5);
-  EXPECT_EQ(TooLittle(2, "").last_step, "lowflow");
+  EXPECT_EQ(TooMuch(2, kFirst).head, 1.5);
+  EXPECT_EQ(TooMuch(2, kFirst).last_step, Lowered(0));
+  EXPECT_EQ(TooLittle(2, kFirst).head, 2.5);
+  EXPECT_EQ(TooLittle(2, kFirst).last_step, Raised(0));
 }
 
 // The same way as before: the same step again.
@@ -65,8 +72,8 @@ TEST(CorrectEndHead, CrossingRefinesByOneStage) {
 
 // Lowering is refused at or below 0.5, 0.1, 0.01 and 0.0001: the next stage takes the step in the same pass.
 TEST(CorrectEndHead, LoweringIsRefusedNearZero) {
-  EXPECT_EQ(TooMuch(0.4, "").head, 0.4 - 0.1);
-  EXPECT_EQ(TooMuch(0.4, "").last_step, "highflow1");
+  EXPECT_EQ(TooMuch(0.4, kFirst).head, 0.4 - 0.1);
+  EXPECT_EQ(TooMuch(0.4, kFirst).last_step, Lowered(1));
   const double limits[] = {0.5, 0.1, 0.01, 0.0001};
   for (std::size_t k = 0; k < 4; ++k) {
     EXPECT_EQ(TooMuch(limits[k], kStages[k].lowered).last_step, kStages[k + 1].lowered);
@@ -79,35 +86,35 @@ TEST(CorrectEndHead, LoweringIsRefusedNearZero) {
 
 // 0.005 is at or below 0.5, 0.1 and 0.01: three refusals in one pass, and a thousandth is taken off.
 TEST(CorrectEndHead, RefusalsFallThroughSeveralStages) {
-  EXPECT_EQ(TooMuch(0.005, "").head, 0.005 - 0.001);
-  EXPECT_EQ(TooMuch(0.005, "").last_step, "highflow3");
-  EXPECT_EQ(TooMuch(0, "").head, -0.0001);
-  EXPECT_EQ(TooMuch(0, "").last_step, "highflow4");
+  EXPECT_EQ(TooMuch(0.005, kFirst).head, 0.005 - 0.001);
+  EXPECT_EQ(TooMuch(0.005, kFirst).last_step, Lowered(3));
+  EXPECT_EQ(TooMuch(0, kFirst).head, -0.0001);
+  EXPECT_EQ(TooMuch(0, kFirst).last_step, Lowered(4));
 }
 
 // The fourth stage refuses only at 0.0001, below its own step: the head may go as low as -0.0009.
 TEST(CorrectEndHead, FourthStageMayGoBelowZero) {
-  EXPECT_EQ(TooMuch(0.0002, "highflow3").head, 0.0002 - 0.001);
-  EXPECT_EQ(TooMuch(0.0002, "highflow3").last_step, "highflow3");
+  EXPECT_EQ(TooMuch(0.0002, Lowered(3)).head, 0.0002 - 0.001);
+  EXPECT_EQ(TooMuch(0.0002, Lowered(3)).last_step, Lowered(3));
 }
 
 // The last stage never refuses.
 TEST(CorrectEndHead, LastStageHasNoFloor) {
-  EXPECT_EQ(TooMuch(-3, "highflow4").head, -3 - 0.0001);
-  EXPECT_EQ(TooMuch(-3, "lowflow4").head, -3 - 0.0001);
+  EXPECT_EQ(TooMuch(-3, Lowered(4)).head, -3 - 0.0001);
+  EXPECT_EQ(TooMuch(-3, Raised(4)).head, -3 - 0.0001);
 }
 
 // Raising is never refused, however low the head.
 TEST(CorrectEndHead, RaisingIsNeverRefused) {
-  EXPECT_EQ(TooLittle(-7, "").head, -6.5);
-  EXPECT_EQ(TooLittle(0, "lowflow3").head, 0.001);
+  EXPECT_EQ(TooLittle(-7, kFirst).head, -6.5);
+  EXPECT_EQ(TooLittle(0, Raised(3)).head, 0.001);
 }
 
 TEST(CorrectEndHead, ExactlyTheTargetChangesNothing) {
-  for (const char* const mark : {"", "highflow", "lowflow2", "lowflow4"}) {
+  for (const EndHeadStep mark : {kFirst, Lowered(0), Raised(2), Raised(4)}) {
     double head = 1.25;
-    std::string_view last_step = mark;
-    CorrectEndHead(head, last_step, kTarget, kTarget);
+    EndHeadStep last_step = mark;
+    CorrectEndHead(head, last_step, Compare(kTarget, kTarget));
     EXPECT_EQ(head, 1.25);
     EXPECT_EQ(last_step, mark);
   }

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/flow_calc.h"
-#include "engine/line.h"
+#include "engine/test_line.h"
 
 namespace torvale {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/line.h"
+#include "engine/test_line.h"
 
 namespace torvale {
 namespace {

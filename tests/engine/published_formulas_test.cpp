@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/line.h"
+#include "engine/test_line.h"
 #include "engine/uniformity.h"
 
 namespace torvale {
