@@ -204,6 +204,21 @@ void LeaveHiddenControl(Program& program) {
   if (IsHint(main.sbStatusBar.caption)) main.sbStatusBar.caption = FocusHint(program, main.focus);
 }
 
+std::string_view OpenPanel(Program& program) {
+  const auto* const open = std::find_if(kPanels.begin(), kPanels.end(), [&](std::string_view panel) {
+    return ReachOf(program, panel) != Reach::kHidden;
+  });
+  return open == kPanels.end() ? std::string_view() : *open;
+}
+
+void EnterPanel(Program& program, std::string_view panel) {
+  for (const NamedControl& named : ControlsOf(program.main)) {
+    if (named.parent != panel || !TakesFocus(named.kind) || ReachOf(program, named.name) != Reach::kUsable) continue;
+    MoveFocus(program, named.name);
+    return;
+  }
+}
+
 std::string_view FocusHint(const Program& program, std::string_view control) {
   if (control == "Grid1") return ColumnHint(program.main.Grid1.column);
   for (const Hint& hint : kHints) {

@@ -39,6 +39,12 @@ void MoveFocus(Program& program, std::string_view control);
 // status bar tells what something is for, it tells it of that grid then; news stay there.
 void LeaveHiddenControl(Program& program);
 
+// The panel that is open over the screen; empty for none.
+std::string_view OpenPanel(Program& program);
+// The focus goes to the first control of a panel that can have it: the keyboard would otherwise have to find the panel
+// behind all else, past the information fields, which close one of them.
+void EnterPanel(Program& program, std::string_view panel);
+
 // What a field, a sheet or a list of hole sizes is for, with its unit, for the status bar; nothing for other controls
 // but the two buttons of the results.
 std::string_view FocusHint(const Program& program, std::string_view control);

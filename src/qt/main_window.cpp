@@ -86,9 +86,7 @@ void MainWindow::KeepOn() {
 
 // Whatever the user does comes through here: no fault gets out, and the window shows at once what came of it.
 void MainWindow::Run(const std::function<void()>& work) {
-  ++running_;
   Guarded(program_, work);
-  --running_;
   Sync();
 }
 
@@ -156,9 +154,6 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       WidgetEntered(name, static_cast<QFocusEvent&>(*event).reason());
       break;
-    case QEvent::FocusOut:
-      WidgetLeft(name, static_cast<QFocusEvent&>(*event).reason());
-      break;
     case QEvent::MouseButtonPress:
       MousePressed(watched, static_cast<QMouseEvent&>(*event));
       break;
@@ -220,13 +215,6 @@ void MainWindow::ShowFieldMenu(QLineEdit& edit, const QPoint& at) {
 void MainWindow::WidgetEntered(const std::string& name, Qt::FocusReason reason) {
   if (syncing_ || OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
   Run([&] { FocusGained(program_, name); });
-}
-
-// What comes of it is drawn when the next widget has the focus: drawing now would call it back.
-void MainWindow::WidgetLeft(const std::string& name, Qt::FocusReason reason) {
-  if (OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
-  FocusLost(program_, name);
-  stale_ = true;
 }
 
 // The panels take hold where they hold nothing else.

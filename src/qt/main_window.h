@@ -26,9 +26,6 @@
 
 namespace torvale {
 
-// The panels that open over the screen; the user may move them.
-inline constexpr std::array<std::string_view, 2> kPanels = {"Frame1", "frameHoleSelection"};
-
 // The main design screen as a window. It shows what the program's screen structures say and hands every event to the
 // program; it keeps nothing that the structures lack.
 class MainWindow final : public QMainWindow {
@@ -72,7 +69,6 @@ class MainWindow final : public QMainWindow {
   bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
   void ShowFieldMenu(QLineEdit& edit, const QPoint& at);
   void WidgetEntered(const std::string& name, Qt::FocusReason reason);
-  void WidgetLeft(const std::string& name, Qt::FocusReason reason);
   void StepZoom(int steps);
   void KeepOn();
   bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
@@ -83,7 +79,6 @@ class MainWindow final : public QMainWindow {
   void DrawZoom();
   void DrawGrid(const ControlView& view);
   void DrawFocus();
-  void EnterPanel();
   void DrawBusy();
   void FitCanvas();
   ControlView* ViewOf(std::string_view name);
@@ -101,11 +96,8 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<MenuView> menus_;
   std::unique_ptr<ToolBarView> tools_;
   WindowPlace place_;
-  std::string_view panel_;  // the panel that is open
   int drawn_zoom_ = 0;
-  int running_ = 0;       // events being worked on, one inside the other during a calculation
   bool syncing_ = false;  // focus and text changes are ours, not the user's
-  bool stale_ = false;    // the structures changed while they were drawn
   bool busy_shown_ = false;
   bool activated_ = false;
   Control* dragged_ = nullptr;  // the panel that the user moves

@@ -5,7 +5,6 @@
 #include <QStatusBar>
 #include <algorithm>
 
-#include "input/info_fields.h"
 #include "qt/main_window.h"
 
 namespace torvale {
@@ -34,7 +33,6 @@ void MainWindow::Sync() {
   }
   if (syncing_) return;
   syncing_ = true;
-  stale_ = false;
   const bool zoomed = drawn_zoom_ != program_.main.zoom;
   if (zoomed) DrawZoom();
   bool moved = zoomed;
@@ -48,14 +46,11 @@ void MainWindow::Sync() {
   versions_->Sync();
   help_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
-  LeaveHiddenControl(program_);
   if (const QString text = ToQt(program_.main.sbStatusBar.caption); status_->text() != text) status_->setText(text);
   cancel_key_->setEnabled(ReachOf(program_, "cmdCancel") == Reach::kUsable);
   DrawFocus();
   DrawBusy();
   syncing_ = false;
-  if (stale_) Sync();
-  EnterPanel();
 }
 
 void MainWindow::DrawZoom() {
@@ -102,25 +97,10 @@ void MainWindow::DrawFocus() {
   area_->ensureVisible(place.center().x(), place.center().y(), place.width() / 2, place.height() / 2);
 }
 
-// A panel that opens takes the focus: the keyboard would otherwise have to find it behind all else, past the
-// information fields, which close one of them.
-void MainWindow::EnterPanel() {
-  const auto* const open = std::find_if(kPanels.begin(), kPanels.end(), [this](std::string_view panel) {
-    return ReachOf(program_, panel) != Reach::kHidden;
-  });
-  const std::string_view before = panel_;
-  panel_ = open == kPanels.end() ? "" : *open;
-  if (panel_ == before || panel_.empty()) return;
-  const auto first = std::find_if(controls_.begin(), controls_.end(), [this](const ControlView& view) {
-    return view.named.parent == panel_ && view.widget->focusPolicy() != Qt::NoFocus && view.widget->isEnabled();
-  });
-  if (first != controls_.end()) first->widget->setFocus(Qt::TabFocusReason);
-}
-
 // Busy is shown only while something runs: a flag that a failed command left behind doesn't hold the pointer.
 void MainWindow::DrawBusy() {
   const MainScreen& main = program_.main;
-  const bool busy = running_ > 0 && !main.closed && (main.busy || main.main_busy);
+  const bool busy = program_.events.open > 0 && !main.closed && (main.busy || main.main_busy);
   if (busy == busy_shown_) return;
   busy_shown_ = busy;
   if (busy) {

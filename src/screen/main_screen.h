@@ -81,6 +81,9 @@ struct MainScreen {
   Control sbStatusBar;
 };
 
+// The panels that open over the screen; the user may move them. One is open at a time.
+inline constexpr std::array<std::string_view, 2> kPanels = {"Frame1", "frameHoleSelection"};
+
 // The editor of soils and their recommended furrow flows, a window of its own.
 struct SoilsScreen {
   SoilsScreen();
@@ -98,6 +101,12 @@ enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, k
 // Menus and bars stand around the screen and have no place of their own on it.
 inline bool OnScreen(ControlKind kind) {
   return kind != ControlKind::kMenu && kind != ControlKind::kToolBar && kind != ControlKind::kStatusBar;
+}
+
+// What the keyboard can be at.
+inline bool TakesFocus(ControlKind kind) {
+  return kind == ControlKind::kButton || kind == ControlKind::kField || kind == ControlKind::kGrid ||
+         kind == ControlKind::kList;
 }
 
 // One control of a screen as its name finds it.

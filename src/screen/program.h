@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "engine/engine_host.h"
 #include "engine/flow_calc.h"
@@ -17,6 +19,13 @@
 namespace torvale {
 
 struct History;
+
+// What the end of an event needs to know of those before it.
+struct EventsInWork {
+  int open = 0;            // events being worked on, one inside the other while a calculation lets events run
+  std::string focus;       // the active control, and ...
+  std::string_view panel;  // ... the panel that was open, when the last outermost event ended; empty for none
+};
 
 // The whole program: the record, the screens, and the desktop it runs on. One instance, owned by the program's start.
 struct Program {
@@ -33,11 +42,11 @@ struct Program {
   SplashScreen splash;
   HelpScreen help;
   EarlierVersionsScreen versions;
+  EventsInWork events;
   // Count the moments at which all that is on the screen was in a file of its own or dropped on purpose (a design saved
   // or opened, a new one begun), and at which the preferences were.
   std::uint64_t stored_count = 0;
   std::uint64_t preferences_count = 0;
-  int events_open = 0;               // events being worked on, one inside the other while a calculation lets events run
   std::shared_ptr<History> history;  // what can be undone, see shell/history.h; none until the program has started
   Host& host;
 };

@@ -332,9 +332,7 @@ void RunStatement(Session& session, const std::string& line, ScriptLines& lines)
     return !tokens.front().quoted && s.word == tokens.front().text;
   });
   if (statement == std::end(kStatements)) throw ScriptError("not a statement: " + tokens.front().text);
-  const std::string focused = session.program.main.focus;
   statement->run(session, Arguments(std::span(tokens).subspan(1)), lines);
-  if (session.program.main.focus != focused) FocusLost(session.program, focused);
 }
 
 }  // namespace torvale

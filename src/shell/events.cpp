@@ -5,6 +5,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "base/numbers.h"
 #include "display/design_display.h"
@@ -114,13 +115,29 @@ void RunOrTell(Program& program, const std::function<void()>& work) {
   Report(program, *fault);
 }
 
+// Where the user is when nothing runs.
+void SettleFocus(Program& program) {
+  EventsInWork& events = program.events;
+  const std::string_view panel = OpenPanel(program);
+  if (panel != std::exchange(events.panel, panel) && !panel.empty()) EnterPanel(program, panel);
+  LeaveHiddenControl(program);
+  const std::string left = std::exchange(events.focus, program.main.focus);
+  const int preference = IndexIn(kPreferences, left);
+  if (preference < 0 || left == program.main.focus) return;
+  NameCause(program, left);
+  txtDefault_LostFocus(program, preference);
+}
+
 }  // namespace
 
 void Guarded(Program& program, const std::function<void()>& work) {
-  ++program.events_open;
+  ++program.events.open;
   RunOrTell(program, work);
-  if (program.events_open == 1) RunOrTell(program, [&] { EndOfEvent(program); });
-  --program.events_open;
+  if (program.events.open == 1) {
+    RunOrTell(program, [&] { SettleFocus(program); });
+    RunOrTell(program, [&] { EndOfEvent(program); });
+  }
+  --program.events.open;
 }
 
 std::string_view CharacterOf(const KeyStroke& stroke) {
@@ -187,15 +204,6 @@ bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke)
 
 void FocusGained(Program& program, std::string_view control) {
   Guarded(program, [&] { MoveFocus(program, control); });
-}
-
-void FocusLost(Program& program, std::string_view control) {
-  const int preference = IndexIn(kPreferences, control);
-  if (preference >= 0)
-    Guarded(program, [&] {
-      NameCause(program, control);
-      txtDefault_LostFocus(program, preference);
-    });
 }
 
 void MenuOpened(Program& program, std::string_view menu) {

@@ -15,7 +15,9 @@ namespace torvale {
 // Runs `work` inside that boundary. After a fault the busy pointers, the Cancel button and the lock of the screen are
 // as they were before.
 //
-// At the end of the outermost event, one that runs inside no other, the history takes what the event changed.
+// At the end of the outermost event, one that runs inside no other, it is settled where the user is: a panel that has
+// opened takes the focus, a control that is gone leaves it to a grid, and the control that the focus has left does what
+// it does then. The history takes what the event changed then, too.
 void Guarded(Program& program, const std::function<void()>& work);
 
 enum class Key {
@@ -62,9 +64,8 @@ void TypeText(Program& program, std::string_view field, std::string_view text);
 void SelectText(Program& program, std::string_view field, const TextSelection& selection);
 // A key in a field before it changes the text. True where the key is swallowed; those of Edit commands always are.
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
-// A control gets the focus, or loses it.
+// A control gets the focus.
 void FocusGained(Program& program, std::string_view control);
-void FocusLost(Program& program, std::string_view control);
 // A menu drops down.
 void MenuOpened(Program& program, std::string_view menu);
 // A file is dropped on the window, or handed to the program by the file manager: it opens as by the Open command.

@@ -128,7 +128,7 @@ void KeepWork(Program& program, bool changed) {
 void Idle(Program& program) {
   if (!program.history || program.main.closed) return;
   History& history = *program.history;
-  if (program.events_open == 0) {
+  if (program.events.open == 0) {
     KeepWork(program, false);
   } else if (IsTime(program, history.journal)) {
     Write(program, history, InputsOf(program));
