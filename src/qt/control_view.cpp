@@ -23,34 +23,19 @@ constexpr int kTitleHeight = 320;  // twips
 constexpr int kDarkWindow = 128;   // of 255
 constexpr int kShade = 135;        // percent of the window's lightness
 
-// How a label stands out; labels that are not named here are plain text.
-struct LabelLook {
-  bool bold = false;
-  bool framed = false;
-  int margin = 4;  // pixels ahead of the text
-  Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
-  int pixels = kTextPixels;
-};
+constexpr int kTextMargin = 4;  // pixels ahead of a text that stands at a side
 
-constexpr LabelLook kResult{true, true, 0, Qt::AlignCenter};
-constexpr LabelLook kTitle{false, false, 0, Qt::AlignHCenter | Qt::AlignBottom};
-// The lines of these belong together across the labels, so the letters are alike.
-constexpr LabelLook kLines{false, false, 0, Qt::AlignHCenter | Qt::AlignTop, kSheetTextPixels};
-
-// Of the result panel's labels the even ones are titles and the odd ones their values.
-LabelLook LookOf(const NamedControl& named) {
-  if (named.name == "lblActiveInactive" || named.name == "lblEffic") return kResult;
-  if (named.parent == "frameShowLimitedHoles") return kLines;
-  if (named.parent != "frmDisplay") return {};
-  return (named.name[named.name.size() - 2] - '0') % 2 == 1 ? kResult : kTitle;
+int LettersOf(const TextLook& look) {
+  return look.pixels > 0 ? look.pixels : kTextPixels;
 }
 
 QWidget* MakeLabel(const NamedControl& named, QWidget* parent) {
-  const LabelLook look = LookOf(named);
+  const TextLook& look = named.facts->look;
   auto* label = new QLabel(parent);
+  const int margin = look.place == TextPlace::kLeft ? kTextMargin : 0;
   label->setTextFormat(Qt::PlainText);
-  label->setAlignment(look.align);
-  label->setContentsMargins(look.margin, 0, look.margin, 0);
+  label->setAlignment(AlignmentOf(look.place));
+  label->setContentsMargins(margin, 0, margin, 0);
   if (look.framed) label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   QFont font = label->font();
   font.setBold(look.bold);
@@ -93,7 +78,7 @@ QWidget* MakeWidget(ControlView& view, QWidget* parent) {
     case ControlKind::kList:
       return MakeList(*view.named.list, parent);
     case ControlKind::kGrid:
-      return new GridView(view.named.name, *view.named.grid, parent);
+      return new GridView(std::string(view.named.name), *view.named.grid, parent);
     default:
       return MakeLabel(view.named, parent);
   }
@@ -171,9 +156,14 @@ void DrawField(ControlView& view) {
   auto& edit = static_cast<QLineEdit&>(*view.widget);
   // Setting a limit takes a selection away, even the limit that stands.
   const int limit = field.max_length > 0 ? field.max_length : kLongestText;
-  if (edit.maxLength() != limit) edit.setMaxLength(limit);
+  const bool limited = edit.maxLength() != limit;
+  if (limited) edit.setMaxLength(limit);
   // A text that came out of a file may be longer than what can be typed.
-  if (const QString text = ToQt(field.text()).left(limit); edit.text() != text) SetText(edit, text);
+  if (!view.drawn || limited || view.drawn_text != field.text()) {
+    view.drawn_text = field.text();
+    view.shown_text = ToQt(field.text()).left(limit);
+  }
+  if (edit.text() != view.shown_text) SetText(edit, view.shown_text);
   const TextSelection selection = field.selection();
   if (SelectionOf(edit) == selection) return;
   Select(edit, selection);
@@ -225,7 +215,7 @@ void DrawCaption(ControlView& view, int zoom) {
   const Control& control = *view.named.control;
   const int pixels = Scale(zoom).Zoomed(kTextPixels);
   if (view.named.kind == ControlKind::kLabel) {
-    const int letters = Scale(zoom).Zoomed(LookOf(view.named).pixels);
+    const int letters = Scale(zoom).Zoomed(LettersOf(view.named.facts->look));
     SetLabelText(static_cast<QLabel&>(*view.widget), LinesOf(control.caption), letters);
     // A label without text is no patch of colour.
     view.widget->setAutoFillBackground(control.back.has_value() && !control.caption.empty());
@@ -249,6 +239,21 @@ void DrawCaption(ControlView& view, int zoom) {
 
 }  // namespace
 
+Qt::Alignment AlignmentOf(TextPlace place) {
+  switch (place) {
+    case TextPlace::kRight:
+      return Qt::AlignRight | Qt::AlignVCenter;
+    case TextPlace::kCentre:
+      return Qt::AlignCenter;
+    case TextPlace::kTop:
+      return Qt::AlignHCenter | Qt::AlignTop;
+    case TextPlace::kFoot:
+      return Qt::AlignHCenter | Qt::AlignBottom;
+    default:
+      return Qt::AlignLeft | Qt::AlignVCenter;
+  }
+}
+
 TextSelection SelectionOf(const QLineEdit& edit) {
   const QString text = edit.text();
   const QString selected = edit.selectedText();
@@ -265,11 +270,11 @@ ControlView MakeControlView(const NamedControl& named, QWidget* parent) {
   return view;
 }
 
-bool DrawControl(ControlView& view, int zoom) {
+Redrawn DrawControl(ControlView& view, int zoom) {
   const Control& control = *view.named.control;
   if (view.named.kind == ControlKind::kField) DrawField(view);
   if (view.named.kind == ControlKind::kList) DrawLines(view);
-  if (view.drawn == control && view.drawn_zoom == zoom) return false;
+  if (view.drawn == control && view.drawn_zoom == zoom) return {};
   const bool moved = view.drawn_zoom != zoom || view.drawn->place != control.place;
   const bool recoloured = !view.drawn || view.drawn->back != control.back || view.drawn->fore != control.fore ||
                           view.drawn->enabled != control.enabled;
@@ -288,7 +293,7 @@ bool DrawControl(ControlView& view, int zoom) {
   if (shown) widget.setVisible(control.visible);
   view.drawn = control;
   view.drawn_zoom = zoom;
-  return moved || shown || said;
+  return {moved || shown, said && !view.named.parent.empty()};
 }
 
 void FitFrame(ControlView& frame, std::span<ControlView> controls) {

@@ -20,18 +20,28 @@ struct ControlView {
   std::optional<Control> drawn;  // nothing before the first drawing
   int drawn_zoom = 0;
   std::uint64_t drawn_lines = 0;  // of a list: its revision
+  std::string drawn_text;         // of a field: its text ...
+  QString shown_text;             // ... and what its widget shows of it
 };
 
 // The widget for a control, as a child of `parent`. It is named after the control.
 ControlView MakeControlView(const NamedControl& named, QWidget* parent);
 
-// Applies what changed in the structure since the last call. True where it may need more or less room
-// than before.
-bool DrawControl(ControlView& view, int zoom);
+// What a control asks of those around it after it has been drawn anew.
+struct Redrawn {
+  bool needs_room = false;  // it stands elsewhere, or came or went
+  bool in_frame = false;    // a text in a frame, which may have to make room for it, is another
+};
+
+// Applies what changed in the structure since the last call.
+Redrawn DrawControl(ControlView& view, int zoom);
 
 // Makes room for the labels of `controls` that stand in a frame: a text that is longer than the frame can be scrolled
 // to.
 void FitFrame(ControlView& frame, std::span<ControlView> controls);
+
+// The toolkit's word for where a text stands.
+Qt::Alignment AlignmentOf(TextPlace place);
 
 // What is selected in a field's widget, or where its caret stands.
 TextSelection SelectionOf(const QLineEdit& edit);

@@ -51,13 +51,14 @@ void SetButtonText(QPushButton& button, const QString& caption, int pixels) {
 void SetLabelText(QLabel& label, const QString& caption, int pixels) {
   const QFont font = InPixels(label.font(), pixels);
   const QSize room = label.contentsRect().size();
-  const QFont in_one = Fitting(font, room, Qt::TextSingleLine, caption);
-  const QFont wrapped = Fitting(font, room, Qt::TextWordWrap, caption);
   const bool lines = caption.contains('\n');
-  const bool wrap = !lines && wrapped.pixelSize() > in_one.pixelSize();
+  const QFont in_one = lines ? font : Fitting(font, room, Qt::TextSingleLine, caption);
+  // What fits in one line at its full size need not be tried in several.
+  const QFont wrapped = in_one.pixelSize() < font.pixelSize() ? Fitting(font, room, Qt::TextWordWrap, caption) : in_one;
+  const bool wrap = wrapped.pixelSize() > in_one.pixelSize();
   label.setText(caption);
   label.setWordWrap(wrap);
-  label.setFont(lines ? font : wrap ? wrapped : in_one);
+  label.setFont(wrap ? wrapped : in_one);
 }
 
 }  // namespace torvale

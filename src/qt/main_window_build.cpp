@@ -7,7 +7,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <algorithm>
-#include <array>
 #include <climits>
 
 #include "qt/main_window.h"
@@ -16,23 +15,6 @@
 
 namespace torvale {
 namespace {
-
-struct SpokenName {
-  std::string_view name;
-  const char* spoken;
-};
-
-constexpr std::array<SpokenName, 9> kSpokenNames = {{
-    {"Grid1", "Survey sheet"},
-    {"Grid2", "Design results"},
-    {"GridInchesApplied", "Hours and days of pumping"},
-    {"listSoils", "Soil"},
-    {"listAllHoles", "Hole sizes"},
-    {"listHolesSelected", "Selected hole sizes"},
-    {"listSortSelectedHoles", "Selected hole sizes in order"},
-    {"frameHoleSelection", "Hole selection"},
-    {"frameShowLimitedHoles", "Hole summary"},
-}};
 
 // How far a label stands ahead of a field in the same line; nothing where it does not.
 std::optional<int> Ahead(const Place& label, const Place& field) {
@@ -75,7 +57,7 @@ GridEvents MainWindow::EventsOf(const std::string& name) {
 }
 
 void MainWindow::Connect(const ControlView& view) {
-  const std::string name = view.named.name;
+  const std::string name(view.named.name);
   if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
     connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
   } else if (auto* edit = qobject_cast<QLineEdit*>(view.widget)) {
@@ -122,7 +104,7 @@ void MainWindow::NameFields() {
   for (const ControlView& field : controls_) {
     if (field.named.kind != ControlKind::kField) continue;
     const std::string& tip = field.named.control->tool_tip;
-    QString spoken = ToQt(tip.empty() ? field.named.name : tip);
+    QString spoken = ToQt(tip.empty() ? field.named.name : std::string_view(tip));
     int nearest = INT_MAX;
     for (const ControlView& label : controls_) {
       if (label.named.kind != ControlKind::kLabel || label.named.parent != field.named.parent) continue;
@@ -136,11 +118,11 @@ void MainWindow::NameFields() {
 }
 
 void MainWindow::NameGridsAndLists() {
-  for (const SpokenName& name : kSpokenNames) {
-    ControlView* view = ViewOf(name.name);
-    if (view == nullptr) continue;
-    view->widget->setAccessibleName(name.spoken);
-    if (auto* box = qobject_cast<QComboBox*>(view->widget)) box->setPlaceholderText(name.spoken);
+  for (const ControlView& view : controls_) {
+    const QString spoken = ToQt(view.named.facts->spoken);
+    if (spoken.isEmpty()) continue;
+    view.widget->setAccessibleName(spoken);
+    if (auto* box = qobject_cast<QComboBox*>(view.widget)) box->setPlaceholderText(spoken);
   }
   // The small table of hours is read, not worked in.
   ViewOf("GridInchesApplied")->widget->setFocusPolicy(Qt::NoFocus);

@@ -35,9 +35,12 @@ void MainWindow::Sync() {
   syncing_ = true;
   const bool zoomed = drawn_zoom_ != program_.main.zoom;
   if (zoomed) DrawZoom();
-  bool moved = zoomed;
-  for (ControlView& view : controls_) moved = DrawControl(view, program_.main.zoom) || moved;
-  if (moved) FitCanvas();
+  bool refit = zoomed;
+  for (ControlView& view : controls_) {
+    const Redrawn redrawn = DrawControl(view, program_.main.zoom);
+    refit = refit || redrawn.needs_room || redrawn.in_frame;
+  }
+  if (refit) FitCanvas();
   for (ControlView& view : controls_) DrawGrid(view);
   menus_->Draw();
   tools_->Draw(Scale(program_.main.zoom));
@@ -67,9 +70,9 @@ void MainWindow::DrawZoom() {
 void MainWindow::DrawGrid(const ControlView& view) {
   if (view.named.kind != ControlKind::kGrid || !view.named.control->visible) return;
   auto& grid = static_cast<GridView&>(*view.widget);
-  const bool cursor_moved = grid.Draw(Scale(program_.main.zoom));
+  if (!grid.Draw(Scale(program_.main.zoom)) || !grid.hasFocus()) return;
   const QRect cursor = grid.CursorRect();
-  if (!cursor_moved || !grid.hasFocus() || cursor.isEmpty()) return;
+  if (cursor.isEmpty()) return;
   const QPoint middle = grid.mapTo(canvas_, cursor.center());
   area_->ensureVisible(middle.x(), middle.y(), cursor.width() / 2 + kMargin, cursor.height() / 2 + kMargin);
 }

@@ -10,7 +10,7 @@
 namespace torvale {
 namespace {
 
-bool HasChildren(const std::vector<NamedControl>& menus, const std::string& name) {
+bool HasChildren(const std::vector<NamedControl>& menus, std::string_view name) {
   return std::any_of(menus.begin(), menus.end(), [&](const NamedControl& c) { return c.parent == name; });
 }
 
@@ -25,11 +25,10 @@ void Prune(std::vector<NamedControl>& menus) {
 }
 
 // The key of an entry that is no shortcut of the window stands behind a tab, where the menu shows shortcuts.
-QString CaptionOf(const std::string& name, const Control& control) {
-  const MenuTrait trait = MenuTraitOf(name);
+QString CaptionOf(const ControlFacts& facts, const Control& control) {
   QString caption = ToQt(control.caption);
-  if (trait.owner == ShortcutOwner::kWindow) return caption;
-  return caption + '\t' + QKeySequence(ToQt(trait.shortcut)).toString(QKeySequence::NativeText);
+  if (facts.shortcut_owner == ShortcutOwner::kWindow) return caption;
+  return caption + '\t' + QKeySequence(ToQt(facts.shortcut)).toString(QKeySequence::NativeText);
 }
 
 }  // namespace
@@ -37,25 +36,25 @@ QString CaptionOf(const std::string& name, const Control& control) {
 MenuView::MenuView(std::vector<NamedControl> menus, QMenuBar& bar, const Event& click, const Event& opened) {
   std::erase_if(menus, [](const NamedControl& c) { return c.kind != ControlKind::kMenu; });
   Prune(menus);
-  std::map<std::string, QMenu*> open;
+  std::map<std::string_view, QMenu*> open;
   for (const NamedControl& named : menus) {
-    const MenuTrait trait = MenuTraitOf(named.name);
+    const ControlFacts& facts = *named.facts;
     QMenu* parent = named.parent.empty() ? nullptr : open[named.parent];
-    if (parent != nullptr && trait.starts_group && !parent->isEmpty()) parent->addSeparator();
+    if (parent != nullptr && facts.starts_group && !parent->isEmpty()) parent->addSeparator();
     QAction* action = nullptr;
     if (HasChildren(menus, named.name)) {
       QMenu* menu = parent != nullptr ? parent->addMenu(QString()) : bar.addMenu(QString());
       menu->setToolTipsVisible(true);
-      QObject::connect(menu, &QMenu::aboutToShow, [opened, name = named.name] { opened(name); });
+      QObject::connect(menu, &QMenu::aboutToShow, [opened, name = std::string(named.name)] { opened(name); });
       open[named.name] = menu;
       action = menu->menuAction();
     } else {
       action = parent != nullptr ? parent->addAction(QString()) : bar.addAction(QString());
-      if (trait.owner == ShortcutOwner::kWindow) action->setShortcut(QKeySequence(ToQt(trait.shortcut)));
-      QObject::connect(action, &QAction::triggered, [click, name = named.name] { click(name); });
+      if (facts.shortcut_owner == ShortcutOwner::kWindow) action->setShortcut(QKeySequence(ToQt(facts.shortcut)));
+      QObject::connect(action, &QAction::triggered, [click, name = std::string(named.name)] { click(name); });
     }
     action->setObjectName(ToQt(named.name));
-    entries_.push_back({named.name, named.control, action, std::nullopt});
+    entries_.push_back({&facts, named.control, action, std::nullopt});
   }
 }
 
@@ -68,7 +67,7 @@ void MenuView::Draw() {
       entry.action->setChecked(control.ticked);
     }
     if (entry.drawn == control) continue;
-    entry.action->setText(CaptionOf(entry.name, control));
+    entry.action->setText(CaptionOf(*entry.facts, control));
     entry.action->setToolTip(TipText(control.tool_tip));
     entry.action->setEnabled(control.enabled);
     entry.action->setVisible(control.visible);

@@ -24,7 +24,7 @@ class MenuView {
 
  private:
   struct Entry {
-    std::string name;
+    const ControlFacts* facts;
     const Control* control;
     QAction* action;
     std::optional<Control> drawn;

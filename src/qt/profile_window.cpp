@@ -71,7 +71,7 @@ void ProfileWindow::MakeControls() {
       auto* button = new QPushButton(this);
       button->setObjectName(ToQt(named.name));
       button->setToolTip(TipText(named.control->tool_tip));
-      connect(button, &QPushButton::clicked, this, [this, name = named.name] { Click(name); });
+      connect(button, &QPushButton::clicked, this, [this, name = std::string(named.name)] { Click(name); });
       buttons_.push_back({named.control, button});
     }
   }

@@ -30,7 +30,7 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(canvas_);
   setCentralWidget(area_);
-  grid_->setAccessibleName("Soils and recommended furrow flows");
+  grid_->setAccessibleName(ToQt(FactsOf(kSoilsGrid)->spoken));
   GridEvents events;
   events.key = [this](const KeyStroke& stroke) { run_([&] { GridKey(program_, kSoilsGrid, stroke); }); };
   events.point = [this](int row, int column, bool extend) {

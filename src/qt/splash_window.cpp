@@ -4,57 +4,15 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
-#include <array>
 #include <utility>
 
+#include "qt/control_view.h"
 #include "qt/scale.h"
 #include "qt/vector_picture.h"
 #include "shell/commands.h"
 #include "shell/splash.h"
 
 namespace torvale {
-namespace {
-
-// A label's letters; those that are not named here are plain, on the left.
-struct TextLook {
-  std::string_view name;
-  int pixels;
-  bool bold;
-  Qt::Alignment align;
-};
-
-constexpr std::array<TextLook, 9> kTextLooks = {{
-    {"lblProductName", 40, true, Qt::AlignLeft | Qt::AlignVCenter},
-    {"Label1", 15, false, Qt::AlignLeft | Qt::AlignVCenter},
-    {"lblVersion", kTextPixels, true, Qt::AlignRight | Qt::AlignVCenter},
-    {"lblPlatform", kTextPixels, false, Qt::AlignRight | Qt::AlignVCenter},
-    {"lblHolePuch", kTextPixels, true, Qt::AlignCenter},
-    {"Label2", kTextPixels, true, Qt::AlignCenter},
-    {"lblCompany", kTextPixels, false, Qt::AlignCenter},
-    {"lblWarning", kTextPixels, false, Qt::AlignCenter},
-    {"Label3", kTextPixels, true, Qt::AlignCenter},
-}};
-
-struct PictureLook {
-  std::string_view name;
-  std::string_view picture;
-};
-
-constexpr std::array<PictureLook, 3> kPictures = {{
-    {"imgLogo", "torvale"},
-    {"Image1", "splash-holes"},
-    {"Image2", "splash-crown"},
-}};
-
-TextLook LookOf(std::string_view name) {
-  for (const TextLook& look : kTextLooks) {
-    if (look.name == name) return look;
-  }
-  return {name, kTextPixels, false, Qt::AlignLeft | Qt::AlignVCenter};
-}
-
-}  // namespace
-
 SplashWindow::SplashWindow(Program& program, std::function<void()> closed)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), program_(program), closed_(std::move(closed)) {
   setObjectName("frmSplash");
@@ -74,14 +32,14 @@ void SplashWindow::MakeLabels() {
   const Scale scale(program_.main.zoom);
   for (const NamedControl& named : ControlsOf(program_.splash)) {
     if (named.kind != ControlKind::kLabel || named.control->caption.empty()) continue;
-    const TextLook look = LookOf(named.name);
+    const TextLook& look = named.facts->look;
     auto* label = new QLabel(this);
     label->setObjectName(ToQt(named.name));
     label->setTextFormat(Qt::PlainText);
-    label->setAlignment(look.align);
+    label->setAlignment(AlignmentOf(look.place));
     label->setGeometry(scale.Rect(named.control->place));
     QFont letters = label->font();
-    letters.setPixelSize(scale.Zoomed(look.pixels));
+    letters.setPixelSize(scale.Zoomed(look.pixels > 0 ? look.pixels : kTextPixels));
     letters.setBold(look.bold);
     label->setFont(letters);
     label->setText(ToQt(named.control->caption).remove('\r'));
@@ -129,10 +87,8 @@ void SplashWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QColor text = palette().color(QPalette::WindowText);
   for (const NamedControl& named : ControlsOf(program_.splash)) {
-    for (const PictureLook& look : kPictures) {
-      if (look.name != named.name) continue;
-      PaintPicture(painter, scale.Rect(named.control->place), OwnPicture(look.picture), text);
-    }
+    if (named.facts->picture.empty()) continue;
+    PaintPicture(painter, scale.Rect(named.control->place), OwnPicture(named.facts->picture), text);
   }
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));

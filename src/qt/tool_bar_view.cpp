@@ -4,7 +4,6 @@
 
 #include "qt/control_view.h"
 #include "qt/vector_picture.h"
-#include "shell/commands.h"
 
 namespace torvale {
 namespace {
@@ -20,21 +19,22 @@ ToolBarView::ToolBarView(Program& program, QToolBar& bar, const std::function<vo
   bar_.setMovable(false);
   // Its own menu would offer to take the bar away.
   bar_.setContextMenuPolicy(Qt::PreventContextMenu);
-  for (const ToolButton& button : ToolButtons()) {
-    if (!button.report && !HasCommand(button.command)) continue;
-    if (button.starts_group) bar_.addSeparator();
-    QAction* action = bar_.addAction(OwnIcon(button.icon), ToQt(button.caption));
-    const std::string name = ToolButtonName(button.key);
-    const std::string tip = ToolTipOf(program_, button);
+  for (const ControlFacts* button : ToolButtons()) {
+    if (!HasToolCommand(*button)) continue;
+    if (button->tool.starts_group) bar_.addSeparator();
+    const QString spoken = ToQt(SpokenNameOf(*button));
+    QAction* action = bar_.addAction(OwnIcon(button->tool.icon), spoken);
+    const std::string name = ToolButtonName(button->tool.key);
+    const std::string tip = ToolTipOf(*button);
     action->setObjectName(ToQt(name));
     action->setToolTip(TipText(tip));
     QWidget* widget = bar_.widgetForAction(action);
     widget->setObjectName(ToQt(name));
     widget->setFocusPolicy(Qt::NoFocus);
-    widget->setAccessibleName(ToQt(button.caption));
+    widget->setAccessibleName(spoken);
     widget->setAccessibleDescription(ToQt(tip));
     QObject::connect(action, &QAction::triggered, &bar_, [click, name] { click(name); });
-    buttons_.push_back({&button, action});
+    buttons_.push_back({button, action});
   }
 }
 
@@ -43,7 +43,7 @@ void ToolBarView::Draw(const Scale& scale) {
   if (bar_.iconSize().width() != pixels) bar_.setIconSize({pixels, pixels});
   if (bar_.isHidden() == program_.main.tbToolBar.visible) bar_.setVisible(program_.main.tbToolBar.visible);
   for (const Button& button : buttons_) {
-    button.action->setEnabled(ReachOfToolButton(program_, *button.button) == Reach::kUsable);
+    button.action->setEnabled(ReachOfToolButton(program_, *button.entry) == Reach::kUsable);
   }
 }
 

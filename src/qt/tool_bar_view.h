@@ -26,7 +26,7 @@ class ToolBarView {
 
  private:
   struct Button {
-    const ToolButton* button;
+    const ControlFacts* entry;
     QAction* action;
   };
   Program& program_;

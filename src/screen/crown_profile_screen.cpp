@@ -1,38 +1,35 @@
 #include "screen/crown_profile_screen.h"
 
 namespace torvale {
+namespace {
 
-CrownProfileScreen::CrownProfileScreen() {
-  CrownProfile.caption = "Profile of Crown";
-  CrownProfile.visible = false;
-  lblProfileHiHead.tool_tip = "Highest calculated head, feet";
-  lblDistUnif.tool_tip = "Mean of the lowest quarter over the target mean";
-  lblFillHeight.tool_tip = "Largest distance between the designed slope and the existing crown, feet";
-  lblFillHeight.visible = false;
-  lblSlope.visible = false;
-  btnPrintProfile.caption = "Print Profile";
-  btnPrintProfile.tool_tip = "Print this window in landscape";
-  btnExportPicture.caption = "Export Picture...";
-  btnExportPicture.tool_tip = "Save this window as a picture (PNG) or as a document (PDF)";
-  btnBack.caption = "Back";
-  btnBack.tool_tip = "This button will return you to the design screen";
+constexpr ControlRow<CrownProfileScreen> kRows[] = {
+    rows::Frame<&CrownProfileScreen::CrownProfile>("CrownProfile", {}, "Profile of Crown", {.visible = false}),
+    rows::Label<&CrownProfileScreen::lblProfileName>("lblProfileName", "CrownProfile", {}),
+    rows::Label<&CrownProfileScreen::lblProfileHiHead>("lblProfileHiHead", "CrownProfile", {}, "",
+                                                       "Highest calculated head, feet"),
+    rows::Label<&CrownProfileScreen::lblDistUnif>("lblDistUnif", "CrownProfile", {}, "",
+                                                  "Mean of the lowest quarter over the target mean"),
+    rows::Label<&CrownProfileScreen::lblFillHeight>(
+        "lblFillHeight", "CrownProfile", {}, "",
+        "Largest distance between the designed slope and the existing crown, feet", {.visible = false}),
+    rows::Label<&CrownProfileScreen::lblSlope>("lblSlope", "CrownProfile", {}, "", "", {.visible = false}),
+    rows::Button<&CrownProfileScreen::btnPrintProfile>("btnPrintProfile", "CrownProfile", {}, "Print Profile",
+                                                       "Print this window in landscape"),
+    rows::Button<&CrownProfileScreen::btnExportPicture>("btnExportPicture", "CrownProfile", {}, "Export Picture...",
+                                                        "Save this window as a picture (PNG) or as a document (PDF)"),
+    rows::Button<&CrownProfileScreen::btnBack>("btnBack", "CrownProfile", {}, "Back",
+                                               "This button will return you to the design screen"),
+};
+
+}  // namespace
+
+std::span<const ControlRow<CrownProfileScreen>> CrownProfileScreen::Rows() {
+  return kRows;
 }
 
-std::vector<NamedControl> ControlsOf(CrownProfileScreen& s) {
-  constexpr auto kWindow = "CrownProfile";
-  const auto label = [&](const char* name, Control& c) { return NamedControl{name, ControlKind::kLabel, kWindow, &c}; };
-  const auto button = [&](const char* name, Control& c) {
-    return NamedControl{name, ControlKind::kButton, kWindow, &c};
-  };
-  return {{kWindow, ControlKind::kFrame, "", &s.CrownProfile},
-          label("lblProfileName", s.lblProfileName),
-          label("lblProfileHiHead", s.lblProfileHiHead),
-          label("lblDistUnif", s.lblDistUnif),
-          label("lblFillHeight", s.lblFillHeight),
-          label("lblSlope", s.lblSlope),
-          button("btnPrintProfile", s.btnPrintProfile),
-          button("btnExportPicture", s.btnExportPicture),
-          button("btnBack", s.btnBack)};
+CrownProfileScreen::CrownProfileScreen() {
+  TakeFacts(*this);
 }
 
 }  // namespace torvale

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <span>
 #include <string>
-#include <vector>
 
 #include "record/text_grid.h"
+#include "screen/control_facts.h"
 #include "screen/controls.h"
 #include "screen/main_screen.h"
 
@@ -30,14 +31,12 @@ struct LineChart {
 // The crown along the line, existing and designed, in a window of its own.
 struct CrownProfileScreen {
   CrownProfileScreen();
+  static std::span<const ControlRow<CrownProfileScreen>> Rows();
 
   Control CrownProfile;  // the window itself: its caption is the title
   Control lblProfileName, lblProfileHiHead, lblDistUnif, lblFillHeight, lblSlope;
   Control btnPrintProfile, btnExportPicture, btnBack;
   LineChart chart;
 };
-
-// Every control of the screen, in tab order; all stand in the window `CrownProfile`.
-std::vector<NamedControl> ControlsOf(CrownProfileScreen& screen);
 
 }  // namespace torvale

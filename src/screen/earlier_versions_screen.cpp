@@ -1,29 +1,32 @@
 #include "screen/earlier_versions_screen.h"
 
 namespace torvale {
+namespace {
 
-EarlierVersionsScreen::EarlierVersionsScreen() {
-  frmEarlierVersions.caption = "Earlier Versions";
-  frmEarlierVersions.visible = false;
-  Grd_EarlierVersions.control.place = {120, 120, 11400, 5400};
-  lblVersionFile.tool_tip = "The file that held this version";
-  lblVersionFile.place = {120, 5600, 11400, 315};
-  btnOpenVersion.caption = "&Open as a Copy";
-  btnOpenVersion.tool_tip = "Open the version under a name of its own; the file stays as it is";
-  btnOpenVersion.place = {7600, 6000, 2300, 435};
-  btnCloseVersions.caption = "&Close";
-  btnCloseVersions.tool_tip = "Leave the list";
-  btnCloseVersions.place = {10020, 6000, 1500, 435};
+constexpr std::string_view kWindow = "frmEarlierVersions";
+
+constexpr ControlRow<EarlierVersionsScreen> kRows[] = {
+    rows::Frame<&EarlierVersionsScreen::frmEarlierVersions>(kWindow, {}, "Earlier Versions", {.visible = false}),
+    rows::Row<&EarlierVersionsScreen::Grd_EarlierVersions, rows::kWhole>(ControlKind::kGrid, "Grd_EarlierVersions",
+                                                                         kWindow, {120, 120, 11400, 5400}, "", "",
+                                                                         {.spoken = "Earlier versions"}),
+    rows::Label<&EarlierVersionsScreen::lblVersionFile>("lblVersionFile", kWindow, {120, 5600, 11400, 315}, "",
+                                                        "The file that held this version"),
+    rows::Button<&EarlierVersionsScreen::btnOpenVersion>(
+        "btnOpenVersion", kWindow, {7600, 6000, 2300, 435}, "&Open as a Copy",
+        "Open the version under a name of its own; the file stays as it is"),
+    rows::Button<&EarlierVersionsScreen::btnCloseVersions>("btnCloseVersions", kWindow, {10020, 6000, 1500, 435},
+                                                           "&Close", "Leave the list"),
+};
+
+}  // namespace
+
+std::span<const ControlRow<EarlierVersionsScreen>> EarlierVersionsScreen::Rows() {
+  return kRows;
 }
 
-std::vector<NamedControl> ControlsOf(EarlierVersionsScreen& s) {
-  constexpr auto kWindow = "frmEarlierVersions";
-  return {{kWindow, ControlKind::kFrame, "", &s.frmEarlierVersions},
-          {"Grd_EarlierVersions", ControlKind::kGrid, kWindow, &s.Grd_EarlierVersions.control, nullptr,
-           &s.Grd_EarlierVersions},
-          {"lblVersionFile", ControlKind::kLabel, kWindow, &s.lblVersionFile},
-          {"btnOpenVersion", ControlKind::kButton, kWindow, &s.btnOpenVersion},
-          {"btnCloseVersions", ControlKind::kButton, kWindow, &s.btnCloseVersions}};
+EarlierVersionsScreen::EarlierVersionsScreen() {
+  TakeFacts(*this);
 }
 
 }  // namespace torvale

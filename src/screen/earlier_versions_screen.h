@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "screen/control_facts.h"
 #include "screen/controls.h"
 #include "screen/main_screen.h"
 
@@ -22,6 +24,7 @@ struct EarlierVersion {
 // The list of earlier versions in a window of its own.
 struct EarlierVersionsScreen {
   EarlierVersionsScreen();
+  static std::span<const ControlRow<EarlierVersionsScreen>> Rows();
 
   Control frmEarlierVersions;  // the window itself: its caption is the title
   Grid Grd_EarlierVersions;    // a row for each version
@@ -29,8 +32,5 @@ struct EarlierVersionsScreen {
   Control btnOpenVersion, btnCloseVersions;
   std::vector<EarlierVersion> versions;  // in the order of the rows
 };
-
-// Every control of the screen, in tab order; all stand in the window `frmEarlierVersions`.
-std::vector<NamedControl> ControlsOf(EarlierVersionsScreen& screen);
 
 }  // namespace torvale

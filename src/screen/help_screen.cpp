@@ -1,14 +1,20 @@
 #include "screen/help_screen.h"
 
 namespace torvale {
+namespace {
 
-HelpScreen::HelpScreen() {
-  frmHelp.caption = "TORVALE Help";
-  frmHelp.visible = false;
+constexpr ControlRow<HelpScreen> kRows[] = {
+    rows::Frame<&HelpScreen::frmHelp>("frmHelp", {}, "TORVALE Help", {.visible = false}),
+};
+
+}  // namespace
+
+std::span<const ControlRow<HelpScreen>> HelpScreen::Rows() {
+  return kRows;
 }
 
-std::vector<NamedControl> ControlsOf(HelpScreen& screen) {
-  return {{"frmHelp", ControlKind::kFrame, "", &screen.frmHelp}};
+HelpScreen::HelpScreen() {
+  TakeFacts(*this);
 }
 
 }  // namespace torvale

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "screen/control_facts.h"
 #include "screen/controls.h"
 #include "screen/main_screen.h"
 
@@ -22,6 +24,7 @@ struct HelpPage {
 // The guide in a window of its own, which may stay open beside the others.
 struct HelpScreen {
   HelpScreen();
+  static std::span<const ControlRow<HelpScreen>> Rows();
 
   Control frmHelp;                // the window itself: its caption is the title
   std::string folder;             // where the pictures of the pages are looked for
@@ -30,7 +33,5 @@ struct HelpScreen {
   std::string place;              // the page or the anchor that was asked for last ...
   std::uint64_t times_asked = 0;  // ... and how often any was
 };
-
-std::vector<NamedControl> ControlsOf(HelpScreen& screen);
 
 }  // namespace torvale

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "screen/control_facts.h"
 #include "screen/controls.h"
 
 namespace torvale {
@@ -16,6 +17,7 @@ inline constexpr std::string_view kProgramTitle = "TORVALE";
 // The main design screen: the input sheet, the results and everything around them, by the names of the controls.
 struct MainScreen {
   MainScreen();
+  static std::span<const ControlRow<MainScreen>> Rows();
 
   std::string title;
   Place window;  // twips
@@ -75,7 +77,7 @@ struct MainScreen {
   Control frameShowLimitedHoles, lblSumHoleDia, lblSumStation, lblSumlNumHoles;
   Control frameHoleEquiv, lblHoleEquiv;
 
-  // One line of buttons below the menus; its buttons are those of shell/tool_bar.h
+  // One line of buttons below the menus; its buttons are the keys of menu entries
   Control tbToolBar;
   // One line at the foot of the window
   Control sbStatusBar;
@@ -87,6 +89,7 @@ inline constexpr std::array<std::string_view, 2> kPanels = {"Frame1", "frameHole
 // The editor of soils and their recommended furrow flows, a window of its own.
 struct SoilsScreen {
   SoilsScreen();
+  static std::span<const ControlRow<SoilsScreen>> Rows();
 
   std::string title;
   bool visible = false;
@@ -95,46 +98,6 @@ struct SoilsScreen {
   Grid Grd_Soils_FurrowFlow;
   std::vector<int> copies;  // the line of `listSoils` at which each reading of the soils file began
 };
-
-enum class ControlKind { kLabel, kButton, kFrame, kField, kGrid, kList, kMenu, kToolBar, kStatusBar };
-
-// Menus and bars stand around the screen and have no place of their own on it.
-inline bool OnScreen(ControlKind kind) {
-  return kind != ControlKind::kMenu && kind != ControlKind::kToolBar && kind != ControlKind::kStatusBar;
-}
-
-// What the keyboard can be at.
-inline bool TakesFocus(ControlKind kind) {
-  return kind == ControlKind::kButton || kind == ControlKind::kField || kind == ControlKind::kGrid ||
-         kind == ControlKind::kList;
-}
-
-// One control of a screen as its name finds it.
-struct NamedControl {
-  std::string name;  // "lblEffic", "txtInfo(3)"
-  ControlKind kind;
-  std::string parent;  // the frame or menu that it stands in; empty for the screen itself
-  Control* control;
-  TextField* field = nullptr;  // of kind kField
-  Grid* grid = nullptr;        // of kind kGrid
-  ListBox* list = nullptr;     // of kind kList
-};
-
-// Every control of the screen, in tab order where it can have the focus; menus in the order of the menu bar.
-std::vector<NamedControl> ControlsOf(MainScreen& screen);
-std::vector<NamedControl> ControlsOf(SoilsScreen& screen);
-
-// Who sees to the key of a menu entry: the window, or the control that has the focus, for which the menu only tells it.
-enum class ShortcutOwner { kWindow, kControl };
-
-// The key that runs a menu entry, and whether a line stands above it.
-struct MenuTrait {
-  std::string_view name;
-  std::string_view shortcut;  // "Ctrl+N"; empty for none
-  bool starts_group;
-  ShortcutOwner owner = ShortcutOwner::kWindow;
-};
-MenuTrait MenuTraitOf(std::string_view name);
 
 // Percentages that mnuZoomTo offers, by index.
 inline constexpr std::array<int, 7> kZoomSteps = {75, 100, 125, 150, 175, 200, 250};

@@ -51,10 +51,13 @@ struct Program {
   Host& host;
 };
 
-// The control, field or grid of that name, or nullptr.
+// The control, field, grid or list of that name, or nullptr.
 Control* FindControl(Program& program, std::string_view name);
 TextField* FindField(Program& program, std::string_view name);
 Grid* FindGrid(Program& program, std::string_view name);
+ListBox* FindList(Program& program, std::string_view name);
+// The row of the control of that name, or nullptr.
+const ControlFacts* FactsOf(std::string_view name);
 
 // Whether the user can reach a control: "hidden" and "disabled" count for the frames and menus it stands in too.
 enum class Reach { kUsable, kHidden, kDisabled, kUnknown };

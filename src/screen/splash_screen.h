@@ -1,7 +1,8 @@
 #pragma once
 
-#include <vector>
+#include <span>
 
+#include "screen/control_facts.h"
 #include "screen/controls.h"
 #include "screen/main_screen.h"
 
@@ -10,6 +11,7 @@ namespace torvale {
 // What the program shows of itself while it starts, a window of its own. The main screen comes when it closes.
 struct SplashScreen {
   SplashScreen();
+  static std::span<const ControlRow<SplashScreen>> Rows();
 
   Control Form;  // the window itself
   Control Frame1, imgLogo, Image1, Image2;
@@ -17,9 +19,5 @@ struct SplashScreen {
   Control lblHolePuch, Label2;  // below the two pictures
   Control lblProductDescription, lblCompany, lblWarning, Label3;
 };
-
-// Every control of the screen; all stand in the window `frmSplash`. The frame's name tells it from that of the main
-// screen.
-std::vector<NamedControl> ControlsOf(SplashScreen& screen);
 
 }  // namespace torvale

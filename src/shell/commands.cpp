@@ -145,12 +145,10 @@ const Command* FindCommand(std::string_view name) {
   return found == std::end(kCommands) ? nullptr : found;
 }
 
-// Name of the menu that a control stands in; empty where it stands in none.
-std::string MenuOf(Program& program, std::string_view name) {
-  for (const NamedControl& named : ControlsOf(program.main)) {
-    if (named.name == name) return named.kind == ControlKind::kMenu ? named.parent : "";
-  }
-  return "";
+// Name of the menu that an entry stands in; empty where it stands in none.
+std::string_view MenuOf(std::string_view name) {
+  const ControlFacts* facts = FactsOf(name);
+  return facts != nullptr && facts->kind == ControlKind::kMenu ? facts->parent : std::string_view();
 }
 
 }  // namespace
@@ -168,7 +166,7 @@ Reach Click(Program& program, std::string_view name) {
   const Command* command = FindCommand(name);
   if (command == nullptr) return Reach::kUnknown;
   // A menu drops down before an entry of it is clicked, and settles then which of them can be.
-  for (std::string menu = MenuOf(program, name); !menu.empty(); menu = MenuOf(program, menu)) MenuOpened(program, menu);
+  for (std::string_view menu = MenuOf(name); !menu.empty(); menu = MenuOf(menu)) MenuOpened(program, menu);
   const Reach reach = ReachOf(program, name);
   if (reach == Reach::kUsable)
     Guarded(program, [&] {

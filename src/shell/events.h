@@ -71,8 +71,6 @@ void MenuOpened(Program& program, std::string_view menu);
 // A file is dropped on the window, or handed to the program by the file manager: it opens as by the Open command.
 void FileDropped(Program& program, std::string_view path);
 
-// The list of that name, or nullptr.
-ListBox* FindList(Program& program, std::string_view name);
 // The user selects these lines of a list, from 0, and no others. Nothing happens where the list can't be reached, and
 // the reason comes back; a name that is no list is unknown.
 Reach SelectLines(Program& program, std::string_view list, const std::vector<int>& lines);

@@ -90,9 +90,9 @@ std::string_view NamedPlace(std::string_view control) {
   return "";
 }
 
-bool IsOnMainScreen(Program& program, std::string_view control) {
-  for (const NamedControl& named : ControlsOf(program.main)) {
-    if (named.name == control) return named.kind != ControlKind::kMenu;
+bool IsOnMainScreen(std::string_view control) {
+  for (const ControlFacts& facts : MainScreen::Rows()) {
+    if (facts.name == control) return facts.kind != ControlKind::kMenu;
   }
   return control.empty();
 }
@@ -108,7 +108,7 @@ std::string_view OpenPanel(const MainScreen& main) {
 std::string_view HelpPlaceFor(Program& program, std::string_view control) {
   const MainScreen& main = program.main;
   const std::string_view named = NamedPlace(control);
-  if (IsOnMainScreen(program, control)) {
+  if (IsOnMainScreen(control)) {
     const std::string_view panel = OpenPanel(main);
     if (!panel.empty() && named != kPreferences && named != kHoleSelection) return panel;
     if (control == "Grid1" && !main.Grid2.control.visible) {

@@ -22,13 +22,6 @@ constexpr std::array<ListButton, 2> kListButtons = {{
 
 }  // namespace
 
-ListBox* FindList(Program& program, std::string_view name) {
-  const std::vector<NamedControl> controls = ControlsOf(program.main);
-  const auto found =
-      std::find_if(controls.begin(), controls.end(), [&](const NamedControl& c) { return c.name == name; });
-  return found == controls.end() ? nullptr : found->list;
-}
-
 Reach SelectLines(Program& program, std::string_view list, const std::vector<int>& lines) {
   ListBox* box = FindList(program, list);
   if (box == nullptr) return Reach::kUnknown;

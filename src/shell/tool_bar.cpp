@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "reports/print_commands.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 
@@ -10,20 +11,24 @@ namespace {
 
 constexpr std::string_view kBar = "tbToolBar";
 
-constexpr ToolButton kToolButtons[] = {
-    {"New", "New", "", "new", "mnuFile", "mnuFileNew", {}, false},
-    {"Open", "Open", "", "open", "mnuFile", "mnuFileOpen", {}, false},
-    {"Save", "Save", "", "save", "mnuFile", "mnuFileSave", {}, false},
-    {"PrintHoleSummary", "Print Hole Summary", "Print the Hole Summary at once, one copy", "print-hole-summary",
-     "mnuFile", "", Report::kHoleSummary, true},
-    {"PrintSummary", "Print Summary", "Print the Summary at once, one copy", "print-summary", "mnuFile", "",
-     Report::kSummary, false},
-    {"PrintComplete", "Print Complete Design", "Print the Complete Design at once, one copy", "print-complete",
-     "mnuFile", "", Report::kComplete, false},
-    {"Cut", "Cut", "", "cut", "mnuEdit", "mnuEditCut", {}, true},
-    {"Copy", "Copy", "", "copy", "mnuEdit", "mnuEditCopy", {}, false},
-    {"Paste", "Paste", "", "paste", "mnuEdit", "mnuEditPaste", {}, false},
+// The entries whose button prints at once; in their menu they ask for the printer first.
+struct PrintButton {
+  std::string_view entry;
+  Report report;
+  std::string_view tool_tip;
 };
+
+constexpr PrintButton kPrintButtons[] = {
+    {"mnuPrtHoleSummary", Report::kHoleSummary, "Print the Hole Summary at once, one copy"},
+    {"mnuPrintSummary", Report::kSummary, "Print the Summary at once, one copy"},
+    {"mnuPrintComplete", Report::kComplete, "Print the Complete Design at once, one copy"},
+};
+
+const PrintButton* PrintButtonOf(const ControlFacts& button) {
+  const auto* const found = std::find_if(std::begin(kPrintButtons), std::end(kPrintButtons),
+                                         [&](const PrintButton& p) { return p.entry == button.name; });
+  return found == std::end(kPrintButtons) ? nullptr : found;
+}
 
 void PrintNow(Program& program, Report report) {
   if (!program.main.Grid2.control.visible) {
@@ -35,8 +40,18 @@ void PrintNow(Program& program, Report report) {
 
 }  // namespace
 
-std::span<const ToolButton> ToolButtons() {
-  return kToolButtons;
+std::vector<const ControlFacts*> ToolButtons() {
+  std::vector<const ControlFacts*> buttons;
+  for (const ControlFacts& facts : MainScreen::Rows()) {
+    if (!facts.tool.key.empty()) buttons.push_back(&facts);
+  }
+  std::sort(buttons.begin(), buttons.end(),
+            [](const ControlFacts* a, const ControlFacts* b) { return a->tool.order < b->tool.order; });
+  return buttons;
+}
+
+bool HasToolCommand(const ControlFacts& button) {
+  return PrintButtonOf(button) != nullptr || HasCommand(button.name);
 }
 
 std::string ToolButtonName(std::string_view key) {
@@ -50,27 +65,36 @@ std::optional<std::string_view> ToolKeyOf(std::string_view name) {
   return name.substr(1, name.size() - 2);
 }
 
-Reach ReachOfToolButton(Program& program, const ToolButton& button) {
+Reach ReachOfToolButton(Program& program, const ControlFacts& button) {
   const Reach bar = ReachOf(program, kBar);
-  return bar == Reach::kUsable ? ReachOf(program, button.menu) : bar;
+  return bar == Reach::kUsable ? ReachOf(program, button.parent) : bar;
 }
 
-std::string ToolTipOf(Program& program, const ToolButton& button) {
-  const Control* entry = FindControl(program, button.command);
-  std::string tip = entry == nullptr ? std::string(button.tool_tip) : entry->tool_tip;
-  const std::string_view shortcut = MenuTraitOf(button.command).shortcut;
-  if (!shortcut.empty()) tip.append(" (").append(shortcut).append(")");
+std::string SpokenNameOf(const ControlFacts& button) {
+  std::string name(button.caption);
+  if (name.ends_with("...")) name.resize(name.size() - 3);
+  std::erase(name, '&');
+  return name;
+}
+
+std::string ToolTipOf(const ControlFacts& button) {
+  if (const PrintButton* print = PrintButtonOf(button)) return std::string(print->tool_tip);
+  std::string tip(button.tool_tip);
+  if (!button.shortcut.empty()) tip.append(" (").append(button.shortcut).append(")");
   return tip;
 }
 
 Reach tbToolBar_ButtonClick(Program& program, std::string_view key) {
-  const auto* const button =
-      std::find_if(std::begin(kToolButtons), std::end(kToolButtons), [&](const ToolButton& b) { return b.key == key; });
-  if (button == std::end(kToolButtons)) return Reach::kUsable;
-  const Reach reach = ReachOfToolButton(program, *button);
+  const std::vector<const ControlFacts*> buttons = ToolButtons();
+  const auto found =
+      std::find_if(buttons.begin(), buttons.end(), [&](const ControlFacts* b) { return b->tool.key == key; });
+  if (found == buttons.end()) return Reach::kUsable;
+  const ControlFacts& button = **found;
+  const Reach reach = ReachOfToolButton(program, button);
   if (reach != Reach::kUsable) return reach;
-  if (!button->report) return Click(program, button->command);
-  PrintNow(program, *button->report);
+  const PrintButton* print = PrintButtonOf(button);
+  if (print == nullptr) return Click(program, button.name);
+  PrintNow(program, print->report);
   return Reach::kUsable;
 }
 

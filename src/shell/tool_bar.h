@@ -1,29 +1,20 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "reports/print_commands.h"
 #include "screen/program.h"
 
 namespace torvale {
 
-// A button of the tool bar: it runs a menu entry, or prints a report at once.
-struct ToolButton {
-  std::string_view key;
-  std::string_view caption;   // as a reader of the screen says it
-  std::string_view tool_tip;  // of a print button; the others have that of their menu entry
-  std::string_view icon;      // name in data/icons, without ".svg"
-  std::string_view menu;      // the menu that it belongs to, and is locked with
-  std::string_view command;   // the menu entry; empty for a print button
-  std::optional<Report> report;
-  bool starts_group;
-};
+// Every button of the tool bar, from left to right: the row of the menu entry that it stands for, whose `tool` names
+// it. A print button prints its report at once; the others run the entry.
+std::vector<const ControlFacts*> ToolButtons();
 
-// Every button, from left to right. One whose menu entry has no command is not shown by a window.
-std::span<const ToolButton> ToolButtons();
+// Whether the button does something; one that does not is not shown by a window.
+bool HasToolCommand(const ControlFacts& button);
 
 // Name of a button as a click names it: "tbToolBar(Save)".
 std::string ToolButtonName(std::string_view key);
@@ -31,10 +22,12 @@ std::string ToolButtonName(std::string_view key);
 std::optional<std::string_view> ToolKeyOf(std::string_view name);
 
 // Whether the user can press the button: it goes with the bar and with its menu, which a long search locks.
-Reach ReachOfToolButton(Program& program, const ToolButton& button);
+Reach ReachOfToolButton(Program& program, const ControlFacts& button);
 
+// What a reader of the screen calls the button: the entry's caption without its marks.
+std::string SpokenNameOf(const ControlFacts& button);
 // What the button does, and the key that does the same: "Open a saved design (Ctrl+O)".
-std::string ToolTipOf(Program& program, const ToolButton& button);
+std::string ToolTipOf(const ControlFacts& button);
 
 // The button with that key is pressed. A menu entry runs as if chosen in its menu. A print button prints one copy
 // without a dialog while results are on the screen, and otherwise says in the status bar that there are none. An

@@ -43,14 +43,15 @@ double Lightness(const QImage& icon) {
 }
 
 TEST_F(ToolBarTest, ShowsTheButtonsThatDoSomething) {
-  for (const ToolButton& button : ToolButtons()) {
-    const QString name = QString::fromStdString(ToolButtonName(button.key));
-    const bool works = button.report || HasCommand(button.command);
-    EXPECT_EQ(window_->findChild<QToolButton*>(name) != nullptr, works) << button.key;
+  for (const ControlFacts* button : ToolButtons()) {
+    const std::string_view key = button->tool.key;
+    const QString name = QString::fromStdString(ToolButtonName(key));
+    const bool works = HasToolCommand(*button);
+    EXPECT_EQ(window_->findChild<QToolButton*>(name) != nullptr, works) << key;
     if (!works) continue;
-    EXPECT_TRUE(Button(button.key).isVisible()) << button.key;
-    EXPECT_EQ(Button(button.key).accessibleName().toStdString(), button.caption);
-    EXPECT_TRUE(Button(button.key).toolTip().contains(ToQt(ToolTipOf(*program_, button)))) << button.key;
+    EXPECT_TRUE(Button(key).isVisible()) << key;
+    EXPECT_EQ(Button(key).accessibleName().toStdString(), SpokenNameOf(*button));
+    EXPECT_TRUE(Button(key).toolTip().contains(ToQt(ToolTipOf(*button)))) << key;
   }
   EXPECT_TRUE(Button("Save").toolTip().contains("(Ctrl+S)")) << Button("Save").toolTip().toStdString();
 }
@@ -111,8 +112,8 @@ TEST_F(ToolBarTest, TheUsualWindowShowsAllOfTheScreen) {
 }
 
 TEST(VectorPictureTest, ReadsEveryPictureOfTheProgram) {
-  for (const ToolButton& button : ToolButtons()) {
-    EXPECT_GE(OwnPicture(button.icon).shapes.size(), 2U) << button.icon;
+  for (const ControlFacts* button : ToolButtons()) {
+    EXPECT_GE(OwnPicture(button->tool.icon).shapes.size(), 2U) << button->tool.icon;
   }
   const VectorPicture icon = OwnPicture("torvale");
   EXPECT_EQ(icon.view, QRectF(0, 0, 64, 64));

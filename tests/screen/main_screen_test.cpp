@@ -9,6 +9,8 @@
 #include <string>
 #include <utility>
 
+#include "screen/program.h"
+
 namespace torvale {
 namespace {
 
@@ -20,7 +22,7 @@ const NamedControl* Find(const std::vector<NamedControl>& controls, std::string_
 
 TEST(MainScreen, NamesAndControlsAreUnique) {
   MainScreen screen;
-  std::set<std::string> names;
+  std::set<std::string_view> names;
   std::set<const Control*> controls;
   for (const NamedControl& named : ControlsOf(screen)) {
     EXPECT_TRUE(names.insert(named.name).second) << named.name;
@@ -31,7 +33,7 @@ TEST(MainScreen, NamesAndControlsAreUnique) {
 // A parent stands ahead of its children and is a frame or a menu.
 TEST(MainScreen, ParentsAreFramesAndMenus) {
   MainScreen screen;
-  std::set<std::string> seen;
+  std::set<std::string_view> seen;
   const std::vector<NamedControl> controls = ControlsOf(screen);
   for (const NamedControl& named : controls) {
     if (!named.parent.empty()) {
@@ -41,6 +43,43 @@ TEST(MainScreen, ParentsAreFramesAndMenus) {
     }
     seen.insert(named.name);
   }
+}
+
+// A name finds a control in whatever screen it stands, so no two screens share one.
+TEST(MainScreen, NamesAreUniqueAmongAllScreens) {
+  std::set<std::string_view> names;
+  std::size_t count = 0;
+  const auto take = [&](const auto& rows) {
+    for (const ControlFacts& facts : rows) EXPECT_TRUE(names.insert(facts.name).second) << facts.name;
+    count += rows.size();
+  };
+  take(MainScreen::Rows());
+  take(SoilsScreen::Rows());
+  take(CrownProfileScreen::Rows());
+  take(SplashScreen::Rows());
+  take(HelpScreen::Rows());
+  EXPECT_EQ(names.size(), count);
+  EXPECT_GT(count, 180U);
+}
+
+// What a screen begins with is what the row says, and what the row says of tool bar keys is whole.
+TEST(MainScreen, RowsSayHowControlsBegin) {
+  MainScreen screen;
+  std::set<std::string_view> keys;
+  std::set<int> orders;
+  for (const NamedControl& named : ControlsOf(screen)) {
+    const ControlFacts& facts = *named.facts;
+    EXPECT_EQ(named.control->caption, facts.caption);
+    EXPECT_EQ(named.control->tool_tip, facts.tool_tip);
+    EXPECT_EQ(named.control->place, facts.place);
+    EXPECT_EQ(named.control->visible, facts.visible);
+    if (facts.tool.key.empty()) continue;
+    EXPECT_EQ(facts.kind, ControlKind::kMenu) << facts.name;
+    EXPECT_TRUE(keys.insert(facts.tool.key).second) << facts.tool.key;
+    EXPECT_TRUE(orders.insert(facts.tool.order).second) << facts.tool.key;
+    EXPECT_FALSE(facts.tool.icon.empty()) << facts.tool.key;
+  }
+  EXPECT_GE(keys.size(), 9U);
 }
 
 TEST(MainScreen, FieldsAndGridsHaveTheirStores) {
@@ -90,14 +129,11 @@ TEST(MainScreen, ShortcutsAreUnique) {
   int count = 0;
   for (const NamedControl& named : ControlsOf(screen)) {
     if (named.kind != ControlKind::kMenu) continue;
-    const MenuTrait trait = MenuTraitOf(named.name);
-    EXPECT_EQ(trait.name, named.name);
-    if (trait.shortcut.empty()) continue;
+    if (named.facts->shortcut.empty()) continue;
     ++count;
-    EXPECT_TRUE(shortcuts.insert(trait.shortcut).second) << trait.shortcut;
+    EXPECT_TRUE(shortcuts.insert(named.facts->shortcut).second) << named.facts->shortcut;
   }
   EXPECT_GT(count, 0);
-  EXPECT_EQ(MenuTraitOf("no such entry").shortcut, "");
 }
 
 // The letter that a caption marks as its mnemonic, as a capital; none where it marks none.
@@ -126,11 +162,11 @@ TEST(MainScreen, MnemonicsAreUniqueWithinAMenu) {
       if (named.kind != ControlKind::kMenu) continue;
       const char letter = MnemonicOf(named.control->caption);
       if (letter == '\0') continue;
-      const std::string menu = std::to_string(bars) + named.parent;
-      const auto [first, is_first] = taken.try_emplace({menu, letter}, named.name);
+      const std::string menu = std::to_string(bars).append(named.parent);
+      const auto [first, is_first] = taken.try_emplace({menu, letter}, std::string(named.name));
       if (is_first) continue;
       ++clashes;
-      EXPECT_TRUE(known.contains({first->second, named.name})) << first->second << " and " << named.name;
+      EXPECT_TRUE(known.contains({first->second, std::string(named.name)})) << first->second << " and " << named.name;
     }
   }
   EXPECT_EQ(clashes, static_cast<int>(known.size()));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "shell/events.h"
@@ -32,6 +33,18 @@ TEST_F(CommandsTest, EveryButtonHasACommand) {
       EXPECT_TRUE(HasCommand(named.name)) << named.name;
     }
   }
+}
+
+TEST_F(CommandsTest, EveryMenuEntryHasACommand) {
+  const auto rows = MainScreen::Rows();
+  int entries = 0;
+  for (const ControlFacts& facts : rows) {
+    const bool opens = std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row.parent == facts.name; });
+    if (facts.kind != ControlKind::kMenu || opens || facts.caption == "-") continue;
+    ++entries;
+    EXPECT_TRUE(HasCommand(facts.name)) << facts.name;
+  }
+  EXPECT_GE(entries, 40);
 }
 
 TEST_F(CommandsTest, AControlWithoutACommandIsUnknown) {

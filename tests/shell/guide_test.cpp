@@ -136,7 +136,7 @@ TEST_F(GuideTest, NamesEveryShortcut) {
   const std::string keys = Page("keys");
   int seen = 0;
   for (const NamedControl& named : AllControls(program)) {
-    const std::string_view shortcut = MenuTraitOf(named.name).shortcut;
+    const std::string_view shortcut = named.facts->shortcut;
     if (shortcut.empty()) continue;
     EXPECT_NE(keys.find(shortcut), std::string::npos) << named.name << ": " << shortcut;
     ++seen;

@@ -29,22 +29,24 @@ TEST_F(ToolBarTest, HasTheButtonsInTheirOrder) {
   const char* const keys[] = {"New", "Open", "Save", "PrintHoleSummary", "PrintSummary", "PrintComplete",
                               "Cut", "Copy", "Paste"};
   ASSERT_EQ(ToolButtons().size(), std::size(keys));
-  for (std::size_t i = 0; i < std::size(keys); ++i) EXPECT_EQ(ToolButtons()[i].key, keys[i]);
+  for (std::size_t i = 0; i < std::size(keys); ++i) EXPECT_EQ(ToolButtons()[i]->tool.key, keys[i]);
 }
 
 TEST_F(ToolBarTest, EveryButtonSaysWhatItDoesAndStandsInAMenu) {
-  for (const ToolButton& button : ToolButtons()) {
-    EXPECT_FALSE(button.caption.empty()) << button.key;
-    EXPECT_NE(button.tool_tip.empty(), button.report.has_value()) << button.key;
-    EXPECT_FALSE(button.icon.empty()) << button.key;
-    EXPECT_NE(FindControl(program, button.menu), nullptr) << button.key;
-    EXPECT_NE(button.command.empty(), !button.report) << button.key;
+  const char* const spoken[] = {"New", "Open", "Save", "Print Hole Summary", "Print Summary", "Print Complete Design",
+                                "Cut", "Copy", "Paste"};
+  for (std::size_t i = 0; i < std::size(spoken); ++i) {
+    const ControlFacts& button = *ToolButtons()[i];
+    EXPECT_EQ(SpokenNameOf(button), spoken[i]);
+    EXPECT_FALSE(ToolTipOf(button).empty()) << button.name;
+    EXPECT_TRUE(HasToolCommand(button)) << button.name;
+    EXPECT_NE(FindControl(program, button.parent), nullptr) << button.name;
   }
 }
 
 TEST_F(ToolBarTest, AToolTipIsThatOfTheMenuEntryWithItsKey) {
-  EXPECT_EQ(ToolTipOf(program, ToolButtons()[1]), program.main.mnuFileOpen.tool_tip + " (Ctrl+O)");
-  EXPECT_EQ(ToolTipOf(program, ToolButtons()[4]), "Print the Summary at once, one copy");
+  EXPECT_EQ(ToolTipOf(*ToolButtons()[1]), program.main.mnuFileOpen.tool_tip + " (Ctrl+O)");
+  EXPECT_EQ(ToolTipOf(*ToolButtons()[4]), "Print the Summary at once, one copy");
 }
 
 TEST_F(ToolBarTest, AKeyIsFoundInTheNameOfItsButton) {
@@ -151,10 +153,10 @@ TEST_F(ToolBarTest, TheClipboardKeysRunTheirMenuEntries) {
   const char* const keys[] = {"Cut", "Copy", "Paste"};
   const char* const entries[] = {"mnuEditCut", "mnuEditCopy", "mnuEditPaste"};
   for (std::size_t i = 0; i < 3; ++i) {
-    const ToolButton& button = ToolButtons()[6 + i];
-    EXPECT_EQ(button.key, keys[i]);
-    EXPECT_EQ(button.command, entries[i]);
-    EXPECT_EQ(button.menu, "mnuEdit");
+    const ControlFacts& button = *ToolButtons()[6 + i];
+    EXPECT_EQ(button.tool.key, keys[i]);
+    EXPECT_EQ(button.name, entries[i]);
+    EXPECT_EQ(button.parent, "mnuEdit");
   }
 }
 

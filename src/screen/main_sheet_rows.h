@@ -1,0 +1,127 @@
+// What stands on the main screen itself, in tab order: fields, sheets, buttons, then the results. Private to
+// main_screen.cpp.
+#pragma once
+
+#include "screen/control_facts.h"
+#include "screen/main_screen.h"
+
+namespace torvale::rows {
+
+inline constexpr std::string_view kGpmTip =
+    "This Gallons Per Minute should be measured from your water source. If this number is different from your actual "
+    "flow you may burst the layflat pipe or the design will not inefficient as designed.";
+inline constexpr std::string_view kHeadTip =
+    "The Target Pressure is used for a starting pressure in the calculations and an estimate of the highest pressure "
+    "for the design.  The designed highest pressure may be different from the Target Pressure head ";
+inline constexpr std::string_view kStationFeetTip = "Feet from the head of the line";
+inline constexpr std::string_view kFlowTip = "Gallons per minute";
+
+inline constexpr int kLineLetters = 11;  // pixels, as the sheets have them
+inline constexpr TextLook kResultLook{TextPlace::kCentre, 0, true, true};
+inline constexpr TextLook kTitleLook{TextPlace::kFoot};
+// The lines of these belong together across the labels, so the letters are alike.
+inline constexpr TextLook kLinesLook{TextPlace::kTop, kLineLetters};
+
+inline constexpr ControlRow<MainScreen> kInput[] = {
+    Label<&MainScreen::lblName>("lblName", "", {120, 75, 1000, 315}, "Name:"),
+    Label<&MainScreen::lblDate>("lblDate", "", {5640, 75, 720, 315}, "Date:"),
+    Label<&MainScreen::lblGPM>("lblGPM", "", {120, 465, 1000, 315}, "GPM:", kGpmTip),
+    Label<&MainScreen::lblHead>("lblHead", "", {2540, 465, 1700, 315}, "Target Head (ft):", kHeadTip),
+    Label<&MainScreen::lblLocation>("lblLocation", "", {120, 855, 1000, 315}, "Location:"),
+    Label<&MainScreen::lblRodOrElev>("lblRodOrElev", "", {120, 1245, 4440, 315},
+                                     "Enter Rod Readings or Elevations (R or E):"),
+    Field<&MainScreen::txtInfo, 0>("txtInfo(0)", "", {1180, 75, 4300, 315}, "Name of the design"),
+    Field<&MainScreen::txtInfo, 1>("txtInfo(1)", "", {6420, 75, 1500, 315}, "Date of the design"),
+    Field<&MainScreen::txtInfo, 2>("txtInfo(2)", "", {1180, 465, 1200, 315}, kGpmTip),
+    Field<&MainScreen::txtInfo, 3>("txtInfo(3)", "", {4300, 465, 1180, 315}, kHeadTip),
+    Field<&MainScreen::txtInfo, 4>("txtInfo(4)", "", {1180, 855, 4300, 315}, "Where the field lies"),
+    Field<&MainScreen::txtInfo, 5>(
+        "txtInfo(5)", "", {4620, 1245, 480, 315},
+        "R: the survey gives rod readings, where a larger reading is lower ground. E: it gives elevations."),
+    Sheet<&MainScreen::Grid1>("Grid1", {120, 2200, 8490, 7100}, "", {.spoken = "Survey sheet"}),
+    Sheet<&MainScreen::Grid2>("Grid2", {120, 2200, 10720, 7100}, "", {.visible = false, .spoken = "Design results"}),
+    Sheet<&MainScreen::GridInchesApplied>("GridInchesApplied", {11000, 480, 2850, 1575},
+                                          "Hours and days of pumping that apply a gross depth over the field",
+                                          {.visible = false, .spoken = "Hours and days of pumping"}),
+    Button<&MainScreen::cmdInterpolate>(
+        "cmdInterpolate", "", {120, 1665, 4860, 435}, "Interpolate Furrow Length and Calculate Elevations",
+        "Fill in the missing crown readings and furrow lengths by straight lines between the filled cells"),
+    Button<&MainScreen::cmdCancel>("cmdCancel", "", {5040, 1665, 1200, 435}, "Cancel", "Stop the calculation",
+                                   {.visible = false}),
+    Button<&MainScreen::cmdReCalc>("cmdReCalc", "", {9250, 2295, 1100, 315}, "Re-Calculate",
+                                   "Run the design again with the fields as they are now", {.visible = false}),
+    Button<&MainScreen::cmdDesignToggle>("cmdDesignToggle", "", {9250, 2620, 1100, 580}, "Complete Design",
+                                         "Change between the complete table and its summary", {.visible = false}),
+    Button<&MainScreen::cmdBringBack>("cmdBringBack", "", {8850, 2295, 2600, 435}, "Bring Back Last Work",
+                                      "Put back what was on the screen, and not saved, when the program ended",
+                                      {.visible = false}),
+    List<&MainScreen::listSoils>("listSoils", "", {5640, 465, 2280, 315},
+                                 "Soil of the field, for the furrow flow recommended for it", {.spoken = "Soil"}),
+    Label<&MainScreen::lblRecFurrowFlow>("lblRecFurrowFlow", "", {8040, 465, 2760, 315}, "",
+                                         "Advice only: it does not enter the design"),
+};
+
+inline constexpr ControlRow<MainScreen> kResults[] = {
+    Label<&MainScreen::lblEffic>("lblEffic", "", {6360, 1900, 4440, 270}, "",
+                                 "Mean of the lowest quarter over the target mean. Green from 90 percent up.",
+                                 {.visible = false, .look = kResultLook}),
+    Label<&MainScreen::lblCrownSlope>("lblCrownSlope", "", {6360, 1590, 4560, 285}, "", "", {.visible = false}),
+    Label<&MainScreen::lblAcresTotal>("lblAcresTotal", "", {5640, 1245, 5160, 315}),
+    Label<&MainScreen::lblActiveInactive>("lblActiveInactive", "", {8160, 75, 2640, 315}, "Inactive Design",
+                                          "Whether the results on the screen belong to the last calculation",
+                                          {.look = kResultLook}),
+    Label<&MainScreen::lblAvgFurrowFlow>("lblAvgFurrowFlow", "", {5640, 855, 5160, 315}, "", "", {.visible = false}),
+    Label<&MainScreen::lblHeadCount>("lblHeadCount", "", {6360, 1590, 4560, 285}, "", "", {.visible = false}),
+    Frame<&MainScreen::frmDisplay>("frmDisplay", {8840, 3280, 1770, 6010}, "", {.visible = false}),
+    Label<&MainScreen::frmDisplayLbl, 0>("frmDisplayLbl(0)", "frmDisplay", {30, 90, 1680, 300}, "Highest Head", "",
+                                         {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 1>(
+        "frmDisplayLbl(1)", "frmDisplay", {30, 390, 1680, 300}, "",
+        "Highest calculated head. When background color is green it is below target head.", {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 2>("frmDisplayLbl(2)", "frmDisplay", {30, 830, 1680, 300}, "Max Head Station", "",
+                                         {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 3>("frmDisplayLbl(3)", "frmDisplay", {30, 1130, 1680, 300}, "", kStationFeetTip,
+                                         {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 4>("frmDisplayLbl(4)", "frmDisplay", {30, 1570, 1680, 300}, "Lowest Head", "",
+                                         {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 5>(
+        "frmDisplayLbl(5)", "frmDisplay", {30, 1870, 1680, 300}, "",
+        "Lowest calculated head, feet. When background color is yellow it is below half a foot.",
+        {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 6>("frmDisplayLbl(6)", "frmDisplay", {30, 2310, 1680, 300}, "Low Head Station",
+                                         "", {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 7>("frmDisplayLbl(7)", "frmDisplay", {30, 2610, 1680, 300}, "", kStationFeetTip,
+                                         {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 8>("frmDisplayLbl(8)", "frmDisplay", {30, 3050, 1680, 300}, "Max. Furrow Flow",
+                                         "", {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 9>("frmDisplayLbl(9)", "frmDisplay", {30, 3350, 1680, 300}, "", kFlowTip,
+                                         {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 10>("frmDisplayLbl(10)", "frmDisplay", {30, 3790, 1680, 300}, "Min. Furrow Flow",
+                                          "", {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 11>("frmDisplayLbl(11)", "frmDisplay", {30, 4090, 1680, 300}, "", kFlowTip,
+                                          {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 12>("frmDisplayLbl(12)", "frmDisplay", {30, 4530, 1680, 300}, "Calculated GPM",
+                                          "", {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 13>("frmDisplayLbl(13)", "frmDisplay", {30, 4830, 1680, 300}, "",
+                                          "Flow out of all holes, gallons per minute", {.look = kResultLook}),
+    Label<&MainScreen::frmDisplayLbl, 14>("frmDisplayLbl(14)", "frmDisplay", {30, 5270, 1680, 300},
+                                          "Crown Differential", "", {.visible = false, .look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 15>("frmDisplayLbl(15)", "frmDisplay", {30, 5570, 1680, 300}, "",
+                                          "The difference between the highest and lowest elevation of the crown.",
+                                          {.visible = false, .look = kResultLook}),
+    Frame<&MainScreen::frameShowLimitedHoles>("frameShowLimitedHoles", {10900, 2200, 4455, 7130}, "",
+                                              {.visible = false, .spoken = "Hole summary"}),
+    Label<&MainScreen::lblSumHoleDia>("lblSumHoleDia", "frameShowLimitedHoles", {15, 90, 1400, 6980}, "", "",
+                                      {.look = kLinesLook}),
+    Label<&MainScreen::lblSumStation>("lblSumStation", "frameShowLimitedHoles", {1415, 90, 1250, 6980}, "",
+                                      "From the first to the last station of the hole size, feet",
+                                      {.look = kLinesLook}),
+    Label<&MainScreen::lblSumlNumHoles>("lblSumlNumHoles", "frameShowLimitedHoles", {2665, 90, 1535, 6980}, "", "",
+                                        {.look = kLinesLook}),
+    Frame<&MainScreen::frameHoleEquiv>("frameHoleEquiv", {1680, 3660, 7200, 420}, "", {.visible = false}),
+    Label<&MainScreen::lblHoleEquiv>("lblHoleEquiv", "frameHoleEquiv", {60, 75, 7080, 270}),
+    Row<&MainScreen::tbToolBar, kWhole>(ControlKind::kToolBar, "tbToolBar", "", {}, "", "", {}),
+    Row<&MainScreen::sbStatusBar, kWhole>(ControlKind::kStatusBar, "sbStatusBar", "", {}, "", "", {}),
+};
+
+}  // namespace torvale::rows
