@@ -36,6 +36,7 @@ torvale_tests(input torvale_input)
 torvale_tests(files torvale_files)
 torvale_tests(reports torvale_reports)
 torvale_tests(shell torvale_shell)
+torvale_tests(scenarios torvale_scenarios torvale_script_lib)
 torvale_tests(script torvale_script_lib)
 torvale_tests(properties torvale_script_lib)
 

@@ -6,7 +6,7 @@ list(FILTER window_sources EXCLUDE REGEX "/main\\.cpp$")
 if(window_sources)
   add_library(torvale_qt STATIC ${window_sources} ${PROJECT_SOURCE_DIR}/data/icons/icons.qrc)
   set_target_properties(torvale_qt PROPERTIES AUTOMOC ON AUTORCC ON)
-  target_link_libraries(torvale_qt PUBLIC torvale_shell Qt6::Widgets Qt6::PrintSupport
+  target_link_libraries(torvale_qt PUBLIC torvale_scenarios Qt6::Widgets Qt6::PrintSupport
     QCustomPlotQt6::QCustomPlotQt6 PRIVATE torvale_options)
 endif()
 

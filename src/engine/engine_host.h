@@ -27,6 +27,8 @@ class EngineHost {
   virtual void ShowSurvey() = 0;
   // The sheet's current cell, moved by code.
   virtual void MoveSurveyCell(int row, int column) = 0;
+  // The message that follows refuses the survey for this cell.
+  virtual void SurveyCellRefused(int row, int column) = 0;
   // Aligns one cell of the survey as the last column is aligned.
   virtual void AlignSurveyCell(int row, int column) = 0;
   // `TotalAcres` was worked out anew.

@@ -49,6 +49,7 @@ bool StationsPresent(const Run& run) {
     if (!run.Empty(i, kStationColumn)) continue;
     if (std::all_of(kColumns.begin(), kColumns.end(), [&](int column) { return run.Empty(i, column); })) continue;
     run.host.ShowSurvey();
+    run.host.SurveyCellRefused(i, kStationColumn);
     run.host.Message("Data in row " + GeneralText(i) + " of the station column is missing", "");
     run.host.OfferInterpolation();
     run.host.HideCancel();
@@ -77,6 +78,7 @@ void CountSurvey(const Run& run) {
 bool HolesHaveStations(const Run& run) {
   for (int i = 1; i <= run.record.SurveyRows; ++i) {
     if (run.Empty(i, kStationColumn) && run.Number(i, kHoleSizeColumn) > 0) {
+      run.host.SurveyCellRefused(i, kStationColumn);
       run.host.Message("You do not have all of the Station column complete.", "");
       return false;
     }

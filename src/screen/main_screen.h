@@ -10,6 +10,13 @@
 
 namespace torvale {
 
+// A cell of the survey sheet; row 0 stands for none.
+struct SheetCell {
+  int row = 0;
+  int column = 0;
+  bool operator==(const SheetCell&) const = default;
+};
+
 enum class WindowState { kNormal, kMinimized, kMaximized };
 
 inline constexpr std::string_view kProgramTitle = "TORVALE";
@@ -27,6 +34,7 @@ struct MainScreen {
   bool main_busy = false;  // this screen's own pointer is
   bool closed = false;     // the screen was unloaded; the program ends
   std::string focus;       // name of the active control
+  SheetCell refused;       // what the last refusal of a survey speaks of
 
   // Menus
   Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileEarlier, mnuFileBringBack, mnuFileBar3,

@@ -127,6 +127,10 @@ void ScreenEngineHost::MoveSurveyCell(int row, int column) {
   program_.main.Grid1.SetCurrent(row, column);
 }
 
+void ScreenEngineHost::SurveyCellRefused(int row, int column) {
+  program_.main.refused = {row, column};
+}
+
 void ScreenEngineHost::AlignSurveyCell(int row, int column) {
   program_.main.Grid1.SetAlign(row, column, Align::kCentreBottom);
 }

@@ -75,6 +75,7 @@ class ScreenEngineHost final : public EngineHost {
   void OfferInterpolation() override;
   void ShowSurvey() override;
   void MoveSurveyCell(int row, int column) override;
+  void SurveyCellRefused(int row, int column) override;
   void AlignSurveyCell(int row, int column) override;
   void TotalAcresChanged() override;
   void UniformityChanged() override;

@@ -21,6 +21,11 @@ void Say(Program& program, std::string sentence) {
   program.main.sbStatusBar.caption = std::move(sentence);
 }
 
+void Say(Program& program, SurveyRemark remark) {
+  program.main.refused = remark.cell;
+  Say(program, std::move(remark.sentence));
+}
+
 // What every refused input leaves behind.
 void Refuse(Program& program) {
   program.record.MissingData = -1;
@@ -38,7 +43,7 @@ void StartRun(Program& program) {
 bool FieldsFilled(Program& program) {
   const std::string missing = EmptyFieldSentence(program);
   if (missing.empty()) return true;
-  Say(program, missing);
+  Say(program, SurveyRemark{missing, {}});
   program.main.busy = false;
   program.host.Message("Some Information Data is missing(i.e. GPM, Target Head)", kMissingTitle);
   Refuse(program);
@@ -51,7 +56,7 @@ bool SurveyFilled(Program& program) {
   for (int i = 1; i <= program.record.SurveyRows; ++i) {
     for (int column : {kPipeDiaColumn, kCrownColumn, kStationColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
-      Say(program, EmptyCellSentence(i, column));
+      Say(program, EmptyCellRemark(i, column));
       program.host.Message("You must compelte all Survey information on the survey grid (i.e Hole Size Mil).",
                            kMissingTitle);
       program.main.busy = false;
@@ -76,7 +81,7 @@ bool StationsAccepted(Program& program) {
                                    " is greater than the distance between Station " + before + " and " + here +
                                    " is this ok?",
                                "")) {
-      Say(program, StationOrderSentence(i));
+      Say(program, StationOrderRemark(i));
       program.main.busy = false;
       Refuse(program);
       return false;
@@ -92,7 +97,7 @@ bool HoleRowsFilled(Program& program) {
     if (sheet.Text(i, kHoleSizeColumn).empty()) continue;
     for (int column : {kHoleCountColumn, kMilColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
-      Say(program, EmptyCellSentence(i, column));
+      Say(program, EmptyCellRemark(i, column));
       program.main.busy = false;
       program.host.Message("You must compelte all Survey information on the survey grid.", kMissingTitle);
       Refuse(program);

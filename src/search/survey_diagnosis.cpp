@@ -65,26 +65,28 @@ std::string EmptyFieldSentence(const Program& program) {
   return "";
 }
 
-std::string EmptyCellSentence(int row, int column) {
-  return "Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
-         " is missing.";
+SurveyRemark EmptyCellRemark(int row, int column) {
+  return {"Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
+              " is missing.",
+          {row, column}};
 }
 
-std::string StationOrderSentence(int row) {
-  return "Rows " + GeneralText(row - 1) + " and " + GeneralText(row) + ": the station does not rise.";
+SurveyRemark StationOrderRemark(int row) {
+  return {"Rows " + GeneralText(row - 1) + " and " + GeneralText(row) + ": the station does not rise.",
+          {row, kStationColumn}};
 }
 
-std::string WhatStopped(const Program& program, const RunTimeFault& fault) {
+SurveyRemark WhatStopped(const Program& program, const RunTimeFault& fault) {
   const DesignRecord& record = program.record;
-  if (const int row = RowOutOfOrder(program); row > 0) return StationOrderSentence(row);
+  if (const int row = RowOutOfOrder(program); row > 0) return StationOrderRemark(row);
   if (record.WateredFurrows == 0) {
-    return "No row has holes: a watered row needs a furrow length, a hole size and a number of holes.";
+    return {"No row has holes: a watered row needs a furrow length, a hole size and a number of holes.", {}};
   }
   if (fault.kind == Fault::kDivisionByZero) {
-    if (record.SurveyRows == 1) return "The survey has one row only: a line needs at least two stations.";
-    if (std::string sentence = LengthSentence(record); !sentence.empty()) return sentence;
+    if (record.SurveyRows == 1) return {"The survey has one row only: a line needs at least two stations.", {}};
+    if (std::string sentence = LengthSentence(record); !sentence.empty()) return {sentence, {}};
   }
-  return "A number in the survey is too large or out of place for a design.";
+  return {"A number in the survey is too large or out of place for a design.", {}};
 }
 
 }  // namespace torvale

@@ -11,11 +11,17 @@ namespace torvale {
 
 // The first information field that a design needs and that is empty; no text where all are filled.
 std::string EmptyFieldSentence(const Program& program);
+
+// A sentence about the survey, and the cell that it speaks of where it is one.
+struct SurveyRemark {
+  std::string sentence;
+  SheetCell cell;
+};
 // An empty cell of the survey, by row and column.
-std::string EmptyCellSentence(int row, int column);
+SurveyRemark EmptyCellRemark(int row, int column);
 // A station that does not rise above the one before it.
-std::string StationOrderSentence(int row);
+SurveyRemark StationOrderRemark(int row);
 // What in the survey a run-time fault comes from, as far as the survey tells.
-std::string WhatStopped(const Program& program, const RunTimeFault& fault);
+SurveyRemark WhatStopped(const Program& program, const RunTimeFault& fault);
 
 }  // namespace torvale

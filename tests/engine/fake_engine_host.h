@@ -41,6 +41,7 @@ struct FakeEngineHost final : EngineHost {
   void OfferInterpolation() override { log.emplace_back("offer interpolation"); }
   void ShowSurvey() override { log.emplace_back("show survey"); }
   void MoveSurveyCell(int row, int column) override { moves.emplace_back(row, column); }
+  void SurveyCellRefused(int row, int column) override { refused.emplace_back(row, column); }
   void AlignSurveyCell(int row, int column) override { aligned.emplace_back(row, column); }
   void TotalAcresChanged() override { ++acres_changes; }
   void UniformityChanged() override { ++uniformity_changes; }
@@ -53,6 +54,7 @@ struct FakeEngineHost final : EngineHost {
   std::vector<std::pair<std::string, std::string>> messages;  // body, title
   std::vector<std::string> log;                               // what changed on the screen, in order
   std::vector<std::pair<int, int>> moves;
+  std::vector<std::pair<int, int>> refused;  // cells that a refusal speaks of
   std::vector<std::pair<int, int>> aligned;
   int acres_changes = 0;
   int uniformity_changes = 0;

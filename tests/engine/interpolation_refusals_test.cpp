@@ -36,6 +36,7 @@ TEST(InterpolateSurveyRefusals, DataWithoutAStation) {
     orphan[static_cast<std::size_t>(column)] = "5";
     const Completed refused({Full("0", "10", "600"), Full("100", "10", ""), orphan});
     EXPECT_EQ(refused.host.messages, (Messages{{"Data in row 3 of the station column is missing", ""}})) << column;
+    EXPECT_EQ(refused.host.refused, (std::vector<std::pair<int, int>>{{3, kStationColumn}}));
     EXPECT_EQ(refused.host.log, (Texts{"show survey", "message", "offer interpolation", "hide cancel"}));
     EXPECT_EQ(refused.record.SurveyRows, 77);  // stopped before the survey was counted
     EXPECT_EQ(refused.sheet.Text(2, kFurrowLengthColumn), "");

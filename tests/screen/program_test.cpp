@@ -71,6 +71,8 @@ TEST_F(ProgramTest, EngineChangesTheScreen) {
   EXPECT_EQ(main.Grid1.row, 7);
   EXPECT_EQ(main.Grid1.column_sel, 8);
   EXPECT_EQ(main.Grid1.AlignOf(7, 8), Align::kCentreBottom);
+  host.SurveyCellRefused(5, 0);
+  EXPECT_EQ(main.refused, (SheetCell{5, 0}));
 }
 
 TEST_F(ProgramTest, AcresAreShownToTenths) {

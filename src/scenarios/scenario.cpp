@@ -1,0 +1,219 @@
+#include "scenarios/scenario.h"
+
+#include <algorithm>
+#include <map>
+
+#include "base/numbers.h"
+#include "display/cell_texts.h"
+#include "display/colour_meanings.h"
+#include "display/hole_summary.h"
+#include "search/design_commands.h"
+#include "shell/commands.h"
+#include "shell/start_up.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kHoleSelectionExit = "cmdExitHoleSelect";
+
+// For the ends of a run at which the program says nothing at all.
+constexpr std::string_view kEndedInSilence = "The design ended without a result.";
+
+// Controls whose colour warns of something in a finished design.
+constexpr std::array<std::string_view, 4> kWarningControls = {"lblEffic", "frmDisplayLbl(1)", "frmDisplayLbl(5)",
+                                                              "frmDisplayLbl(15)"};
+
+// A text that is too large a number stands in its field all the same; what the record took is laid by itself.
+void LayText(TextField& field, std::string_view text) {
+  try {
+    field.Set(text);
+  } catch (const RunTimeFault&) {
+    return;
+  }
+}
+
+void Lay(const ScenarioInput& input, Program& program) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  for (std::size_t i = 0; i < input.preferences.size(); ++i) LayText(main.txtDefault.at(i), input.preferences.at(i));
+  for (std::size_t i = 0; i < input.fields.size(); ++i) LayText(main.txtInfo.at(i), input.fields.at(i));
+  main.Grid1.cells() = input.sheet;
+  record.PipeKind = input.pipe_kind;
+  main.mnuLayflatPipe.ticked = input.pipe_kind == "L";
+  main.mnuRigidPipe.ticked = input.pipe_kind == "R";
+  main.listHolesSelected.Clear();
+  for (const std::string& size : input.hole_sizes) main.listHolesSelected.Add(size);
+  main.listSoils.Deselect();
+  main.listSoils.Select(input.soil.line, true);
+  record.SoilName = input.soil.name;
+  record.RecFurrowFlow = input.soil.furrow_flow;
+  main.lblRecFurrowFlow.caption = input.soil.advice;
+  record.TargetGPM = input.target_gpm;
+  record.HazenWilliamsC = input.hazen_williams_c;
+  record.DischargeCoef = input.discharge_coef;
+  record.StationInterval = input.station_interval;
+  record.SurveyRows = input.survey_rows;
+  record.SpacingWarningOff = input.spacing_warning_off;
+}
+
+void ClickDesign(Program& program, std::int16_t design_type) {
+  for (const DesignKindName& kind : DesignKindNames()) {
+    if (kind.type == design_type) Click(program, kind.entry);
+  }
+  // The limited selection opens its panel of hole sizes, whose button begins the design.
+  if (design_type == kLimitedHoles) Click(program, kHoleSelectionExit);
+}
+
+bool IsDone(const Program& program, std::int16_t design_type) {
+  const DesignRecord& record = program.record;
+  return record.DesignType == design_type && record.DesignOK == "True" && record.MissingData == 0 &&
+         !record.CancelFlag && program.main.Grid2.control.visible;
+}
+
+void CountHoles(const Program& program, ScenarioResult& result) {
+  const DesignRecord& record = program.record;
+  const RowArray<float>& chosen = ChosenHoleDia(record);
+  std::map<float, SizeCount> sizes;
+  std::optional<float> before;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!(record.FurrowFlow[i] > 0)) continue;
+    const float inches = chosen[i];
+    SizeCount& size = sizes[inches];
+    if (size.furrows == 0) size.name = ChosenSizeName(program, i);
+    if (size.name.empty()) size.name = GeneralText(inches);
+    ++size.furrows;
+    size.holes += record.HolesPerFurrow[i];
+    if (before && *before != inches) ++result.size_changes;
+    before = inches;
+  }
+  for (auto& [inches, size] : sizes) result.sizes.push_back(std::move(size));
+}
+
+// The dual slope is carried, and shown, in other units than the constant one.
+void TakeSlope(const DesignRecord& record, ScenarioResult& result) {
+  const double slope = static_cast<double>(record.CrownSlope);
+  if (record.DesignType == kConstantSlope) result.slope = slope * 100;
+  if (record.DesignType == kDualSlope) {
+    result.slope = slope + slope;
+    result.slope_ends = Number(record.DualBreakStation);
+  }
+  if (result.slope) result.highest_fill = record.HighestFill;
+}
+
+// "Yellow: the lowest head is below half a foot." without the colour's name.
+std::string WithoutColour(std::string_view words) {
+  const std::size_t colon = words.find(": ");
+  if (colon == std::string_view::npos) return std::string(words);
+  std::string sentence(words.substr(colon + 2));
+  return UpperCase(sentence.substr(0, 1)) + sentence.substr(1);
+}
+
+void TakeWarnings(Program& program, const std::vector<Told>& told, ScenarioResult& result) {
+  for (const Told& message : told) result.warnings.push_back(message.body);
+  for (const std::string_view name : kWarningControls) {
+    const Control* control = FindControl(program, name);
+    if (control == nullptr || !control->visible || control->back != kYellow) continue;
+    result.warnings.push_back(WithoutColour(MeaningOfColour(name, kYellow)));
+  }
+}
+
+void TakeFigures(const Program& program, ScenarioResult& result) {
+  const DesignRecord& record = program.record;
+  result.uniformity = record.Uniformity;
+  result.max_head = record.MaxHead;
+  result.max_head_station = record.MaxHeadStation;
+  result.min_head = record.MinHead;
+  result.min_head_station = record.MinHeadStation;
+  result.max_furrow_flow = record.MaxFurrowFlow;
+  result.min_furrow_flow = record.MinFurrowFlow;
+  result.flow = record.AccumGPM;
+  result.acres = record.TotalAcres;
+  result.hours_for_inch = record.HoursOneInch;
+  result.target_head = program.main.txtInfo[3].text();
+  TakeSlope(record, result);
+  CountHoles(program, result);
+}
+
+// What was said in boxes, then what the status bar says, which names the cell.
+std::vector<std::string> RefusalWords(const std::vector<Told>& told, const std::string& status,
+                                      const std::string& status_before) {
+  std::vector<std::string> words;
+  for (const Told& message : told) words.push_back(message.body);
+  if (!status.empty() && status != status_before) words.push_back(status);
+  if (words.empty()) words.emplace_back(kEndedInSilence);
+  return words;
+}
+
+}  // namespace
+
+ScenarioInput InputOf(const Program& program) {
+  const MainScreen& main = program.main;
+  const DesignRecord& record = program.record;
+  ScenarioInput input;
+  input.sheet = main.Grid1.cells();
+  for (std::size_t i = 0; i < input.fields.size(); ++i) input.fields.at(i) = main.txtInfo.at(i).text();
+  for (std::size_t i = 0; i < input.preferences.size(); ++i) input.preferences.at(i) = main.txtDefault.at(i).text();
+  input.pipe_kind = record.PipeKind;
+  const ListBox& sizes = main.listHolesSelected;
+  for (int i = 0; i < sizes.count(); ++i) input.hole_sizes.push_back(sizes.Line(i));
+  input.soil = {main.listSoils.Current(), record.SoilName, record.RecFurrowFlow, main.lblRecFurrowFlow.caption};
+  input.target_gpm = record.TargetGPM;
+  input.hazen_williams_c = record.HazenWilliamsC;
+  input.discharge_coef = record.DischargeCoef;
+  input.station_interval = record.StationInterval;
+  input.survey_rows = record.SurveyRows;
+  input.spacing_warning_off = record.SpacingWarningOff;
+  return input;
+}
+
+const std::array<DesignKindName, 6>& DesignKindNames() {
+  static constexpr std::array<DesignKindName, 6> kKinds = {{
+      {kPlanned, "planned", "Planned", "mnuDesignField"},
+      {kConstantSlope, "constant", "Constant Slope", "mnuDesignConstSlope"},
+      {kDualSlope, "dual", "Dual Slope", "mnuDesignDualSlope"},
+      {kComputerHoles, "computer", "Computer Selected Holes", "mnuComputerHoleSelection"},
+      {kExistingField, "existing", "Existing Field", "mnuExistingDesign"},
+      {kLimitedHoles, "limited", "Limited Computer Hole Selection", "mnuManHoleSelection"},
+  }};
+  return kKinds;
+}
+
+QuietProgram::QuietProgram(const std::string& data_folder) : host_(data_folder), program_(host_) {
+  StartProgram(program_);
+  host_.LeaveFolder();
+  start_record_ = program_.record;
+  start_screen_ = program_.main;
+}
+
+void QuietProgram::StartAnew() {
+  program_.record = start_record_;
+  program_.main = start_screen_;
+  host_.told.clear();
+  host_.cancelled = false;
+}
+
+ScenarioResult QuietProgram::Run(const ScenarioInput& input, std::int16_t design_type, const Until& until) {
+  StartAnew();
+  ScenarioResult result;
+  result.design_type = design_type;
+  Lay(input, program_);
+  const std::string status = program_.main.sbStatusBar.caption;
+  host_.told.clear();
+  host_.until = until;
+  host_.cancel = [this] { cmdCancel_Click(program_); };
+  ClickDesign(program_, design_type);
+  host_.cancel = nullptr;
+  if (host_.cancelled) {
+    result.outcome = ScenarioOutcome::kCancelled;
+  } else if (IsDone(program_, design_type)) {
+    result.outcome = ScenarioOutcome::kDone;
+    TakeFigures(program_, result);
+    TakeWarnings(program_, host_.told, result);
+  } else {
+    result.words = RefusalWords(host_.told, program_.main.sbStatusBar.caption, status);
+    result.cell = program_.main.refused;
+  }
+  return result;
+}
+
+}  // namespace torvale

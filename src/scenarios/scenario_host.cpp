@@ -1,0 +1,52 @@
+#include "scenarios/scenario_host.h"
+
+#include <utility>
+
+namespace torvale {
+namespace {
+
+// Yields between two looks at the clock. They come with the rows of a march, some tens of nanoseconds apart, or with
+// the rounds of a search.
+constexpr long kIdleYields = 63;
+
+// Below a file that is no folder nothing can lie and nothing can be written.
+constexpr std::string_view kNowhere = "/dev/null/torvale";
+
+}  // namespace
+
+bool Until::Over() const {
+  return stop.stop_requested() || (deadline && std::chrono::steady_clock::now() >= *deadline);
+}
+
+long ScenarioHost::Yield(long /*due*/) {
+  if (until.Over() && cancel) {
+    cancelled = true;
+    cancel();
+    // A loop that tries again after a cancelled trial is cancelled at its next yield.
+    return 0;
+  }
+  return kIdleYields;
+}
+
+void ScenarioHost::Message(std::string_view body, std::string_view title) {
+  told.push_back({std::string(title), std::string(body), false});
+}
+
+bool ScenarioHost::Question(std::string_view body, std::string_view title) {
+  told.push_back({std::string(title), std::string(body), true});
+  return false;
+}
+
+std::optional<std::string> ScenarioHost::SaveDialog(const FileDialog& /*dialog*/) {
+  return std::exchange(save_as, std::nullopt);
+}
+
+bool ScenarioHost::WritePdf(const Document& document, const std::string& path) {
+  return write_pdf && write_pdf(document, path);
+}
+
+std::string ScenarioHost::ProgramFolder() {
+  return folder_.empty() ? std::string(kNowhere) : folder_;
+}
+
+}  // namespace torvale
