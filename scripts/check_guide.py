@@ -35,6 +35,8 @@ CALLS = {
     "Question": (0, "{}"),
     "Say": (1, "{}"),
     "Report": (1, "{}"),
+    "GiveMark": (1, "{}"),
+    "SetMark": (2, "{}"),
     "TellPrintError": (1, "{} print Error"),
 }
 STATUS = "sbStatusBar.caption"
@@ -47,6 +49,7 @@ VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion", "Wo
 VALUES = {
     "src/files/design_files.cpp": {"std::generic_category().message(fault.number)"},
     "src/files/earlier_versions.cpp": {"std::generic_category().message(fault.number)", "other"},
+    "src/input/field_marks.cpp": {"shown", "mark", "wrong"},
     "src/input/sheet.cpp": {"above"},
     "src/reports/crown_profile.cpp": {"path"},
     "src/reports/print_commands.cpp": {"*path", "description", "FaultText(fault.kind)"},
@@ -68,7 +71,7 @@ TABLES = {
 }
 EMPTY = {'""', "std::string()", "std::string_view()", "std::nullopt", "{}"}
 
-DECLARED = re.compile(r"(?:const )?(?:std::string(?:_view)?|Program)&? \w+")
+DECLARED = re.compile(r"(?:const )?(?:std::string(?:_view)?|Program|TextField|int)&? \w+")
 LITERAL = re.compile(r'"((?:[^"\\]|\\.)*)"')
 ESCAPES = {"n": "\n", "r": "\r", "t": "\t"}
 

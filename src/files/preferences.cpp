@@ -6,14 +6,21 @@
 #include "files/fields.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
+#include "input/field_marks.h"
 
 namespace torvale {
 namespace {
 
+constexpr std::size_t kDischargeCoef = 2;
+constexpr std::size_t kHazenWilliamsC = 3;
 constexpr std::size_t kSurveyKind = 9;
 constexpr std::size_t kGateShape = 11;
 
 void txtDefault_Change(Program& program, std::size_t index) {
+  // The coefficients get their marks with the rest of what becomes of them.
+  if (index != kDischargeCoef && index != kHazenWilliamsC) {
+    MarkField(program.main.txtDefault[index], FormOfPreference(static_cast<int>(index)));
+  }
   ApplyDischargeCoef(program);
   ApplyHazenWilliamsC(program);
   if (index != kSurveyKind && index != kGateShape) return;
@@ -44,11 +51,11 @@ void ConnectPreferences(Program& program) {
 }
 
 void ApplyDischargeCoef(Program& program) {
-  program.record.DischargeCoef = Store32(Val(program.main.txtDefault[2].text()));
+  TakeNumber(program.main.txtDefault[kDischargeCoef], program.record.DischargeCoef);
 }
 
 void ApplyHazenWilliamsC(Program& program) {
-  program.record.HazenWilliamsC = Store32(Val(program.main.txtDefault[3].text()));
+  TakeNumber(program.main.txtDefault[kHazenWilliamsC], program.record.HazenWilliamsC);
 }
 
 void ApplyCoefficients(Program& program) {

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "input/block_clipboard.h"
 #include "input/clipboard_text.h"
+#include "input/field_marks.h"
 #include "input/info_fields.h"
 
 namespace torvale {
@@ -18,6 +19,12 @@ TextField* ActiveField(Program& program) {
 
 void CopyField(Program& program, const TextField& field) {
   program.host.SetClipboardText(field.SelectedText());
+}
+
+void ReplaceInField(Program& program, TextField& field, std::string_view text) {
+  const std::string mark = field.control.mark;
+  field.ReplaceSelected(text);
+  TellMark(program, program.main.focus, mark);
 }
 
 std::string RowsText(const Block& block) {
@@ -55,7 +62,7 @@ void mnuEditCopy_Click(Program& program) {
 void mnuEditCut_Click(Program& program) {
   if (TextField* field = ActiveField(program)) {
     CopyField(program, *field);
-    field->ReplaceSelected("");
+    ReplaceInField(program, *field, "");
     return;
   }
   const Block block = SelectedBlock(program.main.Grid1);
@@ -65,7 +72,7 @@ void mnuEditCut_Click(Program& program) {
 
 void mnuEditPaste_Click(Program& program) {
   if (TextField* field = ActiveField(program)) {
-    field->ReplaceSelected(OnOneLine(ClipboardText(program)));
+    ReplaceInField(program, *field, OnOneLine(ClipboardText(program)));
     return;
   }
   const Block block = SelectedBlock(program.main.Grid1);

@@ -10,6 +10,7 @@
 #include "display/design_display.h"
 #include "display/grid_layout.h"
 #include "engine/survey.h"
+#include "input/field_marks.h"
 #include "input/sheet.h"
 #include "search/design_commands.h"
 
@@ -42,7 +43,11 @@ void SetLongestTexts(Program& program, int index) {
 }
 
 void txtInfo_Change(Program& program, int index) {
-  if (index == kPumpedFlow) program.record.TargetGPM = Store32(Val(Field(program, kPumpedFlow).text()));
+  if (index == kPumpedFlow) {
+    TakeNumber(Field(program, index), program.record.TargetGPM);
+  } else {
+    MarkField(Field(program, index), FormOfInfo(index));
+  }
   if (index == kSurveyKind) {
     Field(program, kSurveyKind).Set(UpperCase(std::string(Field(program, kSurveyKind).text())));
   }
@@ -195,13 +200,15 @@ void MoveFocus(Program& program, std::string_view control) {
   }
   const std::string_view hint = FocusHint(program, control);
   if (!hint.empty()) program.main.sbStatusBar.caption = hint;
+  if (FindField(program, control) != nullptr) TellMark(program, control, "");
 }
 
 void LeaveHiddenControl(Program& program) {
   MainScreen& main = program.main;
   if (main.focus.empty() || ReachOf(program, main.focus) != Reach::kHidden) return;
+  const bool told_mark = FindControl(program, main.focus)->mark == main.sbStatusBar.caption;
   main.focus = main.Grid2.control.visible ? "Grid2" : "Grid1";
-  if (IsHint(main.sbStatusBar.caption)) main.sbStatusBar.caption = FocusHint(program, main.focus);
+  if (told_mark || IsHint(main.sbStatusBar.caption)) main.sbStatusBar.caption = FocusHint(program, main.focus);
 }
 
 std::string_view OpenPanel(Program& program) {

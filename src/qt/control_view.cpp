@@ -108,6 +108,11 @@ QPalette Colours(const Control& control, ControlKind kind) {
   const bool field = kind == ControlKind::kField;
   const auto back_role = button ? QPalette::Button : field ? QPalette::Base : QPalette::Window;
   const auto text_role = button ? QPalette::ButtonText : field ? QPalette::Text : QPalette::WindowText;
+  if (!control.mark.empty()) {
+    palette.setColor(back_role, ToQt(kMarkedBack));
+    palette.setColor(text_role, ToQt(kBlack));
+    return palette;
+  }
   if (IsShade(control, palette)) {
     palette.setColor(back_role, palette.color(QPalette::Window).lighter(kShade));
     return palette;
@@ -202,13 +207,11 @@ void DrawLines(ControlView& view) {
   }
 }
 
-// The tool tip, and behind it what the control's colour says.
+// What is wrong, the tool tip, and what the control's colour says.
 std::string TipOf(const ControlView& view) {
   const Control& control = *view.named.control;
-  std::string tip = control.tool_tip;
-  const std::string_view meaning = control.back ? MeaningOfColour(view.named.name, *control.back) : "";
-  if (!tip.empty() && !meaning.empty()) tip += '\n';
-  return tip.append(meaning);
+  return InLines({control.mark, control.tool_tip,
+                  control.back ? MeaningOfColour(view.named.name, *control.back) : std::string_view()});
 }
 
 void DrawCaption(ControlView& view, int zoom) {
@@ -277,7 +280,7 @@ Redrawn DrawControl(ControlView& view, int zoom) {
   if (view.drawn == control && view.drawn_zoom == zoom) return {};
   const bool moved = view.drawn_zoom != zoom || view.drawn->place != control.place;
   const bool recoloured = !view.drawn || view.drawn->back != control.back || view.drawn->fore != control.fore ||
-                          view.drawn->enabled != control.enabled;
+                          view.drawn->enabled != control.enabled || view.drawn->mark != control.mark;
   const bool shown = !view.drawn || view.drawn->visible != control.visible;
   const bool said = moved || recoloured || view.drawn->caption != control.caption;
   QWidget& widget = *view.widget;
@@ -310,6 +313,15 @@ void FitFrame(ControlView& frame, std::span<ControlView> controls) {
   }
   frame.inside->resize(room.width(), height);
   area.setFocusPolicy(height > room.height() ? Qt::TabFocus : Qt::NoFocus);
+}
+
+std::string InLines(std::initializer_list<std::string_view> texts) {
+  std::string lines;
+  for (const std::string_view text : texts) {
+    if (!lines.empty() && !text.empty()) lines += '\n';
+    lines += text;
+  }
+  return lines;
 }
 
 QString TipText(std::string_view text) {

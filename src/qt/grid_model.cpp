@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "display/colour_meanings.h"
+#include "qt/control_view.h"
 #include "qt/scale.h"
 
 namespace torvale {
@@ -24,9 +25,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return ToQt(text);
   if (role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole) return {};
   const auto back = grid_.Back(row, index.column());
-  if (!back || text.empty()) return {};
-  const std::string_view meaning = MeaningOfCellColour(name_, index.column(), *back);
-  return meaning.empty() ? QVariant() : QVariant(ToQt(meaning));
+  const std::string tip =
+      InLines({grid_.Mark(row, index.column()), grid_.Tip(row, index.column()),
+               back && !text.empty() ? MeaningOfCellColour(name_, index.column(), *back) : std::string_view()});
+  if (tip.empty()) return {};
+  return role == Qt::ToolTipRole ? TipText(tip) : ToQt(tip);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

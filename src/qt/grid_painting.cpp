@@ -38,6 +38,7 @@ QRect Inside(const QRect& heading) {
 
 QColor TextColour(const Grid& grid, int row, int column, const QPalette& palette) {
   const auto fore = grid.Fore(row, column) ? grid.Fore(row, column) : grid.control.fore;
+  if (!grid.Mark(row, column).empty()) return ToQt(kBlack);
   if (grid.Back(row, column)) return ToQt(fore.value_or(kBlack));
   // Black on a cell without a colour of its own is the plain text colour, which a dark desktop turns light.
   return fore && *fore != kBlack ? ToQt(*fore) : palette.color(QPalette::Text);
@@ -91,7 +92,8 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   const int column = index.column();
   if (row >= grid_.rows() || column >= grid_.column_count()) return;
   painter->save();
-  const auto back = grid_.Back(row, column);
+  const bool marked = !grid_.Mark(row, column).empty();
+  const auto back = marked ? kMarkedBack : grid_.Back(row, column);
   const QPalette& palette = option.palette;
   painter->fillRect(option.rect,
                     back ? ToQt(*back) : palette.color(row % 2 == 0 ? QPalette::AlternateBase : QPalette::Base));

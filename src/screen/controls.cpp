@@ -108,6 +108,8 @@ void Grid::Resize(int rows, int column_count) {
 void Grid::Clear() {
   cells_.Clear();
   std::fill(looks_.begin(), looks_.end(), CellLook{});
+  ClearTips();
+  ClearMarks();
 }
 
 void Grid::SetCurrent(int r, int c) {
@@ -154,6 +156,43 @@ void Grid::SetAlign(int r, int c, Align align) {
   if (look.align == align) return;
   look.align = align;
   ++look_revision_;
+}
+
+const Grid::CellNote& Grid::Note(int r, int c) const {
+  static const CellNote kNone;
+  const auto found = notes_.find({r, c});
+  return found == notes_.end() ? kNone : found->second;
+}
+
+void Grid::SetNote(int r, int c, std::string CellNote::*part, std::string_view text) {
+  if (Look(r, c), Note(r, c).*part == text) return;
+  notes_[{r, c}].*part = text;
+  ++look_revision_;
+}
+
+void Grid::SetTip(int r, int c, std::string_view tip) {
+  SetNote(r, c, &CellNote::tip, tip);
+}
+
+void Grid::SetMark(int r, int c, std::string_view mark) {
+  SetNote(r, c, &CellNote::mark, mark);
+}
+
+void Grid::ClearNotes(std::string CellNote::*part) {
+  for (auto& [cell, note] : notes_) {
+    if ((note.*part).empty()) continue;
+    (note.*part).clear();
+    ++look_revision_;
+  }
+  std::erase_if(notes_, [](const auto& entry) { return entry.second.tip.empty() && entry.second.mark.empty(); });
+}
+
+void Grid::ClearTips() {
+  ClearNotes(&CellNote::tip);
+}
+
+void Grid::ClearMarks() {
+  ClearNotes(&CellNote::mark);
 }
 
 }  // namespace torvale

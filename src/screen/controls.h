@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "record/text_grid.h"
@@ -30,6 +32,7 @@ inline constexpr Colour kBrightGreen{0, 255, 0};
 inline constexpr Colour kYellow{255, 255, 0};
 inline constexpr Colour kPaleYellow{255, 255, 128};
 inline constexpr Colour kRed{255, 0, 0};
+inline constexpr Colour kMarkedBack{255, 199, 206};  // behind a text that carries a mark
 
 struct Place {
   int left = 0;
@@ -50,6 +53,9 @@ struct Control {
   bool ticked = false;         // menu entries
   std::optional<Colour> back;  // unset: the window's own background
   std::optional<Colour> fore;  // unset: the window's own text colour
+  // Why what stands here won't be taken as it looks, as a sentence; empty where nothing is wrong. A window shows a
+  // marked field in red, and the sentence ahead of the tool tip.
+  std::string mark;
   bool operator==(const Control&) const = default;
 };
 
@@ -154,7 +160,7 @@ class Grid {
   std::uint64_t revision() const { return cells_.revision() + look_revision_; }
 
   void Resize(int rows, int column_count);
-  // Empties every cell, headings included, and takes the looks of single cells away.
+  // Empties every cell, headings included, and takes looks, tips and marks of single cells away.
   void Clear();
 
   const std::string& Text(int r, int c) const { return cells_.Text(r, c); }
@@ -175,6 +181,16 @@ class Grid {
   void SetFore(int r, int c, std::optional<Colour> colour);
   void SetAlign(int r, int c, Align align);
 
+  // What is said of a single cell: a tool tip, and a mark as a control has one. They stay with the cell, whatever its
+  // text becomes; whoever set them takes them away. Empty for none.
+  const std::string& Tip(int r, int c) const { return Note(r, c).tip; }
+  const std::string& Mark(int r, int c) const { return Note(r, c).mark; }
+  void SetTip(int r, int c, std::string_view tip);
+  void SetMark(int r, int c, std::string_view mark);
+  // Takes the tips of all cells away, or the marks.
+  void ClearTips();
+  void ClearMarks();
+
  private:
   struct CellLook {
     std::optional<Colour> back;
@@ -182,11 +198,19 @@ class Grid {
     std::optional<Align> align;
     bool operator==(const CellLook&) const = default;
   };
+  struct CellNote {
+    std::string tip;
+    std::string mark;
+  };
   const CellLook& Look(int r, int c) const;
   CellLook& LookForChange(int r, int c);
+  const CellNote& Note(int r, int c) const;
+  void SetNote(int r, int c, std::string CellNote::*part, std::string_view text);
+  void ClearNotes(std::string CellNote::*part);
 
   TextGrid cells_;
   std::vector<CellLook> looks_;
+  std::map<std::pair<int, int>, CellNote> notes_;  // few cells have one
   std::uint64_t look_revision_ = 0;
 };
 

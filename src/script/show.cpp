@@ -21,9 +21,15 @@ void ShowColours(std::ostream& out, const std::optional<Colour>& back, const std
   if (fore && *fore != kBlack) out << " fore " << ColourText(*fore);
 }
 
+void ShowMark(std::ostream& out, std::string_view mark) {
+  if (!mark.empty()) out << " mark " << Quoted(mark);
+}
+
 void ShowCell(std::ostream& out, std::string_view name, const Grid& grid, int row, int column) {
   out << name << '[' << row << ',' << column << "] = " << Quoted(grid.Text(row, column));
   ShowColours(out, grid.Back(row, column), grid.Fore(row, column));
+  if (!grid.Tip(row, column).empty()) out << " tip " << Quoted(grid.Tip(row, column));
+  ShowMark(out, grid.Mark(row, column));
   out << '\n';
 }
 
@@ -176,7 +182,9 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
   } else if (const Grid* grid = FindGrid(program, name)) {
     ShowGrid(out, name, *grid);
   } else if (const TextField* field = FindField(program, name)) {
-    out << name << " = " << Quoted(field->text()) << '\n';
+    out << name << " = " << Quoted(field->text());
+    ShowMark(out, field->control.mark);
+    out << '\n';
   } else if (const ListBox* list = FindList(program, name)) {
     ShowList(out, name, *list);
   } else if (const Control* control = FindControl(program, name)) {

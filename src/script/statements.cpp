@@ -70,22 +70,12 @@ bool YesOrNo(const std::string& word) {
   return OneOf<2>({"No", "Yes"}, word) == 1;
 }
 
-// The preference fields are the store of the settings whether their panel is shown or not: a hidden field takes the
-// text as if the panel had been opened for it.
 void Type(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(2, 2);
-  TextField* field = FindField(session.program, arguments.Word(0));
-  if (field == nullptr) throw ScriptError("no field: " + arguments.Word(0));
-  switch (ReachOf(session.program, arguments.Word(0))) {
-    case Reach::kHidden:
-      Guarded(session.program, [&] { field->Set(arguments.Text(1)); });
-      return;
-    case Reach::kDisabled:
-      Refused(session, arguments.Word(0), Reach::kDisabled);
-      return;
-    default:
-      TypeText(session.program, arguments.Word(0), arguments.Text(1));
-  }
+  const std::string& name = arguments.Word(0);
+  if (FindField(session.program, name) == nullptr) throw ScriptError("no field: " + name);
+  if (ReachOf(session.program, name) == Reach::kDisabled) return Refused(session, name, Reach::kDisabled);
+  TypeUnseen(session.program, name, arguments.Text(1));
 }
 
 void WriteCell(Session& session, const Arguments& arguments, ScriptLines&) {

@@ -14,6 +14,7 @@
 #include "files/soils.h"
 #include "input/clipboard_text.h"
 #include "input/edit_commands.h"
+#include "input/field_marks.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/csv_export.h"
@@ -156,15 +157,19 @@ std::string_view CharacterOf(const KeyStroke& stroke) {
 }
 
 void TypeText(Program& program, std::string_view field, std::string_view text) {
+  if (ReachOf(program, field) == Reach::kUsable) TypeUnseen(program, field, text);
+}
+
+void TypeUnseen(Program& program, std::string_view field, std::string_view text) {
   TextField* target = FindField(program, field);
-  if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
-  const std::string line = OnOneLine(text);
-  const std::string typed = IsInfoField(field) ? WithClosingQuotes(line) : line;
+  if (target == nullptr) return;
+  const std::string mark = target->control.mark;
   Guarded(program, [&] {
     NameCause(program, field);
     target->SelectAll();
-    target->ReplaceSelected(typed);
+    target->ReplaceSelected(WithClosingQuotes(OnOneLine(text)));
   });
+  TellMark(program, field, mark);
 }
 
 void SelectText(Program& program, std::string_view field, const TextSelection& selection) {

@@ -60,6 +60,9 @@ void GridPoint(Program& program, std::string_view grid, int row, int column, boo
 
 // A field's text as the user has typed it, cut to the field's longest text, with its change handling.
 void TypeText(Program& program, std::string_view field, std::string_view text);
+// The same whether the field can be reached or not: the preferences are the store of the settings while their panel is
+// closed, too.
+void TypeUnseen(Program& program, std::string_view field, std::string_view text);
 // The user selects text of a field, or places the caret.
 void SelectText(Program& program, std::string_view field, const TextSelection& selection);
 // A key in a field before it changes the text. True where the key is swallowed; those of Edit commands always are.

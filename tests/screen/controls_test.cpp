@@ -175,5 +175,48 @@ TEST(Grid, ResizingKeepsTextsAndLooks) {
   EXPECT_EQ(grid.Back(1, 1), std::nullopt);
 }
 
+TEST(Grid, ACellCarriesATipAndAMarkOfItsOwn) {
+  Grid grid;
+  grid.Resize(3, 3);
+  grid.SetTip(1, 2, "each gate .52");
+  grid.SetMark(1, 2, "read as 1");
+  grid.SetMark(2, 0, "no number");
+  EXPECT_EQ(grid.Tip(1, 2), "each gate .52");
+  EXPECT_EQ(grid.Mark(1, 2), "read as 1");
+  EXPECT_EQ(grid.Tip(2, 0), "");
+  grid.ClearMarks();
+  EXPECT_EQ(grid.Mark(1, 2), "");
+  EXPECT_EQ(grid.Mark(2, 0), "");
+  EXPECT_EQ(grid.Tip(1, 2), "each gate .52");
+  grid.ClearTips();
+  EXPECT_EQ(grid.Tip(1, 2), "");
+  EXPECT_EQ(FaultOf([&] { grid.SetMark(3, 0, "x"); }), Fault::kSubscript);
+}
+
+// A window draws again what has another revision.
+TEST(Grid, RevisionMovesWithTipsAndMarks) {
+  Grid grid;
+  grid.Resize(2, 2);
+  std::uint64_t before = grid.revision();
+  const auto moved = [&] {
+    const bool moves = grid.revision() != before;
+    before = grid.revision();
+    return moves;
+  };
+  grid.SetMark(1, 1, "no number");
+  EXPECT_TRUE(moved());
+  grid.SetMark(1, 1, "no number");
+  EXPECT_FALSE(moved());
+  grid.ClearTips();
+  EXPECT_FALSE(moved());
+  grid.SetTip(1, 1, "each");
+  EXPECT_TRUE(moved());
+  grid.ClearMarks();
+  EXPECT_TRUE(moved());
+  grid.Clear();
+  EXPECT_TRUE(moved());
+  EXPECT_EQ(grid.Tip(1, 1), "");
+}
+
 }  // namespace
 }  // namespace torvale

@@ -52,6 +52,48 @@ TEST_F(FieldEventsTest, FieldsThatAreDisabledHiddenOrUnknownTakeNoText) {
   EXPECT_EQ(program.main.lblEffic.caption, "");
 }
 
+TEST_F(FieldEventsTest, TypingUnseenReachesAHiddenPreference) {
+  TypeUnseen(program, "txtDefault(3)", "100");
+  EXPECT_EQ(program.main.txtDefault[3].text(), "100");
+  TypeUnseen(program, "txtDefault(15)", "*.\"x");
+  EXPECT_EQ(program.main.txtDefault[15].text(), "*.\u201Dx");
+}
+
+TEST_F(FieldEventsTest, ANumberThatIsNotReadAsTypedIsToldAtOnceAndTakenBackWhenMended) {
+  FocusGained(program, "txtInfo(2)");
+  TypeText(program, "txtInfo(2)", "1,200");
+  EXPECT_EQ(program.main.sbStatusBar.caption,
+            "\u201C1,200\u201D is read as 1. Write digits and, for decimals, one point: no commas, no letters.");
+  EXPECT_EQ(program.main.txtInfo[2].control.mark, program.main.sbStatusBar.caption);
+  TypeText(program, "txtInfo(2)", "1200");
+  EXPECT_EQ(program.main.sbStatusBar.caption, "Pumped flow, gallons per minute");
+}
+
+TEST_F(FieldEventsTest, APastedNumberIsToldToo) {
+  FocusGained(program, "txtInfo(3)");
+  host.clipboard = "1,5";
+  FieldKey(program, "txtInfo(3)", {Key::kPaste, ""});
+  EXPECT_EQ(program.main.sbStatusBar.caption, program.main.txtInfo[3].control.mark);
+  EXPECT_NE(program.main.txtInfo[3].control.mark, "");
+}
+
+// Each further letter would fault again at the same number.
+TEST_F(FieldEventsTest, AnOverflowingCoefficientIsToldInABoxOnce) {
+  program.main.Frame1.visible = true;
+  for (const char* text : {"1E3", "1E39", "1E390", "1E39"}) TypeText(program, "txtDefault(2)", text);
+  TypeText(program, "txtDefault(5)", "12");
+  EXPECT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(program.record.DischargeCoef, 1000.0F);
+  EXPECT_EQ(program.main.txtDefault[2].control.mark,
+            "\u201C1E39\u201D is too large a number. The number before it stays in force.");
+  // Its fault does not keep the other coefficient from following.
+  TypeText(program, "txtDefault(3)", "120");
+  EXPECT_EQ(program.record.HazenWilliamsC, 120.0F);
+  TypeText(program, "txtDefault(2)", ".6");
+  EXPECT_EQ(program.record.DischargeCoef, .6F);
+  EXPECT_EQ(program.main.txtDefault[2].control.mark, "");
+}
+
 TEST_F(FieldEventsTest, PreferencesThatAreShownTakeText) {
   program.main.Frame1.visible = true;
   TypeText(program, "txtDefault(3)", "100");

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// What is wrong with the text of a field, as the field's mark: a number that won't be read as it was typed, a letter
+// that means nothing. What is read, and how, stays as it is.
+
+enum class FieldForm { kText, kNumber, kRodsOrElevations, kRectangularOrCircular };
+
+// What an information field and a preference hold.
+FieldForm FormOfInfo(int index);
+FieldForm FormOfPreference(int index);
+
+// What is wrong with a text, as a sentence; empty where it is taken as it stands. An empty text is.
+std::string WrongWith(std::string_view text, FieldForm form);
+
+// Gives the field its mark, or takes it away.
+void MarkField(TextField& field, FieldForm form);
+
+// The number of a field on its way into a 32-bit place, with the field's mark. A number beyond that place leaves it as
+// it is and is a RunTimeFault (kOverflow), but only once, until the field holds another number: what it brings stands
+// in its mark.
+void TakeNumber(TextField& field, float& place);
+
+// The user changed the text of a field whose mark was `before`: the status bar tells what is wrong with it, or what it
+// is for where it has just been mended.
+void TellMark(Program& program, std::string_view field, const std::string& before);
+
+}  // namespace torvale
