@@ -49,12 +49,13 @@ VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion", "Wo
 VALUES = {
     "src/files/design_files.cpp": {"std::generic_category().message(fault.number)"},
     "src/files/earlier_versions.cpp": {"std::generic_category().message(fault.number)", "other"},
+    "src/files/file_store.cpp": {"path", "Utf8Of(result.kept)"},
     "src/input/field_marks.cpp": {"shown", "mark", "wrong"},
     "src/input/sheet.cpp": {"above"},
     "src/reports/crown_profile.cpp": {"path"},
     "src/reports/print_commands.cpp": {"*path", "description", "FaultText(fault.kind)"},
     "src/screen/program.cpp": {"body"},
-    "src/search/cal_dsign_var.cpp": {"here", "before", "sentence"},
+    "src/search/cal_dsign_var.cpp": {"here", "before", "sentence", "remark.sentence"},
     "src/search/survey_diagnosis.cpp": {"kColumnNames[static_cast<std::size_t>(column)]"},
     "src/shell/csv_export.cpp": {"path", "std::generic_category().message(error)"},
     "src/shell/events.cpp": {"what"},
@@ -179,6 +180,10 @@ class Sources:
         expression = expression.strip()
         if expression in EMPTY:
             return []
+        # A sentence with the cell that it speaks of.
+        remark = re.match(r"(?:SurveyRemark)?\{", expression)
+        if remark and expression.endswith("}"):
+            return self.texts(split_top(expression[remark.end() : -1], ",")[0][0], file, at)
         parts, found = split_top(expression, "?:")
         if found == ["?", ":"]:
             return self.texts(parts[1], file, at) + self.texts(parts[2], file, at)

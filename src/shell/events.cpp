@@ -53,10 +53,6 @@ int IndexIn(std::string_view fields, std::string_view name) {
   return static_cast<int>(Val(name.substr(fields.size())));
 }
 
-bool IsInfoField(std::string_view name) {
-  return name.starts_with(kInfoFields);
-}
-
 // An Edit command that has a key in a field.
 struct EditKey {
   Key key;

@@ -90,7 +90,7 @@ class SearchTest : public testing::Test {
     std::vector<std::string> ticked;
     for (const NamedControl& control : ControlsOf(main)) {
       if (control.kind == ControlKind::kMenu && control.parent == "mnuDesign" && control.control->ticked) {
-        ticked.push_back(control.name);
+        ticked.emplace_back(control.name);
       }
     }
     return ticked;
