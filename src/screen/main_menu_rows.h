@@ -22,7 +22,7 @@ inline constexpr ControlRow<MainScreen> kMenus[] = {
                                    {.shortcut = "Ctrl+S", .tool = {"Save", "save", 30}}),
     Menu<&MainScreen::mnuFileSaveAs>("mnuFileSaveAs", "mnuFile", "Save &As...", "Save the design under another name",
                                      {.shortcut = "Ctrl+Shift+S"}),
-    Menu<&MainScreen::mnuFileEarlier>("mnuFileEarlier", "mnuFile", "Earlier &Versions...",
+    Menu<&MainScreen::mnuFileEarlier>("mnuFileEarlier", "mnuFile", "Ea&rlier Versions...",
                                       "What your files held before they were saved over"),
     Menu<&MainScreen::mnuFileBringBack>("mnuFileBringBack", "mnuFile", "&Bring Back Last Work", kBringBackTip),
     Menu<&MainScreen::mnuPrintSummary>("mnuPrintSummary", "mnuFile", "Print S&ummary...",
