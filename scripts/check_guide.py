@@ -43,21 +43,21 @@ STATUS = "sbStatusBar.caption"
 GAP = "\u2026"  # stands for what the program puts in
 
 # Calls whose result is a number or the like.
-VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion", "WorkText", "CopyName"}
+VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion", "WorkText", "CopyName", "Utf8Of"}
 # Other operands that are put in as they are, by file. The arguments of the procedures in CALLS are among them: what they
 # are given is checked where they are called.
 VALUES = {
     "src/files/design_files.cpp": {"std::generic_category().message(fault.number)"},
     "src/files/earlier_versions.cpp": {"std::generic_category().message(fault.number)", "other"},
-    "src/files/file_store.cpp": {"path", "Utf8Of(result.kept)"},
+    "src/files/file_store.cpp": {"path"},
     "src/input/field_marks.cpp": {"shown", "mark", "wrong"},
     "src/input/sheet.cpp": {"above"},
-    "src/reports/crown_profile.cpp": {"path"},
+    "src/reports/crown_profile.cpp": {"*path"},
     "src/reports/print_commands.cpp": {"*path", "description", "FaultText(fault.kind)"},
     "src/screen/program.cpp": {"body"},
     "src/search/cal_dsign_var.cpp": {"here", "before", "sentence", "remark.sentence"},
     "src/search/survey_diagnosis.cpp": {"kColumnNames[static_cast<std::size_t>(column)]"},
-    "src/shell/csv_export.cpp": {"path", "std::generic_category().message(error)"},
+    "src/shell/csv_export.cpp": {"*path", "std::generic_category().message(error)"},
     "src/shell/events.cpp": {"what"},
     "src/shell/help.cpp": {"fault.what()"},
     "src/shell/history.cpp": {"step.name", "top.name"},

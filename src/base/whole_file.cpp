@@ -114,8 +114,8 @@ int FollowLinks(fs::path& path) {
 }
 
 // A new file under a name that is free: an earlier program of the same number may have left one.
-int CreateFree(const Disk& disk, OutputFile& file, fs::path& path, bool for_user_alone, fs::path (*name)(const fs::path&),
-               const fs::path& target) {
+int CreateFree(const Disk& disk, OutputFile& file, fs::path& path, bool for_user_alone,
+               fs::path (*name)(const fs::path&), const fs::path& target) {
   constexpr int kMostTries = 100;
   int error = EEXIST;
   for (int i = 0; i < kMostTries && error == EEXIST; ++i) {

@@ -20,6 +20,7 @@
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
+#include "screen/file_choice.h"
 #include "search/design_commands.h"
 
 namespace torvale {
@@ -226,7 +227,11 @@ std::string NameToWrite(Program& program, std::string_view name) {
 
 void SaveFile(Program& program) {
   const int error = ErrorOf([&] { Save(program); });
-  if (error != 0) program.host.Message("Error saving file, file not saved! " + ErrorNumber(error), "");
+  if (error == 0) {
+    SayWritten(program, program.record.SaveFileName);
+  } else {
+    program.host.Message("Error saving file, file not saved! " + ErrorNumber(error), "");
+  }
 }
 
 void OpenFile(Program& program) {

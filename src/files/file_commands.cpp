@@ -1,6 +1,8 @@
 #include "files/file_commands.h"
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include "files/code_page.h"
 #include "files/design_files.h"
@@ -55,15 +57,35 @@ std::string_view SaveFilter(Program& program) {
 void ShowRecent(Program& program, int index) {
   Control& entry = program.main.mnuFileList.at(static_cast<std::size_t>(index));
   entry.caption = program.record.RecentFiles[index];
-  if (entry.caption.empty()) return;
-  entry.visible = true;
-  program.main.mnuFileBar3.visible = true;
+  entry.visible = !entry.caption.empty();
+  if (entry.visible) program.main.mnuFileBar3.visible = true;
+}
+
+// The names as the file of the list has them: in the code page, and a name with a comma in it as two.
+std::string RecentText(const Program& program) {
+  std::string text;
+  for (int i = 0; i < kShownRecent; ++i) text.append(program.record.RecentFiles[i]).append("\r\n");
+  return ToCodePage(text);
+}
+
+std::string RecentKey(int index) {
+  return "RecentFile" + std::to_string(index);
+}
+
+// The whole names are kept with the user's settings. They count as long as the file says the same as they do.
+void TakeWholeNames(Program& program, std::string_view file) {
+  std::vector<std::string> names;
+  std::string text;
+  for (int i = 0; i < kShownRecent; ++i) {
+    names.push_back(program.host.Setting(RecentKey(i)).value_or(""));
+    text.append(names.back()).append("\r\n");
+  }
+  if (ToCodePage(text) != file) return;
+  for (int i = 0; i < kShownRecent; ++i) program.record.RecentFiles[i] = names[static_cast<std::size_t>(i)];
 }
 
 void AddRecent(Program& program, std::string_view name) {
   DesignRecord& record = program.record;
-  program.main.mnuFileList[0].visible = true;
-  program.main.mnuFileBar3.visible = true;
   for (int i = kShownRecent - 1; i >= 0; --i) {
     if (!record.RecentFiles[i].empty()) record.RecentFiles[i + 1] = record.RecentFiles[i];
   }
@@ -82,7 +104,7 @@ void OpenNamedFile(Program& program, std::string_view path) {
 }
 
 void mnuFileOpen_Click(Program& program) {
-  const auto name = program.host.OpenDialog({"Open", std::string(kOpenFilters), OpenFilter(program), ""});
+  const auto name = program.host.OpenDialog({"Open", std::string(kOpenFilters), OpenFilter(program), "", {}});
   if (name && !name->empty()) OpenNamedFile(program, *name);
 }
 
@@ -98,7 +120,12 @@ void mnuFileSaveAs_Click(Program& program) {
   if (const std::string_view extension = ExtensionOf(record.DesignType); !extension.empty()) {
     record.SaveFileName = record.OpenedFileName + std::string(extension);
   }
-  const auto name = program.host.SaveDialog({"Save As", filter, 1, record.SaveFileName});
+  const auto written = [&program](const std::string& chosen) {
+    std::string path = chosen;
+    ErrorOf([&] { path = NameToWrite(program, chosen); });
+    return path;
+  };
+  const auto name = program.host.SaveDialog({"Save As", filter, 1, record.SaveFileName, written});
   if (!name || name->empty()) return;
   record.SaveFileName = *name;
   btnDefaultExit_Click(program);
@@ -124,10 +151,9 @@ void mnuFile_Click(Program& program) {
 }
 
 void SaveRecentFiles(Program& program) {
-  std::string text;
-  for (int i = 0; i < kShownRecent; ++i) text.append(program.record.RecentFiles[i]).append("\r\n");
+  for (int i = 0; i < kShownRecent; ++i) program.host.SaveSetting(RecentKey(i), program.record.RecentFiles[i]);
   try {
-    WriteBytes(program, RecentPath(program), ToCodePage(text));
+    WriteBytes(program, RecentPath(program), RecentText(program));
   } catch (const FileFault&) {
     return;
   }
@@ -141,15 +167,16 @@ void OpenRecentFiles(Program& program) {
   } catch (const FileFault&) {
     // No list yet.
   }
-  FieldReader reader(std::move(text));
+  FieldReader reader(text);
   for (int i = 0; i < kShownRecent; ++i) {
     try {
       program.record.RecentFiles[i] = reader.Text();
     } catch (const FileFault&) {
       // A missing entry stays as it was.
     }
-    ShowRecent(program, i);
   }
+  TakeWholeNames(program, ToCodePage(text));
+  for (int i = 0; i < kShownRecent; ++i) ShowRecent(program, i);
 }
 
 }  // namespace torvale

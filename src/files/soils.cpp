@@ -137,8 +137,8 @@ void Recommended_Furror_Flow(Program& program) {
 }
 
 void mnu_Save_Exit_Click(Program& program) {
-  const int error =
-      ErrorOf([&] { WriteBytes(program, SoilsPath(program), ToCodePage(SoilsText(program.soils.Grd_Soils_FurrowFlow))); });
+  const int error = ErrorOf(
+      [&] { WriteBytes(program, SoilsPath(program), ToCodePage(SoilsText(program.soils.Grd_Soils_FurrowFlow))); });
   if (error != 0) {
     program.host.Message("Error number " + GeneralText(error) + " while saving file. ", "");
     return;

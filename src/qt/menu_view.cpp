@@ -27,6 +27,7 @@ void Prune(std::vector<NamedControl>& menus) {
 // The key of an entry that is no shortcut of the window stands behind a tab, where the menu shows shortcuts.
 QString CaptionOf(const ControlFacts& facts, const Control& control) {
   QString caption = ToQt(control.caption);
+  if (facts.shows_name) caption.replace('&', "&&");
   if (facts.shortcut_owner == ShortcutOwner::kWindow) return caption;
   return caption + '\t' + QKeySequence(ToQt(facts.shortcut)).toString(QKeySequence::NativeText);
 }

@@ -5,10 +5,14 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStandardPaths>
+#include <QTimer>
 #include <algorithm>
 
 #include "files/file_commands.h"
@@ -17,6 +21,8 @@
 
 namespace torvale {
 namespace {
+
+constexpr std::string_view kFolderKey = "FileFolder";
 
 QString SettingName(std::string_view key) {
   return "Settings/" + ToQt(key);
@@ -68,11 +74,16 @@ QStringList FiltersOf(std::string_view filters) {
   return captions;
 }
 
-// Where the file dialog begins. Who has no design yet finds the samples.
-QString OpenFrom(const QString& program_folder, std::string_view name) {
-  const QDir folder(program_folder);
-  const bool first = name.empty() && !folder.exists(ToQt(kRecentFile)) && folder.exists("samples");
-  return first ? folder.filePath("samples") : ToQt(name);
+// Who has no design yet finds the samples.
+bool BeginsAmongSamples(const QDir& program_folder, std::string_view name) {
+  return name.empty() && !program_folder.exists(ToQt(kRecentFile)) && program_folder.exists("samples");
+}
+
+// The cursor stands ahead of an extension that is all of the name.
+void TypeAheadOfExtension(const QFileDialog& dialog) {
+  auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+  if (name != nullptr && name->text().startsWith('.'))
+    QTimer::singleShot(0, name, [name] { name->setCursorPosition(0); });
 }
 
 std::optional<std::string> Chosen(const QString& path) {
@@ -122,24 +133,63 @@ void QtHost::Beep() {
   QApplication::beep();
 }
 
+// The folder of the last file dialog, at first that of the user's documents.
+QString QtHost::DialogFolder() {
+  const QString last = ToQt(Setting(kFolderKey).value_or(""));
+  if (!last.isEmpty() && QDir(last).exists()) return last;
+  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void QtHost::KeepDialogFolder(const QString& chosen) {
+  SaveSetting(kFolderKey, QFileInfo(chosen).absolutePath().toStdString());
+}
+
 std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
   if (Closed()) return std::nullopt;
   Draw();
   const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
-  return Chosen(QFileDialog::getOpenFileName(Front(), ToQt(dialog.title), OpenFrom(program_folder_, dialog.name),
-                                             filters.join(";;"), &selected));
+  const QDir program_folder(program_folder_);
+  const QString from = BeginsAmongSamples(program_folder, dialog.name)
+                           ? program_folder.filePath("samples")
+                           : QDir(DialogFolder()).filePath(ToQt(dialog.name));
+  const QString chosen = QFileDialog::getOpenFileName(Front(), ToQt(dialog.title), from, filters.join(";;"), &selected);
+  if (!chosen.isEmpty()) KeepDialogFolder(chosen);
+  return Chosen(chosen);
 }
 
+// Asks about a file that is there.
+bool QtHost::MayReplace(QWidget* dialog, const QString& path) {
+  const QFileInfo file(path);
+  if (!file.exists()) return true;
+  const std::string question = file.fileName().toStdString() + " is there already, in " +
+                               QDir::toNativeSeparators(file.absolutePath()).toStdString() + ". Replace it?";
+  return Show(dialog, QMessageBox::Question, question, "", QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+// The dialog itself would ask about the name as typed, which is not yet the name that is written.
 std::optional<std::string> QtHost::SaveDialog(const FileDialog& dialog) {
   if (Closed()) return std::nullopt;
   Draw();
   const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
-  QString selected = filters.value(dialog.filter - 1);
-  return Chosen(
-      QFileDialog::getSaveFileName(Front(), ToQt(dialog.title), ToQt(dialog.name), filters.join(";;"), &selected));
+  const QFileInfo preset(QDir(DialogFolder()), ToQt(dialog.name));
+  QFileDialog box(Front(), ToQt(dialog.title), preset.absolutePath(), filters.join(";;"));
+  box.setAcceptMode(QFileDialog::AcceptSave);
+  box.setFileMode(QFileDialog::AnyFile);
+  box.setOption(QFileDialog::DontConfirmOverwrite);
+  if (!dialog.name.empty()) box.selectFile(preset.fileName());
+  if (!filters.isEmpty()) box.selectNameFilter(filters.value(dialog.filter - 1));
+  TypeAheadOfExtension(box);
+  while (box.exec() == QDialog::Accepted) {
+    const QString chosen = box.selectedFiles().value(0);
+    const std::string path = chosen.toStdString();
+    if (!MayReplace(&box, dialog.written ? ToQt(dialog.written(path)) : chosen)) continue;
+    KeepDialogFolder(chosen);
+    return Chosen(chosen);
+  }
+  return std::nullopt;
 }
 
 std::string QtHost::ClipboardText() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QBuffer>
 #include <QPrinter>
 #include <QSettings>
 #include <QString>
@@ -59,7 +60,11 @@ class QtHost final : public Host {
   bool Closed() const { return window_ != nullptr && window_->isHidden(); }
   void Draw();
   QWidget* Front() const;
+  QString DialogFolder();
+  void KeepDialogFolder(const QString& chosen);
+  bool MayReplace(QWidget* dialog, const QString& path);
   QPrinter& ChosenPrinter();
+  bool WriteBuffer(const QBuffer& buffer, const std::string& path);
 
   QString program_folder_;
   QString user_data_folder_;

@@ -1,12 +1,15 @@
 // What the desktop prints, shows and writes of documents.
 #include <QAction>
-#include <QFile>
+#include <QBuffer>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
 #include <QScreen>
 
+#include "base/paths.h"
+#include "base/whole_file.h"
+#include "files/file_store.h"
 #include "qt/document_painter.h"
 #include "qt/qt_host.h"
 #include "qt/scale.h"
@@ -85,17 +88,23 @@ void QtHost::Preview(const Document& document) {
 }
 
 bool QtHost::WritePdf(const Document& document, const std::string& path) {
-  QFile file(QString::fromStdString(path));
-  if (!file.open(QFile::WriteOnly)) return false;
+  QBuffer buffer;
+  buffer.open(QBuffer::WriteOnly);
   bool painted = false;
   {
-    QPdfWriter writer(&file);
+    QPdfWriter writer(&buffer);
     writer.setResolution(kPdfDotsPerInch);
     writer.setTitle(ToQt(document.title));
     UseLetterPaper(writer);
     painted = PaintDocument(writer, document);
   }
-  return painted && file.flush() && file.error() == QFile::NoError;
+  return painted && WriteBuffer(buffer, path);
+}
+
+bool QtHost::WriteBuffer(const QBuffer& buffer, const std::string& path) {
+  const QByteArray& bytes = buffer.data();
+  const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  return WriteWhole(PathOf(path), view, PathOf(KeptFolder(*this))).error == 0;
 }
 
 }  // namespace torvale

@@ -41,6 +41,14 @@ QRect RoomOn(const QPagedPaintDevice& device, int resolution) {
   return {QPoint(), device.pageLayout().paintRectPixels(resolution).size()};
 }
 
+bool WriteProfilePdf(ProfileWindow& profile, QBuffer& buffer) {
+  QPdfWriter writer(&buffer);
+  writer.setResolution(kPdfDotsPerInch);
+  writer.setTitle("Crown Profile");
+  UseLandscape(writer);
+  return PaintProfile(profile, writer, RoomOn(writer, kPdfDotsPerInch));
+}
+
 }  // namespace
 
 bool QtHost::PrintProfile() {
@@ -59,18 +67,15 @@ bool QtHost::PrintProfile() {
 bool QtHost::WriteProfile(const std::string& path) {
   ProfileWindow* profile = ProfileOf(window_);
   if (profile == nullptr) return false;
-  const QString file = ToQt(path);
-  if (file.endsWith(".pdf", Qt::CaseInsensitive)) {
-    QPdfWriter writer(file);
-    writer.setResolution(kPdfDotsPerInch);
-    writer.setTitle("Crown Profile");
-    UseLandscape(writer);
-    return PaintProfile(*profile, writer, RoomOn(writer, kPdfDotsPerInch));
+  QBuffer buffer;
+  buffer.open(QBuffer::WriteOnly);
+  if (ToQt(path).endsWith(".pdf", Qt::CaseInsensitive)) {
+    return WriteProfilePdf(*profile, buffer) && WriteBuffer(buffer, path);
   }
   QImage picture(kPictureSize, QImage::Format_RGB32);
   picture.fill(Qt::white);
   const QRect room = picture.rect().marginsRemoved({kPictureMargin, kPictureMargin, kPictureMargin, kPictureMargin});
-  return PaintProfile(*profile, picture, room) && picture.save(file, "PNG");
+  return PaintProfile(*profile, picture, room) && picture.save(&buffer, "PNG") && WriteBuffer(buffer, path);
 }
 
 }  // namespace torvale

@@ -10,6 +10,7 @@
 #include "display/cell_texts.h"
 #include "display/design_display.h"
 #include "engine/survey.h"
+#include "screen/file_choice.h"
 
 namespace torvale {
 namespace {
@@ -128,10 +129,6 @@ std::string PrintCopies(Program& program) {
   return "";
 }
 
-bool EndsWith(const std::string& path, std::string_view extension) {
-  return path.size() > extension.size() && UpperCase(path).ends_with(extension);
-}
-
 }  // namespace
 
 void BuildCrownChart(Program& program) {
@@ -178,16 +175,15 @@ void btnPrintProfile_Click(Program& program) {
 }
 
 void btnExportPicture_Click(Program& program) {
-  const std::optional<std::string> chosen = program.host.SaveDialog({
-      .title = "Export Picture",
-      .filters = "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf",
-      .name = "Crown Profile.png",
-  });
-  if (!chosen) return;
-  const bool named = EndsWith(*chosen, ".PNG") || EndsWith(*chosen, ".PDF");
-  const std::string path = named ? *chosen : *chosen + ".png";
-  if (program.host.WriteProfile(path)) return;
-  program.host.Message("The picture could not be written to " + path + ". Check that the folder can be written to.",
+  const auto path = ChooseExport(
+      program,
+      {"Export Picture", "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf", "Crown Profile", {".png", ".pdf"}});
+  if (!path) return;
+  if (program.host.WriteProfile(*path)) {
+    SayWritten(program, *path);
+    return;
+  }
+  program.host.Message("The picture could not be written to " + *path + ". Check that the folder can be written to.",
                        "");
 }
 

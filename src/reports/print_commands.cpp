@@ -5,6 +5,7 @@
 #include "base/run_time_fault.h"
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
+#include "screen/file_choice.h"
 
 namespace torvale {
 namespace {
@@ -60,15 +61,6 @@ void PrintWithDialog(Program& program, Report report) {
   if (copies) PrintCopies(program, report, *copies);
 }
 
-// A file name for the report, from that of the design where it has one.
-std::string SuggestedName(const Program& program, const Document& document) {
-  std::string name = program.record.DisplayFileName;
-  const std::size_t folder = name.find_last_of("/\\");
-  const std::size_t dot = name.find_last_of('.');
-  if (dot != std::string::npos && (folder == std::string::npos || dot > folder)) name.resize(dot);
-  return (name.empty() ? "" : name + " ") + document.title + ".pdf";
-}
-
 }  // namespace
 
 void mnuPrintSummary_Click(Program& program) {
@@ -94,10 +86,11 @@ void mnuPreview_Click(Program& program, int index) {
 void mnuExportPdf_Click(Program& program, int index) {
   Guard(program, [&] {
     const Document document = MakeReport(program, static_cast<Report>(index));
-    const auto path =
-        program.host.SaveDialog({"Export as PDF", std::string(kPdfFilter), 1, SuggestedName(program, document)});
-    if (!path || path->empty()) return;
-    if (!program.host.WritePdf(document, *path)) {
+    const auto path = ChooseExport(program, {"Export as PDF", kPdfFilter, document.title, {".pdf"}});
+    if (!path) return;
+    if (program.host.WritePdf(document, *path)) {
+      SayWritten(program, *path);
+    } else {
       program.host.Message("The report could not be written to " + *path + ".", "Export as PDF");
     }
   });

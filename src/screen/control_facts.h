@@ -59,6 +59,7 @@ struct RareFacts {
   std::string_view shortcut = "";  // "Ctrl+N"; empty for none
   bool starts_group = false;       // a line stands above it
   ShortcutOwner shortcut_owner = ShortcutOwner::kWindow;
+  bool shows_name = false;  // the caption is the name of a file: an "&" in it is a character
   ToolKey tool = {};
 };
 

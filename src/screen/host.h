@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,9 @@ struct FileDialog {
   std::string filters;  // pairs of a caption and a pattern, all separated by "|"; empty for none
   int filter = 1;       // the one selected at first, from 1
   std::string name;     // preset file name
+  // Saving: the file that will be written for a name that is chosen, which is the one to ask about where it is there.
+  // Without it, the one chosen.
+  std::function<std::string(const std::string& chosen)> written;
 };
 
 // The services of a windowing desktop that the program needs. The windows implement them with a toolkit, the script

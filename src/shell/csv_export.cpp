@@ -4,38 +4,33 @@
 #include <string_view>
 #include <system_error>
 
-#include "base/numbers.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "reports/csv.h"
+#include "screen/file_choice.h"
 
 namespace torvale {
 namespace {
 
-constexpr std::string_view kExtension = ".csv";
-
-void Export(Program& program, std::string_view title, std::string_view name, const std::string& text) {
-  const auto chosen = program.host.SaveDialog({
-      .title = std::string(title),
-      .filters = "Comma separated values (*.csv)|*.csv",
-      .name = std::string(name),
-  });
-  if (!chosen) return;
-  const bool named = UpperCase(*chosen).ends_with(UpperCase(kExtension));
-  const std::string path = named ? *chosen : *chosen + std::string(kExtension);
-  const int error = ErrorOf([&] { WriteBytes(program, path, text); });
-  if (error == 0) return;
-  program.host.Message(path + " could not be written: " + std::generic_category().message(error) + ".", "");
+void ExportCsv(Program& program, std::string_view title, std::string_view content, const std::string& text) {
+  const auto path = ChooseExport(program, {title, "Comma separated values (*.csv)|*.csv", content, {".csv"}});
+  if (!path) return;
+  const int error = ErrorOf([&] { WriteBytes(program, *path, text); });
+  if (error == 0) {
+    SayWritten(program, *path);
+    return;
+  }
+  program.host.Message(*path + " could not be written: " + std::generic_category().message(error) + ".", "");
 }
 
 }  // namespace
 
 void mnuExportCsv_Click(Program& program) {
-  Export(program, "Export Table", "Design.csv", ResultTableCsv(program));
+  ExportCsv(program, "Export Table", "Table", ResultTableCsv(program));
 }
 
 void mnuExportHoleCsv_Click(Program& program) {
-  Export(program, "Export Hole Summary", "Hole Summary.csv", HoleSummaryCsv(program));
+  ExportCsv(program, "Export Hole Summary", "Hole Summary", HoleSummaryCsv(program));
 }
 
 void OfferCsvExport(Program& program) {

@@ -145,6 +145,30 @@ TEST_F(FileCommandsTest, WithNoOpenedFileSaveAsShowsTheExtensionAlone) {
   EXPECT_EQ(host.dialogs.back().name, ".PFD");
 }
 
+// What the dialog asks about is the file that a name comes to.
+TEST_F(FileCommandsTest, SaveAsKnowsTheNameThatWillBeWritten) {
+  record.DesignType = kPlanned;
+  main.txtInfo[0].Set("East");
+  mnuFileSaveAs_Click(program);
+  const auto written = host.dialogs.back().written;
+  EXPECT_EQ(written("/a/field"), "/a/field.PFD");
+  EXPECT_EQ(written("/a/field.old"), "/a/field.PFD");
+  EXPECT_EQ(written("/a/.PFD"), "/a/East.PFD");
+  EXPECT_EQ(written(".A"), ".A") << "no name at all: saving tells";
+}
+
+// The dialog was left with its extension alone.
+TEST_F(FileCommandsTest, AnExtensionAloneIsNoName) {
+  record.DesignType = kPlanned;
+  main.txtInfo[0].Set("East");
+  mnuFileSaveAs_Click(program);
+  EXPECT_EQ(record.SaveFileName, ".PFD");
+  mnuFileSave_Click(program);
+  EXPECT_EQ(record.SaveFileName, "East.PFD");
+  EXPECT_TRUE(Exists("East.PFD"));
+  EXPECT_FALSE(Exists(".PFD"));
+}
+
 TEST_F(FileCommandsTest, ASurveyIsSavedBeforeAnyDesignWasRun) {
   TypeSurvey();
   record.SaveFileName = "before";
@@ -248,12 +272,39 @@ TEST_F(FileCommandsTest, AShortListLeavesTheOtherEntries) {
   EXPECT_EQ(Captions(), (Names{"e", "d", "stays", ""}));
 }
 
-TEST_F(FileCommandsTest, ACommaInANameMakesTwoEntriesOfIt) {
+// The file by itself splits such a name.
+TEST_F(FileCommandsTest, ACommaInANameMakesTwoEntriesOfItInTheFile) {
   record.SaveFileName = "East, north";
   mnuFileSave_Click(program);
+  host.settings.clear();
   OpenRecentFiles(program);
   EXPECT_EQ(Recent()[0], "East");
   EXPECT_EQ(Recent()[1], " north");
+}
+
+// The settings keep the whole names beside it, of letters that the code page lacks, too.
+TEST_F(FileCommandsTest, AnyNameSurvivesARestart) {
+  for (const char* name : {"East, north", "\u0141\u00F3d\u017A, 2"}) {
+    record.SaveFileName = name;
+    mnuFileSave_Click(program);
+    EXPECT_EQ(main.sbStatusBar.caption, "Saved " + std::string(name) + " in " + host.ProgramFolder());
+  }
+  EXPECT_EQ(BytesOf("RecentTORVALEFileName.Dat"),
+            "?\xF3"
+            "d?, 2\r\nEast, north\r\n\r\n\r\n");
+  for (int i = 0; i < 4; ++i) record.RecentFiles[i].clear();
+  OpenRecentFiles(program);
+  EXPECT_EQ(Captions(), (Names{"\u0141\u00F3d\u017A, 2", "East, north", "", ""}));
+}
+
+// A list that another program has written since says something else than the settings, and counts.
+TEST_F(FileCommandsTest, TheFileCountsWhereTheSettingsSayOtherwise) {
+  record.SaveFileName = "East, north";
+  mnuFileSave_Click(program);
+  host.WriteFile("RecentTORVALEFileName.Dat", "newer\r\n\r\n\r\n\r\n");
+  OpenRecentFiles(program);
+  EXPECT_EQ(Captions(), (Names{"newer", "", "", ""}));
+  EXPECT_FALSE(main.mnuFileList[1].visible);
 }
 
 TEST_F(FileCommandsTest, AListThatCannotBeWrittenIsPassedOverInSilence) {
@@ -263,6 +314,7 @@ TEST_F(FileCommandsTest, AListThatCannotBeWrittenIsPassedOverInSilence) {
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(Recent()[0], "a");
   EXPECT_EQ(main.mnuFileList[0].caption, "");
+  EXPECT_FALSE(main.mnuFileList[0].visible) << "an empty entry is not shown";
 }
 
 TEST_F(FileCommandsTest, ARecentEntryOpensItsFileAndLeavesTheOrder) {

@@ -190,9 +190,9 @@ std::vector<std::string> ResultsOf(FileProgram& p) {
 // What a calculation leaves, to the last bit.
 std::vector<double> FiguresOf(const FileProgram& p) {
   const DesignRecord& r = p.record;
-  std::vector<double> figures = {static_cast<double>(r.HoleRows),    static_cast<double>(r.Uniformity),
-                                 static_cast<double>(r.TotalAcres),  static_cast<double>(r.MaxHead),
-                                 static_cast<double>(r.AccumGPM),    static_cast<double>(r.CrownSlope),
+  std::vector<double> figures = {static_cast<double>(r.HoleRows),   static_cast<double>(r.Uniformity),
+                                 static_cast<double>(r.TotalAcres), static_cast<double>(r.MaxHead),
+                                 static_cast<double>(r.AccumGPM),   static_cast<double>(r.CrownSlope),
                                  static_cast<double>(r.DesignType), static_cast<double>(r.MissingData)};
   for (int i = 1; i <= r.HoleRows; ++i) {
     figures.insert(figures.end(), {r.Head[i], static_cast<double>(r.FurrowFlow[i]), static_cast<double>(r.Station[i]),
@@ -209,7 +209,8 @@ void OpenIn(FileProgram& second, FileProgram& first) {
   for (std::size_t i = 0; i < 16; ++i) second.main.txtDefault[i].Set(first.main.txtDefault[i].text());
 }
 
-// The text of the flow can't be converted, when it is typed and when it is read: both times it stands there all the same.
+// The text of the flow can't be converted, when it is typed and when it is read: both times it stands there all the
+// same.
 TEST(SavedDesigns, AFlowBeyondAllNumbersOpens) {
   FileProgram first;
   first.TypeSurvey();
@@ -276,7 +277,8 @@ TEST(SavedDesigns, OpenAsTheyWere) {
     }
     if (::testing::Test::HasFailure()) break;
   }
-  for (int type = 1; type <= 6; ++type) EXPECT_GT(shown[type], Designs() / 20) << "type " << type << " was hardly shown";
+  for (int type = 1; type <= 6; ++type)
+    EXPECT_GT(shown[type], Designs() / 20) << "type " << type << " was hardly shown";
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QUrl>
 
@@ -67,6 +69,38 @@ TEST_F(DesignFilesWindowTest, WhoHasDesignsOpensWhereTheDesktopBegins) {
   ASSERT_TRUE(QDir(data_.path()).mkdir("samples"));
   window_->OpenDesign(SavedSurvey());
   EXPECT_FALSE(OpenBeginsIn().startsWith(data_.path()));
+}
+
+// A name typed without its extension: the file that it comes to is the one that the question is about.
+TEST_F(DesignFilesWindowTest, SaveAsAsksBeforeItReplacesTheFileThatTheNameComesTo) {
+  record().DesignType = kPlanned;
+  const QString path = data_.filePath("east.PFD");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write("former") == 6);
+  file.close();
+  QString asked;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+    ASSERT_NE(name, nullptr);
+    QTest::qWait(1);
+    EXPECT_EQ(name->text(), ".PFD");
+    EXPECT_EQ(name->cursorPosition(), 0);
+    dialog->selectFile(data_.filePath("east"));
+    QTimer::singleShot(0, qApp, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      asked = box->text();
+      QTimer::singleShot(0, qApp, [dialog] { dialog->reject(); });
+      box->button(QMessageBox::No)->click();
+    });
+    static_cast<QDialog*>(dialog)->accept();
+  });
+  Choose("mnuFileSaveAs");
+  EXPECT_EQ(asked, "east.PFD is there already, in " + data_.path() + ". Replace it?");
+  ASSERT_TRUE(file.open(QFile::ReadOnly));
+  EXPECT_EQ(file.readAll(), "former");
 }
 
 TEST_F(DesignFilesWindowTest, PassesOverWhatIsNoFile) {

@@ -38,6 +38,20 @@ TEST_F(CsvExportTest, WritesTheFileAndAddsTheExtension) {
   EXPECT_EQ(Read(host.ProgramFolder() + "/table.csv"), ResultTableCsv(program));
   EXPECT_EQ(Read(host.ProgramFolder() + "/holes.CSV"), HoleSummaryCsv(program));
   EXPECT_FALSE(HoleSummaryCsv(program).empty());
+  EXPECT_EQ(program.main.sbStatusBar.caption, "Saved holes.CSV in " + host.ProgramFolder());
+}
+
+// A design without a file is known by its name and kind; what parts folders is no part of a file's name.
+TEST_F(CsvExportTest, TheDialogProposesTheDesignsName) {
+  program.main.txtInfo[0].Set("East 40/2");
+  program.main.title = "TORVALE   Planned Design";
+  mnuExportCsv_Click(program);
+  EXPECT_EQ(host.dialogs.back().name, "East 40-2 Planned Design Table.csv");
+  EXPECT_EQ(host.dialogs.back().written("/a/b"), "/a/b.csv");
+  EXPECT_EQ(host.dialogs.back().written("/a/b.CSV"), "/a/b.CSV");
+  program.record.DisplayFileName = "/designs/north.v2.PFD";
+  mnuExportHoleCsv_Click(program);
+  EXPECT_EQ(host.dialogs.back().name, "/designs/north.v2 Hole Summary.csv");
 }
 
 TEST_F(CsvExportTest, AFileThatCanNotBeWrittenIsToldOfWithTheReason) {

@@ -109,6 +109,15 @@ TEST_F(PrintCommandsTest, PreviewAndPdfShowWhatPrintingPrints) {
     EXPECT_EQ(host.dialogs.back().name, "/designs/north.v2 " + std::string(names[i]) + ".pdf");
   }
   EXPECT_EQ(host.printer_dialogs, 0);
+  EXPECT_TRUE(program.main.sbStatusBar.caption.starts_with("Saved out.pdf in /"));
+}
+
+TEST_F(PrintCommandsTest, AReportWithoutAnExtensionIsADocument) {
+  Design();
+  host.paths.emplace_back("sum");
+  Click(program, "mnuExportPdf(0)");
+  EXPECT_EQ(host.pdfs.count("sum.pdf"), 1U);
+  EXPECT_EQ(host.dialogs.back().written("sum"), "sum.pdf");
 }
 
 TEST_F(PrintCommandsTest, AFileThatCannotBeWrittenIsTold) {

@@ -1,0 +1,64 @@
+#include "screen/file_choice.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "base/numbers.h"
+#include "base/paths.h"
+
+namespace torvale {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The name of the kind of design behind the program's own in the title.
+std::string KindOfDesign(const Program& program) {
+  const std::string& title = program.main.title;
+  return title.starts_with(kProgramTitle) ? Trim(title.substr(kProgramTitle.size())) : "";
+}
+
+// A name that the design has no file for yet. What parts folders can't stand in it.
+std::string NameOfDesign(const Program& program) {
+  std::string name = program.main.txtInfo[0].text();
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return c == '/' || c == '\\' || c == ':'; }, '-');
+  const std::string kind = KindOfDesign(program);
+  return name.empty() || kind.empty() ? name + kind : name + " " + kind;
+}
+
+std::string WithExtension(const std::string& name, const Export& wanted) {
+  const std::string upper = UpperCase(name);
+  const auto has = [&](std::string_view extension) { return upper.ends_with(UpperCase(std::string(extension))); };
+  const bool named = std::any_of(wanted.extensions.begin(), wanted.extensions.end(), has);
+  return named ? name : name + std::string(wanted.extensions.front());
+}
+
+std::string Proposed(const Program& program, const Export& wanted) {
+  const fs::path file = PathOf(program.record.DisplayFileName);
+  const std::string design = file.empty() ? NameOfDesign(program) : Utf8Of(file.parent_path() / file.stem());
+  return (design.empty() ? "" : design + " ") + std::string(wanted.content) + std::string(wanted.extensions.front());
+}
+
+}  // namespace
+
+std::optional<std::string> ChooseExport(Program& program, const Export& wanted) {
+  const auto written = [&wanted](const std::string& name) { return WithExtension(name, wanted); };
+  const auto chosen = program.host.SaveDialog({
+      .title = std::string(wanted.title),
+      .filters = std::string(wanted.filters),
+      .name = Proposed(program, wanted),
+      .written = written,
+  });
+  if (!chosen || chosen->empty()) return std::nullopt;
+  return written(*chosen);
+}
+
+void SayWritten(Program& program, std::string_view path) {
+  std::error_code ignored;
+  fs::path file = fs::absolute(PathOf(path), ignored);
+  if (file.empty()) file = PathOf(path);
+  program.main.sbStatusBar.caption =
+      "Saved " + Utf8Of(file.filename()) + " in " + Utf8Of(file.parent_path().lexically_normal());
+}
+
+}  // namespace torvale
