@@ -26,11 +26,11 @@ std::string NameOfDesign(const Program& program) {
   return name.empty() || kind.empty() ? name + kind : name + " " + kind;
 }
 
-std::string WithExtension(const std::string& name, const Export& wanted) {
+std::string WithExtension(const std::string& name, const std::vector<std::string_view>& extensions) {
   const std::string upper = UpperCase(name);
   const auto has = [&](std::string_view extension) { return upper.ends_with(UpperCase(std::string(extension))); };
-  const bool named = std::any_of(wanted.extensions.begin(), wanted.extensions.end(), has);
-  return named ? name : name + std::string(wanted.extensions.front());
+  const bool named = std::any_of(extensions.begin(), extensions.end(), has);
+  return named ? name : name + std::string(extensions.front());
 }
 
 std::string Proposed(const Program& program, const Export& wanted) {
@@ -42,7 +42,9 @@ std::string Proposed(const Program& program, const Export& wanted) {
 }  // namespace
 
 std::optional<std::string> ChooseExport(Program& program, const Export& wanted) {
-  const auto written = [&wanted](const std::string& name) { return WithExtension(name, wanted); };
+  const auto written = [extensions = wanted.extensions](const std::string& name) {
+    return WithExtension(name, extensions);
+  };
   const auto chosen = program.host.SaveDialog({
       .title = std::string(wanted.title),
       .filters = std::string(wanted.filters),
