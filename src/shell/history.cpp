@@ -225,16 +225,14 @@ void Restore(Program& program, History& history, const std::vector<InputChange>&
   GoTo(program, changes.front().place);
 }
 
-// A calculation lets events run; the inputs that it works on stay as they are meanwhile.
-bool InAnotherEvent(const History& history, std::string_view command) {
-  return history.cause != command;
-}
-
-void Busy(Program& program) {
-  program.main.sbStatusBar.caption = "A calculation is running: press Cancel first, then undo or redo.";
-}
-
 }  // namespace
+
+bool RunsAlone(Program& program, std::initializer_list<std::string_view> commands) {
+  const std::string& cause = program.history->cause;
+  if (std::find(commands.begin(), commands.end(), cause) != commands.end()) return true;
+  program.main.sbStatusBar.caption = "A calculation is running: press Cancel first.";
+  return false;
+}
 
 void StartHistory(Program& program) {
   program.history = std::make_shared<History>();
@@ -272,9 +270,8 @@ void EndOfEvent(Program& program) {
 }
 
 void mnuEditUndo_Click(Program& program) {
-  if (!program.history) return;
+  if (!program.history || !RunsAlone(program, {kUndo})) return;
   History& history = *program.history;
-  if (InAnotherEvent(history, kUndo)) return Busy(program);
   Record(program, history, "");
   if (history.done.empty()) return;
   EditStep step = std::move(history.done.back());
@@ -286,9 +283,8 @@ void mnuEditUndo_Click(Program& program) {
 }
 
 void mnuEditRedo_Click(Program& program) {
-  if (!program.history) return;
+  if (!program.history || !RunsAlone(program, {kRedo})) return;
   History& history = *program.history;
-  if (InAnotherEvent(history, kRedo)) return Busy(program);
   Record(program, history, "");
   if (history.undone.empty()) return;
   EditStep step = std::move(history.undone.back());

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +68,10 @@ void NameCause(Program& program, std::string_view control);
 // The outermost event ends: what it changed is kept, in the history and on disk, and the menu entries tell what can be
 // undone and redone.
 void EndOfEvent(Program& program);
+
+// Whether the event in work is one of these commands. Where it is another one, a calculation that lets events run, the
+// inputs that it works on stay as they are; the status bar says so.
+bool RunsAlone(Program& program, std::initializer_list<std::string_view> commands);
 
 void mnuEditUndo_Click(Program& program);
 void mnuEditRedo_Click(Program& program);

@@ -162,6 +162,7 @@ void OfferLastWork(Program& program) {
 
 void mnuFileBringBack_Click(Program& program) {
   if (!program.history || program.history->lost.empty()) return;
+  if (!RunsAlone(program, {"mnuFileBringBack", "cmdBringBack"})) return;
   History& history = *program.history;
   const LostWork work = std::move(history.lost.front());
   history.lost.erase(history.lost.begin());

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <random>
@@ -314,6 +315,7 @@ TEST_F(RecoveryTest, WhatIsTypedDuringACalculationIsKept) {
   host.user_folder = folder;
   Program program(host);
   StartProgram(program);
+  std::filesystem::remove_all(host.ProgramFolder());  // nobody will be there to do it
   for (int i = 0;; ++i) {
     TypeText(program, "txtInfo(4)", std::to_string(i));
     host.now += 100;
