@@ -214,7 +214,7 @@ struct Column {
 };
 
 constexpr Column kColumns[] = {
-    {"File", 3300}, {"Saved Over", 1900}, {"Design", 3000}, {"Type", 2300}, {"Uniformity", 900}};
+    {"File", 2900}, {"Saved Over", 2300}, {"Design", 3000}, {"Type", 2300}, {"Uniformity", 900}};
 
 void FillRow(Program& program, int row, const EarlierVersion& version) {
   Grid& grid = program.versions.Grd_EarlierVersions;
@@ -258,7 +258,7 @@ std::string KeepEarlierVersion(Program& program, const std::string& path, std::s
   HoldToSize(program.host, limits.bytes);
   const std::string other = OtherName(*former, bytes);
   if (other.empty()) return "";
-  return "It held another design, " + other + ", which is kept: File > Earlier Versions.";
+  return "Saved over another design, " + other + ". It is kept: File > Earlier Versions.";
 }
 
 std::vector<EarlierVersion> EarlierVersions(Host& host) {

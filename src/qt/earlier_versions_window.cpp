@@ -1,6 +1,7 @@
 #include "qt/earlier_versions_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -27,8 +28,6 @@ EarlierVersionsWindow::EarlierVersionsWindow(Program& program, Run run, QWidget*
     controls_.push_back(MakeControlView(named, this));
     Connect(controls_.back());
   }
-  auto* close = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-  connect(close, &QShortcut::activated, this, [this] { RunClick("btnCloseVersions"); });
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
   connect(help, &QShortcut::activated, this,
           [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, kGrid)); }); });
@@ -51,6 +50,12 @@ void EarlierVersionsWindow::Connect(const ControlView& view) {
 
 void EarlierVersionsWindow::RunClick(const std::string& name) {
   run_([&] { Click(program_, name); });
+}
+
+// Esc comes here from whatever has the focus, since nothing in the window takes it.
+void EarlierVersionsWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return RunClick("btnCloseVersions");
+  QWidget::keyPressEvent(event);
 }
 
 void EarlierVersionsWindow::closeEvent(QCloseEvent* event) {

@@ -21,6 +21,7 @@ class EarlierVersionsWindow final : public QWidget {
   void Sync();
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   // The window's own cross does what its Close button does.
   void closeEvent(QCloseEvent* event) override;
 

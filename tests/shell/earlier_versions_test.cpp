@@ -159,7 +159,7 @@ TEST_F(EarlierVersionsTest, SaysWhenAnotherDesignIsSavedOver) {
   EXPECT_EQ(program.main.sbStatusBar.caption.find("another design"), std::string::npos);
   SaveDesign("Smith", written);
   EXPECT_NE(
-      program.main.sbStatusBar.caption.find("It held another design, Dunn, which is kept: File > Earlier Versions."),
+      program.main.sbStatusBar.caption.find("Saved over another design, Dunn. It is kept: File > Earlier Versions."),
       std::string::npos)
       << program.main.sbStatusBar.caption;
   ASSERT_FALSE(EarlierVersions(host).empty());
