@@ -43,8 +43,8 @@ struct TextLook {
 
 // The button of the tool bar that stands for a menu entry.
 struct ToolKey {
-  std::string_view key = "";   // a click names it by this: "tbToolBar(Save)"; empty for none
-  std::string_view icon = "";  // name in data/icons, without ".svg"
+  std::string_view key = {};   // a click names it by this: "tbToolBar(Save)"; empty for none
+  std::string_view icon = {};  // name in data/icons, without ".svg"
   int order = 0;               // buttons stand from left to right in this order
   bool starts_group = false;
 };
@@ -52,11 +52,11 @@ struct ToolKey {
 // What few controls have of their own.
 struct RareFacts {
   bool visible = true;
-  std::string_view spoken = "";   // what a reader of the screen calls a grid, a list or a frame
+  std::string_view spoken = {};   // what a reader of the screen calls a grid, a list or a frame
   TextLook look = {};             // of a label
-  std::string_view picture = "";  // of a part of the splash screen: name in data/icons, without ".svg"
+  std::string_view picture = {};  // of a part of the splash screen: name in data/icons, without ".svg"
   // Of a menu entry
-  std::string_view shortcut = "";  // "Ctrl+N"; empty for none
+  std::string_view shortcut = {};  // "Ctrl+N"; empty for none
   bool starts_group = false;       // a line stands above it
   ShortcutOwner shortcut_owner = ShortcutOwner::kWindow;
   bool shows_name = false;  // the caption is the name of a file: an "&" in it is a character

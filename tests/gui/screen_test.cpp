@@ -75,7 +75,7 @@ TEST_F(ScreenTest, FieldsAndButtonsHaveNamesForReaders) {
     if (named.kind != ControlKind::kField && named.kind != ControlKind::kButton && named.kind != ControlKind::kGrid) {
       continue;
     }
-    EXPECT_FALSE(Find<QWidget>(named.name.c_str()).accessibleName().isEmpty()) << named.name;
+    EXPECT_FALSE(Find<QWidget>(std::string(named.name).c_str()).accessibleName().isEmpty()) << named.name;
   }
   EXPECT_EQ(Info(2).accessibleName(), "GPM");
   EXPECT_EQ(Info(3).accessibleName(), "Target Head (ft)");
