@@ -38,10 +38,8 @@ constexpr NamedKey kKeys[] = {{"Enter", Key::kEnter},
 
 constexpr std::string_view kShift = "Shift+";
 
-// What the key types goes to the end of the field's text, as if the caret stood there.
 void PressInField(Program& program, const std::string& name, const KeyStroke& stroke) {
-  if (FieldKey(program, name, stroke) || stroke.key != Key::kCharacter) return;
-  TypeText(program, name, FindField(program, name)->text() + std::string(stroke.character));
+  if (!FieldKey(program, name, stroke)) TypeAtCaret(program, name, stroke);
 }
 
 void Press(Program& program, const std::string& name, const KeyStroke& stroke) {

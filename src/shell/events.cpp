@@ -168,6 +168,23 @@ void TypeUnseen(Program& program, std::string_view field, std::string_view text)
   TellMark(program, field, mark);
 }
 
+void TypeAtCaret(Program& program, std::string_view field, const KeyStroke& stroke) {
+  TextField* target = FindField(program, field);
+  if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
+  const bool takes_out = stroke.key == Key::kBackspace;
+  if (!takes_out && stroke.key != Key::kCharacter) return;
+  Guarded(program, [&] {
+    NameCause(program, field);
+    const TextSelection at = target->selection();
+    if (takes_out && at.length == 0) {
+      if (at.start == 0) return;
+      target->Select(at.start - 1, 1);
+    }
+    const std::string typed(stroke.character);
+    target->ReplaceSelected(WithClosingQuotes(typed));
+  });
+}
+
 void SelectText(Program& program, std::string_view field, const TextSelection& selection) {
   TextField* target = FindField(program, field);
   if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
@@ -193,12 +210,11 @@ bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke)
   bool swallowed = command != nullptr;
   Guarded(program, [&] {
     NameCause(program, command == nullptr ? field : command->command);
-    if (info >= 0) swallowed = txtInfo_Key(program, info, *kind) || swallowed;
-    if (preference >= 0) swallowed = PreferenceKey(program, preference, stroke, *kind) || swallowed;
-    if (command == nullptr) return;
     // The field that takes a key is the active control.
     if (program.main.focus != field) MoveFocus(program, field);
-    command->run(program);
+    if (info >= 0) swallowed = txtInfo_Key(program, info, *kind) || swallowed;
+    if (preference >= 0) swallowed = PreferenceKey(program, preference, stroke, *kind) || swallowed;
+    if (command != nullptr) command->run(program);
   });
   return swallowed;
 }

@@ -63,6 +63,9 @@ void TypeText(Program& program, std::string_view field, std::string_view text);
 // The same whether the field can be reached or not: the preferences are the store of the settings while their panel is
 // closed, too.
 void TypeUnseen(Program& program, std::string_view field, std::string_view text);
+// What a key that the field lets through does to its text: the character, or nothing for Backspace, takes the place of
+// the selected text, or goes to the caret.
+void TypeAtCaret(Program& program, std::string_view field, const KeyStroke& stroke);
 // The user selects text of a field, or places the caret.
 void SelectText(Program& program, std::string_view field, const TextSelection& selection);
 // A key in a field before it changes the text. True where the key is swallowed; those of Edit commands always are.

@@ -127,12 +127,15 @@ bool RunGridCommand(Program& program, std::string_view grid, Key key) {
   for (const GridCommand& command : kGridCommands) {
     if (command.grid != grid || command.key != key) continue;
     NameCause(program, command.command);
-    // The grid that takes a key is the active control.
-    if (grid.starts_with("Grid") && program.main.focus != grid) MoveFocus(program, grid);
     command.run(program);
     return true;
   }
   return false;
+}
+
+// The grid that takes a key or a click is the active control of its screen; the soils are alone on theirs.
+void Activate(Program& program, std::string_view grid) {
+  if (grid != kSoilsGrid && program.main.focus != grid) MoveFocus(program, grid);
 }
 
 }  // namespace
@@ -141,6 +144,7 @@ void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
   const Grid* cells = LiveGrid(program, grid);
   if (cells == nullptr) return;
   Guarded(program, [&] {
+    Activate(program, grid);
     const Cell from = stroke.shift ? Cell{cells->row_sel, cells->column_sel} : Cell{cells->row, cells->column};
     if (RunGridCommand(program, grid, stroke.key)) return;
     NameCause(program, grid);
@@ -158,6 +162,7 @@ void GridPoint(Program& program, std::string_view grid, int row, int column, boo
   if (LiveGrid(program, grid) == nullptr) return;
   Guarded(program, [&] {
     NameCause(program, grid);
+    Activate(program, grid);
     Point(program, grid, {row, column}, extend);
   });
 }

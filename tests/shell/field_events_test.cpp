@@ -110,8 +110,25 @@ TEST_F(FieldEventsTest, KeysMoveBetweenTheFields) {
   EXPECT_TRUE(FieldKey(program, "txtInfo(2)", {Key::kDown, ""}));
   EXPECT_TRUE(FieldKey(program, "txtInfo(3)", {Key::kUp, ""}));
   EXPECT_EQ(program.main.focus, "txtInfo(2)");
-  EXPECT_FALSE(FieldKey(program, "txtInfo(5)", {Key::kEnter, ""}));
-  EXPECT_EQ(program.main.focus, "txtInfo(2)");
+  EXPECT_FALSE(FieldKey(program, "txtInfo(5)", {Key::kEnter, ""}));  // the last stays
+  EXPECT_EQ(program.main.focus, "txtInfo(5)");                       // and has the focus, since it took the key
+}
+
+TEST_F(FieldEventsTest, ACharacterTakesThePlaceOfWhatIsSelected) {
+  TypeText(program, "txtInfo(0)", "North");
+  SelectText(program, "txtInfo(0)", {1, 3});
+  TypeAtCaret(program, "txtInfo(0)", {Key::kCharacter, "x"});
+  EXPECT_EQ(Info(0), "Nxh");
+  TypeAtCaret(program, "txtInfo(0)", {Key::kCharacter, "y"});  // the caret stands behind the x
+  EXPECT_EQ(Info(0), "Nxyh");
+  TypeAtCaret(program, "txtInfo(0)", {Key::kBackspace, ""});
+  EXPECT_EQ(Info(0), "Nxh");
+  SelectText(program, "txtInfo(0)", {0, 0});
+  TypeAtCaret(program, "txtInfo(0)", {Key::kBackspace, ""});  // nothing stands ahead of the caret
+  TypeAtCaret(program, "txtInfo(0)", {Key::kDelete, ""});     // a key that types nothing
+  EXPECT_EQ(Info(0), "Nxh");
+  TypeAtCaret(program, "txtDefault(3)", {Key::kCharacter, "1"});  // its panel is away
+  EXPECT_EQ(program.main.txtDefault[3].text(), "140");
 }
 
 TEST_F(FieldEventsTest, KeysWithACharacterGiveTheShortHeadingsAndOthersDoNot) {
