@@ -41,7 +41,7 @@ BENCHMARK(RepaintWhole)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
 
 // A label changed, as at each trial of a search, and what follows from it is drawn.
 void RepaintOneLabel(benchmark::State& state) {
-  ShownDesign shown(264);
+  ShownDesign shown(static_cast<int>(state.range(0)));
   long trial = 0;
   for (auto _ : state) {
     shown.line.program.main.lblEffic.caption = "Distribution Uniformity = " + std::to_string(++trial % 100);
@@ -49,7 +49,7 @@ void RepaintOneLabel(benchmark::State& state) {
     QApplication::processEvents();
   }
 }
-BENCHMARK(RepaintOneLabel)->Unit(benchmark::kMicrosecond);
+BENCHMARK(RepaintOneLabel)->Arg(264)->Arg(5280)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace torvale
