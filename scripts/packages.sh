@@ -1,6 +1,6 @@
 # Sourced by ./run and ./test: the Debian packages that each needs, and their installation.
 
-kRunPackages=(cmake ninja-build g++ qt6-base-dev libqcustomplot-dev fonts-dejavu-core)
+kRunPackages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqcustomplot-dev fonts-dejavu-core)
 kTestPackages=(
   ccache python3
   libgtest-dev libgmock-dev nlohmann-json3-dev librapidcheck-dev libmpfr-dev libgmp-dev poppler-utils

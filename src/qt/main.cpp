@@ -5,11 +5,11 @@
 #include "base/paths.h"
 #include "base/platform.h"
 #include "qt/main_window.h"
+#include "qt/own_icons.h"
 #include "qt/program_folder.h"
 #include "qt/qt_host.h"
 #include "qt/scale.h"
 #include "qt/splash_window.h"
-#include "qt/vector_picture.h"
 #include "shell/start_up.h"
 
 int main(int argc, char** argv) {

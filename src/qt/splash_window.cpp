@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "qt/control_view.h"
+#include "qt/own_icons.h"
 #include "qt/scale.h"
-#include "qt/vector_picture.h"
 #include "shell/commands.h"
 #include "shell/splash.h"
 
@@ -88,7 +88,7 @@ void SplashWindow::paintEvent(QPaintEvent* /*event*/) {
   const QColor text = palette().color(QPalette::WindowText);
   for (const NamedControl& named : ControlsOf(program_.splash)) {
     if (named.facts->picture.empty()) continue;
-    PaintPicture(painter, scale.Rect(named.control->place), OwnPicture(named.facts->picture), text);
+    PaintPicture(painter, scale.Rect(named.control->place), named.facts->picture, text);
   }
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));

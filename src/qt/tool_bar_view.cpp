@@ -3,7 +3,7 @@
 #include <QToolButton>
 
 #include "qt/control_view.h"
-#include "qt/vector_picture.h"
+#include "qt/own_icons.h"
 
 namespace torvale {
 namespace {

@@ -1,11 +1,11 @@
-// The tool bar as the window draws it.
+// The tool bar as the window draws it, and the pictures of the program.
 #include "shell/tool_bar.h"
 
 #include <QToolBar>
 #include <QToolButton>
 
 #include "gui/window_test.h"
-#include "qt/vector_picture.h"
+#include "qt/own_icons.h"
 #include "shell/commands.h"
 
 namespace torvale {
@@ -111,42 +111,51 @@ TEST_F(ToolBarTest, TheUsualWindowShowsAllOfTheScreen) {
   EXPECT_GE(room.height(), canvas.height());
 }
 
-TEST(VectorPictureTest, ReadsEveryPictureOfTheProgram) {
-  for (const ControlFacts* button : ToolButtons()) {
-    EXPECT_GE(OwnPicture(button->tool.icon).shapes.size(), 2U) << button->tool.icon;
+// The dots of an icon that are drawn, of 64 times 64.
+int DotsOf(std::string_view name, const QColor& text) {
+  QImage image(64, 64, QImage::Format_ARGB32);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  PaintPicture(painter, image.rect(), name, text);
+  painter.end();
+  int dots = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) dots += image.pixelColor(x, y).alpha() > 0 ? 1 : 0;
   }
-  const VectorPicture icon = OwnPicture("torvale");
-  EXPECT_EQ(icon.view, QRectF(0, 0, 64, 64));
-  EXPECT_GE(icon.shapes.size(), 10U);
+  return dots;
 }
 
-TEST(VectorPictureTest, DrawsShapesWhereTheyStand) {
-  const auto picture = ReadPicture(
-      "<svg viewBox='0 0 10 10' fill='none'><title>t</title><rect x='0' y='0' width='5' height='10' fill='#ff0000'/>"
-      "<path d='M6 1H9V4H6Z' fill='currentColor'/><circle cx='7.5' cy='8' r='1.5' stroke='#0000ff'/></svg>");
-  ASSERT_TRUE(picture);
-  ASSERT_EQ(picture->shapes.size(), 3U);
-  QImage image(100, 100, QImage::Format_RGB32);
+TEST(OwnIconsTest, EveryPictureThatIsNamedIsThere) {
+  for (const ControlFacts* button : ToolButtons()) {
+    EXPECT_GT(DotsOf(button->tool.icon, Qt::black), 200) << button->tool.icon;
+  }
+  int pictures = 0;
+  for (const ControlFacts& part : SplashScreen::Rows()) {
+    if (part.picture.empty()) continue;
+    ++pictures;
+    // The two that are nearly three times as wide as high have 1,500 of the 4,096 dots at most.
+    EXPECT_GT(DotsOf(part.picture, Qt::black), 500) << part.picture;
+  }
+  EXPECT_EQ(pictures, 3);
+  EXPECT_EQ(DotsOf("no such picture", Qt::black), 0);
+}
+
+// The sheet of "New" is 18 of 24 units high and stands in the middle of a room that is twice as wide as high. Its lines
+// take the colour of the text.
+TEST(OwnIconsTest, APictureStandsInTheMiddleOfItsRoom) {
+  QImage image(200, 100, QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
-  PaintPicture(painter, image.rect(), *picture, Qt::green);
+  PaintPicture(painter, image.rect(), "new", Qt::blue);
   painter.end();
-  EXPECT_EQ(image.pixelColor(25, 50), QColor(Qt::red));
-  EXPECT_EQ(image.pixelColor(75, 25), QColor(Qt::green));
-  EXPECT_EQ(image.pixelColor(75, 80), QColor(Qt::white)) << "the circle is not filled";
-  EXPECT_EQ(image.pixelColor(90, 80), QColor(Qt::blue)) << "its line is one unit wide";
-  EXPECT_EQ(image.pixelColor(55, 50), QColor(Qt::white));
-}
-
-TEST(VectorPictureTest, RefusesWhatItCannotDraw) {
-  for (const char* text :
-       {"", "text", "<html/>", "<svg/>", "<svg viewBox='0 0 1'/>", "<svg viewBox='0 0 1 1'><text/></svg>",
-        "<svg viewBox='0 0 1 1'><path d='M0 0 A1 1'/></svg>", "<svg viewBox='0 0 1 1'><path d='M0'/></svg>",
-        "<svg viewBox='0 0 1 1'><circle cx='a' cy='0' r='1'/></svg>",
-        "<svg viewBox='0 0 1 1'><rect x='0' y='0' width='1' height='1' fill='url(#a)'/></svg>",
-        "<svg viewBox='0 0 1 1'><path d='M0 0'/>"}) {
-    EXPECT_FALSE(ReadPicture(text)) << text;
-  }
+  const auto drawn = [&](int x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (image.pixelColor(x, y) == QColor(Qt::blue)) return true;
+    }
+    return false;
+  };
+  for (int x : {10, 40, 60, 140, 160, 190}) EXPECT_FALSE(drawn(x)) << x;
+  EXPECT_TRUE(drawn(50 + 6 * 100 / 24)) << "the left edge stands at 6 of 24 units";
 }
 
 }  // namespace
