@@ -53,14 +53,33 @@ std::string FlowRatioText(const DesignRecord& record, int i) {
   return Format(Divide(static_cast<double>(flow), static_cast<double>(required)), "###.00");
 }
 
-double GateOpening(const Program& program, int i) {
+namespace {
+
+double OpeningFor(const Program& program, int i, int gates) {
   const DesignRecord& record = program.record;
   const auto& defaults = program.main.txtDefault;
-  const double area = static_cast<double>(AtRow(record, record.HoleArea, i)) * kSquareInches;
+  const double area = static_cast<double>(AtRow(record, record.HoleArea, i)) * kSquareInches / gates;
   if (defaults[11].text() == "R") return Divide(area, Val(defaults[12].text()));
   double opening = 0;
   GateMove(area, static_cast<double>(AtRow(record, record.SurveyHoleDia, i)), opening);
   return opening;
+}
+
+}  // namespace
+
+double GateOpening(const Program& program, int i) {
+  return OpeningFor(program, i, 1);
+}
+
+std::string EachGateText(const Program& program, int i) {
+  const int gates = AtRow(program.record, program.record.HolesPerFurrow, i);
+  if (program.record.PipeKind == "L" || gates < 2) return "";
+  try {
+    return "Each of the " + GeneralText(gates) + " gates of a furrow opens " +
+           Format(OpeningFor(program, i, gates), "0.000") + " in.";
+  } catch (const RunTimeFault&) {
+    return "";
+  }
 }
 
 std::string OpeningText(const Program& program, int i, int size_index, std::string_view circular_gate_pattern) {

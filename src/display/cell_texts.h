@@ -51,6 +51,10 @@ std::string FlowRatioText(const DesignRecord& record, int i);
 // pass through.
 double GateOpening(const Program& program, int i);
 
+// How far each single gate opens, in a sentence, where a furrow of row i has several, which share that area; empty
+// where it has one, in layflat tubing, and where it can't be worked out.
+std::string EachGateText(const Program& program, int i);
+
 // Hole of row i: the name of its size for layflat tubing, the gate opening for rigid pipe. Empty for size index 0.
 std::string OpeningText(const Program& program, int i, int size_index, std::string_view circular_gate_pattern);
 

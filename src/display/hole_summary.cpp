@@ -61,6 +61,18 @@ void WriteRuns(Program& program) {
   }
 }
 
+// The openings of single gates, run by run, where furrows have several.
+std::string EachGateTip(const Program& program) {
+  const DesignRecord& record = program.record;
+  std::string tip;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!Flows(record, i) || record.HoleSumFurrowText[i].empty()) continue;
+    const std::string each = EachGateText(program, i);
+    if (!each.empty()) tip += "\nStations " + record.HoleSumFurrowText[i] + ": " + each;
+  }
+  return tip;
+}
+
 }  // namespace
 
 void FindSizeRuns(DesignRecord& record) {
@@ -91,7 +103,8 @@ void DisplayHoleSum(Program& program) {
     ShowProfileSlope(program);
     FindSizeRuns(program.record);
     WriteRuns(program);
-    main.lblSumHoleDia.tool_tip = main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator : "";
+    main.lblSumHoleDia.tool_tip =
+        main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator + EachGateTip(program) : "";
   } catch (const RunTimeFault&) {
     // The texts stay as far as they came; the design is shown without a message.
   }

@@ -1,6 +1,7 @@
 #include "display/result_pointer.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 #include "base/format.h"
@@ -79,7 +80,9 @@ void Grid2_MouseDown(Program& program, MouseButton button, int /*x*/, int /*y*/)
 
 void Grid2_MouseMove(Program& program, MouseButton button, int /*x*/, int y) {
   program.main.frameHoleEquiv.place.left = 1680;
-  program.main.frameHoleEquiv.place.top = y + 1460;
+  // A pointer may be anywhere; a place may not.
+  constexpr int kBelow = 1460;
+  program.main.frameHoleEquiv.place.top = std::min(y, std::numeric_limits<int>::max() - kBelow) + kBelow;
   ShowDraggedAcres(program);
   if (button == MouseButton::kNone) program.main.lblAcresTotal.caption = TotalAcresText(program);
   ShowEquivalentHole(program, button);

@@ -10,11 +10,19 @@ std::string AverageFurrowFlowText(const DesignRecord& record) {
   return Format(static_cast<double>(record.TargetGPM) / record.WateredFurrows, ".#");
 }
 
+// The opening that a row shows is for the area of all gates of a furrow together.
+std::string EachGateTip(const Program& program, int i) {
+  const std::string each = EachGateText(program, i);
+  if (each.empty()) return "";
+  return each + " The table shows what one gate with the area of all would open.";
+}
+
 }  // namespace
 
 void Write(const TableRow& row, std::initializer_list<ResultColumn> columns) {
   for (const ResultColumn column : columns) {
     row.program.main.Grid2.Set(row.grid_row, column, CellText(row.program, column, row.i, row.patterns));
+    if (column == kResultOpening) row.program.main.Grid2.SetTip(row.grid_row, column, EachGateTip(row.program, row.i));
   }
 }
 
@@ -29,6 +37,7 @@ void WriteSupplyLine(const TableRow& row, ResultColumn first) {
 
 void EmptyTable(Grid& grid) {
   grid.cells().Erase(1, 0, grid.rows() - 1, kResultPlantedWidth);
+  grid.ClearTips();
 }
 
 void FinishTable(Program& program) {

@@ -181,5 +181,14 @@ TEST(Grid2MouseDown, ShowsNothingWhereThereIsNoEquivalent) {
   EXPECT_FALSE(shown([](RigidField& f) { f.main.Grid2.Set(2, 0, "13"); }, MouseButton::kLeft));      // past the end
 }
 
+// A script may put the pointer anywhere.
+TEST(Grid2MouseMove, APointerAtTheEndOfAllNumbersKeepsTheFrameThere) {
+  Field field;
+  Grid2_MouseMove(field.program, MouseButton::kNone, 0, 2147483647);
+  EXPECT_EQ(field.main.frameHoleEquiv.place.top, 2147483647);
+  Grid2_MouseMove(field.program, MouseButton::kNone, 0, -2147483647);
+  EXPECT_EQ(field.main.frameHoleEquiv.place.top, -2147482187);
+}
+
 }  // namespace
 }  // namespace torvale
