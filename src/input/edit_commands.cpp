@@ -27,6 +27,18 @@ void ReplaceInField(Program& program, TextField& field, std::string_view text) {
   TellMark(program, program.main.focus, mark);
 }
 
+void OfferToOthers(Program& program) {
+  program.offered_cells = SelectedCells(program.main.Grid1);
+  program.host.SetClipboardText(program.offered_cells);
+}
+
+// Whether the desktop's clipboard holds cells that did not come from the sheet or the results.
+bool OthersOfferCells(Program& program) {
+  const std::string text = ClipboardText(program);
+  return text.find_first_of("\t\n") != std::string::npos &&
+         text != WithLineEnds(WithClosingQuotes(program.offered_cells));
+}
+
 std::string RowsText(const Block& block) {
   if (block.row1 == block.row2) return "row " + GeneralText(block.row1);
   return "rows " + GeneralText(block.row1) + " to " + GeneralText(block.row2);
@@ -52,9 +64,11 @@ void mnuEditCopy_Click(Program& program) {
   if (const TextField* field = ActiveField(program)) {
     CopyField(program, *field);
   } else if (main.Grid2.control.visible) {
-    program.host.SetClipboardText(SelectedCells(main.Grid2));
+    program.offered_cells = SelectedCells(main.Grid2);
+    program.host.SetClipboardText(program.offered_cells);
   } else if (main.Grid1.control.visible) {
     CopyBlock(program.record, main.Grid1);
+    OfferToOthers(program);
     MoveFocus(program, "Grid1");
   }
 }
@@ -65,6 +79,11 @@ void mnuEditCut_Click(Program& program) {
     ReplaceInField(program, *field, "");
     return;
   }
+  OfferToOthers(program);
+  DeleteSelected(program);
+}
+
+void DeleteSelected(Program& program) {
   const Block block = SelectedBlock(program.main.Grid1);
   CutBlock(program.record, program.main.Grid1);
   ShowSheet(program, block);
@@ -78,6 +97,10 @@ void mnuEditPaste_Click(Program& program) {
   const Block block = SelectedBlock(program.main.Grid1);
   PasteBlock(program.record, program.main.Grid1);
   ShowSheet(program, block);
+  if (OthersOfferCells(program)) {
+    program.main.sbStatusBar.caption =
+        "Paste took the cells that were copied here. Cells of another program come in by Paste Excel Survey";
+  }
 }
 
 }  // namespace torvale

@@ -35,10 +35,19 @@ bool FitsField(double number) {
   }
 }
 
+// The text without a blank and a word of two letters or more at its end: a unit, with which a number is read as it is
+// meant. A single letter may be a digit mistyped.
+std::string_view WithoutUnit(std::string_view text) {
+  const auto is_letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+  std::size_t end = text.size();
+  while (end > 0 && is_letter(text[end - 1])) --end;
+  return end > 0 && text[end - 1] == ' ' && text.size() - end >= 2 ? text.substr(0, end) : text;
+}
+
 std::string WrongWithNumber(const std::string& shown, std::string_view text) {
   const double read = Val(text);
   if (!FitsField(read)) return shown + " is too large a number.";
-  if (IsNumber(text)) return "";
+  if (IsNumber(WithoutUnit(text))) return "";
   return shown + " is read as " + GeneralText(read) +
          ". Write digits and, for decimals, one point: no commas, no letters.";
 }

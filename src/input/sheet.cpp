@@ -5,6 +5,7 @@
 
 #include "base/format.h"
 #include "base/numbers.h"
+#include "base/utf8.h"
 #include "engine/survey.h"
 #include "input/hole_step.h"
 
@@ -69,10 +70,26 @@ void NextColumn(Program& program) {
   }
 }
 
-void AppendCharacter(Program& program, std::string_view character) {
+// Where what is typed goes: the byte ahead of which the caret stands, or the end of the text.
+std::size_t TypingPlace(const Grid& sheet) {
+  const std::string& text = sheet.CurrentText();
+  return sheet.edit ? CharacterOffset(text, sheet.edit->caret) : text.size();
+}
+
+void TypeCharacter(Program& program, std::string_view character) {
   Grid& sheet = program.main.Grid1;
-  SetCurrentText(sheet, sheet.CurrentText() + std::string(character));
+  std::string text = sheet.CurrentText();
+  SetCurrentText(sheet, text.insert(TypingPlace(sheet), character));
+  if (sheet.edit) ++sheet.edit->caret;
   if (sheet.column == kStationColumn && Val(sheet.CurrentText()) >= kStationLimit) RefuseStation(program);
+}
+
+void TakeCharacterBack(Grid& sheet) {
+  const std::size_t place = TypingPlace(sheet);
+  const std::string text = sheet.CurrentText();
+  const std::string kept = WithoutLastCharacter(text.substr(0, place));
+  SetCurrentText(sheet, kept + text.substr(place));
+  if (sheet.edit) sheet.edit->caret = CharacterCount(kept);
 }
 
 void FillBlankCell(Program& program) {
@@ -130,9 +147,9 @@ void RunKey(Program& program, std::string_view character) {
   } else if (character == "\r") {
     EnterKey(program);
   } else if (character == "\b") {
-    SetCurrentText(program.main.Grid1, WithoutLastCharacter(program.main.Grid1.CurrentText()));
+    TakeCharacterBack(program.main.Grid1);
   } else if (character == "." || (character.size() == 1 && character[0] >= '0' && character[0] <= '9')) {
-    AppendCharacter(program, character);
+    TypeCharacter(program, character);
   } else if (character.size() != 1 || static_cast<unsigned char>(character[0]) >= 32) {
     program.host.Beep();
   }

@@ -123,13 +123,6 @@ QPalette Colours(const Control& control, ControlKind kind) {
   return palette;
 }
 
-// The toolkit counts in units of UTF-16, the structure in characters.
-int UnitsOf(const QString& text, int characters) {
-  qsizetype units = 0;
-  for (; characters > 0 && units < text.size(); --characters) units += text[units].isHighSurrogate() ? 2 : 1;
-  return static_cast<int>(std::min(units, text.size()));
-}
-
 int CharactersOf(QStringView text) {
   return static_cast<int>(text.size() -
                           std::count_if(text.begin(), text.end(), [](QChar c) { return c.isLowSurrogate(); }));

@@ -1,12 +1,14 @@
 #include "qt/fitted_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace torvale {
 namespace {
 
-constexpr int kButtonMargin = 3;  // pixels between letters and edge
-constexpr int kSmallestText = 7;  // pixels
+constexpr int kButtonMargin = 4;  // pixels between letters and edge, of which the frame takes two
+constexpr int kSmallestText = 8;  // pixels
+constexpr int kSmallestButtonText = 7;
 
 // The caption with its line end at the blank nearest to the middle.
 QString InTwoLines(const QString& caption) {
@@ -25,10 +27,8 @@ QFont InPixels(QFont font, int pixels) {
   return font;
 }
 
-}  // namespace
-
-QFont Fitting(QFont font, const QSize& room, int flags, const QString& text) {
-  for (int size = font.pixelSize(); size > kSmallestText; --size) {
+QFont FittingFrom(int smallest, QFont font, const QSize& room, int flags, const QString& text) {
+  for (int size = font.pixelSize(); size >= smallest; --size) {
     font.setPixelSize(size);
     const QRect needed = QFontMetrics(font).boundingRect(QRect(QPoint(), room), flags, text);
     if (needed.width() <= room.width() && needed.height() <= room.height()) break;
@@ -36,13 +36,19 @@ QFont Fitting(QFont font, const QSize& room, int flags, const QString& text) {
   return font;
 }
 
+}  // namespace
+
+QFont Fitting(QFont font, const QSize& room, int flags, const QString& text) {
+  return FittingFrom(kSmallestText, std::move(font), room, flags, text);
+}
+
 void SetButtonText(QPushButton& button, const QString& caption, int pixels) {
   const QSize room = button.size() - QSize(2 * kButtonMargin, 2 * kButtonMargin);
   const int flags = Qt::AlignCenter | Qt::TextShowMnemonic;
   const QFont font = InPixels(button.font(), pixels);
   const QString two_lines = InTwoLines(caption);
-  const QFont in_one = Fitting(font, room, flags, caption);
-  const QFont in_two = Fitting(font, room, flags, two_lines);
+  const QFont in_one = FittingFrom(kSmallestButtonText, font, room, flags, caption);
+  const QFont in_two = FittingFrom(kSmallestButtonText, font, room, flags, two_lines);
   const bool one_line = in_one.pixelSize() >= in_two.pixelSize();
   button.setFont(one_line ? in_one : in_two);
   button.setText(one_line ? caption : two_lines);

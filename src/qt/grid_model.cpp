@@ -29,7 +29,9 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       InLines({grid_.Mark(row, index.column()), grid_.Tip(row, index.column()),
                back && !text.empty() ? MeaningOfCellColour(name_, index.column(), *back) : std::string_view()});
   if (tip.empty()) return {};
-  return role == Qt::ToolTipRole ? TipText(tip) : ToQt(tip);
+  // Longer words than those of a colour are to wrap.
+  const bool wraps = !grid_.Mark(row, index.column()).empty() || !grid_.Tip(row, index.column()).empty();
+  return role == Qt::ToolTipRole && wraps ? TipText(tip) : ToQt(tip);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

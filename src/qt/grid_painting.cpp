@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <optional>
 
 #include "qt/fitted_text.h"
 #include "qt/scale.h"
@@ -13,6 +14,7 @@ constexpr int kCursorWidth = 2;      // pixels
 constexpr int kSelectionAlpha = 90;  // of 255
 constexpr int kHeadingStretch = 87;  // percent: headings are set narrow
 constexpr int kHeadingMargin = 2;    // pixels
+constexpr int kCellMargin = 3;       // pixels
 
 bool Between(int value, int one, int other) {
   return value >= std::min(one, other) && value <= std::max(one, other);
@@ -36,10 +38,22 @@ QRect Inside(const QRect& heading) {
   return heading.adjusted(kHeadingMargin, kHeadingMargin, -kHeadingMargin, -kHeadingMargin);
 }
 
+Qt::Alignment AcrossOf(Side side) {
+  if (side == Side::kCentre) return Qt::AlignHCenter;
+  return side == Side::kRight ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+// White is the colour of a cell without one: it says nothing, and a dark desktop has another for it.
+std::optional<Colour> BackOf(const Grid& grid, int row, int column) {
+  if (!grid.Mark(row, column).empty()) return kMarkedBack;
+  const auto back = grid.Back(row, column);
+  return back == kWhite ? std::nullopt : back;
+}
+
 QColor TextColour(const Grid& grid, int row, int column, const QPalette& palette) {
   const auto fore = grid.Fore(row, column) ? grid.Fore(row, column) : grid.control.fore;
   if (!grid.Mark(row, column).empty()) return ToQt(kBlack);
-  if (grid.Back(row, column)) return ToQt(fore.value_or(kBlack));
+  if (BackOf(grid, row, column)) return ToQt(fore.value_or(kBlack));
   // Black on a cell without a colour of its own is the plain text colour, which a dark desktop turns light.
   return fore && *fore != kBlack ? ToQt(*fore) : palette.color(QPalette::Text);
 }
@@ -92,8 +106,7 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   const int column = index.column();
   if (row >= grid_.rows() || column >= grid_.column_count()) return;
   painter->save();
-  const bool marked = !grid_.Mark(row, column).empty();
-  const auto back = marked ? kMarkedBack : grid_.Back(row, column);
+  const auto back = BackOf(grid_, row, column);
   const QPalette& palette = option.palette;
   painter->fillRect(option.rect,
                     back ? ToQt(*back) : palette.color(row % 2 == 0 ? QPalette::AlternateBase : QPalette::Base));
@@ -112,8 +125,16 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   }
   painter->setPen(TextColour(grid_, row, column, palette));
   painter->setFont(option.font);
-  // A row holds one line: whatever the alignment, the text stands in the middle.
-  painter->drawText(option.rect, Qt::AlignCenter | Qt::TextSingleLine, ToQt(grid_.Text(row, column)));
+  // A row holds one line, so that it stands in the middle of the height, whatever the alignment.
+  const QString text = ToQt(grid_.Text(row, column));
+  const QRect room = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
+  const int flags = static_cast<int>(AcrossOf(grid_.SideOf(row, column)) | Qt::AlignVCenter) | Qt::TextSingleLine;
+  painter->drawText(room, flags, text);
+  if (grid_.edit && row == grid_.row && column == grid_.column) {
+    const QRect letters = painter->boundingRect(room, flags, text.isEmpty() ? QString(" ") : text);
+    const int caret = painter->fontMetrics().horizontalAdvance(text.left(UnitsOf(text, grid_.edit->caret)));
+    painter->fillRect(QRect(letters.left() + caret, letters.top(), 1, letters.height()), painter->pen().color());
+  }
   painter->restore();
 }
 

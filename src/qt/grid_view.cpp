@@ -1,5 +1,6 @@
 #include "qt/grid_view.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -38,11 +39,24 @@ GridView::GridView(const std::string& name, Grid& grid, QWidget* parent) : QTabl
   setTabKeyNavigation(false);
   setAutoScroll(false);
   setVerticalScrollMode(ScrollPerItem);
+  setHorizontalScrollMode(ScrollPerItem);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setMouseTracking(true);
   viewport()->setMouseTracking(true);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
           [this](int value) { grid_.top_row = drawn_.top_row = value + 1; });
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
+          [this](int value) { grid_.left_column = drawn_.left_column = value; });
+}
+
+void GridView::Connect(GridEvents events) {
+  events_ = std::move(events);
+  if (!events_.widen) return;
+  heading_->setSectionResizeMode(QHeaderView::Interactive);
+  connect(heading_, &QHeaderView::sectionResized, this, [this](int column, int /*before*/, int now) {
+    if (!laying_out_) events_.widen(column, scale_.Twips(now));
+  });
+  connect(heading_, &QHeaderView::sectionHandleDoubleClicked, this, [this](int column) { events_.widen(column, 0); });
 }
 
 void GridView::LayOut() {
@@ -63,18 +77,23 @@ void GridView::LayOut() {
   SetColumnWidths(width() - 2 * frameWidth() - (whole ? 0 : verticalScrollBar()->sizeHint().width()));
   heading_->FitLetters(letters.pixelSize());
   updateGeometries();
+  grid_.rows_in_view = std::max(1, viewport()->height() / row_height);
 }
 
-// Edges are rounded on their own; the last column takes what is left, so that the columns fill the grid exactly.
+// Edges are rounded on their own; the last column takes what is left, so that the columns fill the grid exactly. Where
+// the user has made them wider than that they scroll.
 void GridView::SetColumnWidths(int room) {
-  int twips = 0;
-  int left = 0;
-  for (int c = 0; c < model_->columnCount(); ++c) {
-    twips += grid_.columns[static_cast<std::size_t>(c)].width;
-    const int right = c + 1 < model_->columnCount() ? scale_.Pixels(twips) : room;
-    setColumnWidth(c, std::max(1, right - left));
-    left = right;
+  const int count = model_->columnCount();
+  const bool widened =
+      std::any_of(grid_.columns.begin(), grid_.columns.end(), [](const GridColumn& c) { return c.widened > 0; });
+  const bool scrolls = widened && scale_.Pixels(grid_.EdgeOf(count)) > room;
+  setHorizontalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  laying_out_ = true;
+  for (int c = 0; c < count; ++c) {
+    const int right = c + 1 < count || scrolls ? scale_.Pixels(grid_.EdgeOf(c + 1)) : room;
+    setColumnWidth(c, std::max(1, right - scale_.Pixels(grid_.EdgeOf(c))));
   }
+  laying_out_ = false;
 }
 
 bool GridView::Draw(const Scale& scale) {
@@ -92,17 +111,23 @@ bool GridView::Draw(const Scale& scale) {
     laid_out_ = size();
     LayOut();
   }
-  const int wanted_top = grid_.top_row;
-  const bool scrolled = wanted_top != drawn_.top_row;
-  const bool moved = DrawCursor();
-  if (scrolled) {
-    verticalScrollBar()->setValue(wanted_top - 1);
+  if (grid_.top_row != drawn_.top_row) {
+    verticalScrollBar()->setValue(grid_.top_row - 1);
     grid_.top_row = drawn_.top_row = verticalScrollBar()->value() + 1;
   }
-  return moved;
+  if (grid_.left_column != drawn_.left_column) {
+    horizontalScrollBar()->setValue(grid_.left_column);
+    grid_.left_column = drawn_.left_column = horizontalScrollBar()->value();
+  }
+  return DrawCursor();
 }
 
+// The view stays where it is: where it follows the cursor the structure says so.
 bool GridView::DrawCursor() {
+  if (const int caret = grid_.edit ? grid_.edit->caret : -1; drawn_.caret != caret) {
+    drawn_.caret = caret;
+    viewport()->update();
+  }
   if (drawn_.row == grid_.row && drawn_.column == grid_.column && drawn_.row_sel == grid_.row_sel &&
       drawn_.column_sel == grid_.column_sel) {
     return false;
@@ -112,8 +137,6 @@ bool GridView::DrawCursor() {
   drawn_.row_sel = grid_.row_sel;
   drawn_.column_sel = grid_.column_sel;
   setCurrentIndex(model_->index(grid_.row - 1, grid_.column));
-  const QModelIndex corner = model_->index(grid_.row_sel - 1, grid_.column_sel);
-  if (corner.isValid()) scrollTo(corner);
   viewport()->update();
   heading_->viewport()->update();
   return true;
@@ -122,6 +145,28 @@ bool GridView::DrawCursor() {
 QRect GridView::CursorRect() const {
   const QRect cell = visualRect(model_->index(grid_.row_sel - 1, grid_.column_sel));
   return cell.isEmpty() ? cell : cell.translated(viewport()->pos());
+}
+
+// Tab goes the way of other keys before the toolkit moves the focus by it.
+bool GridView::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress && events_.key) {
+    auto& key = static_cast<QKeyEvent&>(*event);
+    if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) {
+      keyPressEvent(&key);
+      return true;
+    }
+  }
+  return QTableView::event(event);
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+  if (!events_.menu) return event->ignore();
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    const QRect cell = visualRect(model_->index(grid_.row_sel - 1, grid_.column_sel));
+    return events_.menu(grid_.row_sel, grid_.column_sel, viewport()->mapToGlobal(cell.center()));
+  }
+  const QModelIndex cell = indexAt(viewport()->mapFromGlobal(event->globalPos()));
+  if (cell.isValid()) events_.menu(cell.row() + 1, cell.column(), event->globalPos());
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {

@@ -18,6 +18,8 @@ struct GridEvents {
   std::function<void(const KeyStroke&)> key;
   std::function<void(int row, int column, bool extend)> point;
   std::function<void(MouseAction, MouseButton, int x, int y)> mouse;
+  std::function<void(int row, int column, const QPoint& at)> menu;  // `at` on the desktop
+  std::function<void(int column, int width)> widen;                 // twips; 0 for the layout's own
 };
 
 // A grid of the screen. It never edits and never moves a cursor by itself: keys and clicks go to those who asked, and
@@ -28,7 +30,7 @@ class GridView final : public QTableView {
   GridView(const std::string& name, Grid& grid, QWidget* parent);
 
   // Tells `events` what the user does from now on.
-  void Connect(GridEvents events) { events_ = std::move(events); }
+  void Connect(GridEvents events);
 
   // Applies what changed in the structure since the last call. True where the current cell or the selection moved.
   bool Draw(const Scale& scale);
@@ -36,7 +38,9 @@ class GridView final : public QTableView {
   QRect CursorRect() const;
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -48,6 +52,8 @@ class GridView final : public QTableView {
     std::uint64_t revision = 0;
     std::vector<GridColumn> columns;
     int top_row = 1;
+    int left_column = 0;
+    int caret = -1;
     int row = 0;
     int column = 0;
     int row_sel = 0;
@@ -65,6 +71,7 @@ class GridView final : public QTableView {
   GridHeading* heading_;
   Scale scale_{0};
   QSize laid_out_;
+  bool laying_out_ = false;  // column widths change by our own hand
   Drawn drawn_;
 };
 

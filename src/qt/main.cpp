@@ -26,7 +26,8 @@ int main(int argc, char** argv) {
   Program program(host);
   StartProgram(program);
   MainWindow window(program);
-  host.Attach(&window, [&] { window.Sync(); });
+  host.Attach(
+      &window, [&] { window.Sync(); }, [&](const std::string& body) { window.ExplainMessage(body); });
   SplashWindow splash(program, [&] {
     window.Open();
     const QStringList arguments = QApplication::arguments();

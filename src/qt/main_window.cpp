@@ -19,6 +19,7 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/help.h"
+#include "shell/panel_drag.h"
 #include "shell/recovery.h"
 #include "shell/start_up.h"
 
@@ -98,6 +99,10 @@ void MainWindow::OpenDesign(const QString& path) {
   Run([&] { FileDropped(program_, path.toStdString()); });
 }
 
+void MainWindow::ExplainMessage(const std::string& body) {
+  Run([&] { OpenHelpOnMessage(program_, body); });
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (urls.size() == 1 && urls.front().isLocalFile()) event->acceptProposedAction();
@@ -109,6 +114,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  place_.Close();
   // A calculation that is still running finds itself cancelled and unwinds; the objects live until it has.
   Guarded(program_, [this] { Form_Unload(program_); });
   DrawBusy();
@@ -143,6 +149,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
       if (HelpOnMenu(watched, static_cast<QKeyEvent&>(*event))) return true;
+      if (TypedWithAlt(watched, static_cast<QKeyEvent&>(*event))) return true;
       if (FindField(program_, name) != nullptr) return FieldKeyPressed(name, static_cast<QKeyEvent&>(*event));
       break;
     case QEvent::ContextMenu:
@@ -161,7 +168,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
       MouseReleased(static_cast<QMouseEvent&>(*event));
       break;
     case QEvent::MouseMove:
-      if (watched == canvas_) Run([this] { BackgroundMouse(program_); });
+      MouseMoved(watched, static_cast<QMouseEvent&>(*event));
       break;
     case QEvent::Wheel: {
       const auto& wheel = static_cast<QWheelEvent&>(*event);
@@ -184,6 +191,13 @@ bool MainWindow::HelpOnMenu(QObject* watched, const QKeyEvent& event) {
   while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
   Run([&] { OpenHelp(program_, HelpPlaceFor(program_, name)); });
   return true;
+}
+
+// A list would look for the letter, a menu has letters of its own.
+bool MainWindow::TypedWithAlt(const QObject* watched, const QKeyEvent& event) const {
+  std::string character;
+  const auto stroke = StrokeOf(event, character);
+  return stroke && stroke->alt && qobject_cast<const QMenu*>(watched) == nullptr;
 }
 
 // True where the key goes no further.
@@ -212,9 +226,22 @@ void MainWindow::ShowFieldMenu(QLineEdit& edit, const QPoint& at) {
   menu->popup(at);
 }
 
+void MainWindow::ShowGridMenu(const std::string& name, int row, int column, const QPoint& at) {
+  std::vector<std::string_view> entries;
+  Run([&] { entries = GridMenu(program_, name, row, column); });
+  PopUpMenu(program_, entries, at, *ViewOf(name)->widget, [this](const std::string& entry) { RunClick(entry); });
+}
+
 void MainWindow::WidgetEntered(const std::string& name, Qt::FocusReason reason) {
   if (syncing_ || OnlyReturns(reason) || FindControl(program_, name) == nullptr) return;
   Run([&] { FocusGained(program_, name); });
+}
+
+// Where the pointer is, in twips from the screen's corner.
+QPointF MainWindow::OnScreenAt(const QMouseEvent& event) const {
+  const Scale scale(program_.main.zoom);
+  const QPoint at = canvas_->mapFromGlobal(event.globalPosition().toPoint());
+  return {static_cast<double>(scale.Twips(at.x())), static_cast<double>(scale.Twips(at.y()))};
 }
 
 // The panels take hold where they hold nothing else.
@@ -224,21 +251,30 @@ void MainWindow::MousePressed(const QObject* on, const QMouseEvent& event) {
     if (on != view->inside || event.button() != Qt::LeftButton) continue;
     const Scale scale(program_.main.zoom);
     const QPoint at = view->widget->mapFromGlobal(event.globalPosition().toPoint());
-    dragged_ = view->named.control;
-    Run([&] { GrabPanel(drag_, static_cast<float>(scale.Twips(at.x())), static_cast<float>(scale.Twips(at.y()))); });
+    Run([&] {
+      GrabPanel(program_, panel, static_cast<float>(scale.Twips(at.x())), static_cast<float>(scale.Twips(at.y())));
+    });
   }
 }
 
+void MainWindow::MouseMoved(const QObject* on, const QMouseEvent& event) {
+  const QPointF at = OnScreenAt(event);
+  if (!program_.main.drag.panel.empty()) {
+    Run([&] { DragPanel(program_, static_cast<float>(at.x()), static_cast<float>(at.y())); });
+  } else if (on == canvas_) {
+    Run([this] { BackgroundMouse(program_); });
+  }
+}
+
+// The panel goes with the pointer, so that whatever shows of the screen lies under the two of them.
 void MainWindow::MouseReleased(const QMouseEvent& event) {
-  if (dragged_ == nullptr) return;
-  Control& panel = *std::exchange(dragged_, nullptr);
-  const Scale scale(program_.main.zoom);
-  const QPoint at = canvas_->mapFromGlobal(event.globalPosition().toPoint());
-  const QRect place = scale.Rect(panel.place);
-  const QPoint from = place.contains(at) ? at - place.topLeft() : at;
-  const auto x = static_cast<float>(scale.Twips(from.x()));
-  const auto y = static_cast<float>(scale.Twips(from.y()));
-  Run([&] { place.contains(at) ? DropOnPanel(panel, drag_, x, y) : DropOnScreen(panel, drag_, x, y); });
+  if (program_.main.drag.panel.empty()) return;
+  const QPointF at = OnScreenAt(event);
+  const QWidget& screen = *area_->viewport();
+  const bool inside = screen.rect().contains(screen.mapFromGlobal(event.globalPosition().toPoint()));
+  Run([&] {
+    inside ? DropOnScreen(program_, static_cast<float>(at.x()), static_cast<float>(at.y())) : DropElsewhere(program_);
+  });
 }
 
 void MainWindow::StepZoom(int steps) {

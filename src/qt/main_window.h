@@ -40,6 +40,8 @@ class MainWindow final : public QMainWindow {
   void Sync();
   // Opens a design file that the desktop hands over.
   void OpenDesign(const QString& path);
+  // Opens the guide at what it says of a message.
+  void ExplainMessage(const std::string& body);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -72,8 +74,12 @@ class MainWindow final : public QMainWindow {
   void StepZoom(int steps);
   void KeepOn();
   bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
+  void ShowGridMenu(const std::string& name, int row, int column, const QPoint& at);
+  bool TypedWithAlt(const QObject* watched, const QKeyEvent& event) const;
   void MousePressed(const QObject* on, const QMouseEvent& event);
+  void MouseMoved(const QObject* on, const QMouseEvent& event);
   void MouseReleased(const QMouseEvent& event);
+  QPointF OnScreenAt(const QMouseEvent& event) const;
 
   // Drawing
   void DrawZoom();
@@ -100,8 +106,6 @@ class MainWindow final : public QMainWindow {
   bool syncing_ = false;  // focus and text changes are ours, not the user's
   bool busy_shown_ = false;
   bool activated_ = false;
-  Control* dragged_ = nullptr;  // the panel that the user moves
-  PanelDrag drag_;
 };
 
 }  // namespace torvale

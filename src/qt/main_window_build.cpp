@@ -12,6 +12,7 @@
 #include "qt/main_window.h"
 #include "shell/commands.h"
 #include "shell/start_up.h"
+#include "shell/tool_bar.h"
 
 namespace torvale {
 namespace {
@@ -48,6 +49,8 @@ GridEvents MainWindow::EventsOf(const std::string& name) {
   events.point = [this, name](int row, int column, bool extend) {
     Run([&] { GridPoint(program_, name, row, column, extend); });
   };
+  events.menu = [this, name](int row, int column, const QPoint& at) { ShowGridMenu(name, row, column, at); };
+  events.widen = [this, name](int column, int width) { Run([&] { WidenColumn(program_, name, column, width); }); };
   if (name == "Grid2") {
     events.mouse = [this](MouseAction action, MouseButton button, int x, int y) {
       Run([&] { ResultMouse(program_, action, button, x, y); });
@@ -136,6 +139,7 @@ void MainWindow::MakeShortcuts() {
   };
   cancel_key_ = key(QKeySequence(Qt::Key_Escape), [this] { RunClick("cmdCancel"); });
   key(QKeySequence("Ctrl+Shift+Z"), [this] { RunClick("mnuEditRedo"); });
+  key(QKeySequence(QKeySequence::Print), [this] { Run([this] { ScreenKey(program_, {Key::kPrint, ""}); }); });
   key(QKeySequence("Ctrl++"), [this] { StepZoom(1); });
   key(QKeySequence("Ctrl+="), [this] { StepZoom(1); });
   key(QKeySequence("Ctrl+-"), [this] { StepZoom(-1); });

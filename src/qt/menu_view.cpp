@@ -5,6 +5,7 @@
 #include <map>
 
 #include "qt/control_view.h"
+#include "qt/scale.h"
 #include "shell/commands.h"
 
 namespace torvale {
@@ -74,6 +75,27 @@ void MenuView::Draw() {
     entry.action->setVisible(control.visible);
     entry.drawn = control;
   }
+}
+
+void PopUpMenu(Program& program, const std::vector<std::string_view>& entries, const QPoint& at, QWidget& parent,
+               const MenuView::Event& click) {
+  if (entries.empty()) return;
+  auto* menu = new QMenu(&parent);
+  menu->setObjectName("gridMenu");
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  QFont letters = menu->font();
+  letters.setPixelSize(Scale(program.main.zoom).Zoomed(kTextPixels));
+  menu->setFont(letters);
+  for (const std::string_view entry : entries) {
+    const Reach reach = ReachOf(program, entry);
+    if (reach == Reach::kHidden || reach == Reach::kUnknown) continue;
+    const std::string name(entry);
+    QAction* action = menu->addAction(ToQt(FindControl(program, name)->caption));
+    action->setObjectName(ToQt(name));
+    action->setEnabled(reach == Reach::kUsable);
+    QObject::connect(action, &QAction::triggered, [click, name] { click(name); });
+  }
+  menu->popup(at);
 }
 
 }  // namespace torvale

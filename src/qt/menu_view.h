@@ -5,9 +5,10 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "screen/main_screen.h"
+#include "screen/program.h"
 
 namespace torvale {
 
@@ -31,5 +32,9 @@ class MenuView {
   };
   std::vector<Entry> entries_;
 };
+
+// Opens a menu of those entries at a place of the desktop, as they stand among the controls.
+void PopUpMenu(Program& program, const std::vector<std::string_view>& entries, const QPoint& at, QWidget& parent,
+               const MenuView::Event& click);
 
 }  // namespace torvale

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -48,10 +49,29 @@ void KeepLines(const QMessageBox& box) {
   label->setMinimumWidth(std::min(widest + 1, box.screen()->availableSize().width() * 2 / 3));
 }
 
+// What the F1 key does in a box.
+class ExplainOnF1 final : public QObject {
+ public:
+  explicit ExplainOnF1(const std::function<void()>& explain) : explain_(explain) {}
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool asked = event->type() == QEvent::KeyPress && static_cast<QKeyEvent&>(*event).key() == Qt::Key_F1;
+    if (!asked || !explain_) return QObject::eventFilter(watched, event);
+    explain_();
+    return true;
+  }
+
+ private:
+  const std::function<void()>& explain_;
+};
+
 QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
-                                 QMessageBox::StandardButtons buttons) {
+                                 QMessageBox::StandardButtons buttons, const std::function<void()>& explain) {
   QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), LinesOf(body), buttons, window);
   box.setTextFormat(Qt::PlainText);
+  // The box holds back the windows that it belongs to, but not the guide.
+  if (window != nullptr) box.setWindowModality(Qt::WindowModal);
+  ExplainOnF1 on_f1(explain);
+  box.installEventFilter(&on_f1);
   KeepLines(box);
   const ArrowPointer plain;
   const int answer = box.exec();
@@ -93,9 +113,10 @@ std::optional<std::string> Chosen(const QString& path) {
 
 }  // namespace
 
-void QtHost::Attach(QWidget* window, std::function<void()> draw) {
+void QtHost::Attach(QWidget* window, std::function<void()> draw, std::function<void(const std::string&)> explain) {
   window_ = window;
   draw_ = std::move(draw);
+  explain_ = std::move(explain);
 }
 
 // The window that has the user's attention: one that keeps the main window waiting stands over it.
@@ -106,6 +127,11 @@ QWidget* QtHost::Front() const {
 
 void QtHost::Draw() {
   if (draw_) draw_();
+}
+
+std::function<void()> QtHost::Explaining(std::string_view body) const {
+  if (!explain_) return nullptr;
+  return [this, text = std::string(body)] { explain_(text); };
 }
 
 long QtHost::Yield(long due) {
@@ -120,13 +146,14 @@ long QtHost::Yield(long due) {
 void QtHost::Message(std::string_view body, std::string_view title) {
   if (Closed()) return;
   Draw();
-  Show(Front(), QMessageBox::Information, body, title, QMessageBox::Ok);
+  Show(Front(), QMessageBox::Information, body, title, QMessageBox::Ok, Explaining(body));
 }
 
 bool QtHost::Question(std::string_view body, std::string_view title) {
   if (Closed()) return false;
   Draw();
-  return Show(Front(), QMessageBox::Question, body, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+  return Show(Front(), QMessageBox::Question, body, title, QMessageBox::Yes | QMessageBox::No, Explaining(body)) ==
+         QMessageBox::Yes;
 }
 
 void QtHost::Beep() {

@@ -30,9 +30,10 @@ class QtHost final : public Host {
       : program_folder_(std::move(program_folder)), user_data_folder_(std::move(user_data_folder)) {}
 
   // Messages and dialogs stand over `window`, or over a window of it that keeps it waiting; `draw` brings it up to date
-  // before they do and at each yield. Once the window is closed there is nobody left to tell: messages are passed over,
-  // questions count as answered No.
-  void Attach(QWidget* window, std::function<void()> draw);
+  // before they do and at each yield, and `explain` opens the guide at what it says of a message. Once the window is
+  // closed there is nobody left to tell: messages are passed over, questions count as answered No.
+  void Attach(QWidget* window, std::function<void()> draw,
+              std::function<void(const std::string& body)> explain = nullptr);
 
   long Yield(long due) override;
   void Message(std::string_view body, std::string_view title) override;
@@ -63,6 +64,7 @@ class QtHost final : public Host {
   QString DialogFolder();
   void KeepDialogFolder(const QString& chosen);
   bool MayReplace(QWidget* dialog, const QString& path);
+  std::function<void()> Explaining(std::string_view body) const;
   QPrinter& ChosenPrinter();
   bool WriteBuffer(const QBuffer& buffer, const std::string& path);
 
@@ -70,6 +72,7 @@ class QtHost final : public Host {
   QString user_data_folder_;
   QWidget* window_ = nullptr;
   std::function<void()> draw_;
+  std::function<void(const std::string&)> explain_;
   YieldPacer pacer_;
   std::unique_ptr<QPrinter> printer_;
 };

@@ -36,6 +36,12 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
   events.point = [this](int row, int column, bool extend) {
     run_([&] { GridPoint(program_, kSoilsGrid, row, column, extend); });
   };
+  events.menu = [this](int row, int column, const QPoint& at) {
+    std::vector<std::string_view> entries;
+    run_([&] { entries = GridMenu(program_, kSoilsGrid, row, column); });
+    PopUpMenu(program_, entries, at, *grid_, [this](const std::string& name) { RunClick(name); });
+  };
+  events.widen = [this](int column, int width) { run_([&] { WidenColumn(program_, kSoilsGrid, column, width); }); };
   grid_->Connect(std::move(events));
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
   connect(help, &QShortcut::activated, this,

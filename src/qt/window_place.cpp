@@ -32,10 +32,14 @@ WindowPlace::WindowPlace(QWidget& window, MainScreen& screen, std::function<void
   settle_.setSingleShot(true);
   settle_.setInterval(kSettleMilliseconds);
   QObject::connect(&settle_, &QTimer::timeout, [this] { Settle(); });
+  moved_.setSingleShot(true);
+  moved_.setInterval(kSettleMilliseconds);
+  QObject::connect(&moved_, &QTimer::timeout, [this] { ReadCorner(); });
 }
 
 bool WindowPlace::Movable() const {
-  return window_.isVisible() && screen_.state == WindowState::kNormal;
+  const bool plain = !window_.isMaximized() && !window_.isMinimized() && !window_.isFullScreen();
+  return window_.isVisible() && plain && screen_.state == WindowState::kNormal;
 }
 
 QSize WindowPlace::WantedSize() const {
@@ -86,10 +90,19 @@ void WindowPlace::Read() {
   ReadLength(screen_.window.height, window_.height() - bar_height_, screen_.zoom);
 }
 
-void WindowPlace::Moved() {
+void WindowPlace::ReadCorner() {
   if (!Movable() || correcting_) return;
   ReadLength(screen_.window.left, window_.x(), kNoZoom);
   ReadLength(screen_.window.top, window_.y(), kNoZoom);
+}
+
+void WindowPlace::Moved() {
+  if (Movable() && !correcting_) moved_.start();
+}
+
+void WindowPlace::Close() {
+  if (moved_.isActive()) ReadCorner();
+  moved_.stop();
 }
 
 void WindowPlace::Resized() {
@@ -97,6 +110,7 @@ void WindowPlace::Resized() {
 }
 
 void WindowPlace::StateChanged() {
+  moved_.stop();
   screen_.state = window_.isMinimized()   ? WindowState::kMinimized
                   : window_.isMaximized() ? WindowState::kMaximized
                                           : WindowState::kNormal;

@@ -28,6 +28,8 @@ class WindowPlace {
   void Moved();
   void Resized();
   void StateChanged();
+  // The window is about to close: what it was moved by last counts.
+  void Close();
   // Gives the window the structure's place, as far as the display has room.
   void Apply();
 
@@ -36,12 +38,14 @@ class WindowPlace {
   QRect Wanted() const;
   bool Movable() const;
   void Read();
+  void ReadCorner();
   void Settle();
 
   QWidget& window_;
   MainScreen& screen_;
   std::function<void()> on_resize_;
   QTimer settle_;
+  QTimer moved_;  // a move settles, too: one that comes with being maximised is none
   int bar_height_ = 0;
   bool correcting_ = false;  // the last change of size or place was ours
   bool refused_ = false;     // the desktop did not let us: it decides from now on

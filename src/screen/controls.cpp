@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/numbers.h"
 #include "base/run_time_fault.h"
 #include "base/utf8.h"
 
@@ -116,12 +117,39 @@ void Grid::SetCurrent(int r, int c) {
   if (r < 0 || r >= rows() || c < 0 || c >= column_count()) throw RunTimeFault{Fault::kSubscript};
   row = row_sel = r;
   column = column_sel = c;
+  edit.reset();
 }
 
 void Grid::SetSelection(int r, int c) {
   if (r < 0 || r >= rows() || c < 0 || c >= column_count()) throw RunTimeFault{Fault::kSubscript};
   row_sel = r;
   column_sel = c;
+  edit.reset();
+}
+
+int Grid::RowsInView() const {
+  constexpr int kRowHeight = 240;  // twips
+  return rows_in_view > 0 ? rows_in_view : std::max(1, (control.place.height - heading_height) / kRowHeight);
+}
+
+int Grid::WidthOf(int c) const {
+  const GridColumn& shape = columns.at(static_cast<std::size_t>(c));
+  return shape.widened > 0 ? shape.widened : shape.width;
+}
+
+int Grid::EdgeOf(int c) const {
+  int edge = 0;
+  for (int before = 0; before < c; ++before) edge += WidthOf(before);
+  return edge;
+}
+
+void Grid::BringIntoView(int r, int c) {
+  constexpr int kScrollBar = 300;  // twips
+  const int room = control.place.width - kScrollBar;
+  if (r >= 1) top_row = std::clamp(top_row, std::max(1, r - RowsInView() + 1), r);
+  const bool scrolls = EdgeOf(column_count()) > control.place.width;
+  left_column = scrolls ? std::min(left_column, c) : 0;
+  while (scrolls && left_column < c && EdgeOf(c + 1) - EdgeOf(left_column) > room) ++left_column;
 }
 
 const Grid::CellLook& Grid::Look(int r, int c) const {
@@ -135,6 +163,11 @@ Grid::CellLook& Grid::LookForChange(int r, int c) {
 
 Align Grid::AlignOf(int r, int c) const {
   return Look(r, c).align.value_or(columns[static_cast<std::size_t>(c)].align);
+}
+
+Side Grid::SideOf(int r, int c) const {
+  if (AlignOf(r, c) != Align::kGeneral) return Side::kCentre;
+  return IsNumber(Text(r, c)) ? Side::kRight : Side::kLeft;
 }
 
 void Grid::SetBack(int r, int c, std::optional<Colour> colour) {

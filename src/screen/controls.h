@@ -130,9 +130,12 @@ class ListBox {
 };
 
 enum class Align { kGeneral, kCentreCentre, kCentreBottom };
+// Where a text stands in its cell.
+enum class Side { kLeft, kCentre, kRight };
 
 struct GridColumn {
-  int width = 0;  // twips
+  int width = 0;    // twips, as the layout has it
+  int widened = 0;  // twips that the user gave it in the place of that; 0 for none
   Align align = Align::kGeneral;
   bool operator==(const GridColumn&) const = default;
 };
@@ -146,11 +149,20 @@ class Grid {
   int heading_height = 0;            // twips
   std::optional<Colour> fixed_back;  // the heading row
   std::optional<Colour> fixed_fore;
-  int top_row = 1;  // first row below the headings that is in view; a window moves it as the user scrolls
-  int row = 1;      // the current cell ...
+  int top_row = 1;       // first row below the headings that is in view; a window moves it as the user scrolls
+  int left_column = 0;   // first column in view, the same way
+  int rows_in_view = 0;  // as a window shows them; 0: as many as the grid's place has room for
+  int row = 1;           // the current cell ...
   int column = 0;
   int row_sel = 1;  // ... and the far corner of the selection
   int column_sel = 0;
+  // A caret in the current cell: the character that it stands ahead of, and the text as it was when the caret came.
+  // Nothing where what is typed goes to the end. Every move of the current cell takes it away.
+  struct CellEdit {
+    int caret = 0;
+    std::string before;
+  };
+  std::optional<CellEdit> edit;
 
   TextGrid& cells() { return cells_; }
   const TextGrid& cells() const { return cells_; }
@@ -173,10 +185,21 @@ class Grid {
   // Moves the far corner of the selection.
   void SetSelection(int r, int c);
 
+  // Rows below the headings that are in view.
+  int RowsInView() const;
+  // Twips that a column takes, and from the left edge of the first column to its own.
+  int WidthOf(int c) const;
+  int EdgeOf(int c) const;
+  // Scrolls as far as it takes to show the cell. The view stays where the user left it until someone asks for this: a
+  // cursor that moves by itself takes no one along.
+  void BringIntoView(int r, int c);
+
   std::optional<Colour> Back(int r, int c) const { return Look(r, c).back; }
   std::optional<Colour> Fore(int r, int c) const { return Look(r, c).fore; }
   // How the cell is aligned: its own way, or its column's.
   Align AlignOf(int r, int c) const;
+  // What comes of that for the cell's text: general alignment puts numbers to the right and all else to the left.
+  Side SideOf(int r, int c) const;
   void SetBack(int r, int c, std::optional<Colour> colour);
   void SetFore(int r, int c, std::optional<Colour> colour);
   void SetAlign(int r, int c, Align align);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,6 +22,14 @@ enum class WindowState { kNormal, kMinimized, kMaximized };
 
 inline constexpr std::string_view kProgramTitle = "TORVALE";
 
+// A panel that is being moved by hand: where it was grabbed, from its corner, and where it stood.
+struct PanelDrag {
+  std::string panel;  // its name; empty while none is
+  float DragX = 0;
+  std::int16_t DragY = 0;
+  Place from;
+};
+
 // The main design screen: the input sheet, the results and everything around them, by the names of the controls.
 struct MainScreen {
   MainScreen();
@@ -35,6 +44,7 @@ struct MainScreen {
   bool closed = false;     // the screen was unloaded; the program ends
   std::string focus;       // name of the active control
   SheetCell refused;       // what the last refusal of a survey speaks of
+  PanelDrag drag;
 
   // Menus
   Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileEarlier, mnuFileBringBack, mnuFileBar3,

@@ -60,6 +60,11 @@ ControlStore StoreOf(Program& program, std::string_view name) {
   return entry == nullptr ? ControlStore{} : entry->find(program, *entry->facts);
 }
 
+// Whether the control stands in the editor of soils, a window of its own.
+bool IsInSoils(const Entry& entry) {
+  return entry.find == FindIn<&Program::soils>;
+}
+
 }  // namespace
 
 Program::Program(Host& desktop) : host(desktop) {
@@ -90,6 +95,7 @@ const ControlFacts* FactsOf(std::string_view name) {
 Reach ReachOf(Program& program, std::string_view name) {
   const Entry* entry = Find(name);
   if (entry == nullptr) return Reach::kUnknown;
+  if (IsInSoils(*entry) && !program.soils.visible) return Reach::kHidden;
   bool enabled = true;
   for (; entry != nullptr; entry = entry->parent) {
     const Control& control = *entry->find(program, *entry->facts).control;

@@ -48,6 +48,7 @@ struct Program {
   std::uint64_t stored_count = 0;
   std::uint64_t preferences_count = 0;
   std::shared_ptr<History> history;  // what can be undone, see shell/history.h; none until the program has started
+  std::string offered_cells;  // what a copy of the sheet or the results last put on the desktop's clipboard
   Host& host;
 };
 

@@ -6,6 +6,7 @@
 #include "base/utf8.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/tool_bar.h"
 
 namespace torvale {
 namespace {
@@ -34,23 +35,33 @@ constexpr NamedKey kKeys[] = {{"Enter", Key::kEnter},
                               {"Ctrl+V", Key::kPaste},
                               {"Ctrl+Z", Key::kUndo},
                               {"Ctrl+Y", Key::kRedo},
-                              {"Ctrl+Shift+Z", Key::kRedo}};
+                              {"Ctrl+Shift+Z", Key::kRedo},
+                              {"Ctrl+Up", Key::kCtrlUp},
+                              {"Ctrl+Down", Key::kCtrlDown},
+                              {"Ctrl+Left", Key::kCtrlLeft},
+                              {"Ctrl+Right", Key::kCtrlRight},
+                              {"Tab", Key::kTab},
+                              {"Ctrl+Tab", Key::kCtrlTab},
+                              {"F2", Key::kEdit},
+                              {"Ctrl+A", Key::kSelectAll},
+                              {"Alt+Right", Key::kWiden},
+                              {"Alt+Left", Key::kNarrow},
+                              {"Ctrl+P", Key::kPrint}};
 
 constexpr std::string_view kShift = "Shift+";
-
-void PressInField(Program& program, const std::string& name, const KeyStroke& stroke) {
-  if (!FieldKey(program, name, stroke)) TypeAtCaret(program, name, stroke);
-}
+constexpr std::string_view kAlt = "Alt+";
 
 void Press(Program& program, const std::string& name, const KeyStroke& stroke) {
   if (FindGrid(program, name) != nullptr) {
     GridKey(program, name, stroke);
   } else if (FindField(program, name) != nullptr) {
-    PressInField(program, name, stroke);
+    FieldKeyTyped(program, name, stroke);
   } else if (name == "frmSplash") {
     Click(program, name);
+  } else if (name == "frmMainForm") {
+    ScreenKey(program, stroke);
   } else {
-    throw ScriptError("neither a grid nor a field nor the splash screen: " + name);
+    throw ScriptError("neither a grid nor a field nor a screen: " + name);
   }
 }
 
@@ -60,6 +71,9 @@ KeyStroke KeyByName(std::string_view word) {
   if (stroke.shift) word.remove_prefix(kShift.size());
   const auto found =
       std::find_if(std::begin(kKeys), std::end(kKeys), [&](const NamedKey& k) { return k.name == word; });
+  if (found == std::end(kKeys) && word.starts_with(kAlt) && CharacterCount(word) == CharacterCount(kAlt) + 1) {
+    return {Key::kCharacter, word.substr(kAlt.size()), false, true};
+  }
   if (found == std::end(kKeys)) throw ScriptError("not a key: " + std::string(word));
   stroke.key = found->key;
   return stroke;

@@ -201,6 +201,14 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
   }
 }
 
+void ShowView(std::ostream& out, Program& program, std::string_view name) {
+  const Grid* grid = FindGrid(program, name);
+  if (grid == nullptr) throw ScriptError("no grid: " + std::string(name));
+  out << name << " view " << grid->top_row << ' ' << grid->left_column << " edges";
+  for (int c = 0; c <= grid->column_count(); ++c) out << ' ' << grid->EdgeOf(c);
+  out << '\n';
+}
+
 void ShowCurrentCell(std::ostream& out, Program& program, std::string_view name) {
   const Grid* grid = FindGrid(program, name);
   if (grid == nullptr) throw ScriptError("no grid: " + std::string(name));

@@ -35,4 +35,8 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
 // The grid's current cell, and the far corner of the selection where it is another: `Grid1 at 5 0 9 3`.
 void ShowCurrentCell(std::ostream& out, Program& program, std::string_view name);
 
+// What a window shows of a grid: `NAME view TOP_ROW LEFT_COLUMN edges` and the left edges of the columns in twips, the
+// right edge of the last one behind them.
+void ShowView(std::ostream& out, Program& program, std::string_view name);
+
 }  // namespace torvale

@@ -11,6 +11,7 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/history.h"
+#include "shell/panel_drag.h"
 #include "shell/recovery.h"
 
 namespace torvale {
@@ -191,13 +192,16 @@ void Mouse(Session& session, const Arguments& arguments, ScriptLines&) {
   constexpr std::array kActions = {MouseAction::kDown, MouseAction::kMove, MouseAction::kUp};
   constexpr std::array kButtons = {MouseButton::kNone, MouseButton::kLeft, MouseButton::kRight};
   arguments.Need(5, 5);
-  const auto surface = OneOf<2>({"Grid2", "frmMainForm"}, arguments.Word(0));
+  constexpr std::array<std::string_view, 5> kSurfaces = {"Grid2", "frmMainForm", "Frame1", "frameHoleSelection",
+                                                         "nothing"};
+  const std::string& name = arguments.Word(0);
+  const auto surface = OneOf(kSurfaces, name);
   const MouseAction action = kActions[OneOf<3>({"down", "move", "up"}, arguments.Word(1))];
   const MouseButton button = kButtons[OneOf<3>({"none", "left", "right"}, arguments.Word(2))];
   if (surface == 0) {
     ResultMouse(session.program, action, button, arguments.Number(3), arguments.Number(4));
   } else {
-    BackgroundMouse(session.program);
+    ScreenMouse(session.program, surface == 4 ? "" : name, action, button, arguments.Number(3), arguments.Number(4));
   }
 }
 
@@ -249,13 +253,16 @@ void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
   for (std::size_t i = 0; i < arguments.count(); ++i) {
     const bool all = arguments.Word(i) == "all";
     const bool at = arguments.Word(i) == "at";
-    if ((all || at) && ++i == arguments.count()) throw ScriptError("the statement is not complete");
+    const bool view = arguments.Word(i) == "view";
+    if ((all || at || view) && ++i == arguments.count()) throw ScriptError("the statement is not complete");
     if (arguments.Word(i) == "printed") {
       session.host.ShowPrinted();
     } else if (arguments.Word(i) == "clipboard") {
       session.host.ShowClipboard();
     } else if (at) {
       ShowCurrentCell(session.transcript, session.program, arguments.Word(i));
+    } else if (view) {
+      ShowView(session.transcript, session.program, arguments.Word(i));
     } else {
       Show(session.transcript, session.program, arguments.Word(i), all ? Elements::kAll : Elements::kInUse);
     }

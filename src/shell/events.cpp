@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "base/utf8.h"
 #include "display/design_display.h"
 #include "files/file_commands.h"
 #include "files/preferences_panel.h"
@@ -104,6 +105,8 @@ void RunOrTell(Program& program, const std::function<void()>& work) {
   const bool cancel_offered = main.cmdCancel.visible;
   const bool unlocked = main.mnuFile.enabled;
   const std::optional<std::string> fault = FaultOf(work);
+  // What lies over the results goes with them.
+  if (!main.Grid2.control.visible) main.frameHoleEquiv.visible = false;
   if (!fault) return;
   main.busy = busy;
   main.main_busy = main_busy;
@@ -168,23 +171,6 @@ void TypeUnseen(Program& program, std::string_view field, std::string_view text)
   TellMark(program, field, mark);
 }
 
-void TypeAtCaret(Program& program, std::string_view field, const KeyStroke& stroke) {
-  TextField* target = FindField(program, field);
-  if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
-  const bool takes_out = stroke.key == Key::kBackspace;
-  if (!takes_out && stroke.key != Key::kCharacter) return;
-  Guarded(program, [&] {
-    NameCause(program, field);
-    const TextSelection at = target->selection();
-    if (takes_out && at.length == 0) {
-      if (at.start == 0) return;
-      target->Select(at.start - 1, 1);
-    }
-    const std::string typed(stroke.character);
-    target->ReplaceSelected(WithClosingQuotes(typed));
-  });
-}
-
 void SelectText(Program& program, std::string_view field, const TextSelection& selection) {
   TextField* target = FindField(program, field);
   if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
@@ -202,6 +188,7 @@ bool PreferenceKey(Program& program, int index, const KeyStroke& stroke, FieldKe
 }
 
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke) {
+  if (stroke.alt) return true;
   const std::optional<FieldKeyKind> kind = KindOf(stroke.key);
   if (!kind || ReachOf(program, field) != Reach::kUsable) return false;
   const int info = IndexIn(kInfoFields, field);
@@ -217,6 +204,53 @@ bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke)
     if (command != nullptr) command->run(program);
   });
   return swallowed;
+}
+
+namespace {
+
+// What a key does to the text and the caret of a field, in the place of the selected text where there is some.
+void Edit(TextField& field, const KeyStroke& stroke) {
+  const TextSelection selected = field.selection();
+  const bool none = selected.length == 0;
+  switch (stroke.key) {
+    case Key::kCharacter:
+      return field.ReplaceSelected(WithClosingQuotes(stroke.character));
+    case Key::kBackspace:
+      if (none && selected.start == 0) return;
+      if (none) field.Select(selected.start - 1, 1);
+      return field.ReplaceSelected("");
+    case Key::kDelete:
+      if (none) field.Select(selected.start, 1);
+      if (field.selection().length > 0) field.ReplaceSelected("");
+      return;
+    case Key::kLeft:
+      return field.Select(none ? std::max(0, selected.start - 1) : selected.start, 0);
+    case Key::kRight:
+      return field.Select(none ? selected.start + 1 : selected.start + selected.length, 0);
+    case Key::kHome:
+      return field.Select(0, 0);
+    case Key::kEnd:
+      return field.Select(CharacterCount(field.text()), 0);
+    case Key::kSelectAll:
+      return field.SelectAll();
+    default:
+      return;
+  }
+}
+
+}  // namespace
+
+void FieldKeyTyped(Program& program, std::string_view field, const KeyStroke& stroke) {
+  TextField* target = FindField(program, field);
+  if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
+  if (program.main.focus != field) FocusGained(program, field);
+  if (FieldKey(program, field, stroke)) return;
+  const std::string mark = target->control.mark;
+  Guarded(program, [&] {
+    NameCause(program, field);
+    Edit(*target, stroke);
+  });
+  TellMark(program, field, mark);
 }
 
 void FocusGained(Program& program, std::string_view control) {

@@ -36,25 +36,44 @@ enum class Key {
   kEnd,
   kCtrlHome,
   kCtrlEnd,
-  kCopy,   // Ctrl+C
-  kCut,    // Ctrl+X
-  kPaste,  // Ctrl+V
-  kUndo,   // Ctrl+Z
-  kRedo,   // Ctrl+Y, Ctrl+Shift+Z
+  kCtrlUp,  // to the end of the filled cells
+  kCtrlDown,
+  kCtrlLeft,
+  kCtrlRight,
+  kTab,
+  kCtrlTab,    // leaves a sheet, in which Tab itself moves
+  kEdit,       // F2: a caret in the cell
+  kSelectAll,  // Ctrl+A
+  kWiden,      // Alt+Right: the column
+  kNarrow,     // Alt+Left
+  kPrint,      // Ctrl+P
+  kCopy,       // Ctrl+C
+  kCut,        // Ctrl+X
+  kPaste,      // Ctrl+V
+  kUndo,       // Ctrl+Z
+  kRedo,       // Ctrl+Y, Ctrl+Shift+Z
 };
 
 struct KeyStroke {
   Key key = Key::kCharacter;
   std::string_view character;  // UTF-8, for kCharacter
   bool shift = false;
+  bool alt = false;  // with a character: it calls for a menu or button, and where there is none it does nothing
 };
 
 // The character that a key gives what is typed into ("\r" Enter, "\b" Backspace); empty for keys that carry none.
 std::string_view CharacterOf(const KeyStroke& stroke);
 
 // A key in a grid ("Grid1", "Grid2" or "Grd_Soils_FurrowFlow"). Arrows move the current cell, with Shift the far corner
-// of the selection. Ctrl+C, Ctrl+X, Ctrl+V and Delete are the commands of the Edit menu; results can be copied alone.
+// of the selection; Tab moves in the sheet and leaves it at its ends, and the results from anywhere. Ctrl+C, Ctrl+X,
+// Ctrl+V and Delete are the commands of the Edit menu; results can be copied alone. Esc closes the soils editor. The
+// view follows.
 void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke);
+// The entries of the menu that the right button opens on a cell, by name. The user points at the cell with it, unless
+// it is among those that are selected. No entries where the grid can't be reached.
+std::vector<std::string_view> GridMenu(Program& program, std::string_view grid, int row, int column);
+// The user gives a column of a grid another width, twips; 0 for the width of the layout.
+void WidenColumn(Program& program, std::string_view grid, int column, int width);
 // The user points at a cell; with `extend` the far corner of the selection goes there.
 void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend);
 
@@ -63,13 +82,13 @@ void TypeText(Program& program, std::string_view field, std::string_view text);
 // The same whether the field can be reached or not: the preferences are the store of the settings while their panel is
 // closed, too.
 void TypeUnseen(Program& program, std::string_view field, std::string_view text);
-// What a key that the field lets through does to its text: the character, or nothing for Backspace, takes the place of
-// the selected text, or goes to the caret.
-void TypeAtCaret(Program& program, std::string_view field, const KeyStroke& stroke);
 // The user selects text of a field, or places the caret.
 void SelectText(Program& program, std::string_view field, const TextSelection& selection);
 // A key in a field before it changes the text. True where the key is swallowed; those of Edit commands always are.
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke);
+// A key in a field with what it then does to the text: characters take the place of the selected text, Backspace and
+// Delete take it away or one character, arrows move the caret. For those that have no field of their own to type into.
+void FieldKeyTyped(Program& program, std::string_view field, const KeyStroke& stroke);
 // A control gets the focus.
 void FocusGained(Program& program, std::string_view control);
 // A menu drops down.

@@ -1,12 +1,17 @@
 #include <algorithm>
 #include <optional>
+#include <utility>
 
+#include "base/utf8.h"
 #include "files/earlier_versions.h"
 #include "files/soils.h"
 #include "input/edit_commands.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "input/tab_order.h"
+#include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/grid_keys.h"
 #include "shell/history.h"
 
 namespace torvale {
@@ -14,56 +19,9 @@ namespace {
 
 constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
 constexpr std::string_view kVersionsGrid = "Grd_EarlierVersions";
-constexpr int kLineHeight = 240;  // twips of a row at the sheets' font size
-
-// A place in a grid.
-struct Cell {
-  int row;
-  int column;
-};
-
-int RowsInView(const Grid& grid) {
-  return std::max(1, (grid.control.place.height - grid.heading_height) / kLineHeight);
-}
-
-int LastFilledRow(const Grid& grid) {
-  for (int row = grid.rows() - 1; row > 1; --row) {
-    for (int column = 0; column < grid.column_count(); ++column) {
-      if (!grid.Text(row, column).empty()) return row;
-    }
-  }
-  return 1;
-}
-
-// Where a key moves the cursor from `from`, perhaps to outside the grid; nothing for keys that do not move it.
-std::optional<Cell> Target(const Grid& grid, Key key, Cell from) {
-  const int last_column = grid.column_count() - 1;
-  switch (key) {
-    case Key::kUp:
-      return Cell{from.row - 1, from.column};
-    case Key::kDown:
-      return Cell{from.row + 1, from.column};
-    case Key::kLeft:
-      return Cell{from.row, from.column - 1};
-    case Key::kRight:
-      return Cell{from.row, from.column + 1};
-    case Key::kPageUp:
-      return Cell{from.row - RowsInView(grid), from.column};
-    case Key::kPageDown:
-      return Cell{from.row + RowsInView(grid), from.column};
-    case Key::kHome:
-      return Cell{from.row, 0};
-    case Key::kEnd:
-      return Cell{from.row, last_column};
-    case Key::kCtrlHome:
-      return Cell{1, 0};
-    case Key::kCtrlEnd:
-      return Cell{LastFilledRow(grid), last_column};
-    default:
-      return std::nullopt;
-  }
-}
-
+constexpr int kNarrowest = 240;  // twips of a column
+constexpr int kWidest = 15000;   // twips of a column
+constexpr int kWidenStep = 120;  // twips that a key gives or takes
 // Moves the current cell of a grid that has no rules of its own for it.
 void PointPlainly(Grid& grid, Cell to, bool extend) {
   const int row = std::clamp(to.row, 1, grid.rows() - 1);
@@ -108,7 +66,7 @@ struct GridCommand {
 constexpr GridCommand kGridCommands[] = {
     {"Grid1", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click},
     {"Grid1", Key::kCut, "mnuEditCut", mnuEditCut_Click},
-    {"Grid1", Key::kDelete, "mnuEditCut", mnuEditCut_Click},
+    {"Grid1", Key::kDelete, "mnuEditCut", DeleteSelected},
     {"Grid1", Key::kPaste, "mnuEditPaste", mnuEditPaste_Click},
     {"Grid1", Key::kUndo, "mnuEditUndo", mnuEditUndo_Click},
     {"Grid1", Key::kRedo, "mnuEditRedo", mnuEditRedo_Click},
@@ -138,33 +96,127 @@ void Activate(Program& program, std::string_view grid) {
   if (grid != kSoilsGrid && program.main.focus != grid) MoveFocus(program, grid);
 }
 
+// The entries of a grid's own menu.
+struct MenuRow {
+  std::string_view grid;
+  std::string_view entry;
+};
+
+constexpr MenuRow kMenuRows[] = {
+    {"Grid1", "mnuEditCut"},   {"Grid1", "mnuEditCopy"},   {"Grid1", "mnuEditPaste"}, {"Grid1", "mnuInsertRow"},
+    {"Grid1", "mnuDeleteRow"}, {"Grid1", "mnuSurveyCopy"}, {"Grid2", "mnuEditCopy"},  {kSoilsGrid, "mnuCut"},
+    {kSoilsGrid, "mnuCopy"},   {kSoilsGrid, "mnuPaste"},
+};
+
+bool IsSelected(const Grid& grid, Cell cell) {
+  const auto [top, bottom] = std::minmax(grid.row, grid.row_sel);
+  const auto [left, right] = std::minmax(grid.column, grid.column_sel);
+  return cell.row >= top && cell.row <= bottom && cell.column >= left && cell.column <= right;
+}
+
+// Moves by Tab, or on to the next control. The results have nothing to type in, so Tab leads past them.
+void Tab(Program& program, std::string_view name, const Grid& grid, bool back, bool leave) {
+  const auto to = leave || name == "Grid2" ? std::nullopt : TabTargetOf(grid, back);
+  if (to) {
+    Point(program, name, *to, false);
+  } else if (name != kSoilsGrid) {
+    MoveFocus(program, NextInTabOrder(program, name, back));
+  }
+}
+
+void SelectAllCells(Program& program, std::string_view name, const Grid& grid) {
+  const Cell last = LastFilled(grid);
+  Point(program, name, {1, 0}, false);
+  Point(program, name, last, true);
+}
+
+void PlaceCaret(Program& program, Grid& grid) {
+  if (grid.row == 0) return;
+  if (grid.edit) return grid.edit.reset();
+  grid.SetCurrent(grid.row, grid.column);
+  grid.edit = Grid::CellEdit{CharacterCount(grid.CurrentText()), grid.CurrentText()};
+  program.main.sbStatusBar.caption =
+      "Left, Right, Home and End move in the cell, Delete takes the next character; Esc takes everything back";
+}
+
+// Keys that neither move nor type. True where it was one.
+bool RunPlainKey(Program& program, std::string_view name, Grid& grid, const KeyStroke& stroke) {
+  switch (stroke.key) {
+    case Key::kTab:
+    case Key::kCtrlTab:
+      Tab(program, name, grid, stroke.shift, stroke.key == Key::kCtrlTab);
+      return true;
+    case Key::kSelectAll:
+      SelectAllCells(program, name, grid);
+      return true;
+    case Key::kEdit:
+      if (name == "Grid1") PlaceCaret(program, grid);
+      return true;
+    case Key::kWiden:
+      WidenColumn(program, name, grid.column, grid.WidthOf(grid.column) + kWidenStep);
+      return true;
+    case Key::kNarrow:
+      WidenColumn(program, name, grid.column, grid.WidthOf(grid.column) - kWidenStep);
+      return true;
+    case Key::kEscape:
+      if (name == kSoilsGrid) MnuExit_Click(program);
+      return name == kSoilsGrid;
+    default:
+      return false;
+  }
+}
+
+void RunGridKey(Program& program, std::string_view name, Grid& grid, const KeyStroke& stroke) {
+  Activate(program, name);
+  if (RunGridCommand(program, name, stroke.key)) return;
+  NameCause(program, name);
+  if (RunPlainKey(program, name, grid, stroke) || (!stroke.shift && CaretKey(grid, stroke.key))) return;
+  const Cell from = stroke.shift ? Cell{grid.row_sel, grid.column_sel} : Cell{grid.row, grid.column};
+  if (const std::optional<Cell> to = TargetOf(grid, stroke.key, from)) {
+    Point(program, name, *to, stroke.shift);
+  } else if (name == "Grid1" && !CharacterOf(stroke).empty()) {
+    Grid1_KeyPress(program, CharacterOf(stroke));
+  } else if (name == kSoilsGrid && !CharacterOf(stroke).empty()) {
+    Grd_Soils_KeyPress(program, CharacterOf(stroke));
+  }
+}
+
 }  // namespace
 
 void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
-  const Grid* cells = LiveGrid(program, grid);
-  if (cells == nullptr) return;
-  Guarded(program, [&] {
-    Activate(program, grid);
-    const Cell from = stroke.shift ? Cell{cells->row_sel, cells->column_sel} : Cell{cells->row, cells->column};
-    if (RunGridCommand(program, grid, stroke.key)) return;
-    NameCause(program, grid);
-    if (const std::optional<Cell> to = Target(*cells, stroke.key, from)) {
-      Point(program, grid, *to, stroke.shift);
-    } else if (grid == "Grid1" && !CharacterOf(stroke).empty()) {
-      Grid1_KeyPress(program, CharacterOf(stroke));
-    } else if (grid == kSoilsGrid && !CharacterOf(stroke).empty()) {
-      Grd_Soils_KeyPress(program, CharacterOf(stroke));
-    }
-  });
+  Grid* cells = LiveGrid(program, grid);
+  if (cells == nullptr || stroke.alt) return;
+  Guarded(program, [&] { RunGridKey(program, grid, *cells, stroke); });
+  if (stroke.key != Key::kSelectAll) cells->BringIntoView(cells->row_sel, cells->column_sel);
 }
 
 void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend) {
-  if (LiveGrid(program, grid) == nullptr) return;
+  Grid* cells = LiveGrid(program, grid);
+  if (cells == nullptr) return;
   Guarded(program, [&] {
     NameCause(program, grid);
     Activate(program, grid);
     Point(program, grid, {row, column}, extend);
   });
+  cells->BringIntoView(cells->row_sel, cells->column_sel);
+}
+
+std::vector<std::string_view> GridMenu(Program& program, std::string_view grid, int row, int column) {
+  const Grid* cells = LiveGrid(program, grid);
+  if (cells == nullptr) return {};
+  if (!IsSelected(*cells, {row, column})) GridPoint(program, grid, row, column, false);
+  if (grid != kSoilsGrid) FocusGained(program, grid);
+  std::vector<std::string_view> entries;
+  for (const MenuRow& line : kMenuRows) {
+    if (line.grid == grid) entries.push_back(line.entry);
+  }
+  return entries;
+}
+
+void WidenColumn(Program& program, std::string_view grid, int column, int width) {
+  Grid* cells = LiveGrid(program, grid);
+  if (cells == nullptr || column < 0 || column >= cells->column_count()) return;
+  cells->columns[static_cast<std::size_t>(column)].widened = width == 0 ? 0 : std::clamp(width, kNarrowest, kWidest);
 }
 
 void ResultMouse(Program& program, MouseAction action, MouseButton button, int x, int y) {

@@ -126,7 +126,10 @@ std::vector<std::string_view> HelpPlaces() {
   return places;
 }
 
-void OpenHelp(Program& program, std::string_view place) {
+namespace {
+
+// Reads the guide anew. False where it can't be, with a message.
+bool ReadGuide(Program& program) {
   HelpScreen& help = program.help;
   try {
     std::vector<HelpPage> pages = ReadHelpPages(ReadBytes(program.host.ProgramFolder() + "/" + std::string(kHelpFile)));
@@ -136,15 +139,30 @@ void OpenHelp(Program& program, std::string_view place) {
     }
   } catch (const FileFault&) {
     program.host.Message("The help File is missing.", "");
-    return;
+    return false;
   } catch (const HelpFault& fault) {
     program.host.Message("The help File is damaged: " + std::string(fault.what()) + ".", "");
-    return;
+    return false;
   }
+  return true;
+}
+
+void ShowGuide(Program& program, std::string_view place) {
+  HelpScreen& help = program.help;
   help.folder = program.host.ProgramFolder();
   help.place = place;
   ++help.times_asked;
   help.frmHelp.visible = true;
+}
+
+}  // namespace
+
+void OpenHelp(Program& program, std::string_view place) {
+  if (ReadGuide(program)) ShowGuide(program, place);
+}
+
+void OpenHelpOnMessage(Program& program, std::string_view body) {
+  if (ReadGuide(program)) ShowGuide(program, PlaceOfMessage(program.help.pages, body));
 }
 
 void CloseHelp(Program& program) {

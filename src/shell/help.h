@@ -19,6 +19,8 @@ std::vector<std::string_view> HelpPlaces();
 
 // Opens the guide there. Where the help file can't be found, or is none, a message says so and nothing opens.
 void OpenHelp(Program& program, std::string_view place);
+// The same at the entry of a message or question of that text, on the page of messages.
+void OpenHelpOnMessage(Program& program, std::string_view body);
 void CloseHelp(Program& program);
 
 // The guide at its contents, and at the page of what has the focus on the main screen.

@@ -81,10 +81,53 @@ std::string TextOf(std::string_view html) {
   return text.Take();
 }
 
+std::string Plain(std::string_view text) {
+  PlainText plain;
+  for (const char c : text) plain.Add(c);
+  return plain.Take();
+}
+
 std::string TitleOf(std::string_view html) {
   const std::size_t start = html.find("<h1");
   const std::size_t end = html.find("</h1>", start);
   return end == std::string_view::npos ? "" : TextOf(html.substr(start, end - start));
+}
+
+constexpr std::string_view kEntry = "<h3>";
+
+std::string WithAnchors(const std::string& page, std::string_view html) {
+  std::string anchored;
+  int count = 0;
+  for (std::size_t at = html.find(kEntry); at != std::string_view::npos; at = html.find(kEntry)) {
+    anchored.append(html.substr(0, at)).append("<h3 id=\"" + page + "-" + std::to_string(++count) + "\">");
+    html.remove_prefix(at + kEntry.size());
+  }
+  return anchored.append(html);
+}
+
+// The texts between what stands in italics, each with single blanks.
+std::vector<std::string> FixedParts(std::string_view heading) {
+  std::vector<std::string> parts;
+  for (;;) {
+    const std::size_t open = heading.find("<i>");
+    parts.push_back(TextOf(heading.substr(0, open)));
+    const std::size_t close = heading.find("</i>");
+    if (open == std::string_view::npos || close == std::string_view::npos) return parts;
+    heading.remove_prefix(close + std::string_view("</i>").size());
+  }
+}
+
+// Whether the text begins and ends with the outer parts and has the others in between, in their order.
+bool Fits(std::string_view text, const std::vector<std::string>& parts) {
+  if (parts.size() == 1) return text == parts.front();
+  if (!text.starts_with(parts.front())) return false;
+  text.remove_prefix(parts.front().size());
+  for (std::size_t i = 1; i + 1 < parts.size(); ++i) {
+    const std::size_t at = text.find(parts[i]);
+    if (at == std::string_view::npos) return false;
+    text.remove_prefix(at + parts[i].size());
+  }
+  return text.ends_with(parts.back());
 }
 
 HelpPage ReadPage(std::string_view tag, std::string_view html) {
@@ -92,7 +135,7 @@ HelpPage ReadPage(std::string_view tag, std::string_view html) {
   page.id = Attribute(tag, "id").value_or("");
   if (page.id.empty()) throw HelpFault("a page has no id");
   page.group = TextOf(Attribute(tag, "data-group").value_or(""));
-  page.html = html;
+  page.html = WithAnchors(page.id, html);
   page.title = TitleOf(html);
   if (page.title.empty()) throw HelpFault("the page " + page.id + " has no title");
   page.text = TextOf(html);
@@ -165,6 +208,26 @@ const HelpPage* PageAt(const std::vector<HelpPage>& pages, std::string_view plac
     if (page.html.find(anchor) != std::string::npos) return &page;
   }
   return nullptr;
+}
+
+std::string PlaceOfMessage(const std::vector<HelpPage>& pages, std::string_view body) {
+  const std::string page_id = "messages";
+  const HelpPage* page = PageAt(pages, page_id);
+  if (page == nullptr) return page_id;
+  const std::string text = Plain(body);
+  const std::string_view html = page->html;
+  std::string place = page_id;
+  std::size_t closest = 0;
+  for (std::size_t at = html.find("<h3 "); at != std::string_view::npos; at = html.find("<h3 ", at + 1)) {
+    const std::size_t begin = html.find('>', at) + 1;
+    const std::vector<std::string> parts = FixedParts(html.substr(begin, html.find("</h3>", at) - begin));
+    std::size_t letters = 1;
+    for (const std::string& part : parts) letters += part.size();
+    if (letters <= closest || !Fits(text, parts)) continue;
+    closest = letters;
+    place = Attribute(html.substr(at, begin - at), "id").value_or(page_id);
+  }
+  return place;
 }
 
 std::vector<HelpHit> SearchHelp(const std::vector<HelpPage>& pages, std::string_view words) {

@@ -15,11 +15,16 @@ struct HelpFault : std::runtime_error {
 };
 
 // The pages of a help file: each a <section id="..." data-group="..."> with its title as <h1>. Throws HelpFault where
-// there are none, or one lacks an id, a title or its end, or has the id of another.
+// there are none, or one lacks an id, a title or its end, or has the id of another. Headings of third rank without an
+// id get one.
 std::vector<HelpPage> ReadHelpPages(std::string_view file);
 
 // The page of that id, or the one on which that anchor (`id="..."`) stands; nullptr where there is none.
 const HelpPage* PageAt(const std::vector<HelpPage>& pages, std::string_view place);
+
+// The anchor of the heading on the page of messages that a message of that text stands under, the closest one; what the
+// program puts in stands in italics there. The page itself where none fits.
+std::string PlaceOfMessage(const std::vector<HelpPage>& pages, std::string_view body);
 
 // A page that was found, and a stretch of its text around the first word that was looked for.
 struct HelpHit {

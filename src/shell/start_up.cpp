@@ -114,11 +114,6 @@ void SetIfEmpty(Grid& sheet, int column, std::string_view text) {
   if (sheet.Text(1, column).empty()) sheet.Set(1, column, text);
 }
 
-void DropAt(Control& panel, double left, double top) {
-  panel.place.left = ToWhole(left);
-  panel.place.top = ToWhole(top);
-}
-
 }  // namespace
 
 void StartProgram(Program& program) {
@@ -186,19 +181,6 @@ void Form_Unload(Program& program) {
 void mnuFileExit_Click(Program& program) {
   btnDefaultExit_Click(program);
   Form_Unload(program);
-}
-
-void GrabPanel(PanelDrag& drag, float x, float y) {
-  drag.DragX = x;
-  drag.DragY = StoreInt16(static_cast<double>(y));
-}
-
-void DropOnPanel(Control& panel, const PanelDrag& drag, float x, float y) {
-  DropAt(panel, panel.place.left + double{x} - drag.DragX, panel.place.top + double{y} - drag.DragY);
-}
-
-void DropOnScreen(Control& panel, const PanelDrag& drag, float x, float y) {
-  DropAt(panel, double{x} - static_cast<double>(drag.DragX), double{y} - drag.DragY);
 }
 
 void SetZoom(Program& program, int percent) {

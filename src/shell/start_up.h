@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "screen/program.h"
 
 namespace torvale {
@@ -20,16 +17,6 @@ void Form_Activate(Program& program);
 // cancelled. Closing a closed screen does nothing.
 void Form_Unload(Program& program);
 void mnuFileExit_Click(Program& program);
-
-// A panel is grabbed at (x, y), twips from its corner, and dropped. A place beyond its field is a RunTimeFault
-// (kOverflow).
-struct PanelDrag {
-  float DragX = 0;
-  std::int16_t DragY = 0;
-};
-void GrabPanel(PanelDrag& drag, float x, float y);
-void DropOnPanel(Control& panel, const PanelDrag& drag, float x, float y);   // (x, y) from the panel's corner
-void DropOnScreen(Control& panel, const PanelDrag& drag, float x, float y);  // (x, y) from the screen's corner
 
 // One scale factor for the whole screen, percent; remembered for the next start.
 void SetZoom(Program& program, int percent);

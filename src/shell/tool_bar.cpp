@@ -30,11 +30,15 @@ const PrintButton* PrintButtonOf(const ControlFacts& button) {
   return found == std::end(kPrintButtons) ? nullptr : found;
 }
 
+// Says so where there is nothing to print.
+bool ResultsShown(Program& program) {
+  const bool shown = program.main.Grid2.control.visible;
+  if (!shown) program.main.sbStatusBar.caption = "There are no results to print: run a design first.";
+  return shown;
+}
+
 void PrintNow(Program& program, Report report) {
-  if (!program.main.Grid2.control.visible) {
-    program.main.sbStatusBar.caption = "There are no results to print: run a design first.";
-    return;
-  }
+  if (!ResultsShown(program)) return;
   Guarded(program, [&] { PrintAtOnce(program, report); });
 }
 
@@ -82,6 +86,12 @@ std::string ToolTipOf(const ControlFacts& button) {
   std::string tip(button.tool_tip);
   if (!button.shortcut.empty()) tip.append(" (").append(button.shortcut).append(")");
   return tip;
+}
+
+void ScreenKey(Program& program, const KeyStroke& stroke) {
+  if (stroke.key != Key::kPrint || !ResultsShown(program)) return;
+  const bool complete = program.main.cmdDesignToggle.caption == "Complete Design";
+  Click(program, complete ? "mnuPrintComplete" : "mnuPrintSummary");
 }
 
 Reach tbToolBar_ButtonClick(Program& program, std::string_view key) {

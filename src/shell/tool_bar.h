@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "screen/program.h"
+#include "shell/events.h"
 
 namespace torvale {
 
@@ -33,5 +34,8 @@ std::string ToolTipOf(const ControlFacts& button);
 // without a dialog while results are on the screen, and otherwise says in the status bar that there are none. An
 // unknown key does nothing. Where the button can't be reached nothing happens, and the reason comes back.
 Reach tbToolBar_ButtonClick(Program& program, std::string_view key);
+
+// A key of the main screen, wherever the focus is: Ctrl+P prints the table that is on the screen.
+void ScreenKey(Program& program, const KeyStroke& stroke);
 
 }  // namespace torvale

@@ -57,10 +57,10 @@ TEST_F(PreferencesTest, ThePanelIsMovedByItsBackground) {
   QWidget& inside = *Preference(0).parentWidget();
   const Place before = main().Frame1.place;
   QTest::mousePress(&inside, Qt::LeftButton, {}, {4, 4});
-  QTest::mouseRelease(&inside, Qt::LeftButton, {}, {4 - 100, 4 + 20});
+  QTest::mouseRelease(&inside, Qt::LeftButton, {}, {4 - 100, 4 - 20});
   // 100 pixels are 1500 twips, 20 are 300, each to the pixel.
   EXPECT_NEAR(main().Frame1.place.left, before.left - 1500, 15);
-  EXPECT_NEAR(main().Frame1.place.top, before.top + 300, 15);
+  EXPECT_NEAR(main().Frame1.place.top, before.top - 300, 15);
 }
 
 }  // namespace

@@ -108,11 +108,11 @@ TEST_F(SheetTest, TheCurrentCellStaysInView) {
   EXPECT_TRUE(Sheet().viewport()->rect().contains(PointOf(Sheet(), 1, 0)));
 }
 
-TEST_F(SheetTest, TabGoesOnToTheNextControl) {
+TEST_F(SheetTest, TabLeadsIntoTheSheetAndCtrlTabOnToTheNextControl) {
   Info(5).setFocus();
   Key(Info(5), Qt::Key_Tab);
   EXPECT_EQ(main().focus, "Grid1");
-  Key(Sheet(), Qt::Key_Tab);
+  Key(Sheet(), Qt::Key_Tab, 1, Qt::ControlModifier);
   EXPECT_EQ(main().focus, "cmdInterpolate");
   EXPECT_EQ(main().Grid1.column, 0);
 }

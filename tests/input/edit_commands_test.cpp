@@ -153,7 +153,6 @@ TEST_F(EditCommandsTest, CopyOnTheSheetErasesWhatWasCopiedBefore) {
   mnuEditCopy_Click(program);
   EXPECT_EQ(Clip(5, 2), "");
   EXPECT_EQ(Clip(6, 2), "y");
-  EXPECT_EQ(host.clipboard, "");  // the desktop's clipboard is another one
 }
 
 TEST_F(EditCommandsTest, CutDoesNotErase) {
@@ -244,6 +243,63 @@ TEST_F(EditCommandsTest, CutAndPasteReachTheSheetBehindTheResultsAndTheFocusStay
   EXPECT_EQ(main.focus, "Grid2");
   EXPECT_EQ(main.sbStatusBar.caption, "The survey sheet behind the results was changed in rows 7 to 8");
   EXPECT_EQ(main.Grid2.Text(2, 4), "1.95");
+}
+
+// The sheet and the desktop's clipboard
+
+TEST_F(EditCommandsTest, ABlockOfTheSheetGoesToOtherProgramsToo) {
+  main.Grid1.Set(2, 0, "100");
+  main.Grid1.Set(2, 1, "5.33");
+  main.Grid1.Set(3, 0, "200");
+  Select(main.Grid1, 2, 0, 3, 1);
+  mnuEditCopy_Click(program);
+  EXPECT_EQ(host.clipboard, "100\t5.33\r\n200\t\r\n");
+  Select(main.Grid1, 3, 0, 3, 0);
+  mnuEditCut_Click(program);
+  EXPECT_EQ(host.clipboard, "200\r\n");
+  EXPECT_EQ(main.Grid1.Text(3, 0), "");
+}
+
+// What was copied elsewhere is still to be had after cells were emptied.
+TEST_F(EditCommandsTest, DeleteIsACutThatLeavesTheDesktopsClipboard) {
+  host.clipboard = "0\t10\r\n";
+  main.Grid1.Set(2, 0, "100");
+  Select(main.Grid1, 2, 0, 2, 0);
+  DeleteSelected(program);
+  EXPECT_EQ(host.clipboard, "0\t10\r\n");
+  EXPECT_EQ(main.Grid1.Text(2, 0), "");
+  EXPECT_EQ(Clip(2, 0), "100");
+}
+
+TEST_F(EditCommandsTest, PasteTellsHowCellsOfAnotherProgramComeIn) {
+  constexpr std::string_view kTold =
+      "Paste took the cells that were copied here. Cells of another program come in by Paste Excel Survey";
+  main.Grid1.Set(2, 0, "100");
+  Select(main.Grid1, 2, 0, 2, 0);
+  mnuEditCopy_Click(program);
+  Select(main.Grid1, 4, 0, 4, 0);
+  mnuEditPaste_Click(program);
+  EXPECT_EQ(main.sbStatusBar.caption, ColumnHint(0));
+  host.clipboard = "0\t10.1\n100\t10.2\n";
+  Select(main.Grid1, 5, 0, 5, 0);
+  mnuEditPaste_Click(program);
+  EXPECT_EQ(main.sbStatusBar.caption, kTold);
+  EXPECT_EQ(main.Grid1.Text(5, 0), "100");  // the block that was copied here, as ever
+  // A word or two are no cells.
+  host.clipboard = "North field";
+  Select(main.Grid1, 6, 0, 6, 0);
+  mnuEditPaste_Click(program);
+  EXPECT_EQ(main.sbStatusBar.caption, ColumnHint(0));
+}
+
+// The line ends that the desktop gives back may be others, and a quotation mark comes back as a closing one.
+TEST_F(EditCommandsTest, TheOwnBlockIsKnownAgainAsTheDesktopGivesItBack) {
+  main.Grid1.Set(2, 0, "7\"");
+  Select(main.Grid1, 2, 0, 3, 1);
+  mnuEditCopy_Click(program);
+  host.clipboard = "7\"\t\n\t\n";
+  mnuEditPaste_Click(program);
+  EXPECT_EQ(main.sbStatusBar.caption, ColumnHint(0));
 }
 
 }  // namespace

@@ -25,6 +25,10 @@ TEST(WrongWith, ANumberThatIsReadInPartIsToldWithWhatIsRead) {
                         {"1.2.3", "1.2"},
                         {"abc", "0"},
                         {"7\"", "7"},
+                        {"85 O", "85"},
+                        {"850GPM", "850"},
+                        {"1,200 gpm", "1"},
+                        {"GPM", "0"},
                         {"7\u201D", "7"},
                         {"\u22125", "0"}}) {
     EXPECT_EQ(WrongWith(c.text, FieldForm::kNumber),
@@ -34,7 +38,8 @@ TEST(WrongWith, ANumberThatIsReadInPartIsToldWithWhatIsRead) {
 }
 
 TEST(WrongWith, WhatIsReadAsItStandsIsInOrder) {
-  for (const std::string_view text : {"", "850", "0.65", ".5", "5.", "-2", "+3", " 12 ", "1E3", "140.00"}) {
+  for (const std::string_view text :
+       {"", "850", "0.65", ".5", "5.", "-2", "+3", " 12 ", "1E3", "140.00", "850 GPM", "2 ft"}) {
     EXPECT_EQ(WrongWith(text, FieldForm::kNumber), "") << text;
   }
 }

@@ -80,7 +80,7 @@ TEST(Statements, ColoursAreToldWhereTheyAreSet) {
   std::ostringstream transcript;
   Session session(transcript);
   MainScreen& main = session.program.main;
-  main.lblCrownSlope = {"Crown", "", {}, true, true, false, kBrightGreen, kBlack};
+  main.lblCrownSlope = {"Crown", "", {}, true, true, false, kBrightGreen, kBlack, ""};
   main.Grid2.Set(1, 5, "1.00");
   main.Grid2.SetBack(1, 5, kStrongGreen);
   main.Grid2.SetFore(1, 5, kRed);

@@ -101,6 +101,7 @@ TEST_F(EditKeysTest, TheEditorsKeysRunItsCommands) {
 }
 
 TEST_F(EditKeysTest, TheEditorsMenuRunsItsCommands) {
+  program.soils.visible = true;
   soils().SetCurrent(2, 0);
   EXPECT_EQ(Click(program, "mnuCut"), Reach::kUsable);
   EXPECT_EQ(soils().Text(2, 0), "");

@@ -85,5 +85,34 @@ TEST(HelpPagesTest, AnExcerptBeginsAndEndsWithWholeWords) {
   EXPECT_LT(hits[0].excerpt.size(), 120U);
 }
 
+constexpr std::string_view kMessages =
+    "<section id=\"start\" data-group=\"a\"><h1>Start</h1><h3>No data</h3></section>"
+    "<section id=\"messages\" data-group=\"a\"><h1>Messages</h1><h3>No data</h3><p>x</p><h3 id=\"own\">Own</h3>"
+    "<h3><i>reason</i> print Error</h3><h3>No printer. print\nError</h3>"
+    "<h3>Station <i>n</i> Head <i>n</i>\nGPM</h3></section>";
+
+TEST(PlaceOfMessageTest, AHeadingWithTheSameWordsIsThePlace) {
+  const std::vector<HelpPage> pages = ReadHelpPages(kMessages);
+  EXPECT_EQ(PlaceOfMessage(pages, "No data"), "messages-1");
+  EXPECT_EQ(PlaceOfMessage(pages, "Own"), "own");
+  EXPECT_EQ(PageAt(pages, "messages-1"), &pages[1]);
+  EXPECT_EQ(PageAt(pages, "start-1"), &pages[0]);
+}
+
+// Blanks and line ends count alike; of two headings that fit the closer one is meant.
+TEST(PlaceOfMessageTest, WhatTheProgramPutsInStandsInItalics) {
+  const std::vector<HelpPage> pages = ReadHelpPages(kMessages);
+  EXPECT_EQ(PlaceOfMessage(pages, "Station 100 Head 2.5\rGPM"), "messages-4");
+  EXPECT_EQ(PlaceOfMessage(pages, "Divided by zero. print Error"), "messages-2");
+  EXPECT_EQ(PlaceOfMessage(pages, "No printer. print Error"), "messages-3");
+}
+
+TEST(PlaceOfMessageTest, OtherTextsLeadToThePage) {
+  const std::vector<HelpPage> pages = ReadHelpPages(kMessages);
+  EXPECT_EQ(PlaceOfMessage(pages, "No data at all"), "messages");
+  EXPECT_EQ(PlaceOfMessage(pages, "Station Head GPM x"), "messages");
+  EXPECT_EQ(PlaceOfMessage({}, "No data"), "messages");
+}
+
 }  // namespace
 }  // namespace torvale

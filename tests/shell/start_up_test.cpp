@@ -180,36 +180,6 @@ TEST_F(StartUpTest, AClosedScreenIsNotSavedAgain) {
   EXPECT_TRUE(host.settings.empty());
 }
 
-// Panels
-
-TEST(PanelDragTest, AGrabIsRememberedWithItsHeightRounded) {
-  PanelDrag drag;
-  GrabPanel(drag, 10.5F, 20.5F);
-  EXPECT_EQ(drag.DragX, 10.5F);
-  EXPECT_EQ(drag.DragY, 20);  // half to even
-  GrabPanel(drag, 0, 21.5F);
-  EXPECT_EQ(drag.DragY, 22);
-}
-
-TEST(PanelDragTest, ADropOnThePanelMovesItByTheWayOfTheGrab) {
-  Control panel;
-  panel.place = {10000, 700, 7200, 8400};
-  DropOnPanel(panel, {100, 50}, 400, 20);
-  EXPECT_EQ(panel.place, (Place{10300, 670, 7200, 8400}));
-}
-
-TEST(PanelDragTest, ADropOnTheScreenPutsThePanelUnderTheGrab) {
-  Control panel;
-  panel.place = {10000, 700, 7200, 8400};
-  DropOnScreen(panel, {100, 50}, 3000, 2000);
-  EXPECT_EQ(panel.place, (Place{2900, 1950, 7200, 8400}));
-}
-
-TEST(PanelDragTest, AGrabTooFarDownIsAFault) {
-  PanelDrag drag;
-  EXPECT_EQ(FaultOf([&] { GrabPanel(drag, 0, 40000); }), Fault::kOverflow);
-}
-
 // Zoom
 
 struct ZoomTest : StartUpTest {

@@ -1,0 +1,37 @@
+#include "input/tab_order.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace torvale {
+namespace {
+
+// The small table of hours is read, not worked in.
+bool TakesFocus(const NamedControl& control) {
+  switch (control.kind) {
+    case ControlKind::kField:
+    case ControlKind::kButton:
+    case ControlKind::kList:
+      return true;
+    case ControlKind::kGrid:
+      return control.name != "GridInchesApplied";
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+std::string NextInTabOrder(Program& program, std::string_view control, bool back) {
+  std::vector<NamedControl> order = ControlsOf(program.main);
+  if (back) std::reverse(order.begin(), order.end());
+  auto from = std::find_if(order.begin(), order.end(), [&](const NamedControl& c) { return c.name == control; });
+  if (from == order.end()) return std::string(control);
+  std::rotate(order.begin(), from + 1, order.end());
+  const auto next = std::find_if(order.begin(), order.end(), [&](const NamedControl& c) {
+    return TakesFocus(c) && ReachOf(program, c.name) == Reach::kUsable;
+  });
+  return next == order.end() ? std::string(control) : next->name;
+}
+
+}  // namespace torvale
