@@ -55,7 +55,7 @@ bool IsPrintable(const QString& text) {
 
 std::optional<KeyStroke> StrokeOf(const QKeyEvent& event, std::string& character) {
   KeyStroke stroke;
-  stroke.shift = event.modifiers().testFlag(Qt::ShiftModifier);
+  stroke.shift = event.modifiers().testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab;
   for (const StandardKey& standard : kStandardKeys) {
     if (!event.matches(standard.keys)) continue;
     stroke.key = standard.plain;
