@@ -28,6 +28,9 @@ STANDARD = re.compile(r"^[a-z_0-9]+$")
 # What an operating system must do itself stands in files of this name.
 PLATFORM = re.compile(r"^base/platform_[a-z]+\.cpp$")
 SYSTEM = re.compile(r"^[a-z_0-9/]+(\.h)?$")
+# The files of single instruction sets may have the intrinsics of their compiler.
+INTRINSICS = "immintrin.h"
+WIDE = re.compile(r"^engine/wide_march_[a-z0-9]+\.cpp$")
 ROOM = re.compile(
     r'<rect class="room[^"]*" x="(\d+)" y="(\d+)" width="(\d+)" height="(\d+)"[^>]*/>\s*<text class="name"[^>]*>([^<]+)<'
 )
@@ -117,6 +120,8 @@ def check(root):
         for match in INCLUDE.finditer(path.read_text()):
             quoted, angled = match.groups()
             if angled:
+                if angled == INTRINSICS and WIDE.match(name):
+                    continue
                 allowed = SYSTEM if PLATFORM.match(name) else STANDARD
                 kept = folder == WINDOWS or angled in LIBRARIES.get(folder, ())
                 if not kept and not allowed.match(angled):
@@ -176,6 +181,9 @@ def self_test():
         ("a platform's file further up", {"engine/platform_posix.cpp": "#include <unistd.h>\n"}, "standard library"),
         ("a toolkit header in a platform's file", {"base/platform_posix.cpp": "#include <QFile>\n"}, "standard library"),
         ("a library's header in another room", {"engine/f.cpp": "#include <hpdf.h>\n"}, "standard library"),
+        ("intrinsics in a wide march", {"engine/wide_march_avx.cpp": "#include <immintrin.h>\n"}, None),
+        ("intrinsics elsewhere", {"engine/f.cpp": "#include <immintrin.h>\n"}, "standard library"),
+        ("intrinsics in a wide folder", {"base/wide_march_avx.cpp": "#include <immintrin.h>\n"}, "standard library"),
         ("a ring", {"base/a.h": '#include "base/c.h"\n', "base/c.h": '#include "base/a.h"\n'}, "ring"),
         ("a file that is not there", {"engine/f.cpp": '#include "base/none.h"\n'}, "no file"),
         ("a way round through ..", {"base/b.cpp": '#include "base/../engine/e.h"\n'}, "no file"),

@@ -65,6 +65,12 @@ struct EndHeadSearch {
 // Pauses come at nine rows of ten, on rows whose number is no multiple of ten, before the row is worked. The rows that
 // the last answer called idle are passed over in one stretch, and every pause is reported in the end. No `pause` asks
 // nobody. A RunTimeFault of a march passes through, with `search` as far as it had got.
-void SolveEndHead(const Line& line, float target, const Profile& profile, const PauseFn& pause, EndHeadSearch& search);
+//
+// The plain form makes every march. The fast one foresees the outcomes of the search (foresight.h) once a pause has
+// been called idle for a whole march, and counts the marches that nobody would see; whatever comes out, a search that
+// is stopped included, is the plain form's to the bit.
+enum class EndHeadForm { kPlain, kFast };
+void SolveEndHead(const Line& line, float target, const Profile& profile, const PauseFn& pause, EndHeadForm form,
+                  EndHeadSearch& search);
 
 }  // namespace torvale

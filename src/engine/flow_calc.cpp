@@ -7,6 +7,7 @@
 #include "engine/end_head.h"
 #include "engine/line.h"
 #include "engine/survey.h"
+#include "engine/uniformity.h"
 
 namespace torvale {
 namespace {
@@ -26,22 +27,23 @@ void ClearResults(DesignRecord& record) {
 }
 
 // The furrows that the uniformity is worked out from: those with a length and a flow.
-void ListFurrows(DesignRecord& record, EngineHost& host) {
-  record.WateredFurrows = 0;
-  record.TotalFurrowLength = 0;
+void TakeFurrows(DesignRecord& record, EngineHost& host) {
   record.TotalAcres = 0;
   AcreCalc(record, host);
-  int count = 0;
-  for (int i = 1; i <= record.HoleRows; ++i) {
-    if (record.FurrowLength[i] <= 0 || !(record.FurrowFlow[i] > 0)) continue;
-    ++count;
-    const double ratio = static_cast<double>(record.FlowRatio[i]);
-    record.FurrowNumber[i] = static_cast<float>(count);
-    record.WateredFurrows = StoreInt16(count);
-    record.NormFurrowFlow[count] = Store32(Divide(static_cast<double>(record.FurrowFlow[i]), ratio));
-    record.NormFurrowLength[count] = StoreInt16(Divide(record.FurrowLength[i], ratio));
-    record.TotalFurrowLength = Store32(static_cast<double>(record.TotalFurrowLength) + record.FurrowLength[i]);
+  FurrowSums sums;
+  const FurrowLists lists = {record.NormFurrowFlow.data(), record.NormFurrowLength.data(), record.FurrowNumber.data()};
+  const auto store = [&] {
+    record.WateredFurrows = sums.furrows;
+    record.TotalFurrowLength = sums.length;
+  };
+  try {
+    ListFurrows(record.HoleRows, record.FurrowFlow.data(), record.FurrowLength.data(), record.FlowRatio.data(), lists,
+                sums);
+  } catch (const RunTimeFault&) {
+    store();
+    throw;
   }
+  store();
   host.TotalAcresChanged();
   record.FlowCalcStatus = "Ok";
 }
@@ -105,7 +107,7 @@ EndHeadSearch March(DesignRecord& record, bool elevations, EngineHost& host) {
   EndHeadSearch search;
   try {
     SolveEndHead(line, record.TargetGPM, {record.Head.data(), record.FurrowFlow.data(), record.HoleArea.data()}, yield,
-                 search);
+                 EndHeadForm::kFast, search);
   } catch (const RunTimeFault&) {
     record.AccumGPM = search.flow;
     throw;
@@ -132,7 +134,7 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
       ReportTryLimit(record, host, search.fail_row);
       return;
     case EndHeadSearch::Outcome::kConverged:
-      ListFurrows(record, host);
+      TakeFurrows(record, host);
       break;
     case EndHeadSearch::Outcome::kNoRows:
       break;

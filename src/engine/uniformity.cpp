@@ -7,6 +7,11 @@
 namespace torvale {
 
 void QSort(std::int16_t low, std::int16_t high, RowArray<float>& keys, RowArray<std::int16_t>& followers) {
+  if (StoreInt16(low + high) < 0 || low < 0 || high > kLastRow) throw RunTimeFault{Fault::kSubscript};
+  QSort(low, high, keys.data(), followers.data());
+}
+
+void QSort(std::int16_t low, std::int16_t high, float* keys, std::int16_t* followers) {
   int i = low;
   int j = high;
   const float pivot = keys[StoreInt16(low + high) / 2];
@@ -23,26 +28,50 @@ void QSort(std::int16_t low, std::int16_t high, RowArray<float>& keys, RowArray<
   if (i < high) QSort(static_cast<std::int16_t>(i), high, keys, followers);
 }
 
+int LowQuarterPlaces(const float* flows, const std::int16_t* lengths, int places, float quarter) {
+  double length = 0;
+  for (int i = 1; i <= places; ++i) {
+    if (flows[i] > 0) length += lengths[i];
+    if (length >= static_cast<double>(quarter)) return i;
+  }
+  return 0;
+}
+
+float UniformityOf(double low_sum, int places, float average) {
+  const double mean = Divide(low_sum, places);
+  const float percent = Store32(100 * Divide(mean, static_cast<double>(average)));
+  // The product is rounded to 32 bits first, so that 89.95 comes to 90.0.
+  const float tenths = Store32(static_cast<double>(percent) * 10);
+  const float uniformity = Store32(Int(static_cast<double>(tenths) + 0.5) / 10);
+  return uniformity >= 100 ? 100 : uniformity;
+}
+
+void ListFurrows(int rows, const float* flow, const std::int16_t* length, const float* ratio, const FurrowLists& lists,
+                 FurrowSums& sums) {
+  sums = {};
+  for (int i = 1; i <= rows; ++i) {
+    if (length[i] <= 0 || !(flow[i] > 0)) continue;
+    const auto furrow = static_cast<std::int16_t>(sums.furrows + 1);
+    if (lists.number != nullptr) lists.number[i] = static_cast<float>(furrow);
+    sums.furrows = furrow;
+    const double share = static_cast<double>(ratio[i]);
+    lists.flow[furrow] = Store32(Divide(static_cast<double>(flow[i]), share));
+    lists.length[furrow] = StoreInt16(Divide(length[i], share));
+    sums.length = Store32(static_cast<double>(sums.length) + length[i]);
+  }
+}
+
 void SortFurrows(DesignRecord& record) {
   QSort(1, record.WateredFurrows, record.NormFurrowFlow, record.NormFurrowLength);
 }
 
 void DistributionEffic(DesignRecord& record, EngineHost& host) {
   const float quarter = Narrow(static_cast<double>(record.LowQuarter) * static_cast<double>(record.TotalFurrowLength));
-  double length = 0;
-  int place = 0;
-  for (int i = 1; i <= record.HoleRows && place == 0; ++i) {
-    if (record.NormFurrowFlow[i] > 0) length += record.NormFurrowLength[i];
-    if (length >= static_cast<double>(quarter)) place = i;
-  }
+  const float* const flows = record.NormFurrowFlow.data();
+  const int places = LowQuarterPlaces(flows, record.NormFurrowLength.data(), record.HoleRows, quarter);
   double low = 0;
-  for (int i = 1; i <= place; ++i) low += static_cast<double>(record.NormFurrowFlow[i]);
-  const double mean = Divide(low, place);
-  record.Uniformity = Store32(100 * Divide(mean, static_cast<double>(record.AverageFurrowFlow)));
-  // The product is rounded to 32 bits first, so that 89.95 comes to 90.0.
-  const float tenths = Store32(static_cast<double>(record.Uniformity) * 10);
-  record.Uniformity = Store32(Int(static_cast<double>(tenths) + 0.5) / 10);
-  if (record.Uniformity >= 100) record.Uniformity = 100;
+  for (int i = 1; i <= places; ++i) low += static_cast<double>(flows[i]);
+  record.Uniformity = UniformityOf(low, places, record.AverageFurrowFlow);
   host.UniformityChanged();
 }
 

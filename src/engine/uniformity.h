@@ -11,6 +11,33 @@ namespace torvale {
 // other, and the order of followers that this procedure yields is part of the results. Needs low + high to fit 16 bits.
 void QSort(std::int16_t low, std::int16_t high, RowArray<float>& keys, RowArray<std::int16_t>& followers);
 
+// The same on plain lists, whose elements `low` to `high` there must be.
+void QSort(std::int16_t low, std::int16_t high, float* keys, std::int16_t* followers);
+
+// The places, from the lowest flow up, of the furrows that make up the low quarter of a length: the first place at
+// which the lengths of furrows with a flow reach `quarter`. 0 where `places` of them don't.
+int LowQuarterPlaces(const float* flows, const std::int16_t* lengths, int places, float quarter);
+
+// Distribution uniformity of a sum of the `places` lowest flows, in percent to one decimal and at most 100. No place
+// and an average of 0 are RunTimeFaults (kDivisionByZero).
+float UniformityOf(double low_sum, int places, float average);
+
+// The furrows with a length and a flow: their flow and length over `FlowRatio`, in lists from element 1 on.
+struct FurrowLists {
+  float* flow;
+  std::int16_t* length;
+  float* number;  // of the row among them, in an element for each row; nullptr where nobody asks
+};
+struct FurrowSums {
+  std::int16_t furrows = 0;
+  float length = 0;  // feet, unnormalised
+};
+
+// Fills the lists from the rows 1 to `rows` of a finished march. A ratio of 0 and a length beyond 16 bits are
+// RunTimeFaults, with `sums` as far as it had got.
+void ListFurrows(int rows, const float* flow, const std::int16_t* length, const float* ratio, const FurrowLists& lists,
+                 FurrowSums& sums);
+
 // The sort of every finished march: `NormFurrowFlow` with `NormFurrowLength`, places 1 to `WateredFurrows`.
 void SortFurrows(DesignRecord& record);
 

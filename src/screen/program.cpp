@@ -1,6 +1,7 @@
 #include "screen/program.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "base/format.h"
@@ -150,10 +151,30 @@ void ScreenEngineHost::UniformityChanged() {
   program_.main.lblEffic.visible = true;
 }
 
-void RunFlowCalc(Program& program, int& tries) {
-  ScreenEngineHost host(program);
+namespace {
+
+// Nobody is given a turn.
+class QuietEngineHost final : public ScreenEngineHost {
+ public:
+  using ScreenEngineHost::ScreenEngineHost;
+  long Yield(long /*due*/) override { return std::numeric_limits<long>::max(); }
+};
+
+void Calculate(Program& program, ScreenEngineHost& host, int& tries) {
   FlowCalc(program.record, {program.main.Grid1.cells(), program.main.txtInfo[3].text(), program.main.txtInfo[5].text()},
            host, tries);
+}
+
+}  // namespace
+
+void RunFlowCalc(Program& program, int& tries) {
+  ScreenEngineHost host(program);
+  Calculate(program, host, tries);
+}
+
+void RunFlowCalcQuietly(Program& program, int& tries) {
+  QuietEngineHost host(program);
+  Calculate(program, host, tries);
 }
 
 std::string TotalAcresText(const Program& program) {

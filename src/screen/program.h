@@ -65,7 +65,7 @@ enum class Reach { kUsable, kHidden, kDisabled, kUnknown };
 Reach ReachOf(Program& program, std::string_view name);
 
 // The engine's view of the program: its messages and its effects on the screen.
-class ScreenEngineHost final : public EngineHost {
+class ScreenEngineHost : public EngineHost {
  public:
   explicit ScreenEngineHost(Program& program) : program_(program) {}
 
@@ -87,6 +87,8 @@ class ScreenEngineHost final : public EngineHost {
 
 // The march over the program's record, sheet and fields.
 void RunFlowCalc(Program& program, int& tries);
+// The same without a yield.
+void RunFlowCalcQuietly(Program& program, int& tries);
 
 // Caption "Total Acres = " with `TotalAcres`, which most read-outs begin with.
 std::string TotalAcresText(const Program& program);

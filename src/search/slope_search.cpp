@@ -1,22 +1,21 @@
 #include "search/slope_search.h"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
 #include "base/power.h"
 #include "display/design_display.h"
 #include "engine/hydraulics.h"
+#include "engine/slope_trials.h"
 #include "engine/uniformity.h"
 #include "search/elev_adjust.h"
 
 namespace torvale {
 namespace {
-
-constexpr double kSlopeStep = 0.00001;  // feet per foot
-constexpr float kLeastHead = 0.1F;      // feet; a 32-bit constant
-
-// Falling crowns carry water toward the far end, rising ones raise the head near the first row.
-enum class Direction { kFalling, kRising };
 
 // The two directions caption their trials with different blanks.
 constexpr std::string_view kFallingCaption = "          Crown Slope: ";
@@ -52,6 +51,23 @@ void TellProgress(Program& program) {
                                      Format(static_cast<double>(record.MaxHead), "0.00") + " ft";
 }
 
+// Keeps the trial in `SlopeDelta` where it is strictly better than the best so far.
+void KeepBest(DesignRecord& record) {
+  if (!(record.BestUniformity < record.Uniformity)) return;
+  record.BestUniformity = record.Uniformity;
+  record.CrownSlope = record.SlopeDelta;
+}
+
+void ShowBestSlope(Program& program) {
+  program.main.lblCrownSlope.visible = true;
+  program.main.lblHeadCount.visible = false;
+  program.main.lblCrownSlope.caption =
+      "          Calculating Best Slope: " + Format(static_cast<double>(program.record.CrownSlope) * 100, "##.###") +
+      " Per 100 Feet";
+  program.main.frmDisplayLbl[1].visible = true;
+  program.main.frmDisplayLbl[3].visible = true;
+}
+
 void CalculateUniformity(Program& program) {
   int tries = 0;
   RunFlowCalc(program, tries);
@@ -60,52 +76,165 @@ void CalculateUniformity(Program& program) {
   DistributionEffic(program.record, host);
 }
 
-void StepSlope(DesignRecord& record, double step) {
-  record.SlopeDelta = Store32(static_cast<double>(record.SlopeDelta) + step);
-}
-
 // The long furrows decide the direction. The two ranges overlap and stop short of the far end on purpose: with 10 rows
 // they are rows 1 to 5 and rows 4 to 8.
-Direction ChooseDirection(const DesignRecord& record) {
+CrownDirection ChooseDirection(const DesignRecord& record) {
   const int half = record.HoleRows / 2 - 1;
   double first = 0;
   double second = 0;
   for (int i = 1; i <= half + 1; ++i) first += record.FurrowLength[i];
   for (int i = half; i <= 2 * half; ++i) second += record.FurrowLength[i];
-  return first <= second ? Direction::kFalling : Direction::kRising;
+  return first <= second ? CrownDirection::kFalling : CrownDirection::kRising;
 }
 
-// One trial at `SlopeDelta`. False where the run is over.
-bool Try(Program& program, float& ratio, std::string_view caption) {
-  LayCrown(program, program.record.SlopeDelta);
-  if (program.record.CancelFlag) return false;
-  CalculateUniformity(program);
-  GradeEfficAdj(program, ratio);
-  CaptionSlope(program, caption);
-  CaptionUniformity(program);
-  TellProgress(program);
-  return true;
+void StepSlope(DesignRecord& record, CrownDirection direction) {
+  record.SlopeDelta = Store32(static_cast<double>(record.SlopeDelta) +
+                              (direction == CrownDirection::kFalling ? kSlopeStep : -kSlopeStep));
 }
 
 bool MoreHeadToSpend(const DesignRecord& record) {
   return kLeastHead < record.MinHead;
 }
 
-// The falling search tries the level crown first; only it looks at `DesignOK`. The rising one begins a step up. A line
-// of one row has no span to lay, so every trial is alike and one is enough. False where the run is over.
-bool RunTrials(Program& program, Direction direction, float& ratio) {
+void ShowTrial(Program& program, CrownDirection direction) {
+  ShowBestSlope(program);
+  CaptionSlope(program, direction == CrownDirection::kFalling ? kFallingCaption : kRisingCaption);
+  CaptionUniformity(program);
+  TellProgress(program);
+}
+
+// One trial at `SlopeDelta`, worked on the record itself: for the trial that gives up, whose words and figures stay.
+// False where the run is over.
+bool TryOnRecord(Program& program, CrownDirection direction) {
+  LayCrown(program, program.record.SlopeDelta);
+  if (program.record.CancelFlag) return false;
+  CalculateUniformity(program);
+  KeepBest(program.record);
+  ShowTrial(program, direction);
+  return true;
+}
+
+// The search from `SlopeDelta` on, trial after trial on the record. The falling search tries the level crown first;
+// only it looks at `DesignOK`. The rising one begins a step up. A line of one row has no span to lay, so every trial is
+// alike and one is enough. False where the run is over.
+bool RunTrialsOnRecord(Program& program, CrownDirection direction) {
   DesignRecord& record = program.record;
   while (MoreHeadToSpend(record)) {
-    if (direction == Direction::kRising) StepSlope(record, -kSlopeStep);
-    if (!Try(program, ratio, direction == Direction::kFalling ? kFallingCaption : kRisingCaption)) return false;
-    if (direction == Direction::kFalling) {
+    if (direction == CrownDirection::kRising) StepSlope(record, direction);
+    if (!TryOnRecord(program, direction)) return false;
+    if (direction == CrownDirection::kFalling) {
       if (record.DesignOK == "False") return false;
-      StepSlope(record, kSlopeStep);
+      StepSlope(record, direction);
     }
     CaptionHeads(program);
     if (record.HoleRows < 2) break;
   }
   return true;
+}
+
+constexpr long kManyYields = 1'000'000'000;
+
+// Hears of each trial of the pure search in turn. The desktop is told of as many yields as one march has; the captions
+// are written where one of them reaches it, and after the last trial.
+class TrialListener {
+ public:
+  TrialListener(Program& program, CrownDirection direction)
+      : program_(program), direction_(direction), yields_(std::max(1, program.record.HoleRows * 9 / 10)) {}
+
+  // False where the search is to stop, with `SlopeDelta` at the trial.
+  bool Hear(const SlopeTrial& trial) {
+    DesignRecord& record = program_.record;
+    record.SlopeDelta = trial.slope;
+    record.Uniformity = trial.uniformity;
+    record.MinHead = trial.lowest_head;
+    record.MaxHead = trial.highest_head;
+    KeepBest(record);
+    shown_ = false;
+    for (long due = yields_; due > 0 && !record.CancelFlag;) {
+      const long now = std::min(due, idle_ + 1 - passed_);
+      passed_ += now;
+      due -= now;
+      if (passed_ <= idle_) break;
+      Show();
+      idle_ = std::min(program_.host.Yield(passed_), kManyYields);
+      passed_ = 0;
+    }
+    if (record.CancelFlag || (direction_ == CrownDirection::kFalling && record.DesignOK == "False")) return false;
+    if (direction_ == CrownDirection::kFalling) StepSlope(record, direction_);
+    return true;
+  }
+
+  // After the last trial, which may have been the first: the screen shows it, and the desktop knows of all yields.
+  void Finish(const SlopeTrial* last) {
+    if (last != nullptr && !shown_) {
+      const float next = std::exchange(program_.record.SlopeDelta, last->slope);
+      Show();
+      program_.record.SlopeDelta = next;
+    }
+    if (passed_ > 0) program_.host.Yield(passed_);
+  }
+
+ private:
+  void Show() {
+    ScreenEngineHost(program_).UniformityChanged();
+    ShowTrial(program_, direction_);
+    CaptionHeads(program_);
+    shown_ = true;
+  }
+
+  Program& program_;
+  const CrownDirection direction_;
+  const long yields_;  // of a trial
+  long idle_ = 0;      // coming yields that would do nothing, from the last answer on
+  long passed_ = 0;    // of them, those that have come
+  bool shown_ = true;
+};
+
+// Works the trial at `SlopeDelta` on the record, so that a search that was stopped leaves the figures of a trial.
+void BringToTrial(Program& program) {
+  DesignRecord& record = program.record;
+  const bool cancelled = std::exchange(record.CancelFlag, false);
+  LayCrown(program, record.SlopeDelta);
+  int tries = 0;
+  RunFlowCalcQuietly(program, tries);
+  SortFurrows(record);
+  ScreenEngineHost host(program);
+  DistributionEffic(record, host);
+  record.CancelFlag = cancelled;
+}
+
+// The trials, worked beside the record. False where the run is over.
+bool RunTrials(Program& program, CrownDirection direction) {
+  DesignRecord& record = program.record;
+  if (!MoreHeadToSpend(record) || record.CancelFlag) return RunTrialsOnRecord(program, direction);
+  SlopeField field;
+  PrepareSlopeField(record, Finite(Val(program.main.txtInfo[3].text())), program.main.txtInfo[5].text(), field);
+  const LevelMarch level = {record.MinHead, record.Head[record.HoleRows], record.AccumGPM};
+  TrialListener listener(program, direction);
+  SlopeTrial last;
+  bool any = false;
+  const SlopeSearchEnd end = SearchSlopes(field, direction, level, {}, [&](const SlopeTrial& trial) {
+    last = trial;
+    any = true;
+    return listener.Hear(trial);
+  });
+  listener.Finish(any ? &last : nullptr);
+  switch (end.way) {
+    case SlopeSearchEnd::Way::kSpent:
+      return true;
+    case SlopeSearchEnd::Way::kStopped:
+      BringToTrial(program);
+      return false;
+    case SlopeSearchEnd::Way::kGaveUp:
+      break;
+  }
+  // What the trial that gives up leaves half done lies over the figures of the one before.
+  if (any) {
+    const float next = std::exchange(record.SlopeDelta, last.slope);
+    BringToTrial(program);
+    record.SlopeDelta = next;
+  }
+  return RunTrialsOnRecord(program, direction);
 }
 
 void FinishSearch(Program& program) {
@@ -152,28 +281,16 @@ void FitHead(DesignRecord& record, int row, double flow, double discharge_coef) 
 
 void LayCrown(Program& program, float slope) {
   DesignRecord& record = program.record;
-  // A rod reading grows as the ground falls.
-  const double sign = program.main.txtInfo[5].text() == "R" ? 1 : -1;
+  std::vector<float> span(static_cast<std::size_t>(record.HoleRows) + 1);
   for (int i = 2; i <= record.HoleRows; ++i) {
-    const float span = Narrow(static_cast<double>(record.Station[i]) - static_cast<double>(record.Station[i - 1]));
-    const float drop = Store32(static_cast<double>(slope) * static_cast<double>(span));
-    record.DesignElev[i] = Store32(static_cast<double>(record.DesignElev[i - 1]) + sign * static_cast<double>(drop));
+    span[static_cast<std::size_t>(i)] = SpanInFeet(record.Station[i], record.Station[i - 1]);
   }
+  LayCrownAt(slope, span.data(), record.HoleRows, program.main.txtInfo[5].text() == "R", record.DesignElev.data());
 }
 
 void GradeEfficAdj(Program& program, float& /*ratio*/) {
-  DesignRecord& record = program.record;
-  if (record.BestUniformity < record.Uniformity) {
-    record.BestUniformity = record.Uniformity;
-    record.CrownSlope = record.SlopeDelta;
-  }
-  program.main.lblCrownSlope.visible = true;
-  program.main.lblHeadCount.visible = false;
-  program.main.lblCrownSlope.caption =
-      "          Calculating Best Slope: " + Format(static_cast<double>(record.CrownSlope) * 100, "##.###") +
-      " Per 100 Feet";
-  program.main.frmDisplayLbl[1].visible = true;
-  program.main.frmDisplayLbl[3].visible = true;
+  KeepBest(program.record);
+  ShowBestSlope(program);
 }
 
 void BestGradeEffic(Program& program) {
@@ -183,12 +300,10 @@ void BestGradeEffic(Program& program) {
   program.main.busy = true;
   record.DesignElev[1] = record.CrownElev[1];
   for (int i = 2; i <= record.HoleRows; ++i) record.DesignElev[i] = record.DesignElev[i - 1];
-  const Direction direction = ChooseDirection(record);
+  const CrownDirection direction = ChooseDirection(record);
   int tries = 0;
   RunFlowCalc(program, tries);
-  const double length = static_cast<double>(record.Station[record.HoleRows]);
-  float ratio = length == 0 ? 0 : Store32(static_cast<double>(record.MaxHead) / length);
-  if (RunTrials(program, direction, ratio)) FinishSearch(program);
+  if (RunTrials(program, direction)) FinishSearch(program);
 }
 
 void BestFitHead(Program& program) {

@@ -115,19 +115,19 @@ TEST_F(FieldEventsTest, KeysMoveBetweenTheFields) {
 }
 
 TEST_F(FieldEventsTest, ACharacterTakesThePlaceOfWhatIsSelected) {
+  FocusGained(program, "txtInfo(0)");
   TypeText(program, "txtInfo(0)", "North");
   SelectText(program, "txtInfo(0)", {1, 3});
-  TypeAtCaret(program, "txtInfo(0)", {Key::kCharacter, "x"});
+  FieldKeyTyped(program, "txtInfo(0)", {Key::kCharacter, "x"});
   EXPECT_EQ(Info(0), "Nxh");
-  TypeAtCaret(program, "txtInfo(0)", {Key::kCharacter, "y"});  // the caret stands behind the x
+  FieldKeyTyped(program, "txtInfo(0)", {Key::kCharacter, "y"});  // the caret stands behind the x
   EXPECT_EQ(Info(0), "Nxyh");
-  TypeAtCaret(program, "txtInfo(0)", {Key::kBackspace, ""});
+  FieldKeyTyped(program, "txtInfo(0)", {Key::kBackspace, ""});
   EXPECT_EQ(Info(0), "Nxh");
   SelectText(program, "txtInfo(0)", {0, 0});
-  TypeAtCaret(program, "txtInfo(0)", {Key::kBackspace, ""});  // nothing stands ahead of the caret
-  TypeAtCaret(program, "txtInfo(0)", {Key::kDelete, ""});     // a key that types nothing
+  FieldKeyTyped(program, "txtInfo(0)", {Key::kBackspace, ""});  // nothing stands ahead of the caret
   EXPECT_EQ(Info(0), "Nxh");
-  TypeAtCaret(program, "txtDefault(3)", {Key::kCharacter, "1"});  // its panel is away
+  FieldKeyTyped(program, "txtDefault(3)", {Key::kCharacter, "1"});  // its panel is away
   EXPECT_EQ(program.main.txtDefault[3].text(), "140");
 }
 

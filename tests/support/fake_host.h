@@ -55,7 +55,7 @@ class FakeHost final : public Host {
     const std::function<void()> now = std::move(event);
     event = nullptr;
     now();
-    return kNoEventAhead;
+    return event ? event_at - yields - 1 : kNoEventAhead;
   }
   void Message(std::string_view body, std::string_view title) override {
     messages.push_back({std::string(body), std::string(title)});

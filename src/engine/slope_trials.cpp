@@ -1,0 +1,109 @@
+#include "engine/slope_trials.h"
+
+#include <algorithm>
+
+#include "engine/uniformity.h"
+
+namespace torvale {
+namespace {
+
+float UniformityOfTrial(const SlopeField& field, PlainTrialWork& work) {
+  const int rows = field.line.rows;
+  FurrowSums sums;
+  std::fill(work.furrow_flow.begin(), work.furrow_flow.end(), 0.0F);
+  ListFurrows(rows, work.flow.data(), field.furrow_length.data(), field.flow_ratio.data(),
+              {work.furrow_flow.data(), work.furrow_length.data(), nullptr}, sums);
+  QSort(1, sums.furrows, work.furrow_flow.data(), work.furrow_length.data());
+  const float quarter = Narrow(static_cast<double>(field.low_quarter) * static_cast<double>(sums.length));
+  const int places = LowQuarterPlaces(work.furrow_flow.data(), work.furrow_length.data(), rows, quarter);
+  double low = 0;
+  for (int i = 1; i <= places; ++i) low += static_cast<double>(work.furrow_flow[static_cast<std::size_t>(i)]);
+  return UniformityOf(low, places, field.average_flow);
+}
+
+}  // namespace
+
+void PrepareSlopeField(const DesignRecord& record, double first_head, std::string_view survey_kind, SlopeField& field) {
+  const int rows = record.HoleRows;
+  const auto size = static_cast<std::size_t>(rows) + 1;
+  field.elevations = survey_kind == "E";
+  field.grows_downward = survey_kind == "R";
+  PrepareLine(record, field.elevations, field.line);
+  field.target = record.TargetGPM;
+  field.first_head = first_head;
+  field.crown_beyond = record.DesignElev[0];
+  field.first_crown = record.CrownElev[1];
+  field.low_quarter = record.LowQuarter;
+  field.average_flow = record.AverageFurrowFlow;
+  field.span.assign(size, 0);
+  for (int row = 2; row <= rows; ++row) {
+    field.span[static_cast<std::size_t>(row)] = SpanInFeet(record.Station[row], record.Station[row - 1]);
+  }
+  field.furrow_length.assign(record.FurrowLength.data(), record.FurrowLength.data() + size);
+  field.flow_ratio.assign(record.FlowRatio.data(), record.FlowRatio.data() + size);
+}
+
+void LayCrownAt(float slope, const float* span, int rows, bool grows_downward, float* crown) {
+  const double sign = grows_downward ? 1 : -1;
+  for (int i = 2; i <= rows; ++i) {
+    const float drop = Store32(static_cast<double>(slope) * static_cast<double>(span[i]));
+    crown[i] = Store32(static_cast<double>(crown[i - 1]) + sign * static_cast<double>(drop));
+  }
+}
+
+void PreparePlainTrial(const SlopeField& field, PlainTrialWork& work) {
+  const auto size = static_cast<std::size_t>(field.line.rows) + 2;
+  work.line = field.line;
+  work.head.assign(size, 0);
+  work.flow.assign(size, 0);
+  work.area.assign(size, 0);
+  work.crown.assign(size, 0);
+  work.furrow_flow.assign(size, 0);
+  work.furrow_length.assign(size, 0);
+}
+
+bool TryPlainly(const SlopeField& field, float slope, PlainTrialWork& work, SlopeTrial& trial) {
+  const int rows = field.line.rows;
+  trial = {};
+  trial.slope = slope;
+  if (rows < 1) return false;
+  try {
+    work.crown[0] = field.crown_beyond;
+    work.crown[1] = field.first_crown;
+    LayCrownAt(slope, field.span.data(), rows, field.grows_downward, work.crown.data());
+    LayOnLine(work.crown.data(), field.elevations, work.line);
+    std::fill(work.flow.begin(), work.flow.end(), 0.0F);
+    double& end_head = work.head[static_cast<std::size_t>(rows)];
+    end_head = field.first_head;
+    const PauseFn nobody;
+    SolveEndHead(work.line, field.target, {work.head.data(), work.flow.data(), work.area.data()}, nobody,
+                 EndHeadForm::kPlain, trial.search);
+    if (trial.search.outcome != EndHeadSearch::Outcome::kConverged) return false;
+    trial.end_head = end_head;
+    const auto [low, high] = std::minmax_element(work.head.begin() + 1, work.head.begin() + 1 + rows);
+    trial.lowest_head = std::min(200000.0F, Store32(*low));
+    trial.highest_head = std::max(0.0F, Store32(*high));
+    trial.uniformity = UniformityOfTrial(field, work);
+    return true;
+  } catch (const RunTimeFault&) {
+    return false;
+  }
+}
+
+SlopeSearchEnd SearchSlopesPlainly(const SlopeField& field, CrownDirection direction, float lowest_head,
+                                   const SlopeTrialFn& tell) {
+  using Way = SlopeSearchEnd::Way;
+  PlainTrialWork work;
+  PreparePlainTrial(field, work);
+  float slope = direction == CrownDirection::kFalling ? 0 : NextSlope(0, direction);
+  SlopeTrial trial;
+  for (; kLeastHead < lowest_head; slope = NextSlope(slope, direction)) {
+    if (!TryPlainly(field, slope, work, trial)) return {Way::kGaveUp, slope};
+    if (!tell(trial)) return {Way::kStopped, slope};
+    if (field.line.rows < 2) break;
+    lowest_head = trial.lowest_head;
+  }
+  return {Way::kSpent, slope};
+}
+
+}  // namespace torvale

@@ -1,0 +1,111 @@
+// The search for the crown slope of best uniformity: pure, over a line and its furrows. It knows no record, no screen
+// and no message, and may run on any thread.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "base/arithmetic.h"
+#include "base/platform_processor.h"
+#include "engine/end_head.h"
+#include "record/design_record.h"
+
+namespace torvale {
+
+inline constexpr double kSlopeStep = 0.00001;  // feet per foot
+inline constexpr float kLeastHead = 0.1F;      // feet; a 32-bit constant
+
+// Falling crowns carry water toward the far end, rising ones raise the head near the first row.
+enum class CrownDirection { kFalling, kRising };
+
+// What all trials of a search share. The `rise` of the line belongs to the trial.
+struct SlopeField {
+  Line line;
+  float target = 0;             // gallons per minute
+  double first_head = 0;        // feet; where each search on the far-end head begins
+  float crown_beyond = 0;       // the element ahead of row 1, which counts as upstream of it
+  float first_crown = 0;        // of row 1, where every crown is laid from
+  std::vector<float> span;      // feet from the row before, in 32 bits; rows 2 and up
+  bool grows_downward = false;  // rod readings, by the letter "R": larger is lower ground, when a crown is laid
+  bool elevations = false;      // by the letter "E": when it is marched
+  std::vector<std::int16_t> furrow_length;  // feet
+  std::vector<float> flow_ratio;
+  float low_quarter = 0;
+  float average_flow = 0;  // gallons per minute
+};
+
+// The field of the record, for design types 2 and 3. What can't be read is a RunTimeFault.
+void PrepareSlopeField(const DesignRecord& record, double first_head, std::string_view survey_kind, SlopeField& field);
+
+// Feet from one station to the next as a crown is laid by: in 32 bits.
+inline float SpanInFeet(float station, float station_before) {
+  return Narrow(static_cast<double>(station) - static_cast<double>(station_before));
+}
+
+// Lays a crown of `rows` rows from `crown[1]` on, falling where `slope` is above 0. Product and sum are rounded to 32
+// bits at each row; beyond them is a RunTimeFault. Row 1 and the element ahead of it stay.
+void LayCrownAt(float slope, const float* span, int rows, bool grows_downward, float* crown);
+
+// One trial: a search on the far-end head over one crown, and its uniformity.
+struct SlopeTrial {
+  float slope = 0;  // feet per foot
+  float uniformity = 0;
+  float lowest_head = 0;  // as `MinHead` and `MaxHead` take them
+  float highest_head = 0;
+  double end_head = 0;
+  EndHeadSearch search;  // `outcome`, `tries` and the rest, as the plain search counts them
+};
+
+// Told of each trial in order; false stops the search after it.
+using SlopeTrialFn = std::function<bool(const SlopeTrial&)>;
+
+struct SlopeSearchEnd {
+  // Spent: the lowest head has fallen to a tenth of a foot. Stopped: by the caller. Gave up: the trial at `slope` did
+  // not converge or ran into a fault; it is not told of.
+  enum class Way { kSpent, kStopped, kGaveUp };
+  Way way = Way::kSpent;
+  float slope = 0;  // of the trial that gave up
+};
+
+// The plain form: trial after trial, every march made. `lowest_head` is what the level crown has left. Falling, the
+// level crown is the first trial; rising, the first is a step up. A line of one row has no span to lay: one trial.
+SlopeSearchEnd SearchSlopesPlainly(const SlopeField& field, CrownDirection direction, float lowest_head,
+                                   const SlopeTrialFn& tell);
+
+// How a fast search goes about it. The results don't depend on any of it.
+struct SlopeSearchManner {
+  VectorLanes lanes = WidestLanes();
+  int threads = 0;           // 0: as many as the processor runs at once, four at most
+  double planted_error = 1;  // of the bounds, for the tests that must see it; 1 is none
+};
+
+// What the caller knows of the level crown's march: where the search begins to guess. Nothing else depends on it.
+struct LevelMarch {
+  float lowest_head = 0;
+  double end_head = 0;
+  float flow = 0;
+};
+
+// The same results as the plain form, to the bit, and faster: see docs/performance.md.
+SlopeSearchEnd SearchSlopes(const SlopeField& field, CrownDirection direction, const LevelMarch& level,
+                            const SlopeSearchManner& manner, const SlopeTrialFn& tell);
+
+// One trial in the plain form, with the memory it works in.
+struct PlainTrialWork {
+  Line line;
+  std::vector<double> head;
+  std::vector<float> flow, area, crown, furrow_flow;
+  std::vector<std::int16_t> furrow_length;
+};
+void PreparePlainTrial(const SlopeField& field, PlainTrialWork& work);
+// False where it gave up, for whatever reason.
+bool TryPlainly(const SlopeField& field, float slope, PlainTrialWork& work, SlopeTrial& trial);
+
+// The slope of the next trial.
+inline float NextSlope(float slope, CrownDirection direction) {
+  return Narrow(static_cast<double>(slope) + (direction == CrownDirection::kFalling ? kSlopeStep : -kSlopeStep));
+}
+
+}  // namespace torvale

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "engine/wide_march.h"
+
+namespace torvale {
+
+// The forms of single instruction sets, each in a file compiled for its own. To be called on a processor that has it.
+WideForm FourLanes();
+WideForm EightLanes();
+
+}  // namespace torvale
