@@ -1,6 +1,7 @@
 #include "display/colour_meanings.h"
 
 #include "display/grid_layout.h"
+#include "engine/survey.h"
 
 namespace torvale {
 namespace {
@@ -24,6 +25,8 @@ constexpr Meaning kMeanings[] = {
     {"frmDisplayLbl(5)", kNoColumn, kStrongGreen, "Green: the lowest head is half a foot or more."},
     {"frmDisplayLbl(5)", kNoColumn, kYellow, "Yellow: the lowest head is below half a foot."},
     {"frmDisplayLbl(15)", kNoColumn, kYellow, "Yellow: the difference exceeds the limit in the preferences."},
+    {"Grid1", kStationColumn, kPaleYellow,
+     "First Crown Station must be Zero. The next design is worked out from this station, and 0 is put here then."},
     {"Grid2", kResultFlowRatio, kStrongGreen, "Green: within 5 percent of the flow that the furrow needs."},
     {"Grid2", kResultFlowRatio, kPaleYellow, "Pale yellow: 5 to 10 percent off the flow that the furrow needs."},
     {"Grid2", kResultFlowRatio, kYellow, "Yellow: within 10 percent of the flow that the furrow needs."},

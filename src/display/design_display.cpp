@@ -8,7 +8,10 @@
 #include "display/applied_water.h"
 #include "display/grid_layout.h"
 #include "display/hole_summary.h"
+#include "display/input_screen.h"
 #include "display/result_tables.h"
+#include "engine/survey.h"
+#include "screen/status_line.h"
 
 namespace torvale {
 namespace {
@@ -26,13 +29,13 @@ void ShowHoleSummary(Program& program) {
 
 void ShowState(Program& program) {
   MainScreen& main = program.main;
-  main.lblActiveInactive.caption = "Active Design";
+  main.lblActiveInactive.caption = kActiveDesign;
   main.lblActiveInactive.back = kBrightGreen;
   main.lblActiveInactive.fore = kBlack;
   main.Grid1.top_row = 1;
   main.cmdCancel.visible = false;
   main.lblEffic.caption = "Distribution Uniformity = " + GeneralText(program.record.Uniformity);
-  main.lblEffic.visible = true;
+  ScreenEngineHost(program).UniformityChanged();
   main.frmDisplay.visible = true;
   main.frmDisplayLbl[15].back.reset();
 }
@@ -90,6 +93,15 @@ void ShowDualSlope(Program& program) {
   program.main.lblCrownSlope.visible = true;
 }
 
+// Lays the grids out anew, which puts 0 into the first station of the sheet, whatever the design was worked out from.
+void LayOut(Program& program) {
+  const double typed = Val(program.main.Grid1.Text(1, kStationColumn));
+  GridSet(program);
+  if (typed == 0 || Narrow(typed) != program.record.Station[1]) return;
+  Say(program, "First Crown Station must be Zero: this design was worked out from station " + GeneralText(typed) +
+                   ", the sheet says 0 from here on. Correct the stations and run it again.");
+}
+
 void EnableScreen(MainScreen& main, bool enabled) {
   for (TextField& field : main.txtInfo) field.control.enabled = enabled;
   for (Control* control :
@@ -99,9 +111,7 @@ void EnableScreen(MainScreen& main, bool enabled) {
   }
 }
 
-}  // namespace
-
-void DisplayDesign(Program& program) {
+void Show(Program& program) {
   MainScreen& main = program.main;
   main.mnuWindowInfo.visible = true;
   main.mnuProfile.visible = true;
@@ -115,7 +125,7 @@ void DisplayDesign(Program& program) {
   main.cmdDesignToggle.visible = true;
   main.cmdReCalc.visible = true;
   ShowConstantSlope(program);
-  GridSet(program);
+  LayOut(program);
   if (main.cmdDesignToggle.caption == "Complete Design") {
     CompleteDesignTable(program);
   } else {
@@ -125,12 +135,29 @@ void DisplayDesign(Program& program) {
   AcreInchPumped(program);
 }
 
+}  // namespace
+
+void DisplayDesign(Program& program) {
+  try {
+    Show(program);
+  } catch (const RunTimeFault&) {
+    // Half a table is no design.
+    ShowInput(program);
+    throw;
+  }
+}
+
 void cmdDesignToggle_Click(Program& program) {
   MainScreen& main = program.main;
   main.lblAcresTotal.caption = TotalAcresText(program);
   main.cmdDesignToggle.caption = main.cmdDesignToggle.caption == "Summary" ? "Complete Design" : "Summary";
   main.Grid2.control.visible = true;
-  DisplayDesign(program);
+  try {
+    DisplayDesign(program);
+  } catch (const RunTimeFault&) {
+    // The sheet behind the table can have been cut or pasted over since the design was worked out.
+    Say(program, "The table can not be made from the survey as it is now: see its stations, and run the design again.");
+  }
 }
 
 void ScreenControlsOn(Program& program) {

@@ -8,7 +8,8 @@ namespace torvale {
 // the caption of `cmdDesignToggle` names, crown slope and applied water. The one road from a result to the screen.
 void DisplayDesign(Program& program);
 
-// Changes between the Complete Design table and the Summary.
+// Changes between the Complete Design table and the Summary. A table that faults brings the sheet back, with a sentence
+// in the status bar.
 void cmdDesignToggle_Click(Program& program);
 
 // Locks and unlocks the screen around a long search.

@@ -114,8 +114,7 @@ void LayOutResults(Program& program) {
   results.Resize(kResultRows, kResultColumns);
   SetSheetColours(results);
   LayOutColumns(results, kResultLayout);
-  results.Set(0, kResultOpening, OpeningHeading(program));
-  results.Set(0, kResultCrown, ResultCrownHeading(program));
+  for (int c : {kResultOpening, kResultCrown}) results.Set(0, c, ResultHeading(program, c));
   for (int c = kResultStation; c <= kResultPlantedWidth; ++c) results.SetAlign(0, c, Align::kCentreBottom);
   for (std::size_t c = kResultStation; c <= kResultPipeDia; ++c) results.columns[c].align = Align::kCentreBottom;
   results.SetCurrent(1, 0);
@@ -132,6 +131,12 @@ void LayOutAppliedWater(Grid& applied) {
 }
 
 }  // namespace
+
+std::string_view ResultHeading(const Program& program, int column) {
+  if (column == kResultOpening) return OpeningHeading(program);
+  if (column == kResultCrown) return ResultCrownHeading(program);
+  return kResultLayout.at(static_cast<std::size_t>(column)).heading;
+}
 
 void GridSet(Program& program) {
   MainScreen& main = program.main;

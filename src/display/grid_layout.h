@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "screen/program.h"
 
 namespace torvale {
@@ -23,6 +25,9 @@ enum ResultColumn : int {
 
 inline constexpr int kResultRows = 5284;
 inline constexpr int kResultColumns = 13;
+
+// The heading of a column of the results, as the layout has it: what is typed may stand in the grid's own cell instead.
+std::string_view ResultHeading(const Program& program, int column);
 
 // Gives `Grid1`, `Grid2`, `GridInchesApplied` and the frame beside them their fixed shape: place, size, headings,
 // widths, alignment and colours. Typed data stays, but for cell (1,0) of `Grid1`, which becomes "0", and, before any

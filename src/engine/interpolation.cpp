@@ -41,8 +41,8 @@ void FillFirstRow(const Run& run) {
   if (run.Empty(1, kMilColumn)) run.Set(1, kMilColumn, run.defaults.mil);
 }
 
-// Refuses a row that has data but no station.
-bool StationsPresent(const Run& run) {
+// Refuses a row that has data but no station. Gives that row, or 0.
+int RowWithoutStation(const Run& run) {
   constexpr std::array kColumns = {kCrownColumn,   kFurrowLengthColumn, kSpacingColumn,
                                    kPipeDiaColumn, kHoleCountColumn,    kMilColumn};
   for (int i = 2; i <= kLastSheetRow; ++i) {
@@ -53,9 +53,9 @@ bool StationsPresent(const Run& run) {
     run.host.Message("Data in row " + GeneralText(i) + " of the station column is missing", "");
     run.host.OfferInterpolation();
     run.host.HideCancel();
-    return false;
+    return i;
   }
-  return true;
+  return 0;
 }
 
 bool MarkedAsSupply(const Run& run, int row) {
@@ -75,15 +75,16 @@ void CountSurvey(const Run& run) {
   }
 }
 
-bool HolesHaveStations(const Run& run) {
+// The same for a row of the survey with a hole.
+int HoleWithoutStation(const Run& run) {
   for (int i = 1; i <= run.record.SurveyRows; ++i) {
     if (run.Empty(i, kStationColumn) && run.Number(i, kHoleSizeColumn) > 0) {
       run.host.SurveyCellRefused(i, kStationColumn);
       run.host.Message("You do not have all of the Station column complete.", "");
-      return false;
+      return i;
     }
   }
-  return true;
+  return 0;
 }
 
 // Sees to a crown reading on the last row: the lowest one on the sheet.
@@ -213,11 +214,11 @@ void MarkSupplyRows(const Run& run) {
   }
 }
 
-void Complete(const Run& run) {
+int Complete(const Run& run) {
   FillFirstRow(run);
-  if (!StationsPresent(run)) return;
+  if (const int row = RowWithoutStation(run); row > 0) return row;
   CountSurvey(run);
-  if (!HolesHaveStations(run)) return;
+  if (const int row = HoleWithoutStation(run); row > 0) return row;
   CrownAtLastRow(run);
   LengthAtLastRow(run);
   InterpolateCrown(run);
@@ -226,15 +227,16 @@ void Complete(const Run& run) {
   CopyDown(run);
   MarkSupplyRows(run);
   run.host.ShowSurvey();
+  return 0;
 }
 
 }  // namespace
 
-void InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults, EngineHost& host) {
+int InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults, EngineHost& host) {
   try {
-    Complete(Run{record, sheet, defaults, host});
+    return Complete(Run{record, sheet, defaults, host});
   } catch (const RunTimeFault&) {
-    return;  // the checks of the design that follows tell the user what is missing
+    return 0;  // the checks of the design that follows tell the user what is missing
   }
 }
 

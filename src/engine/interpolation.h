@@ -19,8 +19,9 @@ struct SurveyDefaults {
 // furrow lengths out by straight lines between the filled cells, copies pipe and hole cells down, and marks the rows
 // without holes as supply line. `SlopeDelta` is a scratch value and holds the last step of the crown afterwards.
 //
-// A row with data and no station is refused with a message, and nothing after that is done. A run-time fault, such as
+// A row with data and no station is refused with a message, and nothing after that is done; that row is given back, 0
+// where none was refused. A run-time fault, such as
 // two filled rows at the same station, ends it in silence with the sheet as far as it had got.
-void InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults, EngineHost& host);
+int InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults, EngineHost& host);
 
 }  // namespace torvale

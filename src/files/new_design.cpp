@@ -3,8 +3,11 @@
 #include <array>
 
 #include "display/grid_layout.h"
+#include "display/input_screen.h"
 #include "engine/survey.h"
 #include "files/preferences.h"
+#include "input/info_fields.h"
+#include "screen/status_line.h"
 
 namespace torvale {
 namespace {
@@ -31,19 +34,14 @@ void SetFirstRowCell(Program& program, const FirstRowDefault& cell) {
 
 // The screen goes back to the sheet; Planned is the marked kind.
 void ShowEmptySheet(MainScreen& main) {
-  main.Grid1.control.visible = true;
-  main.lblEffic.visible = false;
-  main.cmdInterpolate.visible = true;
-  main.lblCrownSlope.visible = false;
   main.mnuWindowInfo.enabled = false;
-  for (Control* hidden : {&main.frmDisplay, &main.cmdDesignToggle, &main.cmdReCalc}) hidden->visible = false;
   main.mnuDesignField.ticked = true;
   main.mnuSurveyCopy.enabled = true;
   for (Control* entry : {&main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign,
                          &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
     entry->ticked = false;
   }
-  main.frameShowLimitedHoles.visible = false;
+  main.title = "TORVALE   ";
 }
 
 }  // namespace
@@ -60,7 +58,8 @@ void mnuFileNew_Click(Program& program) {
   main.Grid1.Clear();
   main.Grid2.Clear();
   GridSet(program);
-  program.record.TotalAcres = 0;
+  ForgetDesign(program);
+  ForgetNews(program);
   ShowEmptySheet(main);
   for (TextField& field : main.txtInfo) field.Set("");
   main.txtInfo[1].Set(program.host.Today());
@@ -72,6 +71,7 @@ void mnuFileNew_Click(Program& program) {
   main.Grid1.Set(1, kCrownColumn, kFirstCrown);
   for (const FirstRowDefault& cell : kFirstRow) SetFirstRowCell(program, cell);
   ++program.stored_count;
+  MoveFocus(program, "txtInfo(0)");
 }
 
 void FillFirstRow(Program& program) {

@@ -4,6 +4,7 @@
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
+#include "display/input_screen.h"
 #include "files/code_page.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
@@ -74,17 +75,8 @@ std::string DefaultsText(Program& program) {
 }
 
 void BringScreenBack(Program& program) {
-  MainScreen& main = program.main;
-  const std::int16_t type = program.record.DesignType;
-  if (type == kNoDesign) {
-    MoveFocus(program, "txtInfo(0)");
-  } else if (type >= kPlanned && type <= kExistingField) {
-    main.Grid2.control.visible = true;
-    main.cmdReCalc.visible = true;
-    main.cmdDesignToggle.visible = true;
-  } else {
-    main.Grid1.control.visible = true;
-  }
+  ShowBehindPreferences(program);
+  if (program.record.DesignType == kNoDesign) MoveFocus(program, "txtInfo(0)");
 }
 
 void StepHoleSize(Program& program, std::string_view key) {

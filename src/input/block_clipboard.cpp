@@ -42,7 +42,7 @@ void CutBlock(DesignRecord& record, Grid& grid) {
   CopyBlock(record, grid);
   record.PasteRows = static_cast<std::int16_t>(block.row2 - block.row1 + 1);
   record.PasteCols = static_cast<std::int16_t>(block.column2 - block.column1 + 1);
-  grid.cells().Erase(block.row1, block.column1, block.row2, block.column2);
+  if (block.row2 > 0) grid.cells().Erase(std::max(block.row1, 1), block.column1, block.row2, block.column2);
   grid.SetCurrent(block.row1, block.column1);
 }
 
@@ -52,7 +52,7 @@ void PasteBlock(DesignRecord& record, Grid& grid) {
   for (int row = target.row1; row <= target.row2; ++row) {
     int source_column = record.PasteCol1;
     for (int column = target.column1; column <= target.column2; ++column, ++source_column) {
-      if (row >= kPasteRowEnd || column >= kPasteColumnEnd) continue;
+      if (row == 0 || row >= kPasteRowEnd || column >= kPasteColumnEnd) continue;
       grid.Set(row, column, Taken(record.GridClipboard, source_row, source_column));
     }
     if (source_row < kLastSourceRow) ++source_row;

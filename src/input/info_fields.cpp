@@ -7,12 +7,13 @@
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
-#include "display/design_display.h"
 #include "display/grid_layout.h"
+#include "display/input_screen.h"
 #include "engine/survey.h"
 #include "input/field_marks.h"
 #include "input/sheet.h"
 #include "search/design_commands.h"
+#include "search/hole_selection_panel.h"
 
 namespace torvale {
 namespace {
@@ -84,9 +85,7 @@ void ChoosePipe(Program& program, std::string_view kind) {
 void RunShownDesign(Program& program) {
   if (!program.main.Grid2.control.visible) return;
   if (program.record.DesignType == kLimitedHoles) {
-    int tries = 0;
-    RunFlowCalc(program, tries);
-    DisplayDesign(program);
+    MarchShownSelection(program);
   } else {
     cmdReCalc_Click(program);
   }
@@ -148,7 +147,9 @@ void ConnectInfoFields(Program& program) {
 
 void txtInfo_GotFocus(Program& program, int index) {
   SelectWhereShown(program, Field(program, index));
+  if (!program.main.Frame1.visible) return;
   program.main.Frame1.visible = false;
+  ShowBehindPreferences(program);
 }
 
 void SelectWhereShown(Program& program, TextField& field) {

@@ -186,6 +186,9 @@ void EmptyRow(Grid& sheet, int row) {
 }  // namespace
 
 void Grid1_KeyPress(Program& program, std::string_view character) {
+  Grid& sheet = program.main.Grid1;
+  // The headings take no text: a key acts on the row below them.
+  if (sheet.row == 0) sheet.SetCurrent(1, sheet.column);
   FollowHoleSize(program);
   RunKey(program, character);
   HoldFirstStation(program);

@@ -11,7 +11,8 @@ namespace torvale {
 
 // A key that carries a character, as UTF-8 ("\r" Enter, "\b" Backspace). Digits and the point go into the cell, "+" and
 // "-" step the hole size of the row, "*" goes to the head of the next column, Enter completes the cell and goes down;
-// every other character sounds the beep. Bad data is told in a message and emptied on the spot.
+// every other character sounds the beep. In the heading row a key acts on row 1. Bad data is told in a message and
+// emptied on the spot.
 void Grid1_KeyPress(Program& program, std::string_view character);
 
 // The cursor leaves its cell: the text takes its column's number form. Nothing happens in the heading row. A number too

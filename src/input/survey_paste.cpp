@@ -8,6 +8,7 @@
 #include "base/numbers.h"
 #include "engine/survey.h"
 #include "input/clipboard_text.h"
+#include "screen/status_line.h"
 
 namespace torvale {
 namespace {
@@ -62,6 +63,20 @@ void PastDatatoGrid1(Program& program, const PastedTable& table, int last) {
   }
 }
 
+// What the user may not have meant in a text of which so many rows came in.
+void Remark(Program& program, const std::string& text, int rows) {
+  const std::string& station = program.main.Grid1.Text(1, kStationColumn);
+  if (!text.ends_with(kLineEnd)) {
+    SayToo(program,
+           "Line " + GeneralText(rows + 1) + " was left out, since no line end follows it: copy one line more.");
+  }
+  if (!IsNumber(station)) {
+    SayToo(program, "Row 1 looks like a heading.");
+  } else if (Val(station) != 0) {
+    SayToo(program, "First Crown Station must be Zero.");
+  }
+}
+
 void Com_Paste(Program& program) {
   const std::string text = ClipboardText(program);
   if (text.empty()) return program.host.Message("No data in clipboard", "");
@@ -74,7 +89,8 @@ void Com_Paste(Program& program) {
   } catch (const RunTimeFault&) {
     return program.host.Message(kFailure, "");
   }
-  program.main.sbStatusBar.caption = GeneralText(last + 1) + (last == 0 ? " row pasted" : " rows pasted");
+  Say(program, GeneralText(last + 1) + (last == 0 ? " row pasted" : " rows pasted"));
+  Remark(program, text, last + 1);
 }
 
 }  // namespace

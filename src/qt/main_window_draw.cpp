@@ -70,6 +70,11 @@ void MainWindow::DrawZoom() {
 void MainWindow::DrawGrid(const ControlView& view) {
   if (view.named.kind != ControlKind::kGrid || !view.named.control->visible) return;
   auto& grid = static_cast<GridView&>(*view.widget);
+  if (view.named.grid == &program_.main.Grid1) {
+    // A sheet that results cover can't be entered by Tab.
+    const bool covered = ReachOf(program_, view.named.name) == Reach::kHidden;
+    grid.setFocusPolicy(covered ? Qt::NoFocus : Qt::StrongFocus);
+  }
   if (!grid.Draw(Scale(program_.main.zoom)) || !grid.hasFocus()) return;
   const QRect cursor = grid.CursorRect();
   if (cursor.isEmpty()) return;

@@ -58,7 +58,11 @@ std::string Csv(const std::vector<std::vector<std::string>>& rows) {
 std::string ResultTableCsv(const Program& program) {
   const Grid& grid = program.main.Grid2;
   std::vector<std::vector<std::string>> rows(1);
-  for (int c = 0; c < kResultMargin; ++c) rows[0].push_back(grid.Text(0, c) + std::string(MissingUnit(c)));
+  for (int c = 0; c < kResultMargin; ++c) {
+    // What is typed into a field puts the name of the crown column over the hole numbers.
+    const std::string_view heading = c == kResultHoleNumber ? ResultHeading(program, c) : grid.Text(0, c);
+    rows[0].push_back(std::string(heading).append(MissingUnit(c)));
+  }
   const int last = LastFilledRow(grid);
   for (int row = 1; row <= last; ++row) {
     rows.emplace_back();

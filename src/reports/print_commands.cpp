@@ -1,6 +1,7 @@
 #include "reports/print_commands.h"
 
 #include <functional>
+#include <utility>
 
 #include "base/run_time_fault.h"
 #include "reports/design_reports.h"
@@ -26,6 +27,20 @@ Document MakeReport(Program& program, Report report) {
       break;
   }
   return HoleSummaryReport(program);
+}
+
+// A report that is only looked at, or written to a file, leaves the screen as it was.
+Document MakeReportAside(Program& program, Report report) {
+  struct Kept {
+    explicit Kept(MainScreen& main) : now(main), before(main) {}
+    ~Kept() { now = std::move(before); }
+    Kept(const Kept&) = delete;
+    Kept& operator=(const Kept&) = delete;
+    MainScreen& now;
+    MainScreen before;
+  };
+  const Kept kept(program.main);
+  return MakeReport(program, report);
 }
 
 // What every command of a report ends with: a fault of the report is told to the user.
@@ -80,12 +95,12 @@ void PrintAtOnce(Program& program, Report report) {
 }
 
 void mnuPreview_Click(Program& program, int index) {
-  Guard(program, [&] { program.host.Preview(MakeReport(program, static_cast<Report>(index))); });
+  Guard(program, [&] { program.host.Preview(MakeReportAside(program, static_cast<Report>(index))); });
 }
 
 void mnuExportPdf_Click(Program& program, int index) {
   Guard(program, [&] {
-    const Document document = MakeReport(program, static_cast<Report>(index));
+    const Document document = MakeReportAside(program, static_cast<Report>(index));
     const auto path = ChooseExport(program, {"Export as PDF", kPdfFilter, document.title, {".pdf"}});
     if (!path) return;
     if (program.host.WritePdf(document, *path)) {

@@ -97,6 +97,8 @@ Reach ReachOf(Program& program, std::string_view name) {
   const Entry* entry = Find(name);
   if (entry == nullptr) return Reach::kUnknown;
   if (IsInSoils(*entry) && !program.soils.visible) return Reach::kHidden;
+  // Results cover the sheet.
+  if (name == "Grid1" && program.main.Grid2.control.visible) return Reach::kHidden;
   bool enabled = true;
   for (; entry != nullptr; entry = entry->parent) {
     const Control& control = *entry->find(program, *entry->facts).control;

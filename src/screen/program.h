@@ -14,6 +14,7 @@
 #include "screen/help_screen.h"
 #include "screen/host.h"
 #include "screen/main_screen.h"
+#include "screen/running.h"
 #include "screen/splash_screen.h"
 
 namespace torvale {
@@ -42,13 +43,14 @@ struct Program {
   SplashScreen splash;
   HelpScreen help;
   EarlierVersionsScreen versions;
+  Running running;
   EventsInWork events;
   // Count the moments at which all that is on the screen was in a file of its own or dropped on purpose (a design saved
   // or opened, a new one begun), and at which the preferences were.
   std::uint64_t stored_count = 0;
   std::uint64_t preferences_count = 0;
   std::shared_ptr<History> history;  // what can be undone, see shell/history.h; none until the program has started
-  std::string offered_cells;  // what a copy of the sheet or the results last put on the desktop's clipboard
+  std::string offered_cells;         // what a copy of the sheet or the results last put on the desktop's clipboard
   Host& host;
 };
 
@@ -60,7 +62,8 @@ ListBox* FindList(Program& program, std::string_view name);
 // The row of the control of that name, or nullptr.
 const ControlFacts* FactsOf(std::string_view name);
 
-// Whether the user can reach a control: "hidden" and "disabled" count for the frames and menus it stands in too.
+// Whether the user can reach a control: "hidden" and "disabled" count for the frames and menus it stands in too. The
+// sheet is hidden while results cover it.
 enum class Reach { kUsable, kHidden, kDisabled, kUnknown };
 Reach ReachOf(Program& program, std::string_view name);
 

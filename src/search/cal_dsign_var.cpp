@@ -3,11 +3,13 @@
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/design_display.h"
+#include "display/input_screen.h"
 #include "engine/acres.h"
 #include "engine/hydraulics.h"
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "screen/status_line.h"
 #include "search/hole_selection.h"
 #include "search/slope_search.h"
 #include "search/survey_diagnosis.h"
@@ -16,15 +18,6 @@ namespace torvale {
 namespace {
 
 constexpr std::string_view kMissingTitle = "Missing Data";
-
-void Say(Program& program, std::string sentence) {
-  program.main.sbStatusBar.caption = std::move(sentence);
-}
-
-void Say(Program& program, SurveyRemark remark) {
-  program.main.refused = remark.cell;
-  Say(program, std::move(remark.sentence));
-}
 
 // What every refused input leaves behind.
 void Refuse(Program& program) {
@@ -38,6 +31,7 @@ void StartRun(Program& program) {
   program.record.DesignOK = "True";
   program.main.cmdCancel.visible = true;
   program.record.CancelFlag = false;
+  ForgetNews(program);
 }
 
 bool FieldsFilled(Program& program) {
@@ -113,23 +107,18 @@ void BuildRows(Program& program) {
   CalCrownDist(record, sheet);
   CalStations(record);
   CalHoleStation(record, sheet);
-  record.AverageFurrowFlow = AverageFlow(record.TargetGPM, record.WateredFurrows);
+  ShareFlow(record);
   CalCrownElev(record, sheet);
   FlowRatio(record);
 }
 
 // A march that counted exactly as many tries as a fault would leave is taken for one.
 void ResetScreen(Program& program) {
-  MainScreen& main = program.main;
   program.record.DesignOK = "False";
-  main.title = "TORVALE  ";
-  main.cmdInterpolate.visible = true;
-  for (Control* hidden : {&main.frmDisplay, &main.lblCrownSlope, &main.lblEffic, &main.cmdDesignToggle, &main.cmdReCalc,
-                          &main.Grid2.control}) {
-    hidden->visible = false;
-  }
-  main.Grid1.control.visible = true;
-  main.busy = false;
+  program.main.title = "TORVALE  ";
+  ShowInput(program);
+  program.main.busy = false;
+  Say(program, "The flow was met after exactly 100 tries, which does not count: change the Target Head a little.");
 }
 
 void Finish(Program& program, int tries) {
@@ -192,15 +181,26 @@ void Run(Program& program) {
 
 }  // namespace
 
+void ShareFlow(DesignRecord& record) {
+  record.AverageFurrowFlow = AverageFlow(record.TargetGPM, record.WateredFurrows);
+}
+
 void Cal_Dsign_Var(Program& program) {
+  const Calculating calculating(program.running);
   try {
     Run(program);
   } catch (const RunTimeFault& fault) {
     // A run that was cancelled may end in a fault of its unfinished figures.
-    if (program.record.DesignOK != "False") Say(program, WhatStopped(program, fault));
+    if (program.record.DesignOK == "False") {
+      ForgetNews(program);
+    } else {
+      Say(program, WhatStopped(program, fault));
+    }
     program.record.MissingData = -1;
     program.record.CancelFlag = true;
   }
+  // A design that is shown has told of it, and has put 0 there.
+  if (Val(program.main.Grid1.Text(1, kStationColumn)) != 0) SayToo(program, "First Crown Station must be Zero.");
 }
 
 }  // namespace torvale

@@ -10,4 +10,8 @@ namespace torvale {
 // a message box; the status bar then says in one sentence what stopped it.
 void Cal_Dsign_Var(Program& program);
 
+// `AverageFurrowFlow`: the pumped flow over the watered furrows. A line without one is a RunTimeFault
+// (kDivisionByZero).
+void ShareFlow(DesignRecord& record);
+
 }  // namespace torvale

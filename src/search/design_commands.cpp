@@ -3,12 +3,25 @@
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/design_display.h"
+#include "display/input_screen.h"
 #include "engine/interpolation.h"
+#include "engine/stations.h"
+#include "engine/survey.h"
+#include "engine/uniformity.h"
+#include "screen/status_line.h"
 #include "search/cal_dsign_var.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {
 namespace {
+
+bool Refused(const DesignRecord& record) {
+  return record.DesignOK == "False" || record.MissingData == -1;
+}
+
+bool GaveUp(const DesignRecord& record) {
+  return record.CancelFlag || record.DesignOK == "False";
+}
 
 // The two designs that march the input holes over the existing crown differ in their titles and marks alone.
 void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& entry, std::string_view title) {
@@ -22,14 +35,27 @@ void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& e
   main.busy = true;
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);
+  if (Refused(program.record)) {
+    const bool offered = main.cmdInterpolate.visible;
+    ShowInput(program);  // the pointer stays as the failing step left it
+    // After a cancelled run the button comes back with the next change of the input.
+    if (program.record.MissingData == 0) main.cmdInterpolate.visible = offered;
+  } else {
+    main.busy = false;
+  }
 }
 
-bool Refused(const DesignRecord& record) {
-  return record.DesignOK == "False" || record.MissingData == -1;
+// The end of a run. The commands that leave the screen as it was where the input was refused leave the table of the
+// design before.
+void EndRun(Program& program) {
+  LeaveRun(program);
+  if (program.record.MissingData != -1 || !program.main.Grid2.control.visible) return;
+  SayToo(program, "The table is that of the design before.");
 }
 
-bool GaveUp(const DesignRecord& record) {
-  return record.CancelFlag || record.DesignOK == "False";
+// Goes back to the input screen where a run was given up.
+void GoBack(Program& program) {
+  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
 }
 
 // Locks the screen for a slope search; the Cancel button alone stays usable.
@@ -51,23 +77,11 @@ void TickDesign(Program& program, const Control* ticked) {
 void mnuDesignField_Click(Program& program) {
   program.main.title = "TORVALE   Planned Design";
   StartOnExistingCrown(program, kPlanned, program.main.mnuDesignField, "TORVALE   Planned Design");
-  if (!Refused(program.record)) {
-    program.main.busy = false;
-    return;
-  }
-  program.main.Grid1.control.visible = true;
-  program.main.Grid2.control.visible = false;
-  program.main.lblEffic.visible = false;
 }
 
 void mnuExistingDesign_Click(Program& program) {
   program.main.title = "TORVALE   Existing Field Conditions Design";
   StartOnExistingCrown(program, kExistingField, program.main.mnuExistingDesign, "TORVALE   Existing Field Design");
-  if (Refused(program.record)) {
-    program.main.Grid1.control.visible = true;
-  } else {
-    program.main.busy = false;
-  }
 }
 
 // This command alone leaves the crown slope's label as it stands.
@@ -83,9 +97,10 @@ void mnuDesignConstSlope_Click(Program& program) {
   cmdInterpolate_Click(program);
   main.busy = true;
   Cal_Dsign_Var(program);
-  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+  GoBack(program);
   main.busy = false;
   ScreenControlsOn(program);
+  EndRun(program);
 }
 
 void mnuDesignDualSlope_Click(Program& program) {
@@ -103,7 +118,8 @@ void mnuDesignDualSlope_Click(Program& program) {
   Cal_Dsign_Var(program);
   main.busy = false;
   ScreenControlsOn(program);
-  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+  GoBack(program);
+  EndRun(program);
 }
 
 void mnuComputerHoleSelection_Click(Program& program) {
@@ -120,7 +136,8 @@ void mnuComputerHoleSelection_Click(Program& program) {
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);
   main.busy = false;
-  if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+  GoBack(program);
+  EndRun(program);
 }
 
 void mnuManHoleSelection_Click(Program& program) {
@@ -132,7 +149,7 @@ void mnuManHoleSelection_Click(Program& program) {
   record.BestUniformity = 0;
   if (const std::string missing = EmptyFieldSentence(program); !missing.empty()) {
     main.busy = false;
-    main.sbStatusBar.caption = missing;
+    Say(program, missing);
     program.host.Message("Some Information Data is missing.", "Missing Data");
     record.MissingData = -1;
     main.cmdInterpolate.visible = true;
@@ -144,6 +161,7 @@ void mnuManHoleSelection_Click(Program& program) {
 }
 
 void cmdReCalc_Click(Program& program) {
+  bool ran_here = false;
   program.main.lblAcresTotal.caption = TotalAcresText(program) + std::string(48, ' ');
   program.main.main_busy = true;
   cmdInterpolate_Click(program);
@@ -156,9 +174,11 @@ void cmdReCalc_Click(Program& program) {
       break;
     default:
       Cal_Dsign_Var(program);
+      ran_here = true;
   }
   program.main.main_busy = false;
-  if (program.record.CancelFlag) mnuWindowInfo_Click(program);
+  if (program.record.CancelFlag) GoBack(program);
+  if (ran_here) EndRun(program);
 }
 
 void cmdCancel_Click(Program& program) {
@@ -170,23 +190,8 @@ void cmdCancel_Click(Program& program) {
 void ShowInputScreen(Program& program) {
   MainScreen& main = program.main;
   main.title = "TORVALE   ";
-  main.mnuProfile.visible = false;
-  main.lblAvgFurrowFlow.visible = false;
-  main.lblActiveInactive.caption = "Inactive Design";
-  main.lblActiveInactive.back = kPaleYellow;
-  main.lblActiveInactive.fore = kBlack;
-  main.frameShowLimitedHoles.place.left = 9350;
-  main.mnuSurveyCopy.visible = true;
-  main.Grid2.control.visible = false;
-  program.record.TotalAcres = 0;
-  main.lblAcresTotal.caption.clear();
+  GiveUpDesign(program);
   main.mnuWindowInfo.visible = false;
-  main.cmdInterpolate.visible = true;
-  for (Control* hidden : {&main.lblEffic, &main.frmDisplay, &main.cmdDesignToggle, &main.cmdReCalc}) {
-    hidden->visible = false;
-  }
-  main.Grid1.control.visible = true;
-  main.lblCrownSlope.visible = false;
   // The mark of an existing field design stays until the next design command takes it away.
   for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
                          &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
@@ -195,7 +200,6 @@ void ShowInputScreen(Program& program) {
   program.record.DesignType = kNoDesign;
   program.record.SpacingWarningOff = 0;
   program.record.CancelFlag = false;
-  main.GridInchesApplied.control.visible = false;
 }
 
 void mnuWindowInfo_Click(Program& program) {
@@ -206,8 +210,14 @@ void mnuWindowInfo_Click(Program& program) {
 void cmdInterpolate_Click(Program& program) {
   MainScreen& main = program.main;
   ScreenEngineHost host(program);
-  InterpolateSurvey(program.record, main.Grid1.cells(),
-                    {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()}, host);
+  const int row =
+      InterpolateSurvey(program.record, main.Grid1.cells(),
+                        {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()}, host);
+  if (row == 0) return;
+  // Where the user must go on.
+  main.Grid1.SetCurrent(row, kStationColumn);
+  main.focus = "Grid1";
+  Say(program, EmptyCellRemark(row, kStationColumn));
 }
 
 }  // namespace torvale

@@ -1,11 +1,15 @@
 #include "search/hole_selection.h"
 
+#include <cmath>
+
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
 #include "base/power.h"
 #include "display/design_display.h"
+#include "display/input_screen.h"
 #include "engine/hydraulics.h"
+#include "screen/status_line.h"
 #include "search/cal_dsign_var.h"
 #include "search/hole_fit.h"
 
@@ -18,11 +22,10 @@ struct PassKind {
   // With rod readings the whole table looks at the head of the row itself, the list at that of the next row upstream.
   bool watches_own_head;
   std::string_view advice;
-  bool hides_cancel;
 };
 
-constexpr PassKind kTablePass = {kComputerHoles, true, " Try Changing Head or Hole Sizes", true};
-constexpr PassKind kListPass = {kLimitedHoles, false, " Try Changing Head ", false};
+constexpr PassKind kTablePass = {kComputerHoles, true, " Try Changing Head or Hole Sizes"};
+constexpr PassKind kListPass = {kLimitedHoles, false, " Try Changing Head "};
 
 // What all rows of a pass share.
 struct PassFlow {
@@ -94,13 +97,8 @@ void ReportFault(Program& program, const PassKind& kind) {
   program.host.Message("There is a programming problem calculating Computer Selected Holes." + std::string(kind.advice),
                        "Computer Selected Hole Error");
   program.record.DesignOK = "False";
-  if (kind.hides_cancel) main.cmdCancel.visible = false;
-  main.cmdInterpolate.visible = true;
-  for (Control* hidden : {&main.frmDisplay, &main.lblCrownSlope, &main.lblEffic, &main.cmdDesignToggle, &main.cmdReCalc,
-                          &main.Grid2.control, &main.mnuWindowInfo, &main.mnuProfile}) {
-    hidden->visible = false;
-  }
-  main.Grid1.control.visible = true;
+  ShowInput(program);
+  main.mnuWindowInfo.visible = false;
   main.busy = false;
   program.record.DesignType = kNoDesign;
   program.record.CancelFlag = true;
@@ -186,15 +184,23 @@ void MultiHoleSize(Program& program) {
 }
 
 bool EfficAdjust(Program& program) {
+  const Calculating calculating(program.running);
   DesignRecord& record = program.record;
   const MainScreen& main = program.main;
+  const float increment = Narrow(Val(main.txtDefault[14].text()));
+  const double highest = Val(main.txtDefault[13].text());
+  if (!(increment > 0) || !std::isfinite(increment)) {
+    Say(program, "The increment of the limited hole selection must be a number above 0: see the preferences.");
+    return false;
+  }
   record.BestHeadFound = 0;
   program.main.txtInfo[3].Set(main.txtDefault[13].text());
-  const float increment = Store32(Val(main.txtDefault[14].text()));
-  const double highest = Val(main.txtDefault[13].text());
-  // The counter only counts the passes. An increment of 0 or less never brings it past its bound.
-  for (double counter = 0.5; counter <= highest; counter += increment > 0 ? static_cast<double>(increment) : 0.0) {
+  // The counter only counts the passes.
+  for (double counter = 0.5; counter <= highest; counter += static_cast<double>(increment)) {
+    const double head = Val(main.txtInfo[3].text());
     if (!TryHead(program, increment)) return false;
+    // With two decimals a small increment leaves the head where it is: all passes to come would be this one again.
+    if (Val(main.txtInfo[3].text()) == head) break;
   }
   program.main.txtInfo[3].Set(Trim(GeneralText(record.BestHeadFound)));
   Cal_Dsign_Var(program);

@@ -3,18 +3,20 @@
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/design_display.h"
+#include "display/input_screen.h"
+#include "engine/stations.h"
+#include "engine/uniformity.h"
 #include "record/hole_sizes.h"
+#include "screen/status_line.h"
+#include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
 #include "search/hole_selection.h"
+#include "search/survey_diagnosis.h"
 
 namespace torvale {
 namespace {
 
 constexpr int kMostSelected = kHoleSizes + 1;  // lines that the record's list of sizes holds
-
-void Hide(std::initializer_list<Control*> controls) {
-  for (Control* control : controls) control->visible = false;
-}
 
 // The interpolation button is hidden again as the last act; the next change of the input brings it back.
 void AbandonDesign(Program& program) {
@@ -25,11 +27,9 @@ void AbandonDesign(Program& program) {
   record.BestHeadFound = 0;
   main.frameHoleSelection.visible = false;
   program.host.Message("No Holes were Selected", "");
-  record.TotalAcres = 0;
-  main.lblAcresTotal.caption.clear();
-  Hide({&main.Grid2.control, &main.mnuWindowInfo, &main.lblEffic, &main.frmDisplay, &main.cmdDesignToggle,
-        &main.cmdReCalc, &main.lblCrownSlope, &main.mnuProfile});
-  main.Grid1.control.visible = true;
+  ForgetNews(program);
+  ShowInput(program);
+  main.mnuWindowInfo.visible = false;
   TickDesign(program, nullptr);
   record.DesignType = kNoDesign;
   record.SpacingWarningOff = 0;
@@ -60,12 +60,33 @@ void TakeSelectedSizes(Program& program) {
 }
 
 void BackToInput(Program& program) {
-  MainScreen& main = program.main;
   ScreenControlsOn(program);
-  Hide({&main.lblEffic, &main.lblHeadCount, &main.frmDisplay, &main.cmdReCalc, &main.cmdDesignToggle,
-        &main.Grid2.control});
-  main.Grid1.control.visible = true;
-  main.busy = false;
+  ShowInput(program);
+  program.main.busy = false;
+}
+
+// The best head seldom is the one that was typed.
+void TellHead(Program& program, const std::string& typed) {
+  const std::string& found = program.main.txtInfo[3].text();
+  if (Val(typed) == Val(found)) return;
+  SayToo(program, "The Target Head went from " + typed + " to " + found + ", the best of the heads that were tried.");
+}
+
+// The line of a shown selection with its holes as they are. False where no flow was found for it.
+bool MarchAgain(Program& program) {
+  const Calculating calculating(program.running);
+  DesignRecord& record = program.record;
+  record.CancelFlag = false;
+  ShareFlow(record);
+  FlowRatio(record);
+  int tries = 0;
+  RunFlowCalc(program, tries);
+  if (record.CancelFlag) return false;
+  SortFurrows(record);
+  ScreenEngineHost host(program);
+  DistributionEffic(record, host);
+  DisplayDesign(program);
+  return true;
 }
 
 }  // namespace
@@ -123,17 +144,28 @@ void cmdExitHoleSelect_Click(Program& program) {
   main.frameHoleSelection.visible = false;
   if (record.DesignOK == "False" || record.MissingData == -1) {
     // The panel was left open while another run failed; the screen must not stay locked.
-    ScreenControlsOn(program);
-    main.busy = false;
-    main.Grid1.control.visible = true;
+    BackToInput(program);
     return;
   }
   main.busy = false;
+  const std::string typed_head = main.txtInfo[3].text();
   if (EfficAdjust(program)) {
     DisplayDesign(program);
+    TellHead(program, typed_head);
   } else {
     BackToInput(program);
   }
+}
+
+void MarchShownSelection(Program& program) {
+  ForgetNews(program);
+  try {
+    if (MarchAgain(program)) return;
+  } catch (const RunTimeFault& fault) {
+    Say(program, WhatStopped(program, fault));
+  }
+  program.record.DesignOK = "False";
+  BackToInput(program);
 }
 
 }  // namespace torvale

@@ -14,4 +14,8 @@ void Command1_Click(Program& program);  // clears the list
 // Leaves the panel and runs the limited selection over a range of target heads. An empty list abandons the design.
 void cmdExitHoleSelect_Click(Program& program);
 
+// The shown limited selection with its holes as they are, worked out once more for another kind of pipe. Where no flow
+// is found or the arithmetic fails, `DesignOK` is "False" and the input screen comes back.
+void MarchShownSelection(Program& program);
+
 }  // namespace torvale

@@ -12,6 +12,7 @@
 #include "engine/hydraulics.h"
 #include "engine/slope_trials.h"
 #include "engine/uniformity.h"
+#include "screen/status_line.h"
 #include "search/elev_adjust.h"
 
 namespace torvale {
@@ -43,12 +44,12 @@ void CaptionHeads(Program& program) {
 // Where the search stands, in one line at the foot of the screen.
 void TellProgress(Program& program) {
   const DesignRecord& record = program.record;
-  program.main.sbStatusBar.caption = "Slope " + Format(static_cast<double>(record.SlopeDelta) * 100, "0.000") +
-                                     " ft per 100 ft, uniformity " + GeneralText(record.Uniformity) +
-                                     " %, best so far " + GeneralText(record.BestUniformity) + " % at " +
-                                     Format(static_cast<double>(record.CrownSlope) * 100, "0.000") + ", head " +
-                                     Format(static_cast<double>(record.MinHead), "0.00") + " to " +
-                                     Format(static_cast<double>(record.MaxHead), "0.00") + " ft";
+  Say(program, "Slope " + Format(static_cast<double>(record.SlopeDelta) * 100, "0.000") +
+                   " ft per 100 ft, uniformity " + GeneralText(record.Uniformity) + " %, best so far " +
+                   GeneralText(record.BestUniformity) + " % at " +
+                   Format(static_cast<double>(record.CrownSlope) * 100, "0.000") + ", head " +
+                   Format(static_cast<double>(record.MinHead), "0.00") + " to " +
+                   Format(static_cast<double>(record.MaxHead), "0.00") + " ft");
 }
 
 // Keeps the trial in `SlopeDelta` where it is strictly better than the best so far.
@@ -303,7 +304,11 @@ void BestGradeEffic(Program& program) {
   const CrownDirection direction = ChooseDirection(record);
   int tries = 0;
   RunFlowCalc(program, tries);
-  if (RunTrials(program, direction)) FinishSearch(program);
+  if (RunTrials(program, direction)) {
+    FinishSearch(program);
+  } else {
+    ForgetNews(program);  // its progress is over
+  }
 }
 
 void BestFitHead(Program& program) {

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "base/numbers.h"
 #include "engine/survey.h"
+#include "screen/status_line.h"
 
 namespace torvale {
 namespace {
@@ -29,6 +31,19 @@ int RowOutOfOrder(const Program& program) {
   const SurveyReader survey(program.main.Grid1.cells(), program.record.SurveyRows);
   for (int i = 2; i <= program.record.SurveyRows; ++i) {
     if (!(survey.Val(i, kStationColumn) > survey.Val(i - 1, kStationColumn))) return i;
+  }
+  return 0;
+}
+
+// The first row of the sheet that has data and no station, or 0: the survey is not counted past it.
+int RowWithoutStation(const Program& program) {
+  const Grid& sheet = program.main.Grid1;
+  for (int i = 2; i < sheet.rows(); ++i) {
+    if (!sheet.Text(i, kStationColumn).empty()) continue;
+    for (int column :
+         {kCrownColumn, kFurrowLengthColumn, kSpacingColumn, kPipeDiaColumn, kHoleCountColumn, kMilColumn}) {
+      if (!sheet.Text(i, column).empty()) return i;
+    }
   }
   return 0;
 }
@@ -65,6 +80,11 @@ std::string EmptyFieldSentence(const Program& program) {
   return "";
 }
 
+void Say(Program& program, SurveyRemark remark) {
+  program.main.refused = remark.cell;
+  Say(program, std::move(remark.sentence));
+}
+
 SurveyRemark EmptyCellRemark(int row, int column) {
   return {"Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
               " is missing.",
@@ -78,6 +98,7 @@ SurveyRemark StationOrderRemark(int row) {
 
 SurveyRemark WhatStopped(const Program& program, const RunTimeFault& fault) {
   const DesignRecord& record = program.record;
+  if (const int row = RowWithoutStation(program); row > 0) return EmptyCellRemark(row, kStationColumn);
   if (const int row = RowOutOfOrder(program); row > 0) return StationOrderRemark(row);
   if (record.WateredFurrows == 0) {
     return {"No row has holes: a watered row needs a furrow length, a hole size and a number of holes.", {}};

@@ -17,6 +17,8 @@ struct SurveyRemark {
   std::string sentence;
   SheetCell cell;
 };
+// Tells it in the status bar.
+void Say(Program& program, SurveyRemark remark);
 // An empty cell of the survey, by row and column.
 SurveyRemark EmptyCellRemark(int row, int column);
 // A station that does not rise above the one before it.

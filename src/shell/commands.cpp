@@ -18,6 +18,7 @@
 #include "search/hole_selection_panel.h"
 #include "shell/about.h"
 #include "shell/csv_export.h"
+#include "shell/event_end.h"
 #include "shell/events.h"
 #include "shell/help.h"
 #include "shell/history.h"
@@ -49,6 +50,8 @@ void mnuExportPdfAt_Click(Program& program) {
   mnuExportPdf_Click(program, kReport);
 }
 
+constexpr bool kAlone = true;
+
 constexpr Command kCommands[] = {
     {"frmSplash", frmSplash_Click},
     {"frmSplash.Frame1", frmSplash_Click},
@@ -65,8 +68,8 @@ constexpr Command kCommands[] = {
     {"lblProductName", frmSplash_Click},
     {"lblVersion", frmSplash_Click},
     {"lblWarning", frmSplash_Click},
-    {"mnuFileNew", mnuFileNew_Click},
-    {"mnuFileOpen", mnuFileOpen_Click},
+    {"mnuFileNew", mnuFileNew_Click, kAlone},
+    {"mnuFileOpen", mnuFileOpen_Click, kAlone},
     {"mnuFileSave", mnuFileSave_Click},
     {"mnuFileSaveAs", mnuFileSaveAs_Click},
     {"mnuPrintSummary", mnuPrintSummary_Click},
@@ -80,10 +83,10 @@ constexpr Command kCommands[] = {
     {"mnuExportPdf(0)", mnuExportPdfAt_Click<0>},
     {"mnuExportPdf(1)", mnuExportPdfAt_Click<1>},
     {"mnuExportPdf(2)", mnuExportPdfAt_Click<2>},
-    {"mnuFileList(0)", mnuFileListAt_Click<0>},
-    {"mnuFileList(1)", mnuFileListAt_Click<1>},
-    {"mnuFileList(2)", mnuFileListAt_Click<2>},
-    {"mnuFileList(3)", mnuFileListAt_Click<3>},
+    {"mnuFileList(0)", mnuFileListAt_Click<0>, kAlone},
+    {"mnuFileList(1)", mnuFileListAt_Click<1>, kAlone},
+    {"mnuFileList(2)", mnuFileListAt_Click<2>, kAlone},
+    {"mnuFileList(3)", mnuFileListAt_Click<3>, kAlone},
     {"mnuFileEarlier", mnuFileEarlier_Click},
     {"btnOpenVersion", btnOpenVersion_Click},
     {"btnCloseVersions", btnCloseVersions_Click},
@@ -106,14 +109,14 @@ constexpr Command kCommands[] = {
     {"mnuSurveyCopy", mnuSurveyCopy_Click},
     {"mnuInsertRow", mnuInsertRow_Click},
     {"mnuDeleteRow", mnuDeleteRow_Click},
-    {"mnuDesignField", mnuDesignField_Click},
-    {"mnuExistingDesign", mnuExistingDesign_Click},
-    {"mnuDesignConstSlope", mnuDesignConstSlope_Click},
-    {"mnuDesignDualSlope", mnuDesignDualSlope_Click},
-    {"mnuComputerHoleSelection", mnuComputerHoleSelection_Click},
-    {"mnuManHoleSelection", mnuManHoleSelection_Click},
-    {"mnuLayflatPipe", mnuLayflatPipe_Click},
-    {"mnuRigidPipe", mnuRigidPipe_Click},
+    {"mnuDesignField", mnuDesignField_Click, kAlone},
+    {"mnuExistingDesign", mnuExistingDesign_Click, kAlone},
+    {"mnuDesignConstSlope", mnuDesignConstSlope_Click, kAlone},
+    {"mnuDesignDualSlope", mnuDesignDualSlope_Click, kAlone},
+    {"mnuComputerHoleSelection", mnuComputerHoleSelection_Click, kAlone},
+    {"mnuManHoleSelection", mnuManHoleSelection_Click, kAlone},
+    {"mnuLayflatPipe", mnuLayflatPipe_Click, kAlone},
+    {"mnuRigidPipe", mnuRigidPipe_Click, kAlone},
     {"mnuZoomTo(0)", mnuZoomTo_Click<0>},
     {"mnuZoomTo(1)", mnuZoomTo_Click<1>},
     {"mnuZoomTo(2)", mnuZoomTo_Click<2>},
@@ -121,7 +124,7 @@ constexpr Command kCommands[] = {
     {"mnuZoomTo(4)", mnuZoomTo_Click<4>},
     {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
     {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
-    {"mnuWindowInfo", mnuWindowInfo_Click},
+    {"mnuWindowInfo", mnuWindowInfo_Click, kAlone},
     {"mnuProfile", mnuProfile_Click},
     {"mnuHelpContents", mnuHelpContents_Click},
     {"mnuHelpScreen", mnuHelpScreen_Click},
@@ -131,12 +134,12 @@ constexpr Command kCommands[] = {
     {"btnBack", btnBack_Click},
     {"cmdInterpolate", cmdInterpolate_Click},
     {"cmdCancel", cmdCancel_Click},
-    {"cmdReCalc", cmdReCalc_Click},
+    {"cmdReCalc", cmdReCalc_Click, kAlone},
     {"cmdDesignToggle", cmdDesignToggle_Click},
     {"cmdADDtoSelected", cmdADDtoSelected_Click},
     {"cmdremoveSelected", cmdremoveSelected_Click},
     {"Command1", Command1_Click},
-    {"cmdExitHoleSelect", cmdExitHoleSelect_Click},
+    {"cmdExitHoleSelect", cmdExitHoleSelect_Click, kAlone},
 };
 
 const Command* FindCommand(std::string_view name) {
@@ -168,11 +171,20 @@ Reach Click(Program& program, std::string_view name) {
   // A menu drops down before an entry of it is clicked, and settles then which of them can be.
   for (std::string_view menu = MenuOf(name); !menu.empty(); menu = MenuOf(menu)) MenuOpened(program, menu);
   const Reach reach = ReachOf(program, name);
-  if (reach == Reach::kUsable)
+  if (reach != Reach::kUsable) return reach;
+  if (command->alone) {
+    // It may have to wait, and finds then what has become of its control.
+    RunAlone(program, [&program, command] {
+      if (ReachOf(program, command->name) != Reach::kUsable) return;
+      NameCause(program, command->name);
+      command->run(program);
+    });
+  } else {
     Guarded(program, [&] {
       NameCause(program, name);
       command->run(program);
     });
+  }
   return reach;
 }
 

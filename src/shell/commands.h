@@ -11,6 +11,7 @@ namespace torvale {
 struct Command {
   std::string_view name;
   void (*run)(Program&);
+  bool alone = false;  // starts a calculation, or empties or replaces the design: see RunAlone
 };
 
 // Every command by the name of its control. A menu entry without a command is not shown by a window.

@@ -19,6 +19,7 @@
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/csv_export.h"
+#include "shell/event_end.h"
 #include "shell/history.h"
 
 namespace torvale {
@@ -128,14 +129,30 @@ void SettleFocus(Program& program) {
   txtDefault_LostFocus(program, preference);
 }
 
+// The commands that ended the calculation in which they were given.
+void RunWaiting(Program& program) {
+  std::vector<std::function<void()>>& waiting = program.running.waiting;
+  while (!waiting.empty() && !program.main.closed) {
+    const std::function<void()> command = std::move(waiting.front());
+    waiting.erase(waiting.begin());
+    RunOrTell(program, [&] { EndOfEvent(program); });  // what was before is a step of its own
+    RunOrTell(program, command);
+  }
+}
+
 }  // namespace
 
 void Guarded(Program& program, const std::function<void()>& work) {
   ++program.events.open;
   RunOrTell(program, work);
   if (program.events.open == 1) {
+    RunWaiting(program);
+    EndOutermostEvent(program);
     RunOrTell(program, [&] { SettleFocus(program); });
     RunOrTell(program, [&] { EndOfEvent(program); });
+    TellWhereTheUserIs(program);
+  } else {
+    EndInnerEvent(program);
   }
   --program.events.open;
 }
@@ -265,9 +282,9 @@ void MenuOpened(Program& program, std::string_view menu) {
 
 void FileDropped(Program& program, std::string_view path) {
   if (ReachOf(program, "mnuFileOpen") != Reach::kUsable) return;
-  Guarded(program, [&] {
+  RunAlone(program, [&program, name = std::string(path)] {
     NameCause(program, "mnuFileOpen");
-    OpenNamedFile(program, path);
+    OpenNamedFile(program, name);
   });
 }
 

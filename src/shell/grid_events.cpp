@@ -85,6 +85,9 @@ bool RunGridCommand(Program& program, std::string_view grid, Key key) {
   for (const GridCommand& command : kGridCommands) {
     if (command.grid != grid || command.key != key) continue;
     NameCause(program, command.command);
+    // The headings take no text: a key acts on the row below them.
+    Grid& sheet = program.main.Grid1;
+    if (grid == "Grid1" && key != Key::kCopy && sheet.row == 0 && sheet.row_sel == 0) sheet.SetCurrent(1, sheet.column);
     command.run(program);
     return true;
   }

@@ -27,6 +27,7 @@ TEST_F(PreferencesPanelTest, OpensOverTheResults) {
 TEST_F(PreferencesPanelTest, ResultsComeBackForTypes1To5) {
   for (int type = 0; type <= 8; ++type) {
     record.DesignType = static_cast<std::int16_t>(type);
+    main.lblActiveInactive.caption = "Active Design";
     OpenPanel();
     main.Grid1.control.visible = false;
     main.focus.clear();
@@ -35,8 +36,24 @@ TEST_F(PreferencesPanelTest, ResultsComeBackForTypes1To5) {
     for (const Control* control : {&main.Grid2.control, &main.cmdReCalc, &main.cmdDesignToggle}) {
       EXPECT_EQ(control->visible, type >= 1 && type <= 5) << type;
     }
-    EXPECT_EQ(main.Grid1.control.visible, type > 5) << type;
+    EXPECT_EQ(main.Grid1.control.visible, type == 0 || type > 5) << type;
     EXPECT_EQ(main.focus, type == 0 ? "txtInfo(0)" : "") << type;
+  }
+}
+
+// No results stand behind the panel after a new design or a run that failed: the kind of design is left, the sheet
+// comes.
+TEST_F(PreferencesPanelTest, TheSheetComesBackWhereNoDesignStands) {
+  for (int type = 0; type <= 8; ++type) {
+    record.DesignType = static_cast<std::int16_t>(type);
+    main.lblActiveInactive.caption = "Inactive Design";
+    OpenPanel();
+    main.Grid1.control.visible = false;
+    btnDefaultExit_Click(program);
+    for (const Control* control : {&main.Grid2.control, &main.cmdReCalc, &main.cmdDesignToggle}) {
+      EXPECT_FALSE(control->visible) << type;
+    }
+    EXPECT_TRUE(main.Grid1.control.visible) << type;
   }
 }
 

@@ -36,18 +36,10 @@ TEST(SaveName, EachTypeHasItsExtension) {
 // Any three characters behind a point go, whatever they are; two or four stay.
 TEST(SaveName, AnExtensionOfThreeCharactersIsReplaced) {
   const std::map<std::string, std::string> expected = {
-      {"Field.ABC", "Field.PFD"},
-      {"Field.1", "Field.1.PFD"},
-      {"Plan.1.2", "Plan.PFD"},
-      {"Field.pfd", "Field.PFD"},
-      {"Field.ab", "Field.ab.PFD"},
-      {"Field.abcd", "Field.abcd.PFD"},
-      {"Field.", "Field..PFD"},
-      {"Field.A.B", "Field.PFD"},
-      {"x.y.DAT", "x.y.PFD"},
-      {"Field", "Field.PFD"},
-      {".ABC", "NoName.PFD"},
-      {"abc", "abc.PFD"},
+      {"Field.ABC", "Field.PFD"}, {"Field.1", "Field.1.PFD"},   {"Plan.1.2", "Plan.PFD"},
+      {"Field.pfd", "Field.PFD"}, {"Field.ab", "Field.ab.PFD"}, {"Field.abcd", "Field.abcd.PFD"},
+      {"Field.", "Field..PFD"},   {"Field.A.B", "Field.PFD"},   {"x.y.DAT", "x.y.PFD"},
+      {"Field", "Field.PFD"},     {".ABC", "NoName.PFD"},       {"abc", "abc.PFD"},
   };
   for (const auto& [name, result] : expected) EXPECT_EQ(SavedName()(name, "", "", 1), result) << name;
 }

@@ -208,6 +208,23 @@ TEST_F(BlockClipboardTest, AnEmptyCellInsideTheBlockTakesTheOneAbove) {
   EXPECT_EQ(Clip(6, 2), "5,2");
 }
 
+TEST_F(BlockClipboardTest, TheHeadingsAreNeitherCutNorPastedOver) {
+  Name(1, 2, 2, 2);
+  const std::string heading = Text(0, 2);
+  Select(0, 2, 1, 2);
+  CutBlock(record, sheet());
+  EXPECT_EQ(Text(0, 2), heading);
+  EXPECT_EQ(Text(1, 2), "");
+  Select(0, 2, 1, 2);
+  PasteBlock(record, sheet());
+  EXPECT_EQ(Text(0, 2), heading);
+  Select(0, 2, 0, 2);
+  CutBlock(record, sheet());
+  EXPECT_EQ(Text(0, 2), heading);
+  // The source goes on with row 2 below the heading, which was not cut and takes the text of the row above.
+  EXPECT_EQ(Text(1, 2), "1,2");
+}
+
 // Row 1 is the source of the first target row. Its own cell is empty in the second column and takes the heading.
 TEST_F(BlockClipboardTest, ABlockFromTheHeadingRowIsPastedFromRowOne) {
   Name(1, 2, 2, 2);

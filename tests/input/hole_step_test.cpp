@@ -169,12 +169,13 @@ TEST_F(HoleStepTest, TheStepInTheFirstStationStillRestoresIt) {
   EXPECT_EQ(host.messages.size(), 1U);
 }
 
-TEST_F(HoleStepTest, AStepInTheHeadingRowTouchesThatHeadingAlone) {
+TEST_F(HoleStepTest, AStepInTheHeadingRowActsOnTheRowBelow) {
   At(0, 5);
-  program.record.HoleSizeIndexLimit = 12;
+  const std::string heading = Text(0, 5);
+  sheet().Set(1, 5, "1/2");
   Key("+");
-  EXPECT_EQ(Text(0, 5), "5/8");  // a heading is a text outside the table
-  EXPECT_EQ(Text(1, 5), "");
+  EXPECT_EQ(Text(0, 5), heading);
+  EXPECT_EQ(Text(1, 5), "9/16");
 }
 
 }  // namespace

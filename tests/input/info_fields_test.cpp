@@ -313,21 +313,59 @@ TEST_F(ShownDesignTest, AShownDesignRunsAgainAtOnce) {
   EXPECT_EQ(program.main.Grid2.Text(0, 1), "Hole Dia. (Inches)");
 }
 
-// A limited hole selection is marched and shown, not calculated from the sheet: the figure of uniformity, which the
-// march leaves alone, stands as it was.
-TEST_F(ShownDesignTest, AShownHoleSelectionIsMarchedAndShown) {
-  ASSERT_TRUE(program.main.Grid2.control.visible);
-  program.record.DesignType = kLimitedHoles;
-  for (int row = 1; row <= program.record.HoleRows; ++row) {
-    program.record.LimitedHoleDia[row] = program.record.SurveyHoleDia[row];
+// A shown limited hole selection, with the holes of the sheet for its own.
+struct ShownSelectionTest : ShownDesignTest {
+  ShownSelectionTest() {
+    program.record.DesignType = kLimitedHoles;
+    for (int row = 1; row <= program.record.HoleRows; ++row) {
+      program.record.LimitedHoleDia[row] = program.record.SurveyHoleDia[row];
+    }
+    program.record.SeedEndHead = 2.0F;
   }
-  program.record.SeedEndHead = 2.0F;
+  // As after a selection that was refused.
+  void ExpectInputScreen() {
+    const MainScreen& main = program.main;
+    EXPECT_EQ(program.record.DesignOK, "False");
+    EXPECT_TRUE(main.Grid1.control.visible);
+    for (const Control* hidden : {&main.Grid2.control, &main.lblEffic, &main.frmDisplay, &main.cmdReCalc,
+                                  &main.cmdDesignToggle, &main.cmdCancel}) {
+      EXPECT_FALSE(hidden->visible);
+    }
+    EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");
+    EXPECT_TRUE(main.cmdInterpolate.visible);
+    EXPECT_TRUE(main.mnuDesign.enabled);
+    EXPECT_FALSE(main.busy);
+  }
+};
+
+// It keeps its holes: its line is marched again with the flow and the shares as they are, and all figures go together.
+TEST_F(ShownSelectionTest, IsMarchedAndShownWithTheFlowAsItIs) {
+  Info(2).Set("36");
   program.record.Uniformity = 12.0F;
-  program.record.AccumGPM = 0;
+  program.record.CancelFlag = true;
+  program.record.FlowRatio[1] = 9;
   mnuRigidPipe_Click(program);
-  EXPECT_EQ(program.record.Uniformity, 12.0F);
-  EXPECT_NEAR(program.record.AccumGPM, 30.0F, 30.0F * 0.0005F);  // what the march calls met
+  EXPECT_EQ(program.record.AverageFurrowFlow, 6.0F);             // 36 GPM over six furrows
+  EXPECT_EQ(program.record.FlowRatio[1], 1.0F);                  // all furrows are alike
+  EXPECT_NEAR(program.record.AccumGPM, 36.0F, 36.0F * 0.0005F);  // what the march calls met
+  EXPECT_GT(program.record.Uniformity, 90);
+  EXPECT_FALSE(program.record.CancelFlag);
   EXPECT_EQ(program.main.Grid2.Text(0, 1), "Rectangle Gate Opening (Inches)");
+  EXPECT_EQ(program.main.lblActiveInactive.caption, "Active Design");
+}
+
+TEST_F(ShownSelectionTest, AMarchThatGivesUpIsNoDesign) {
+  Info(2).Set("100000");  // more than six holes carry at the heads that are tried
+  mnuRigidPipe_Click(program);
+  EXPECT_EQ(host.messages.size(), 1U);
+  ExpectInputScreen();
+}
+
+TEST_F(ShownSelectionTest, AFaultIsNoDesign) {
+  program.record.WateredFurrows = 0;
+  mnuRigidPipe_Click(program);
+  EXPECT_THAT(host.messages, ::testing::IsEmpty());
+  ExpectInputScreen();
 }
 
 }  // namespace

@@ -104,11 +104,11 @@ TEST_F(SheetCursorTest, EveryColumnHasAHintOfItsOwn) {
 
 // Keys in the heading row, where a change of the kind of pipe leaves the cursor.
 
-TEST_F(SheetCursorTest, EnterInTheHeadingRowGoesToTheFirstSurveyRow) {
+TEST_F(SheetCursorTest, EnterInTheHeadingRowActsOnTheFirstSurveyRow) {
   At(0, 5);
   const std::string heading = Text(0, 5);
   Key("\r");
-  EXPECT_EQ(Cursor(), "1,5");
+  EXPECT_EQ(Cursor(), "2,5");
   EXPECT_EQ(Text(0, 5), heading);
 }
 
@@ -118,16 +118,20 @@ TEST_F(SheetCursorTest, EnterOnAnEmptyHeadingFillsNothing) {
     sheet().Set(0, column, "");
     Key("\r");
     EXPECT_EQ(Text(0, column), "");
-    EXPECT_EQ(Cursor(), CellName(1, column));
+    EXPECT_EQ(Cursor(), CellName(2, column));
   }
 }
 
-TEST_F(SheetCursorTest, TypingInTheHeadingRowChangesThatHeadingAlone) {
-  At(0, 5);
-  sheet().Set(0, 5, "Hole Width (fractions)");
+TEST_F(SheetCursorTest, TypingInTheHeadingRowGoesToTheRowBelow) {
+  At(0, 2);
+  const std::string heading = Text(0, 2);
+  sheet().Set(1, 2, "");
   Key("4");
-  EXPECT_EQ(Text(0, 5), "Hole Width (fractions)4");
-  EXPECT_EQ(Text(1, 5), "");
+  Key("5");
+  Key("\b");
+  EXPECT_EQ(Text(0, 2), heading);
+  EXPECT_EQ(Text(1, 2), "4");
+  EXPECT_EQ(Cursor(), "1,2");
   EXPECT_THAT(host.messages, ::testing::IsEmpty());
 }
 

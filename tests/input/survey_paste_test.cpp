@@ -49,7 +49,16 @@ TEST_F(SurveyPasteTest, EveryKindOfLineEndWillDo) {
 TEST_F(SurveyPasteTest, ALastLineWithoutLineEndIsLeftOut) {
   Paste("0\t1\r\n50\t2\r\n100\t3");
   EXPECT_EQ(Survey(3), "0|1 50|2 | ");
-  EXPECT_EQ(Status(), "2 rows pasted");
+  EXPECT_EQ(Status(), "2 rows pasted. Line 3 was left out, since no line end follows it: copy one line more.");
+}
+
+TEST_F(SurveyPasteTest, TellsOfAHeadingAndOfASurveyThatBeginsElsewhere) {
+  Paste("Station\tRod\r\n0\t5.1\r\n");
+  EXPECT_EQ(Status(), "2 rows pasted. Row 1 looks like a heading.");
+  Paste("60\t5.1\r\n160\t5.2\r\n");
+  EXPECT_EQ(Status(), "2 rows pasted. First Crown Station must be Zero.");
+  Paste("0.0\t5.1\r\n");
+  EXPECT_EQ(Status(), "1 row pasted");
 }
 
 TEST_F(SurveyPasteTest, ATextOfOneLineWithoutLineEndHasNoRowToGive) {
@@ -154,7 +163,7 @@ TEST_F(SurveyPasteTest, TheSheetTakesThreeHundredAndNineteenRows) {
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(Text(319, 0), "319");
   EXPECT_EQ(Text(319, 1), "319.5");
-  EXPECT_EQ(Status(), "319 rows pasted");
+  EXPECT_EQ(Status(), "319 rows pasted. First Crown Station must be Zero.");  // the stations run from 1 to 319
 }
 
 TEST_F(SurveyPasteTest, MoreRowsThanTheSheetHasAreToldAndTheFirstStay) {

@@ -39,6 +39,16 @@ TEST_F(CsvTest, TheTableIsWrittenAsShownWithUnitsInItsHeadings) {
             "20,1/8,3,100.00,2.50,1.00,1100,60.00,1,10,15,6.00\r\n");
 }
 
+// What is typed into a field puts the name of the crown column over the hole numbers of the grid.
+TEST_F(CsvTest, HoleNumbersKeepTheirHeading) {
+  ShowTable("Complete Design");
+  DisplayDesign(program);
+  const std::string before = ResultTableCsv(program);
+  main.Grid2.Set(0, kResultHoleNumber, "Rod Readings");
+  EXPECT_EQ(ResultTableCsv(program), before);
+  EXPECT_NE(before.find(",Hole Number,"), std::string::npos);
+}
+
 // The only cell of a table that holds what the user typed.
 TEST_F(CsvTest, ATypedMilKeepsItsCommasQuotesAndLineEnds) {
   record.MilText[2] = "7, \"thin\"\r\nor 10";

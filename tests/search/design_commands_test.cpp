@@ -114,8 +114,13 @@ TEST_P(DesignCommandTest, StaysWhereItIsWhenTheInputIsRefused) {
   EXPECT_THAT(Ticked(), ElementsAre(GetParam().name));
   EXPECT_TRUE(main.cmdInterpolate.visible);
   EXPECT_TRUE(main.Grid1.control.visible);
-  EXPECT_EQ(main.Grid2.control.visible, GetParam().design_type != kPlanned);
-  EXPECT_EQ(main.lblEffic.visible, GetParam().design_type != kPlanned);
+  // The other three leave the screen as it was, and say so.
+  const bool goes_back = GetParam().design_type == kPlanned || GetParam().design_type == kExistingField;
+  EXPECT_EQ(main.Grid2.control.visible, !goes_back);
+  EXPECT_EQ(main.lblEffic.visible, !goes_back);
+  EXPECT_EQ(Status(), goes_back ? "The Target Head is missing: enter it in feet."
+                                : "The Target Head is missing: enter it in feet. The table is that of the design "
+                                  "before.");
   EXPECT_FALSE(main.busy);
   for (const Control* control : Lockable(main)) EXPECT_TRUE(control->enabled);
 }
@@ -173,23 +178,6 @@ TEST_F(InputScreenTest, CompletesTheSheetOnTheWayBack) {
 }
 
 // --- Cancel
-// The menus stay alive in a planned design: another design may be started in the middle of it. The inner one runs to
-// its end, the outer one goes on over what the inner one left.
-TEST_F(InputScreenTest, ADesignMayBeStartedInsideAnother) {
-  LevelLine("20");
-  host.event_at = 5;
-  host.event = [&] {
-    main.Grid1.Set(2, kStationColumn, "60");  // and with fewer rows
-    mnuComputerHoleSelection_Click(program);
-    EXPECT_EQ(record.HoleRows, 7);
-    EXPECT_EQ(record.DesignOK, "True");
-  };
-  mnuDesignField_Click(program);
-  EXPECT_THAT(host.messages, IsEmpty());
-  EXPECT_EQ(record.DesignType, kComputerHoles);
-  EXPECT_TRUE(main.Grid1.control.visible || main.Grid2.control.visible);
-}
-
 // ------------------------------------------------------------------------------------------------------------
 
 TEST_F(InputScreenTest, CancelSetsTheFlagsAndHidesItsButton) {

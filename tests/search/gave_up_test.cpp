@@ -58,15 +58,17 @@ TEST_F(GaveUpTest, CancelledPlannedDesignStaysTicked) {
 
 TEST_F(GaveUpTest, CancelledExistingDesignShowsTheSheetAndNothingElse) {
   LevelLine();
-  main.Grid2.control.visible = true;
-  main.Grid1.control.visible = false;
+  mnuDesignField_Click(program);  // its results go
   CancelAt(3);
   mnuExistingDesign_Click(program);
   EXPECT_TRUE(record.CancelFlag);
   EXPECT_EQ(record.DesignType, kExistingField);
   EXPECT_THAT(Ticked(), ElementsAre("mnuExistingDesign"));
   EXPECT_TRUE(main.Grid1.control.visible);
-  EXPECT_TRUE(main.Grid2.control.visible);
+  EXPECT_FALSE(main.Grid2.control.visible);
+  EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");
+  EXPECT_FALSE(main.cmdDesignToggle.visible);
+  EXPECT_FALSE(main.frmDisplay.visible);
 }
 
 // The slope designs are cancelled in the march over the level crown and in the middle of the trials.

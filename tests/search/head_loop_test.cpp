@@ -4,7 +4,6 @@
 #include "base/format.h"
 #include "base/numbers.h"
 #include "search/cal_dsign_var.h"
-#include "search/hole_selection.h"
 #include "search/hole_selection_panel.h"
 #include "search_program.h"
 
@@ -121,55 +120,51 @@ TEST_F(HeadLoopTest, AHighestHeadBelowHalfAFootTriesNone) {
   EXPECT_TRUE(main.mnuDesign.enabled);
 }
 
-// An increment of 0 never ends by itself: it tries the same head over and over until the screen is closed.
-TEST_F(HeadLoopTest, AnIncrementOfZeroEndsWithTheScreen) {
-  for (const char* increment : {"0", ""}) {
+// The field stays as it was, nothing is tried, and the sheet comes back.
+TEST_F(HeadLoopTest, AnIncrementThatIsNoNumberAboveZeroIsNotBegun) {
+  for (const char* increment : {"0", "", "abc", "0,2", "-.5", "1E-60", "1E39"}) {
     SCOPED_TRACE(increment);
     Prepare("2", increment);
-    host.event_at = host.yields + 5000;
-    host.event = [&] {
-      main.closed = true;
-      record.CancelFlag = true;
-    };
-    int trials = 0;
-    main.txtInfo[3].on_change = [&] { ++trials; };
-    cmdExitHoleSelect_Click(program);
-    main.txtInfo[3].on_change = nullptr;
-    EXPECT_TRUE(main.closed);
-    EXPECT_EQ(main.txtInfo[3].text(), "2.");
-    EXPECT_LE(trials, 2);  // the preference's text, then the same head in the pattern
-    EXPECT_FALSE(main.Grid2.control.visible);
-    main.closed = false;
+    main.cmdReCalc.visible = main.frmDisplay.visible = true;
+    EXPECT_THAT(Heads(), IsEmpty());
+    EXPECT_EQ(host.yields, 0);
+    EXPECT_THAT(host.messages, IsEmpty());
+    EXPECT_EQ(Status(), "The increment of the limited hole selection must be a number above 0: see the preferences.");
+    EXPECT_EQ(main.txtInfo[3].text(), "1.9");
+    for (const Control* hidden : {&main.lblEffic, &main.lblHeadCount, &main.frmDisplay, &main.cmdReCalc,
+                                  &main.cmdDesignToggle, &main.Grid2.control, &main.cmdCancel}) {
+      EXPECT_FALSE(hidden->visible);
+    }
+    for (const Control* shown : {&main.Grid1.control, &main.cmdInterpolate, &main.mnuSurveyCopy}) {
+      EXPECT_TRUE(shown->visible);
+    }
+    EXPECT_TRUE(main.mnuDesign.enabled);
+    EXPECT_FALSE(main.busy);
   }
 }
 
-// A negative increment raises the head in each pass and ends no sooner.
-TEST_F(HeadLoopTest, ANegativeIncrementEndsWithTheScreen) {
-  Prepare("2", "-.5");
-  std::string highest;
-  host.event_at = host.yields + 2000;
-  host.event = [&] {
-    main.closed = true;
-    record.CancelFlag = true;
-  };
-  const std::vector<std::string> heads = Heads();
-  ASSERT_GE(heads.size(), 3U);
-  EXPECT_EQ(heads[1], "2.5");
-  EXPECT_EQ(heads[2], "3.");
+// 2 less a thousandth shows as "2." again: the 1501 passes of the count would all be alike, and one is made.
+TEST_F(HeadLoopTest, AnIncrementThatMovesNothingIsTriedOnce) {
+  for (const char* increment : {".001", "1E-9"}) {
+    SCOPED_TRACE(increment);
+    Prepare("2", increment);
+    EXPECT_THAT(Heads(), ElementsAre("2", "2.", "2"));
+    EXPECT_EQ(record.BestHeadFound, 2);
+    EXPECT_EQ(record.DesignOK, "True");
+    EXPECT_TRUE(main.Grid2.control.visible);
+  }
 }
 
-// The loop yields in each pass, also where nothing is worked out: with a negative highest head closing still ends it.
-TEST_F(HeadLoopTest, APassThatWorksNothingOutYieldsToo) {
-  Prepare("1", "0");
-  main.txtDefault[13].Set("1");
-  main.txtInfo[3].on_change = [&] {
-    if (main.txtInfo[3].text() != "0") main.txtInfo[3].Set("0");
-  };
-  host.event_at = host.yields + 100;
-  host.event = [&] { main.closed = true; };
-  EXPECT_FALSE(EfficAdjust(program));
-  main.txtInfo[3].on_change = nullptr;
-  EXPECT_TRUE(main.closed);
+TEST_F(HeadLoopTest, TellsWhatHasBecomeOfTheTargetHead) {
+  Prepare("2", ".2");
+  cmdExitHoleSelect_Click(program);
+  ASSERT_NE(record.BestHeadFound, 1.9F);
+  EXPECT_EQ(Status(), "The Target Head went from 1.9 to " + GeneralText(record.BestHeadFound) +
+                          ", the best of the heads that were tried.");
+  // The head that was found is typed, and found again.
+  mnuManHoleSelection_Click(program);
+  cmdExitHoleSelect_Click(program);
+  EXPECT_EQ(Status(), "");
 }
 
 // --- Trials that fail

@@ -266,7 +266,7 @@ TEST_F(HolePassTest, ReportsAFaultOfTheList) {
   ShowEverything();
   ManHoleCalSelected(program);
   ExpectFault(kListFault);
-  EXPECT_TRUE(main.cmdCancel.visible);
+  EXPECT_FALSE(main.cmdCancel.visible);
 }
 
 // A whole computer selection that fails leads back to the input screen.

@@ -120,6 +120,32 @@ TEST_F(PrintCommandsTest, AReportWithoutAnExtensionIsADocument) {
   EXPECT_EQ(host.dialogs.back().written("sum"), "sum.pdf");
 }
 
+TEST_F(PrintCommandsTest, PreviewAndPdfLeaveTheTableOnTheScreen) {
+  Design();
+  MainScreen& main = program.main;
+  main.Grid2.SetCurrent(4, 3);
+  main.Grid2.top_row = 3;
+  main.lblAcresTotal.caption = "Total Acres = 0.9   Acres Selected = 0.3";
+  const auto cells = [&] {
+    std::string texts;
+    for (int row = 0; row < 10; ++row) {
+      for (int column = 0; column < 12; ++column) texts += main.Grid2.Text(row, column) + "|";
+    }
+    return texts;
+  };
+  const std::string table = cells();
+  for (const char* entry : {"mnuPreview(0)", "mnuExportPdf(0)", "mnuPreview(2)"}) {
+    Click(program, entry);
+    EXPECT_EQ(cells(), table) << entry;
+    EXPECT_EQ(main.cmdDesignToggle.caption, "Complete Design");
+    EXPECT_EQ(main.Grid2.row, 4);
+    EXPECT_EQ(main.Grid2.top_row, 3);
+    EXPECT_EQ(main.lblAcresTotal.caption, "Total Acres = 0.9   Acres Selected = 0.3");
+  }
+  Click(program, "mnuPrintSummary");  // printing leaves its own table there
+  EXPECT_NE(cells(), table);
+}
+
 TEST_F(PrintCommandsTest, AFileThatCannotBeWrittenIsTold) {
   Design();
   host.paths.emplace_back("out.pdf");

@@ -1,0 +1,83 @@
+#include "shell/event_end.h"
+
+#include <string>
+
+#include "base/numbers.h"
+#include "display/input_screen.h"
+#include "engine/survey.h"
+#include "input/info_fields.h"
+#include "screen/status_line.h"
+#include "search/design_commands.h"
+#include "shell/events.h"
+
+namespace torvale {
+namespace {
+
+void KeepAGrid(MainScreen& main) {
+  if (main.Grid2.control.visible || main.Frame1.visible) return;
+  main.Grid1.control.visible = true;
+}
+
+// All that the user has put in, as one text. Headings are no input.
+std::string InputOf(const MainScreen& main) {
+  std::string texts;
+  for (const TextField& field : main.txtInfo) texts.append(field.text()).append("\n");
+  const Grid& sheet = main.Grid1;
+  for (int row = 1; row < sheet.rows(); ++row) {
+    for (int column = 0; column < sheet.column_count(); ++column) texts.append(sheet.Text(row, column)).append("\t");
+  }
+  return texts;
+}
+
+// A run that was cancelled and a selection that was given up leave the button away; the next change of the input brings
+// it back.
+void OfferInterpolation(Program& program) {
+  MainScreen& main = program.main;
+  const bool given_up = !DesignStands(program) && !main.Grid2.control.visible && !main.cmdInterpolate.visible;
+  if (!given_up) {
+    program.running.input.clear();
+    return;
+  }
+  std::string input = InputOf(main);
+  if (program.running.input.empty())
+    program.running.input = std::move(input);
+  else if (program.running.input != input)
+    main.cmdInterpolate.visible = true;
+}
+
+// A survey that was pasted or read may begin elsewhere; the next design shown puts 0 there.
+void MarkFirstStation(Grid& sheet) {
+  if (sheet.rows() < 2) return;  // nothing is laid out yet
+  const bool elsewhere = Val(sheet.Text(1, kStationColumn)) != 0;
+  sheet.SetBack(1, kStationColumn, elsewhere ? std::optional<Colour>(kPaleYellow) : std::nullopt);
+}
+
+}  // namespace
+
+void RunAlone(Program& program, const std::function<void()>& command) {
+  if (program.running.calculations == 0) {
+    Guarded(program, command);
+    return;
+  }
+  cmdCancel_Click(program);
+  program.running.waiting.push_back(command);
+}
+
+void EndInnerEvent(Program& program) {
+  if (program.running.calculations > 0 && !program.record.CancelFlag) program.main.cmdCancel.visible = true;
+}
+
+void EndOutermostEvent(Program& program) {
+  MainScreen& main = program.main;
+  if (main.closed) return;
+  KeepAGrid(main);
+  OfferInterpolation(program);
+  MarkFirstStation(main.Grid1);
+}
+
+void TellWhereTheUserIs(Program& program) {
+  std::string& caption = program.main.sbStatusBar.caption;
+  if (caption.empty()) caption = FocusHint(program, program.main.focus);
+}
+
+}  // namespace torvale
