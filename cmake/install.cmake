@@ -9,7 +9,7 @@ if(NOT data_from_programs STREQUAL "../share/torvale")
   message(FATAL_ERROR "The program looks for its data in ../share/torvale, not in ${data_from_programs}")
 endif()
 
-install(TARGETS torvale_script DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS torvale_script torvale_batch DESTINATION ${CMAKE_INSTALL_BINDIR})
 if(TARGET torvale)
   install(TARGETS torvale DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
@@ -22,7 +22,10 @@ install(FILES ${sample_scripts} DESTINATION ${CMAKE_INSTALL_DOCDIR}/samples)
 
 install(FILES README.md NEWS.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md PATTERN *.svg PATTERN *.png)
-install(FILES packaging/torvale.1 packaging/torvale_script.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(PROGRAMS docs/many_fields/local_shards.sh docs/many_fields/slurm_array.sh
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/many_fields)
+install(FILES packaging/torvale.1 packaging/torvale_script.1 packaging/torvale_batch.1
+  DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 install(FILES packaging/torvale.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/org.torvale.torvale.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)

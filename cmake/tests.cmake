@@ -38,6 +38,7 @@ torvale_tests(reports torvale_reports)
 torvale_tests(shell torvale_shell)
 torvale_tests(scenarios torvale_scenarios torvale_script_lib)
 torvale_tests(script torvale_script_lib)
+torvale_tests(batch torvale_batch_lib torvale_script_lib)
 torvale_tests(properties torvale_script_lib)
 
 # A folder that no line above names would be passed over in silence.
@@ -67,3 +68,7 @@ if(TORVALE_WINDOW AND TARGET torvale_qt)
   add_executable(torvale_pictures EXCLUDE_FROM_ALL tests/guide/take_pictures.cpp)
   target_link_libraries(torvale_pictures PRIVATE torvale_qt torvale_script_lib Qt6::Test torvale_options)
 endif()
+
+# The scripts of docs/many_fields, with GNU parallel and a Slurm of its own where they are there.
+add_test(NAME many_machines COMMAND ${PROJECT_SOURCE_DIR}/tests/batch/many_machines.sh $<TARGET_FILE:torvale_batch>)
+set_tests_properties(many_machines PROPERTIES TIMEOUT ${test_timeout_seconds})

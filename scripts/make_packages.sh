@@ -10,7 +10,7 @@ kPreset=${1:-release}
 need_packages "${kRunPackages[@]}" dpkg-dev file
 
 [ -f "build/$kPreset/build.ninja" ] || configure "$kPreset" -DTORVALE_TESTS=OFF
-cmake --build "build/$kPreset" --target torvale torvale_script
+cmake --build "build/$kPreset" --target torvale torvale_script torvale_batch
 rm -rf "build/$kPreset/packages"
 # The folders in a package get the permissions that they are made with here.
 umask 022

@@ -1,11 +1,13 @@
 # Sourced by ./run and ./test: the Debian packages that each needs, and their installation.
 
-kRunPackages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqcustomplot-dev fonts-dejavu-core)
+kRunPackages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqcustomplot-dev fonts-dejavu-core libcli11-dev
+  libhpdf-dev)
 kTestPackages=(
   ccache python3
   libgtest-dev libgmock-dev nlohmann-json3-dev librapidcheck-dev libmpfr-dev libgmp-dev poppler-utils
   clang-format-14 xvfb xauth xdotool x11-utils imagemagick
   openbox dbus-daemon at-spi2-core python3-gi gir1.2-atspi-2.0
+  parallel slurm-wlm munge
   appstream desktop-file-utils dpkg-dev file libglib2.0-bin librsvg2-bin lintian man-db shared-mime-info)
 kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
 

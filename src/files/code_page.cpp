@@ -62,6 +62,13 @@ char ByteOf(char32_t c) {
 
 }  // namespace
 
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    if (TakeUtf8(bytes) == kNoCharacter) return false;
+  }
+  return true;
+}
+
 std::string FromCodePage(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());

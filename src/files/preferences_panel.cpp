@@ -103,7 +103,7 @@ void WriteDefaults(Program& program) {
   });
 }
 
-void TakePreferences(Program& program) {
+void ApplyPreferences(Program& program) {
   ApplyCoefficients(program);
   Attempt([&] { program.record.StationInterval = StoreInt16(Val(Field(program, 0).text())); });
 }
@@ -118,17 +118,22 @@ void mnuPreference_Click(Program& program) {
   main.cmdDesignToggle.visible = false;
 }
 
+void TakePreferences(Program& program) {
+  FillBlankFields(program);
+  ApplyPreferences(program);
+}
+
 void btnDefaultExit_Click(Program& program) {
   program.main.Frame1.visible = false;
   FillBlankFields(program);
   WriteDefaults(program);
   BringScreenBack(program);
-  TakePreferences(program);
+  ApplyPreferences(program);
 }
 
 void StorePreferences(Program& program) {
   WriteDefaults(program);
-  TakePreferences(program);
+  ApplyPreferences(program);
 }
 
 void txtDefault_LostFocus(Program& program, int index) {

@@ -11,7 +11,10 @@ namespace torvale {
 
 void mnuPreference_Click(Program& program);
 
-// Closes the panel: fills blank fields with their factory defaults, writes the defaults file, applies the coefficients.
+// Fills blank fields with their factory defaults and applies the coefficients and the interval of stations.
+void TakePreferences(Program& program);
+
+// Closes the panel: takes the preferences and writes the defaults file.
 // Whatever fails is passed over in silence. Also run by opening and saving a design and at the program's end.
 void btnDefaultExit_Click(Program& program);
 

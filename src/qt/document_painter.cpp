@@ -5,17 +5,14 @@
 #include <QPen>
 #include <algorithm>
 #include <map>
-#include <span>
-#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "qt/scale.h"
+#include "reports/paper.h"
 
 namespace torvale {
 namespace {
-
-constexpr double kSheetWidth = 8.5;  // inches, letter paper
-constexpr double kPointsPerInch = 72;
 
 // Typefaces as narrow as the columns ask for; where none is there, the desktop's own is drawn narrower.
 const QStringList kTypefaces = {"Arial", "Liberation Sans", "Helvetica", "Nimbus Sans", "DejaVu Sans Condensed"};
@@ -24,15 +21,6 @@ const QStringList kTypefaces = {"Arial", "Liberation Sans", "Helvetica", "Nimbus
 // and a point of 0.278.
 const QString kSample = "0123456789.";
 constexpr double kSampleWidth = 10 * 0.556 + 0.278;
-
-// Heights of letters in that typeface, in parts of the font size: from the top of a line to the foot of its capitals,
-// of the capitals, and of what hangs below. A line stands there whichever typeface it is drawn in.
-constexpr double kAscent = 0.905;
-constexpr double kCapitals = 0.73;
-constexpr double kDescent = 0.22;
-
-// Text too long for its room is drawn narrower down to this part of its width, then shortened in the middle.
-constexpr double kNarrowest = 0.6;
 
 // The typeface in one size on a device.
 struct Letters {
@@ -53,29 +41,6 @@ struct Letters {
     letters.setPixelSize(std::max(1, qRound(points * device.logicalDpiY() / kPointsPerInch)));
     return letters;
   }
-};
-
-using Operations = std::span<const PrintOperation>;
-
-// The lines of a page, those alone that no other one covers: a table draws its rules anew, one line longer, with each
-// row, and lines drawn over each other would come out darker.
-class LongestLines {
- public:
-  explicit LongestLines(Operations page) {
-    for (const PrintOperation& operation : page) {
-      const auto* line = std::get_if<PrintedLine>(&operation);
-      if (line == nullptr) continue;
-      double& end = ends_.try_emplace(StartOf(*line), line->y2).first->second;
-      end = std::max(end, line->y2);
-    }
-  }
-  bool Has(const PrintedLine& line) const { return ends_.at(StartOf(line)) == line.y2; }
-
- private:
-  using Start = std::tuple<double, double, double, int>;
-  static Start StartOf(const PrintedLine& line) { return {line.x1, line.y1, line.x2, line.width}; }
-
-  std::map<Start, double> ends_;
 };
 
 // Draws the pages of one document.
@@ -141,7 +106,7 @@ class Drawing {
     painter_.drawRect(QRectF(QPointF(X(box.x1), Y(box.y1)), QPointF(X(box.x2), Y(box.y2))));
   }
   double Dots() const { return device_.logicalDpiX(); }
-  double X(double inches) const { return (inches + (kSheetWidth - kPageWidth) / 2) * Dots(); }
+  double X(double inches) const { return (inches + kPageLeft) * Dots(); }
   double Y(double inches) const { return inches * device_.logicalDpiY(); }
   void UsePen(int width) {
     QPen pen(Qt::black, width * kDrawWidth * Dots());
@@ -167,15 +132,10 @@ bool PaintDocument(QPagedPaintDevice& device, const Document& document) {
   if (!painter.begin(&device)) return false;
   painter.setRenderHint(QPainter::Antialiasing);
   Drawing drawing(device, painter);
-  const Operations all(document.operations);
-  for (std::size_t begin = 0;;) {
-    const auto end = std::find_if(all.begin() + static_cast<std::ptrdiff_t>(begin), all.end(),
-                                  [](const auto& operation) { return std::holds_alternative<NewPage>(operation); });
-    const auto length = static_cast<std::size_t>(end - all.begin()) - begin;
-    drawing.Page(all.subspan(begin, length));
-    begin += length + 1;
-    if (end == all.end()) break;
-    if (!device.newPage()) return false;
+  bool first = true;
+  for (const Operations page : PagesOf(document)) {
+    if (!std::exchange(first, false) && !device.newPage()) return false;
+    drawing.Page(page);
   }
   return painter.end();
 }

@@ -1,9 +1,13 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <iostream>
+#include <string>
+#include <string_view>
 
 #include "base/paths.h"
 #include "base/platform.h"
+#include "base/version.h"
 #include "qt/main_window.h"
 #include "qt/own_icons.h"
 #include "qt/program_folder.h"
@@ -12,8 +16,32 @@
 #include "qt/splash_window.h"
 #include "shell/start_up.h"
 
+namespace {
+
+constexpr std::string_view kUsage =
+    "usage: torvale [FILE]\n"
+    "Opens the window, with the design FILE where one is named.\n"
+    "  --help       print this and exit\n"
+    "  --version    print the version and exit\n";
+
+// What an option asks to be printed in the place of a window; no text where none does.
+std::string Printed(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (argv[i] == std::string_view("--help")) return std::string(kUsage);
+    if (argv[i] == std::string_view("--version")) return "torvale " + torvale::ProgramVersion() + "\n";
+  }
+  return "";
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace torvale;
+  // Ahead of the toolkit, which wants a display.
+  if (const std::string printed = Printed(argc, argv); !printed.empty()) {
+    std::cout << printed << std::flush;
+    return 0;
+  }
   QApplication application(argc, argv);
   QApplication::setApplicationName(ToQt(kProgramTitle));
   QApplication::setOrganizationName(ToQt(kProgramTitle));

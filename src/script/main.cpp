@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/version.h"
 #include "script/runner.h"
 
 namespace {
@@ -12,7 +13,9 @@ namespace {
 constexpr const char* kUsage =
     "usage: torvale_script [--data DIR] [FILE]\n"
     "Replays a script (standard input without FILE) and prints its transcript.\n"
-    "  --data DIR   start with the defaults file of that folder\n";
+    "  --data DIR   start with the defaults file of that folder\n"
+    "  --help       print this and exit\n"
+    "  --version    print the version and exit\n";
 
 int Refuse(const std::string& reason) {
   std::cerr << reason << '\n' << kUsage;
@@ -33,6 +36,10 @@ int main(int argc, char** argv) {
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     if (arguments[i] == "--help") {
       std::cout << kUsage;
+      return torvale::kScriptDone;
+    }
+    if (arguments[i] == "--version") {
+      std::cout << "torvale_script " << torvale::ProgramVersion() << '\n';
       return torvale::kScriptDone;
     }
     if (arguments[i] == "--data") {

@@ -19,8 +19,9 @@ namespace {
 
 constexpr std::string_view kMissingTitle = "Missing Data";
 
-// What every refused input leaves behind.
-void Refuse(Program& program) {
+// What every refused input leaves behind; the cell that it is refused for, where it is one.
+void Refuse(Program& program, SheetCell cell = {}) {
+  program.main.refused = cell;
   program.record.MissingData = -1;
   program.main.cmdInterpolate.visible = true;
   program.main.cmdCancel.visible = false;
@@ -37,7 +38,7 @@ void StartRun(Program& program) {
 bool FieldsFilled(Program& program) {
   const std::string missing = EmptyFieldSentence(program);
   if (missing.empty()) return true;
-  Say(program, SurveyRemark{missing, {}});
+  Say(program, missing);
   program.main.busy = false;
   program.host.Message("Some Information Data is missing(i.e. GPM, Target Head)", kMissingTitle);
   Refuse(program);
@@ -50,11 +51,11 @@ bool SurveyFilled(Program& program) {
   for (int i = 1; i <= program.record.SurveyRows; ++i) {
     for (int column : {kPipeDiaColumn, kCrownColumn, kStationColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
-      Say(program, EmptyCellRemark(i, column));
+      Say(program, EmptyCellSentence(i, column));
       program.host.Message("You must compelte all Survey information on the survey grid (i.e Hole Size Mil).",
                            kMissingTitle);
       program.main.busy = false;
-      Refuse(program);
+      Refuse(program, {i, column});
       return false;
     }
   }
@@ -75,9 +76,9 @@ bool StationsAccepted(Program& program) {
                                    " is greater than the distance between Station " + before + " and " + here +
                                    " is this ok?",
                                "")) {
-      Say(program, StationOrderRemark(i));
+      Say(program, StationOrderSentence(i));
       program.main.busy = false;
-      Refuse(program);
+      Refuse(program, {i, kStationColumn});
       return false;
     }
     program.record.SpacingWarningOff = 1;
@@ -91,10 +92,10 @@ bool HoleRowsFilled(Program& program) {
     if (sheet.Text(i, kHoleSizeColumn).empty()) continue;
     for (int column : {kHoleCountColumn, kMilColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
-      Say(program, EmptyCellRemark(i, column));
+      Say(program, EmptyCellSentence(i, column));
       program.main.busy = false;
       program.host.Message("You must compelte all Survey information on the survey grid.", kMissingTitle);
-      Refuse(program);
+      Refuse(program, {i, column});
       return false;
     }
   }
@@ -196,6 +197,7 @@ void Cal_Dsign_Var(Program& program) {
     } else {
       Say(program, WhatStopped(program, fault));
     }
+    program.main.refused = CellThatStopped(program);
     program.record.MissingData = -1;
     program.record.CancelFlag = true;
   }

@@ -217,7 +217,7 @@ void cmdInterpolate_Click(Program& program) {
   // Where the user must go on.
   main.Grid1.SetCurrent(row, kStationColumn);
   main.focus = "Grid1";
-  Say(program, EmptyCellRemark(row, kStationColumn));
+  Say(program, EmptyCellSentence(row, kStationColumn));
 }
 
 }  // namespace torvale

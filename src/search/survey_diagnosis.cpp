@@ -2,11 +2,9 @@
 
 #include <array>
 #include <string_view>
-#include <utility>
 
 #include "base/numbers.h"
 #include "engine/survey.h"
-#include "screen/status_line.h"
 
 namespace torvale {
 namespace {
@@ -80,34 +78,33 @@ std::string EmptyFieldSentence(const Program& program) {
   return "";
 }
 
-void Say(Program& program, SurveyRemark remark) {
-  program.main.refused = remark.cell;
-  Say(program, std::move(remark.sentence));
+std::string EmptyCellSentence(int row, int column) {
+  return "Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
+         " is missing.";
 }
 
-SurveyRemark EmptyCellRemark(int row, int column) {
-  return {"Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
-              " is missing.",
-          {row, column}};
+std::string StationOrderSentence(int row) {
+  return "Rows " + GeneralText(row - 1) + " and " + GeneralText(row) + ": the station does not rise.";
 }
 
-SurveyRemark StationOrderRemark(int row) {
-  return {"Rows " + GeneralText(row - 1) + " and " + GeneralText(row) + ": the station does not rise.",
-          {row, kStationColumn}};
-}
-
-SurveyRemark WhatStopped(const Program& program, const RunTimeFault& fault) {
+std::string WhatStopped(const Program& program, const RunTimeFault& fault) {
   const DesignRecord& record = program.record;
-  if (const int row = RowWithoutStation(program); row > 0) return EmptyCellRemark(row, kStationColumn);
-  if (const int row = RowOutOfOrder(program); row > 0) return StationOrderRemark(row);
+  if (const int row = RowWithoutStation(program); row > 0) return EmptyCellSentence(row, kStationColumn);
+  if (const int row = RowOutOfOrder(program); row > 0) return StationOrderSentence(row);
   if (record.WateredFurrows == 0) {
-    return {"No row has holes: a watered row needs a furrow length, a hole size and a number of holes.", {}};
+    return "No row has holes: a watered row needs a furrow length, a hole size and a number of holes.";
   }
   if (fault.kind == Fault::kDivisionByZero) {
-    if (record.SurveyRows == 1) return {"The survey has one row only: a line needs at least two stations.", {}};
-    if (std::string sentence = LengthSentence(record); !sentence.empty()) return {sentence, {}};
+    if (record.SurveyRows == 1) return "The survey has one row only: a line needs at least two stations.";
+    if (std::string sentence = LengthSentence(record); !sentence.empty()) return sentence;
   }
-  return {"A number in the survey is too large or out of place for a design.", {}};
+  return "A number in the survey is too large or out of place for a design.";
+}
+
+SheetCell CellThatStopped(const Program& program) {
+  if (const int row = RowWithoutStation(program); row > 0) return {row, kStationColumn};
+  const int row = RowOutOfOrder(program);
+  return row > 0 ? SheetCell{row, kStationColumn} : SheetCell{};
 }
 
 }  // namespace torvale

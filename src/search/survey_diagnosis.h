@@ -11,19 +11,13 @@ namespace torvale {
 
 // The first information field that a design needs and that is empty; no text where all are filled.
 std::string EmptyFieldSentence(const Program& program);
-
-// A sentence about the survey, and the cell that it speaks of where it is one.
-struct SurveyRemark {
-  std::string sentence;
-  SheetCell cell;
-};
-// Tells it in the status bar.
-void Say(Program& program, SurveyRemark remark);
 // An empty cell of the survey, by row and column.
-SurveyRemark EmptyCellRemark(int row, int column);
+std::string EmptyCellSentence(int row, int column);
 // A station that does not rise above the one before it.
-SurveyRemark StationOrderRemark(int row);
+std::string StationOrderSentence(int row);
 // What in the survey a run-time fault comes from, as far as the survey tells.
-SurveyRemark WhatStopped(const Program& program, const RunTimeFault& fault);
+std::string WhatStopped(const Program& program, const RunTimeFault& fault);
+// The cell that this sentence speaks of, where it is one.
+SheetCell CellThatStopped(const Program& program);
 
 }  // namespace torvale

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace torvale {
+
+// A line of a table.
+struct CsvRow {
+  int line = 0;  // in the file, from 1; of the line on which it begins
+  std::vector<std::string> cells;
+  std::string_view text;  // as it stands in the file, with its line end
+
+  // A cell that the row doesn't have reads as empty.
+  const std::string& Cell(std::size_t column) const;
+  bool Empty() const;
+};
+
+// A text that is no table, with the line and the column from 1 of the cell where it ends being one.
+struct CsvFault : std::runtime_error {
+  CsvFault(const std::string& what, int at_line, int at_column)
+      : std::runtime_error(what), line(at_line), column(at_column) {}
+  int line;
+  int column;
+};
+
+// The rows of a table of separated values, empty ones too. Lines end in CR LF, CR or LF. A cell that begins with a
+// quote runs to the next single one, separators and line ends included, and two quotes in it stand for one; behind the
+// closing quote nothing but blanks may stand. Blanks around a cell without quotes are dropped. Throws CsvFault.
+std::vector<CsvRow> ReadCsv(std::string_view text, char separator);
+
+// What parts the cells of a table: the tab, the semicolon or the comma, whichever comes first outside quotes in the
+// first line that has one; a comma where there is none.
+char SeparatorOf(std::string_view text);
+
+// The text of a file as UTF-8, without a mark of order at its front. What is no UTF-8 is taken for the code page of the
+// program's own files.
+std::string TextOfFile(std::string bytes);
+
+}  // namespace torvale

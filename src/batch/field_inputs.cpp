@@ -1,0 +1,159 @@
+#include "batch/field_inputs.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/numbers.h"
+#include "batch/csv_text.h"
+#include "batch/survey_table.h"
+#include "batch/text_files.h"
+#include "files/design_files.h"
+#include "files/new_design.h"
+#include "files/preferences_panel.h"
+#include "record/hole_sizes.h"
+#include "search/design_commands.h"
+#include "shell/commands.h"
+#include "shell/events.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::array<std::string_view, 7> kDesignFiles = {".PFD", ".CSD", ".DSD", ".CSH", ".XFD", ".LHD", ".DAT"};
+constexpr std::size_t kHoleSizePreference = 1;
+constexpr std::string_view kTooLarge = "is a larger number than the program holds";
+
+bool IsDesignFile(std::string_view name) {
+  const std::string upper = UpperCase(name);
+  return std::any_of(kDesignFiles.begin(), kDesignFiles.end(),
+                     [&](std::string_view extension) { return upper.ends_with(extension); });
+}
+
+[[noreturn]] void Fail(const FieldRow& field, const std::string& words) {
+  throw FieldFault("row " + std::to_string(field.line) + " of the table: " + words);
+}
+
+// Types as into a field that is in reach, whether its panel is open or not.
+void Type(const FieldRow& field, TextField& target, const std::string& text) {
+  try {
+    target.SelectAll();
+    target.ReplaceSelected(text);
+  } catch (const RunTimeFault&) {
+    Fail(field, "\"" + text + "\" " + std::string(kTooLarge));
+  }
+}
+
+void SetPreferences(Program& program, const FieldRow& field) {
+  for (const auto& [index, text] : field.preferences) {
+    if (index == kHoleSizePreference && HoleSizeByName(program.record, text) == 0) {
+      Fail(field, "\"" + text + "\" is no size of the hole size table");
+    }
+    Type(field, program.main.txtDefault.at(index), text);
+    FocusLost(program, "txtDefault(" + std::to_string(index) + ")");
+  }
+  TakePreferences(program);
+}
+
+// An empty cell leaves what stands in the field, from a preference or from the design that was opened.
+void TypeInfo(Program& program, const FieldRow& field) {
+  const std::array<const std::string*, 6> texts = {&field.name,        &field.date,     &field.gpm,
+                                                   &field.target_head, &field.location, &field.survey_kind};
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (!texts.at(i)->empty()) Type(field, program.main.txtInfo.at(i), *texts.at(i));
+  }
+}
+
+void ChoosePipeKind(Program& program, const FieldRow& field) {
+  if (field.pipe.empty() || field.pipe == program.record.PipeKind) return;
+  // Results that are shown would be worked out anew for the other pipe.
+  if (program.main.Grid2.control.visible) mnuWindowInfo_Click(program);
+  Click(program, field.pipe == "R" ? "mnuRigidPipe" : "mnuLayflatPipe");
+}
+
+void ChooseSoil(Program& program, const FieldRow& field) {
+  if (field.soil.empty()) return;
+  const ListBox& soils = program.main.listSoils;
+  for (int line = 0; line < soils.count(); ++line) {
+    if (Trim(soils.Line(line)) != Trim(field.soil)) continue;
+    SelectLines(program, "listSoils", {line});
+    return;
+  }
+  Fail(field, soils.count() == 0
+                  ? "there is no list of soils to find \"" + field.soil + "\" in: name its folder with --data"
+                  : "the list of soils has no \"" + field.soil + "\"");
+}
+
+void ChooseHoles(Program& program, const FieldRow& field) {
+  if (field.holes.empty()) return;
+  program.main.listHolesSelected.Clear();
+  for (const std::string& size : field.holes) {
+    if (HoleSizeByName(program.record, size) == 0) Fail(field, "\"" + size + "\" is no size of the hole size table");
+    program.main.listHolesSelected.Add(size);
+  }
+}
+
+// An empty cell of the first row leaves the preference there; station and reading are always the survey's.
+void EnterSurvey(Program& program, const FieldRow& field, const SurveyTable& survey) {
+  Grid& sheet = program.main.Grid1;
+  const std::string hole = program.main.txtDefault.at(kHoleSizePreference).text();
+  for (std::size_t i = 0; i < survey.rows.size(); ++i) {
+    const int row = static_cast<int>(i) + 1;
+    for (int column = 0; column < kSurveyColumns; ++column) {
+      const auto at = static_cast<std::size_t>(column);
+      const std::string& cell = survey.rows[i].cells.at(at);
+      if (survey.given.at(at) && (!cell.empty() || column <= kCrownColumn)) sheet.Set(row, column, cell);
+    }
+    if (!survey.given[kHoleSizeColumn]) sheet.Set(row, kHoleSizeColumn, hole);
+    if (!survey.given[kFurrowLengthColumn]) sheet.Set(row, kFurrowLengthColumn, field.furrow_length);
+  }
+}
+
+// The file as the program opens it, in its own words where it can't. Results and preferences of the design don't come
+// into the inputs.
+void OpenDesign(QuietProgram& quiet, const FieldRow& field, const std::filesystem::path& path) {
+  Program& program = quiet.program();
+  quiet.host().told.clear();
+  program.record.OpenedFileName = path.string();
+  OpenFile(program);
+  for (const Told& message : quiet.host().told) {
+    if (message.body.starts_with("Error opening file")) throw FieldFault(field.survey + ": " + message.body);
+  }
+  program.record.OpenedFileName.clear();
+}
+
+}  // namespace
+
+std::string ReadSurveyFile(const FieldRow& field, const std::filesystem::path& folder) {
+  try {
+    return ReadTextFile(folder / PathFrom(field.survey));
+  } catch (const TextFileFault& fault) {
+    throw FieldFault(field.survey + ": " + fault.what());
+  }
+}
+
+FieldInputs TypeField(QuietProgram& quiet, const FieldRow& field, const std::filesystem::path& folder,
+                      const std::string& survey) {
+  quiet.StartAnew();
+  Program& program = quiet.program();
+  FieldInputs inputs;
+  SetPreferences(program, field);
+  mnuFileNew_Click(program);
+  if (IsDesignFile(field.survey)) {
+    OpenDesign(quiet, field, folder / PathFrom(field.survey));
+  } else {
+    try {
+      SurveyTable table = ReadSurveyTable(TextOfFile(survey), field.layout, field.survey);
+      EnterSurvey(program, field, table);
+      inputs.remarks = std::move(table.remarks);
+    } catch (const SurveyTableFault& fault) {
+      throw FieldFault(fault.what());
+    }
+  }
+  ChoosePipeKind(program, field);
+  TypeInfo(program, field);
+  ChooseSoil(program, field);
+  ChooseHoles(program, field);
+  inputs.input = InputOf(program);
+  return inputs;
+}
+
+}  // namespace torvale

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace torvale {
+
+// The table of fields that a run works through: a heading line, then a line for each field.
+
+// One field as its line asks for it. Texts are as they stand in the table; an empty one leaves the program's default.
+struct FieldRow {
+  int number = 0;  // from 1, in the order of the table; what results go by
+  int line = 0;    // in the file
+  std::string name;
+  std::string date;
+  std::string gpm;
+  std::string target_head;
+  std::string location;
+  std::string survey_kind;    // R or E
+  std::string survey;         // a file, from the table's folder
+  std::string layout;         // of a survey that is a table: empty, "sheet", "PNEZ" or "PENZ"
+  std::string furrow_length;  // of every row, where the survey has none
+  std::string pipe;           // "L", "R" or empty
+  std::string soil;
+  std::vector<std::string> holes;
+  std::vector<std::int16_t> designs;                             // all six where none are named
+  std::vector<std::pair<std::size_t, std::string>> preferences;  // by index of `txtDefault`
+  std::vector<std::string> faults;  // cells that can't be understood, in words with file, line and column
+  std::uint64_t content = 0;        // hash of the cells under their headings, by which a later run knows it again
+};
+
+// A table that can't be worked through: no heading, a column that nothing is known by, two of one name.
+struct FieldTableFault : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// `file` is the name by which faults speak of the table. Lines without text are passed over. Throws FieldTableFault.
+std::vector<FieldRow> ReadFieldTable(std::string_view text, const std::string& file);
+
+// Every column that a table may have, each with what it holds, for the help.
+struct FieldColumnHelp {
+  std::string_view name;
+  std::string_view what;
+};
+std::vector<FieldColumnHelp> FieldColumns();
+
+// "fields.csv, row 3, column 5": where a cell stands, both counted from 1.
+std::string PlaceOfCell(const std::string& file, int line, std::size_t column);
+
+}  // namespace torvale

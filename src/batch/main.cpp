@@ -1,0 +1,28 @@
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+
+#include "batch/command_line.h"
+
+namespace {
+
+// What Ctrl+C leaves. The second one ends the program as it would any other.
+volatile std::sig_atomic_t interrupted = 0;
+
+extern "C" void Interrupt(int signal) {
+  interrupted = 1;
+  std::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::signal(SIGINT, Interrupt);
+  std::signal(SIGTERM, Interrupt);
+  const torvale::BatchEnd end = torvale::RunCommandLine(
+      argc, argv, false, [] { return interrupted == 0; }, std::cout, std::cerr);
+  std::cout.flush();
+  // A thread that hangs would be waited for, or pulled the data away from under.
+  if (end.threads_left) std::_Exit(end.status);
+  return end.status;
+}

@@ -1,0 +1,193 @@
+#include "batch/survey_table.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "base/numbers.h"
+#include "batch/csv_text.h"
+#include "batch/field_table.h"
+#include "record/hole_sizes.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::size_t kMostRows = kSurveyGridRows - 1;
+
+struct HeadingWord {
+  std::string_view word;
+  int column;
+};
+
+// What headings begin with, in capitals; the first that fits counts. Those of the sheet itself are among them, so that
+// a table copied out of the program can be read back.
+constexpr HeadingWord kHeadingWords[] = {
+    {"STATION", kStationColumn},
+    {"ELEVATION", kCrownColumn},
+    {"ROD", kCrownColumn},
+    {"READING", kCrownColumn},
+    {"CROWN", kCrownColumn},
+    {"FURROW LENGTH", kFurrowLengthColumn},
+    {"LENGTH", kFurrowLengthColumn},
+    {"DISTANCE BETWEEN", kSpacingColumn},
+    {"HOLE SPACING", kSpacingColumn},
+    {"SPACING", kSpacingColumn},
+    {"PIPE DIA", kPipeDiaColumn},
+    {"DIAMETER", kPipeDiaColumn},
+    {"HOLE SIZE", kHoleSizeColumn},
+    {"HOLE DIA", kHoleSizeColumn},
+    {"NUMBER OF HOLES", kHoleCountColumn},
+    {"HOLES", kHoleCountColumn},
+    {"MIL", kMilColumn},
+    {"PLANTED", kPlantedWidthColumn},
+};
+
+std::optional<int> SheetColumnOf(std::string_view heading) {
+  std::string plain = UpperCase(Trim(heading));
+  std::replace(plain.begin(), plain.end(), '_', ' ');
+  std::replace(plain.begin(), plain.end(), '\n', ' ');
+  for (const HeadingWord& word : kHeadingWords) {
+    if (plain.starts_with(word.word)) return word.column;
+  }
+  return std::nullopt;
+}
+
+// A row whose first cell with text is no number holds headings.
+bool HoldsHeadings(const CsvRow& row) {
+  for (const std::string& cell : row.cells) {
+    if (!cell.empty()) return !IsNumber(cell) && Val(cell) == 0;
+  }
+  return false;
+}
+
+// The sheet's column of each column of the table; none for one that is passed over.
+std::vector<std::optional<int>> ColumnsOf(const CsvRow& row, const std::string& file) {
+  std::vector<std::optional<int>> columns;
+  for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    columns.push_back(row.cells[i].empty() ? std::nullopt : SheetColumnOf(row.cells[i]));
+    const auto same = std::find(columns.begin(), columns.end() - 1, columns.back());
+    if (columns.back() && same != columns.end() - 1) {
+      throw SurveyTableFault(PlaceOfCell(file, row.line, i) + ": two columns are the sheet's \"" + row.cells[i] + "\"");
+    }
+  }
+  for (const int needed : {kStationColumn, kCrownColumn}) {
+    if (std::find(columns.begin(), columns.end(), std::optional<int>(needed)) != columns.end()) continue;
+    throw SurveyTableFault(file + ", row " + std::to_string(row.line) + ": no heading says which column holds the " +
+                           (needed == kStationColumn ? "station" : "elevation or rod reading"));
+  }
+  return columns;
+}
+
+std::vector<std::optional<int>> InOrder(std::size_t count) {
+  std::vector<std::optional<int>> columns;
+  for (std::size_t i = 0; i < count; ++i) {
+    columns.push_back(i < kSurveyColumns ? std::optional<int>(static_cast<int>(i)) : std::nullopt);
+  }
+  return columns;
+}
+
+bool IsHoleSize(const std::string& text) {
+  static const DesignRecord table = [] {
+    DesignRecord record;
+    FillHoleSizes(record);
+    return record;
+  }();
+  return HoleSizeByName(table, text) > 0 || text == "0";
+}
+
+// How the program reads a cell otherwise than a reader would; no text where it doesn't.
+std::string Misreading(int column, const std::string& cell) {
+  if (cell.empty()) return "";
+  if (column == kHoleSizeColumn) {
+    return IsHoleSize(cell) ? "" : "\"" + cell + "\" is no size of the hole size table";
+  }
+  const std::string word = Trim(cell);
+  const bool supply =
+      (column == kFurrowLengthColumn && word == "Supply") || (column == kSpacingColumn && word == "Line");
+  if (supply || IsNumber(cell)) return "";
+  const double read = Val(cell);
+  return "\"" + cell + "\" is read as " + (std::isfinite(read) ? GeneralText(read) : "a number without end");
+}
+
+void NeedRoom(const SurveyTable& survey, const CsvRow& row, const std::string& file) {
+  if (survey.rows.size() < kMostRows) return;
+  throw SurveyTableFault(file + ", row " + std::to_string(row.line) + ": the survey sheet has " +
+                         std::to_string(kMostRows) + " rows");
+}
+
+SurveyTable ReadSheet(const std::vector<CsvRow>& rows, const std::string& file) {
+  SurveyTable survey;
+  std::vector<std::optional<int>> columns;
+  for (const CsvRow& row : rows) {
+    if (columns.empty()) {
+      const bool headings = HoldsHeadings(row);
+      columns = headings ? ColumnsOf(row, file) : InOrder(row.cells.size());
+      for (const std::optional<int> column : columns) {
+        if (column) survey.given.at(static_cast<std::size_t>(*column)) = true;
+      }
+      if (headings) continue;
+    }
+    NeedRoom(survey, row, file);
+    survey.rows.push_back({row.line, {}});
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (!columns[i]) continue;
+      const std::string& cell = row.Cell(i);
+      survey.rows.back().cells.at(static_cast<std::size_t>(*columns[i])) = cell;
+      const std::string misreading = Misreading(*columns[i], cell);
+      if (!misreading.empty()) survey.remarks.push_back(PlaceOfCell(file, row.line, i) + ": " + misreading);
+    }
+  }
+  return survey;
+}
+
+SurveyTable ReadPoints(const std::vector<CsvRow>& rows, bool easting_first, const std::string& file) {
+  constexpr std::size_t kNorthing = 1;
+  constexpr std::size_t kEasting = 2;
+  constexpr std::size_t kElevation = 3;
+  SurveyTable survey;
+  survey.given[kStationColumn] = survey.given[kCrownColumn] = true;
+  double along = 0;
+  double north_before = 0;
+  double east_before = 0;
+  for (const CsvRow& row : rows) {
+    if (&row == &rows.front() && !IsNumber(row.Cell(kNorthing)) && !IsNumber(row.Cell(kElevation))) continue;
+    for (const std::size_t i : {kNorthing, kEasting, kElevation}) {
+      if (IsNumber(row.Cell(i))) continue;
+      throw SurveyTableFault(PlaceOfCell(file, row.line, i) + ": \"" + row.Cell(i) + "\" is no number");
+    }
+    NeedRoom(survey, row, file);
+    const double north = Val(row.Cell(easting_first ? kEasting : kNorthing));
+    const double east = Val(row.Cell(easting_first ? kNorthing : kEasting));
+    if (!survey.rows.empty()) {
+      const double dn = north - north_before;
+      const double de = east - east_before;
+      along += std::sqrt(dn * dn + de * de);
+    }
+    north_before = north;
+    east_before = east;
+    if (!std::isfinite(along))
+      throw SurveyTableFault(file + ", row " + std::to_string(row.line) + ": the point is out of reach");
+    survey.rows.push_back({row.line, {}});
+    survey.rows.back().cells[kStationColumn] = GeneralText(std::floor(along * 100 + 0.5) / 100);
+    survey.rows.back().cells[kCrownColumn] = row.Cell(kElevation);
+  }
+  return survey;
+}
+
+}  // namespace
+
+SurveyTable ReadSurveyTable(std::string_view text, std::string_view layout, const std::string& file) {
+  std::vector<CsvRow> rows;
+  try {
+    rows = ReadCsv(text, SeparatorOf(text));
+  } catch (const CsvFault& fault) {
+    throw SurveyTableFault(PlaceOfCell(file, fault.line, static_cast<std::size_t>(fault.column) - 1) + ": " +
+                           fault.what());
+  }
+  std::erase_if(rows, [](const CsvRow& row) { return row.Empty(); });
+  SurveyTable survey = layout.empty() ? ReadSheet(rows, file) : ReadPoints(rows, layout == "PENZ", file);
+  if (survey.rows.empty()) throw SurveyTableFault(file + ": the survey is empty");
+  return survey;
+}
+
+}  // namespace torvale
