@@ -66,7 +66,7 @@ class Search {
 
   // Takes new trials into the free crowns: two at first, more as solved ones tell where to look.
   void Admit() {
-    const int most = std::min({crew_.slots(), kMostInFlight - 1, 2 + 2 * guess_.known()});
+    const int most = std::min(kMostInFlight - 1, 2 + 2 * guess_.known());
     const int first = admitted_;
     crew_.BeginCrowns();
     while (admitted_ - reported_ < most) {

@@ -200,7 +200,7 @@ void TrialCrew::MarchBlock(TrialBlock& block) {
     block.jobs.head[job] = block.jobs.head[0];
     block.jobs.slot[job] = block.jobs.slot[0];
   }
-  form_.march(line_, block.crowns.data(), block.jobs, block.flows.data());
+  form_.march(line_, block.crowns.data(), block.jobs, block.count, block.flows.data());
   for (int job = 0; job < block.count; ++job) {
     const WideJobs& jobs = block.jobs;
     MarchedJob& result = block.results[job];

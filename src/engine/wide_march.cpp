@@ -57,8 +57,8 @@ struct One {
 constexpr int kOneJobs = 4;
 constexpr int kOneSlots = 4;
 
-void March(const WideLine& line, const float* crowns, WideJobs& jobs, float* flows) {
-  MarchVectors<One, kOneJobs, false>(line, TablesFor<One>(line), crowns, kOneSlots, jobs, 0, flows, kOneJobs);
+void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
+  MarchJobs<One>(line, TablesFor<One>(line), crowns, kOneSlots, jobs, count, flows, kOneJobs);
 }
 
 void MarchOneCrown(const WideLine& line, WideJobs& jobs) {

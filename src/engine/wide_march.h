@@ -54,11 +54,11 @@ struct WideForm {
   int jobs = 0;
   int slots = 0;
   int one_crown_jobs = 0;
-  // Marches all jobs. `crowns` has `slots` floats for each row from 0 on, in the units of the survey. `flows` takes
-  // `jobs` floats for each row from 0 on: what flows out of the rows with holes. `lowest` below 0 tells that the march
-  // went negative; what else comes out of such a job means nothing. No fault is told: the line must be one that
-  // `CannotOverflow` (head_brackets.h) vouches for.
-  void (*march)(const WideLine& line, const float* crowns, WideJobs& jobs, float* flows) = nullptr;
+  // Marches the first `count` jobs, which the lanes may round up. `crowns` has `slots` floats for each row from 0 on,
+  // in the units of the survey. `flows` takes `jobs` floats for each row from 0 on: what flows out of the rows with
+  // holes. `lowest` below 0 tells that the march went negative; what else comes out of such a job means nothing. No
+  // fault is told: the line must be one that `CannotOverflow` (head_brackets.h) vouches for.
+  void (*march)(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) = nullptr;
   // The same on the crown of `WideRow::rise`, without the flows of the rows.
   void (*march_one_crown)(const WideLine& line, WideJobs& jobs) = nullptr;
   // The quotients flows[at[i]] / ratio[i], rounded to 32 bits, as their bits in `key`, and the sum of the `places`

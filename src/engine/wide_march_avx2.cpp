@@ -90,8 +90,8 @@ constexpr int kVectors = 4;
 constexpr int kJobs = kVectors * Four::kWidth;
 constexpr int kSlots = 8;
 
-void March(const WideLine& line, const float* crowns, WideJobs& jobs, float* flows) {
-  MarchVectors<Four, kVectors, false>(line, TablesFor<Four>(line), crowns, kSlots, jobs, 0, flows, kJobs);
+void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
+  MarchJobs<Four>(line, TablesFor<Four>(line), crowns, kSlots, jobs, count, flows, kJobs);
   _mm256_zeroupper();
 }
 

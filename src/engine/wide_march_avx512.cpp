@@ -96,8 +96,8 @@ constexpr int kVectors = 4;
 constexpr int kJobs = kVectors * Eight::kWidth;
 constexpr int kSlots = 16;
 
-void March(const WideLine& line, const float* crowns, WideJobs& jobs, float* flows) {
-  MarchVectors<Eight, kVectors, false>(line, TablesFor<Eight>(line), crowns, kSlots, jobs, 0, flows, kJobs);
+void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
+  MarchJobs<Eight>(line, TablesFor<Eight>(line), crowns, kSlots, jobs, count, flows, kJobs);
   _mm256_zeroupper();
 }
 

@@ -134,6 +134,22 @@ inline void MarchVectors(const WideLine& line, const typename L::Tables& tables,
   }
 }
 
+// As few vectors as hold the first `count` jobs.
+template <class L>
+inline void MarchJobs(const WideLine& line, const typename L::Tables& tables, const float* crowns, int slots,
+                      WideJobs& jobs, int count, float* flows, int stride) {
+  const int vectors = (count + L::kWidth - 1) / L::kWidth;
+  if (vectors <= 1) {
+    MarchVectors<L, 1, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+  } else if (vectors == 2) {
+    MarchVectors<L, 2, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+  } else if (vectors == 3) {
+    MarchVectors<L, 3, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+  } else {
+    MarchVectors<L, 4, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+  }
+}
+
 template <class L>
 inline typename L::Tables TablesFor(const WideLine& line) {
   static const WideIntervals intervals;

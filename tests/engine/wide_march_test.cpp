@@ -87,9 +87,10 @@ void CompareForm(const SlopeField& field, VectorLanes lanes, RandomSlopeField& r
     jobs.head[job] = random.OneIn(10) ? 0 : random.Real(0, 4);
     jobs.slot[job] = random.Whole(0, form.slots - 1);
   }
-  form.march(wide, crowns.data(), jobs, flows.data());
+  const int count = random.Whole(1, form.jobs);
+  form.march(wide, crowns.data(), jobs, count, flows.data());
   Line line = field.line;
-  for (int job = 0; job < form.jobs; ++job) {
+  for (int job = 0; job < count; ++job) {
     LayOnLine(crown[static_cast<std::size_t>(jobs.slot[job])].data(), field.elevations, line);
     const Alone alone(line, jobs.head[job]);
     ++counts.marched;

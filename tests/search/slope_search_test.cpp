@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/format.h"
+#include "engine/uniformity.h"
 #include "search_program.h"
 
 namespace torvale {
@@ -252,6 +253,47 @@ TEST_F(SlopeSearchTest, OnlyTheFallingSearchStopsForDesignOK) {
     host.event = nullptr;
     EXPECT_EQ(slopes.size() > 2, rising);
     EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");  // the command leads back in both cases
+  }
+}
+
+// Whatever the search had in flight, the record of a cancelled one is that of the trial at which Cancel was pressed:
+// its crown, its march, its uniformity, as a calculation of that crown alone has them.
+TEST_F(SlopeSearchTest, CancelLeavesTheFiguresOfATrial) {
+  for (const bool rising : {false, true}) {
+    SCOPED_TRACE(rising);
+    if (rising) {
+      RisingLine();
+    } else {
+      LevelLine();
+    }
+    cmdInterpolate_Click(program);
+    record.DesignType = kConstantSlope;
+    record.DesignOK = "True";
+    record.CancelFlag = false;
+    mnuDesignConstSlope_Click(program);
+    ASSERT_EQ(record.DesignOK, "True");
+    const float wanted = rising ? -0.00003F : 0.00003F;
+    WatchYields([&] {
+      if (record.SlopeDelta == wanted) cmdCancel_Click(program);
+    });
+    BestGradeEffic(program);
+    host.event = nullptr;
+    EXPECT_TRUE(record.CancelFlag);
+    EXPECT_EQ(record.SlopeDelta, wanted);
+    const DesignRecord cancelled = record;
+    record.CancelFlag = false;
+    record.DesignOK = "True";
+    LayCrown(program, wanted);
+    int tries = 0;
+    RunFlowCalc(program, tries);
+    EXPECT_TRUE(cancelled.DesignElev == record.DesignElev);
+    EXPECT_TRUE(cancelled.Head == record.Head);
+    EXPECT_TRUE(cancelled.FurrowFlow == record.FurrowFlow);
+    EXPECT_EQ(cancelled.MinHead, record.MinHead);
+    EXPECT_EQ(cancelled.AccumGPM, record.AccumGPM);
+    SortFurrows(record);
+    EXPECT_TRUE(cancelled.NormFurrowFlow == record.NormFurrowFlow);
+    mnuWindowInfo_Click(program);
   }
 }
 
