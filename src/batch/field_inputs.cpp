@@ -48,7 +48,7 @@ void SetPreferences(Program& program, const FieldRow& field) {
       Fail(field, "\"" + text + "\" is no size of the hole size table");
     }
     Type(field, program.main.txtDefault.at(index), text);
-    FocusLost(program, "txtDefault(" + std::to_string(index) + ")");
+    txtDefault_LostFocus(program, static_cast<int>(index));
   }
   TakePreferences(program);
 }

@@ -79,13 +79,6 @@ std::string FromCodePage(std::string_view bytes) {
   return text;
 }
 
-bool IsUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    if (TakeUtf8(bytes) == kNoCharacter) return false;
-  }
-  return true;
-}
-
 std::string ToCodePage(std::string_view utf8) {
   std::string bytes;
   bytes.reserve(utf8.size());

@@ -14,9 +14,6 @@ bool IsUtf8(std::string_view bytes);
 // number, so that any bytes come back as they were.
 std::string FromCodePage(std::string_view bytes);
 
-// Whether the bytes are a text in UTF-8.
-bool IsUtf8(std::string_view bytes);
-
 // The text in the code page, "?" for each character that the page lacks and for each byte that is no UTF-8.
 std::string ToCodePage(std::string_view utf8);
 

@@ -31,7 +31,7 @@ std::string NextInTabOrder(Program& program, std::string_view control, bool back
   const auto next = std::find_if(order.begin(), order.end(), [&](const NamedControl& c) {
     return TakesFocus(c) && ReachOf(program, c.name) == Reach::kUsable;
   });
-  return next == order.end() ? std::string(control) : next->name;
+  return next == order.end() ? std::string(control) : std::string(next->name);
 }
 
 }  // namespace torvale

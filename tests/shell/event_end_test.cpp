@@ -160,7 +160,7 @@ TEST_F(EventEndTest, NewOverEachDesignLeavesNothingOfIt) {
     const std::vector<NamedControl> now = ControlsOf(main);
     const std::vector<NamedControl> then = ControlsOf(fresh.main);
     for (std::size_t i = 0; i < now.size(); ++i) {
-      const std::string& name = now[i].name;
+      const std::string_view name = now[i].name;
       const bool speaks = name == "lblActiveInactive" || name == "lblAvgFurrowFlow" || name == "lblAcresTotal" ||
                           name == "lblEffic" || name == "lblCrownSlope" || name.starts_with("frmDisplay") ||
                           name == "GridInchesApplied" || name == "mnuProfile" || name == "mnuSurveyCopy" ||
