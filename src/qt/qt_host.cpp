@@ -192,7 +192,8 @@ bool QtHost::MayReplace(QWidget* dialog, const QString& path) {
   if (!file.exists()) return true;
   const std::string question = file.fileName().toStdString() + " is there already, in " +
                                QDir::toNativeSeparators(file.absolutePath()).toStdString() + ". Replace it?";
-  return Show(dialog, QMessageBox::Question, question, "", QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+  return Show(dialog, QMessageBox::Question, question, "", QMessageBox::Yes | QMessageBox::No, Explaining(question)) ==
+         QMessageBox::Yes;
 }
 
 // The dialog itself would ask about the name as typed, which is not yet the name that is written.

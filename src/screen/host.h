@@ -20,7 +20,7 @@ struct FileDialog {
   std::string name;     // preset file name
   // Saving: the file that will be written for a name that is chosen, which is the one to ask about where it is there.
   // Without it, the one chosen.
-  std::function<std::string(const std::string& chosen)> written;
+  std::function<std::string(const std::string& chosen)> written = {};
 };
 
 // The services of a windowing desktop that the program needs. The windows implement them with a toolkit, the script
