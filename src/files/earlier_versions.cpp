@@ -91,6 +91,7 @@ std::vector<Stored> StoredIn(const fs::path& folder) {
 
 std::vector<fs::path> Folders(Host& host) {
   std::vector<fs::path> folders;
+  if (host.UserDataFolder().empty()) return folders;
   std::error_code ignored;
   for (const fs::directory_entry& entry : fs::directory_iterator(VersionsFolder(host), ignored)) {
     if (entry.is_directory(ignored)) folders.push_back(entry.path());
@@ -243,6 +244,7 @@ void LayOut(Grid& grid, std::size_t rows) {
 
 std::string KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
                                const VersionLimits& limits) {
+  if (program.host.UserDataFolder().empty()) return "";
   const std::string file = TruePath(path);
   std::error_code ignored;
   if (!fs::is_regular_file(PathOf(file), ignored)) return "";

@@ -68,6 +68,7 @@ class ScenarioHost final : public Host {
   void SaveSetting(std::string_view /*key*/, std::string_view /*value*/) override {}
   std::string Today() override { return date; }
   std::string ProgramFolder() override;
+  std::string UserDataFolder() override { return ""; }
 
  private:
   std::string folder_;

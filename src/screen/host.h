@@ -77,7 +77,8 @@ class Host {
   // The folder of the program's data files (defaults, soils, help), without a separator at its end.
   virtual std::string ProgramFolder() = 0;
   // The folder for what the program keeps for its user unasked, as former contents of files, without a separator at its
-  // end; it may not be there yet. A desktop that knows no user keeps it beside the data files.
+  // end; it may not be there yet. A desktop that knows no user keeps it beside the data files. Empty where nothing is
+  // to be kept.
   virtual std::string UserDataFolder() { return ProgramFolder() + "/user"; }
 
   // The word with the disk before each step of writing a file: see DiskWatch.

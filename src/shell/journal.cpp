@@ -230,6 +230,7 @@ LostWork ReadJournal(std::string_view text) {
 }
 
 int WriteJournal(Host& host, Journal& journal, const InputTexts& now, bool stored) {
+  if (host.UserDataFolder().empty()) return 0;
   const bool open = journal.file.IsOpen();
   if (!journal.broken && (open ? journal.written == now && journal.stored == stored : stored)) return 0;
   const bool goes_on = open && !journal.broken && journal.size < kLongJournal;
@@ -263,6 +264,7 @@ void RemoveJournal(Journal& journal) {
 
 std::vector<LostWork> FindLostWork(Host& host) {
   std::vector<LostWork> found;
+  if (host.UserDataFolder().empty()) return found;
   std::error_code ignored;
   for (const fs::directory_entry& entry : fs::directory_iterator(PathOf(JournalFolder(host)), ignored)) {
     if (Utf8Of(entry.path().extension()) != kEnding) continue;

@@ -226,13 +226,27 @@ TEST(CompleteDesignTable, ShowsCircularGatesByTheirTravel) {
   EXPECT_EQ(line.main.Grid2.Text(3, kResultOpening), ".000");
 }
 
+// An area over next to no width is more than a number holds.
 TEST(CompleteDesignTable, PassesAFaultOfAGateToItsCaller) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 95);
+  line.AddSurvey("0", "1/4");
+  line.record.PipeKind = "R";
+  line.main.txtDefault[12].Set("1E-310");
+  for (int i = 1; i <= line.record.HoleRows; ++i) line.record.HoleArea[i] = 1;
+  EXPECT_THROW(CompleteDesignTable(line.program), RunTimeFault);
+}
+
+// The height of a rectangular gate is its area over its width: without a width there is none to show.
+TEST(CompleteDesignTable, ShowsNoOpeningOfAGateWithoutAWidth) {
   SmallLine line;
   line.record.PipeKind = "R";
   line.main.txtDefault[12].Set("0");
   line.AddHole(0, kQuarterInch, 95);
   line.AddSurvey("0", "1/4");
-  EXPECT_THROW(CompleteDesignTable(line.program), RunTimeFault);
+  CompleteDesignTable(line.program);
+  EXPECT_EQ(line.main.Grid2.Text(1, kResultOpening), "");
+  EXPECT_EQ(line.main.Grid2.Text(1, kResultStation), "0");
 }
 
 TEST(CompleteDesignTable, EndsOnTheResultsScreen) {

@@ -203,11 +203,21 @@ TEST(DisplayDesign, FillsTheTableThatTheToggleNames) {
   EXPECT_EQ(summary.record.ProfileScale, 2);
 }
 
+// An area over next to no width is more than a number holds.
 TEST(DisplayDesign, PassesAFaultOfAGateToItsCaller) {
   FinishedDesign design;
   design.record.PipeKind = "R";
-  design.main.txtDefault[12].Set("0");
+  design.main.txtDefault[12].Set("1E-310");
+  for (int i = 1; i <= design.record.HoleRows; ++i) design.record.HoleArea[i] = 1;
   EXPECT_THROW(DisplayDesign(design.program), RunTimeFault);
+}
+
+TEST(DisplayDesign, ShowsADesignWhoseGatesHaveNoWidth) {
+  FinishedDesign design;
+  design.record.PipeKind = "R";
+  design.main.txtDefault[12].Set("0");
+  DisplayDesign(design.program);
+  EXPECT_TRUE(design.main.Grid2.control.visible);
 }
 
 TEST(CmdDesignToggle, ChangesBetweenTheTables) {

@@ -194,6 +194,16 @@ TEST(SummaryTable, ShowsSupplyLineAtTheHead) {
   EXPECT_EQ(line.Row(1), "0|  Supply|Line||2.50|||60.00||10|15|");
 }
 
+// An area over next to no width is more than a number holds.
+TEST(SummaryTable, PassesAFaultOfAGateToItsCaller) {
+  SmallLine line;
+  AddTwoSizes(line);
+  line.record.PipeKind = "R";
+  line.main.txtDefault[12].Set("1E-310");
+  for (int i = 1; i <= line.record.HoleRows; ++i) line.record.HoleArea[i] = 1;
+  EXPECT_THROW(SummaryTable(line.program), RunTimeFault);
+}
+
 TEST(SummaryTable, ShowsADryFarEndByItsSurveyStation) {
   SmallLine line;
   for (const float station : {0.0F, 10.0F, 20.0F, 30.0F, 40.0F, 50.0F}) line.AddHole(station, kQuarterInch, 95);
@@ -318,12 +328,13 @@ TEST(SummaryTable, EndsAtASurveyStationThatIsNoNumber) {
   }
 }
 
-TEST(SummaryTable, PassesAFaultOfAGateToItsCaller) {
+TEST(SummaryTable, ShowsNoOpeningOfAGateWithoutAWidth) {
   SmallLine line;
   AddTwoSizes(line);
   line.record.PipeKind = "R";
   line.main.txtDefault[12].Set("");
-  EXPECT_THROW(SummaryTable(line.program), RunTimeFault);
+  SummaryTable(line.program);
+  EXPECT_EQ(line.main.Grid2.Text(1, kResultOpening), "");
 }
 
 }  // namespace
