@@ -21,6 +21,7 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "screen/file_choice.h"
+#include "screen/status_line.h"
 #include "search/design_commands.h"
 
 namespace torvale {
@@ -91,15 +92,16 @@ void CountTypedRows(Program& program) {
   }
 }
 
-void Save(Program& program) {
+// Gives back what there is to say of the version that was kept.
+std::string Save(Program& program) {
   program.record.SaveFileName = NameToWrite(program, program.record.SaveFileName);
   program.record.FileVersion = ProgramVersion();
   CountTypedRows(program);
   const std::string bytes = ToCodePage(WriteDesign(program));
-  const std::string kept = KeepEarlierVersion(program, program.record.SaveFileName, bytes);
+  std::string kept = KeepEarlierVersion(program, program.record.SaveFileName, bytes);
   WriteBytes(program, program.record.SaveFileName, bytes);
-  if (!kept.empty()) program.main.sbStatusBar.caption = kept;
   ++program.stored_count;
+  return kept;
 }
 
 void ChooseSoil(Program& program, const DesignExtras& extras) {
@@ -226,12 +228,14 @@ std::string NameToWrite(Program& program, std::string_view name) {
 }
 
 void SaveFile(Program& program) {
-  const int error = ErrorOf([&] { Save(program); });
-  if (error == 0) {
-    SayWritten(program, program.record.SaveFileName);
-  } else {
+  std::string kept;
+  const int error = ErrorOf([&] { kept = Save(program); });
+  if (error != 0) {
     program.host.Message("Error saving file, file not saved! " + ErrorNumber(error), "");
+    return;
   }
+  SayWritten(program, program.record.SaveFileName);
+  if (!kept.empty()) SayToo(program, kept);
 }
 
 void OpenFile(Program& program) {
