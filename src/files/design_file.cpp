@@ -241,12 +241,17 @@ void ShowWidths(Program& program, const std::optional<std::vector<std::string>>&
   }
 }
 
-// Whether a reader that goes by the holes alone gives the sheet its widths back.
+// Whether two cells hold one number, however it is written. An empty cell holds none.
+bool SameNumber(std::string_view a, std::string_view b) {
+  return a.empty() == b.empty() && Val(a) == Val(b);
+}
+
+// Whether a reader that goes by the holes alone gives the sheet its widths back, as numbers.
 bool WidthsArePaired(const Program& program) {
   const DesignRecord& record = program.record;
   for (int i = 1; i <= record.SurveyRows; ++i) {
     const std::string cell = FromCodePage(ToCodePage(AsTextField(program.main.Grid1.Text(i, kPlantedWidthColumn))));
-    if (PairedWidth(record, i).value_or("") != cell) return false;
+    if (!SameNumber(PairedWidth(record, i).value_or(""), cell)) return false;
   }
   return true;
 }

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "base/numbers.h"
+#include "engine/survey.h"
 #include "file_program.h"
 #include "files/design_file.h"
 #include "files/fields.h"
@@ -122,12 +123,15 @@ std::string Kept(const std::string& text) {
   return AsTextField(text);
 }
 
+// The planted widths go as numbers: one that is typed as 10 may come back as 10.00.
 std::vector<std::string> SheetOf(FileProgram& p) {
   std::vector<std::string> cells;
   for (int row = 1; row < p.main.Grid1.rows(); ++row) {
     for (int column = 0; column < 9; ++column) {
       const std::string& text = p.main.Grid1.Text(row, column);
-      if (!text.empty()) cells.push_back(std::to_string(row) + "," + std::to_string(column) + " " + Kept(text));
+      if (text.empty()) continue;
+      const std::string kept = column == kPlantedWidthColumn ? GeneralText(Val(Kept(text))) : Kept(text);
+      cells.push_back(std::to_string(row) + "," + std::to_string(column) + " " + kept);
     }
   }
   return cells;
@@ -223,6 +227,27 @@ TEST(SavedDesigns, AFlowBeyondAllNumbersOpens) {
   EXPECT_EQ(second.main.txtInfo[2].text(), "1e39");
   EXPECT_EQ(SheetOf(second), SheetOf(first));
   EXPECT_EQ(second.record.DesignType, kPlanned);
+}
+
+// A planted width goes by the hole of its row where that gives the same number back, and stands in the file by itself
+// where it does not: the first hole's is 10 and the second's, ten feet on, is 10 too.
+TEST(SavedDesigns, APlantedWidthComesBackAsTheSameNumber) {
+  struct Case {
+    std::string typed;
+    std::string opened;
+  };
+  for (const Case& c : {Case{"10", "10.00"}, Case{"10.0", "10.00"}, Case{"10.001", "10.001"}, Case{"33", "33"},
+                        Case{"", ""}, Case{"0", "0"}}) {
+    FileProgram first;
+    first.TypeSurvey();
+    mnuDesignField_Click(first.program);
+    first.main.Grid1.Set(2, kPlantedWidthColumn, c.typed);
+    ASSERT_EQ(first.Save(first.Path("a")), "");
+    FileProgram second;
+    second.FillPreferences();
+    ASSERT_EQ(second.Open(first.record.SaveFileName), "");
+    EXPECT_EQ(second.main.Grid1.Text(2, kPlantedWidthColumn), c.opened) << c.typed;
+  }
 }
 
 TEST(SavedDesigns, OpenAsTheyWere) {
