@@ -8,6 +8,7 @@
 
 #include "elsewhere.h"
 #include "script/runner.h"
+#include "support/without_folder.h"
 
 namespace torvale {
 namespace {
@@ -69,11 +70,13 @@ class TranscriptTest : public testing::TestWithParam<fs::path> {};
 
 TEST_P(TranscriptTest, IsAsExpected) {
   std::ifstream script(GetParam());
-  std::stringstream transcript;
+  std::ostringstream written;
   std::ostringstream errors;
+  std::stringstream transcript;
   {
     const ElsewhereForAWhile elsewhere;
-    EXPECT_EQ(RunScript(script, transcript, errors), kScriptDone);
+    EXPECT_EQ(RunScript(script, written, errors), kScriptDone);
+    transcript.str(WithoutFolder(written.str(), fs::current_path()));
     CheckSamples(GetParam());
   }
   EXPECT_EQ(errors.str(), "");
