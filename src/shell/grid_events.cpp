@@ -171,9 +171,11 @@ bool RunPlainKey(Program& program, std::string_view name, Grid& grid, const KeyS
 
 void RunGridKey(Program& program, std::string_view name, Grid& grid, const KeyStroke& stroke) {
   Activate(program, name);
+  // A caret has the first word: Delete takes its next character, not the cell.
+  if (grid.edit && !stroke.shift && CaretKey(grid, stroke.key)) return NameCause(program, name);
   if (RunGridCommand(program, name, stroke.key)) return;
   NameCause(program, name);
-  if (RunPlainKey(program, name, grid, stroke) || (!stroke.shift && CaretKey(grid, stroke.key))) return;
+  if (RunPlainKey(program, name, grid, stroke)) return;
   const Cell from = stroke.shift ? Cell{grid.row_sel, grid.column_sel} : Cell{grid.row, grid.column};
   if (const std::optional<Cell> to = TargetOf(grid, stroke.key, from)) {
     Point(program, name, *to, stroke.shift);
