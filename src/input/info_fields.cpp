@@ -192,6 +192,7 @@ void MoveFocus(Program& program, std::string_view control) {
   if (ReachOf(program, control) != Reach::kUsable) return;
   TextField* left = FindField(program, program.main.focus);
   if (left != nullptr && program.main.focus != control) left->Select(left->selection().start, 0);
+  const bool came = program.main.focus != control;
   program.main.focus = control;
   const int index = InfoIndex(control);
   if (index >= 0) {
@@ -200,7 +201,7 @@ void MoveFocus(Program& program, std::string_view control) {
     SelectWhereShown(program, *field);
   }
   const std::string_view hint = FocusHint(program, control);
-  if (!hint.empty()) program.main.sbStatusBar.caption = hint;
+  if (came && !hint.empty()) program.main.sbStatusBar.caption = hint;
   if (FindField(program, control) != nullptr) TellMark(program, control, "");
 }
 

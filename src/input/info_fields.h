@@ -31,8 +31,9 @@ void SetPipeKind(Program& program, std::string_view kind);
 void mnuLayflatPipe_Click(Program& program);
 void mnuRigidPipe_Click(Program& program);
 
-// Moves the focus to a control and runs what it does on gaining it; the status bar tells what the control is for, and
-// in a field that is left nothing stays selected. A control that the user can't reach leaves the focus where it is.
+// Moves the focus to a control and runs what it does on gaining it; the status bar tells what the control is for, but
+// keeps its news where the focus is there already, and in a field that is left nothing stays selected. A control that
+// the user can't reach leaves the focus where it is.
 void MoveFocus(Program& program, std::string_view control);
 
 // A control that is gone leaves the focus to the results where they are shown, or else to the survey sheet. Where the

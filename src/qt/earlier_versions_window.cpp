@@ -35,10 +35,11 @@ EarlierVersionsWindow::EarlierVersionsWindow(Program& program, Run run, QWidget*
 
 void EarlierVersionsWindow::Connect(const ControlView& view) {
   const std::string name(view.named.name);
+  const ControlFacts& facts = *view.named.facts;
+  view.widget->setAccessibleName(ToQt(facts.spoken.empty() ? facts.caption : facts.spoken).remove('&'));
   if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
     connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
   } else if (view.named.kind == ControlKind::kGrid) {
-    view.widget->setAccessibleName(ToQt(view.named.facts->spoken));
     GridEvents events;
     events.key = [this](const KeyStroke& stroke) { run_([&] { GridKey(program_, kGrid, stroke); }); };
     events.point = [this](int row, int column, bool extend) {
