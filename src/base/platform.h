@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace torvale {
 
@@ -24,6 +27,9 @@ struct FileFacts {
 
 // A path at which nothing stands is no error.
 int LookAt(const std::filesystem::path& path, FileFacts& facts);
+
+// A file to be read, its bytes as they are. Null, and the error in errno, where it can't be opened.
+std::FILE* OpenToRead(const std::filesystem::path& path);
 
 // A file that is open for writing. It closes at its end; only `Close` tells of what could not be written by then.
 class OutputFile {
@@ -74,5 +80,11 @@ std::uint64_t ProcessNumber();
 // The folder for what the program keeps for its user and the user doesn't look for: recovery, former contents of
 // files. It may not be there yet. Empty where the user has no folder at all.
 std::filesystem::path UserDataFolder();
+
+// What stands behind the program's name on its command line, as UTF-8.
+std::vector<std::string> ArgumentsOf(int argc, char** argv);
+
+// Lets the standard streams carry bytes as they are, where a system would change line ends.
+void KeepStandardStreamsAsBytes();
 
 }  // namespace torvale

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -81,6 +82,10 @@ int LookAt(const std::filesystem::path& path, FileFacts& facts) {
   facts.owner = status.st_uid;
   facts.group = status.st_gid;
   return 0;
+}
+
+std::FILE* OpenToRead(const std::filesystem::path& path) {
+  return std::fopen(path.c_str(), "rb");
 }
 
 OutputFile::OutputFile(OutputFile&& other) noexcept : handle_(std::exchange(other.handle_, kNone)) {}
@@ -177,5 +182,11 @@ std::filesystem::path UserDataFolder() {
   const std::filesystem::path home = HomeFolder();
   return home.empty() ? home : home / ".local" / "share" / "torvale";
 }
+
+std::vector<std::string> ArgumentsOf(int argc, char** argv) {
+  return {argv + std::min(argc, 1), argv + argc};
+}
+
+void KeepStandardStreamsAsBytes() {}
 
 }  // namespace torvale

@@ -1,81 +1,144 @@
 #include <windows.h>
+// The order matters: the headers of the shell need those above.
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+#include <shlobj.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
+#include <string>
 #include <utility>
 
+#include "base/paths.h"
 #include "base/platform.h"
 
 namespace torvale {
 namespace {
 
-// The number that errno has for what the system calls otherwise.
-int ErrorNumber(DWORD error) {
-  switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
-    case ERROR_BAD_NETPATH:
-      return ENOENT;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_WRITE_PROTECT:
-      return EACCES;
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-      return EEXIST;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-      return ENOSPC;
-    case ERROR_TOO_MANY_OPEN_FILES:
-      return EMFILE;
-    case ERROR_NOT_SAME_DEVICE:
-      return EXDEV;
-    case ERROR_FILENAME_EXCED_RANGE:
-      return ENAMETOOLONG;
-    default:
-      return EIO;
-  }
+namespace fs = std::filesystem;
+
+struct Translation {
+  DWORD windows;
+  int as_errno;
+};
+
+constexpr std::array<Translation, 30> kErrors = {{
+    {ERROR_FILE_NOT_FOUND, ENOENT},
+    {ERROR_PATH_NOT_FOUND, ENOENT},
+    {ERROR_INVALID_NAME, ENOENT},
+    {ERROR_INVALID_DRIVE, ENOENT},
+    {ERROR_BAD_PATHNAME, ENOENT},
+    {ERROR_BAD_NETPATH, ENOENT},
+    {ERROR_BAD_NET_NAME, ENOENT},
+    {ERROR_BAD_UNIT, ENOENT},
+    {ERROR_ACCESS_DENIED, EACCES},
+    {ERROR_NETWORK_ACCESS_DENIED, EACCES},
+    {ERROR_SHARING_VIOLATION, EACCES},
+    {ERROR_LOCK_VIOLATION, EACCES},
+    {ERROR_USER_MAPPED_FILE, EACCES},
+    {ERROR_UNABLE_TO_REMOVE_REPLACED, EACCES},
+    {ERROR_UNABLE_TO_MOVE_REPLACEMENT, EACCES},
+    {ERROR_UNABLE_TO_MOVE_REPLACEMENT_2, EACCES},
+    {ERROR_PRIVILEGE_NOT_HELD, EPERM},
+    {ERROR_WRITE_PROTECT, EROFS},
+    {ERROR_FILE_EXISTS, EEXIST},
+    {ERROR_ALREADY_EXISTS, EEXIST},
+    {ERROR_DISK_FULL, ENOSPC},
+    {ERROR_HANDLE_DISK_FULL, ENOSPC},
+    {ERROR_FILENAME_EXCED_RANGE, ENAMETOOLONG},
+    {ERROR_BUFFER_OVERFLOW, ENAMETOOLONG},
+    {ERROR_DIRECTORY, ENOTDIR},
+    {ERROR_NOT_SAME_DEVICE, EXDEV},
+    {ERROR_NOT_ENOUGH_MEMORY, ENOMEM},
+    {ERROR_TOO_MANY_OPEN_FILES, EMFILE},
+    {ERROR_INVALID_PARAMETER, EINVAL},
+    {ERROR_NOT_READY, ENODEV},
+}};
+
+// The error of the call that just failed.
+int LastError() {
+  const DWORD error = ::GetLastError();
+  const auto* const found =
+      std::find_if(kErrors.begin(), kErrors.end(), [&](const Translation& entry) { return entry.windows == error; });
+  return found == kErrors.end() ? EIO : found->as_errno;
 }
 
-int LastError() {
-  return ErrorNumber(::GetLastError());
+// Paths that come near to MAX_PATH need another form to be let through; a folder must leave room for a short name.
+constexpr std::size_t kLongestPlainPath = MAX_PATH - 14;
+
+std::wstring FormOf(const fs::path& path) {
+  const std::wstring plain = path.native();
+  const DWORD room = ::GetFullPathNameW(plain.c_str(), 0, nullptr, nullptr);
+  if (room <= kLongestPlainPath) return plain;
+  std::wstring full(room, L'\0');
+  full.resize(::GetFullPathNameW(plain.c_str(), room, full.data(), nullptr));
+  if (full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return full;
+  return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+// Others may read while we write.
+constexpr DWORD kShareWhileWriting = FILE_SHARE_READ | FILE_SHARE_DELETE;
 
 HANDLE HandleOf(std::intptr_t handle) {
-  return reinterpret_cast<HANDLE>(handle);
+  return reinterpret_cast<HANDLE>(handle);  // NOLINT(performance-no-int-to-ptr)
 }
 
-int OpenInto(std::intptr_t& handle, const std::filesystem::path& path, DWORD access, DWORD disposition) {
-  const HANDLE file =
-      ::CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  handle = reinterpret_cast<std::intptr_t>(file);
-  return file == INVALID_HANDLE_VALUE ? LastError() : 0;
+// A handle for looking at what stands there, which nothing else that has it open forbids. The flag is for folders.
+HANDLE OpenToLook(const std::wstring& path, DWORD access) {
+  return ::CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+// Whether the rights let the user write; a file that another program keeps for itself at the moment counts as well.
+bool MayWrite(const std::wstring& path) {
+  const HANDLE handle = OpenToLook(path, FILE_WRITE_DATA);
+  if (handle == INVALID_HANDLE_VALUE) return ::GetLastError() == ERROR_SHARING_VIOLATION;
+  ::CloseHandle(handle);
+  return true;
+}
+
+int OpenInto(std::intptr_t& handle, const fs::path& path, DWORD access, DWORD how) {
+  const HANDLE opened =
+      ::CreateFileW(FormOf(path).c_str(), access, kShareWhileWriting, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) return LastError();
+  handle = reinterpret_cast<std::intptr_t>(opened);
+  return 0;
+}
+
+// ReplaceFile keeps who may read and write the file, its attributes and the moment of its making. Not every file system
+// knows it, and where it fails half way, a plain move does the rest.
+bool Replace(const std::wstring& from, const std::wstring& to) {
+  constexpr DWORD kFlags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
+  if (::ReplaceFileW(to.c_str(), from.c_str(), nullptr, kFlags, nullptr, nullptr) != 0) return true;
+  return ::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
 }  // namespace
 
-int LookAt(const std::filesystem::path& path, FileFacts& facts) {
+int LookAt(const fs::path& path, FileFacts& facts) {
   facts = {};
   if (path.empty()) return ENOENT;
-  const HANDLE file =
-      ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-  if (file == INVALID_HANDLE_VALUE) {
-    const DWORD error = ::GetLastError();
-    return error == ERROR_FILE_NOT_FOUND ? 0 : ErrorNumber(error);
+  const std::wstring form = FormOf(path);
+  const HANDLE handle = OpenToLook(form, FILE_READ_ATTRIBUTES);
+  if (handle == INVALID_HANDLE_VALUE) {
+    const int error = LastError();
+    return error == ENOENT ? 0 : error;
   }
-  BY_HANDLE_FILE_INFORMATION status{};
   facts.is_there = true;
-  // A device or a pipe tells nothing of itself.
-  const bool known = ::GetFileType(file) == FILE_TYPE_DISK && ::GetFileInformationByHandle(file, &status) != 0;
-  ::CloseHandle(file);
-  if (!known) return 0;
-  facts.is_folder = (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  BY_HANDLE_FILE_INFORMATION info{};
+  // Consoles, printers and the like have none.
+  const bool has_info = ::GetFileType(handle) == FILE_TYPE_DISK && ::GetFileInformationByHandle(handle, &info) != 0;
+  ::CloseHandle(handle);
+  if (!has_info) return 0;
+  facts.is_folder = (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   facts.is_regular = !facts.is_folder;
-  facts.is_writable = (status.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0;
-  facts.links = status.nNumberOfLinks;
+  // On a folder the mark of what only is read means something else.
+  const bool marked = facts.is_regular && (info.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+  facts.is_writable = !marked && MayWrite(form);
+  facts.links = info.nNumberOfLinks;
   return 0;
 }
 
@@ -86,23 +149,23 @@ OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
   return *this;
 }
 
-// A folder hands its rights down; the folder of the user's data is the user's alone.
-int OutputFile::Create(const std::filesystem::path& path, bool /*for_user_alone*/) {
+// Who may read a new file is the folder's to say, also for the user alone: the user's own folders are closed to others.
+int OutputFile::Create(const fs::path& path, bool /*for_user_alone*/) {
   Close();
   return OpenInto(handle_, path, GENERIC_WRITE, CREATE_NEW);
 }
 
-int OutputFile::OpenAsItIs(const std::filesystem::path& path) {
+int OutputFile::OpenAsItIs(const fs::path& path) {
   Close();
   return OpenInto(handle_, path, GENERIC_WRITE, OPEN_EXISTING);
 }
 
-int OutputFile::OpenToAppend(const std::filesystem::path& path) {
+int OutputFile::OpenToAppend(const fs::path& path) {
   Close();
   return OpenInto(handle_, path, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS);
 }
 
-// The replaced file's rights are carried over by `RenameOver`.
+// RenameOver leaves them as they are.
 int OutputFile::TakeRights(const FileFacts& /*other*/) {
   return 0;
 }
@@ -113,21 +176,23 @@ int OutputFile::Hold() {
 }
 
 int OutputFile::Write(std::string_view bytes) {
+  constexpr std::size_t kMostAtOnce = std::size_t{1} << 20U;
   while (!bytes.empty()) {
     DWORD count = 0;
-    const auto part = static_cast<DWORD>(bytes.size() < 0x10000000 ? bytes.size() : 0x10000000);
+    const auto part = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
     if (::WriteFile(HandleOf(handle_), bytes.data(), part, &count, nullptr) == 0) return LastError();
+    if (count == 0) return ENOSPC;
     bytes.remove_prefix(count);
   }
   return 0;
 }
 
 int OutputFile::EndHere() {
-  return ::SetEndOfFile(HandleOf(handle_)) == 0 ? LastError() : 0;
+  return ::SetEndOfFile(HandleOf(handle_)) != 0 ? 0 : LastError();
 }
 
 int OutputFile::Flush() {
-  return ::FlushFileBuffers(HandleOf(handle_)) == 0 ? LastError() : 0;
+  return ::FlushFileBuffers(HandleOf(handle_)) != 0 ? 0 : LastError();
 }
 
 int OutputFile::Close() {
@@ -135,16 +200,24 @@ int OutputFile::Close() {
   return handle == kNone || ::CloseHandle(HandleOf(handle)) != 0 ? 0 : LastError();
 }
 
-int RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {
-  // Keeps attributes and rights of the file that goes; there must be one.
-  if (::ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0)
-    return 0;
-  if (::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;
-  return LastError();
+// A program that looks for viruses or makes an index may hold a new file for a blink.
+int RenameOver(const fs::path& from, const fs::path& to) {
+  constexpr int kTries = 6;
+  constexpr DWORD kFirstWait = 10;  // milliseconds; each is twice the one before
+  const std::wstring source = FormOf(from);
+  const std::wstring target = FormOf(to);
+  int error = 0;
+  for (int i = 0; i < kTries; ++i) {
+    if (i > 0) ::Sleep(kFirstWait << static_cast<unsigned>(i));
+    if (Replace(source, target)) return 0;
+    error = LastError();
+    if (error != EACCES) break;
+  }
+  return error;
 }
 
-// Names are written by the system's own journal.
-int FlushFolder(const std::filesystem::path& /*folder*/) {
+// The system has nothing for it; a move that writes through is on the disk when it returns.
+int FlushFolder(const fs::path& /*folder*/) {
   return 0;
 }
 
@@ -152,9 +225,32 @@ std::uint64_t ProcessNumber() {
   return ::GetCurrentProcessId();
 }
 
-std::filesystem::path UserDataFolder() {
-  const wchar_t* const data = ::_wgetenv(L"LOCALAPPDATA");
-  return data == nullptr || *data == L'\0' ? std::filesystem::path() : std::filesystem::path(data) / "TORVALE";
+fs::path UserDataFolder() {
+  PWSTR found = nullptr;
+  fs::path folder;
+  if (::SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &found) == S_OK) folder = fs::path(found) / "TORVALE";
+  ::CoTaskMemFree(found);
+  return folder;
+}
+
+std::FILE* OpenToRead(const fs::path& path) {
+  errno = 0;
+  return ::_wfopen(FormOf(path).c_str(), L"rb");
+}
+
+std::vector<std::string> ArgumentsOf(int /*argc*/, char** /*argv*/) {
+  // The narrow ones have lost the letters outside of the user's code page.
+  int count = 0;
+  LPWSTR* const wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(Utf8Of(wide[i]));
+  ::LocalFree(wide);
+  return arguments;
+}
+
+void KeepStandardStreamsAsBytes() {
+  for (std::FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
+  ::SetConsoleOutputCP(CP_UTF8);
 }
 
 }  // namespace torvale

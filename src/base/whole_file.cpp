@@ -4,7 +4,8 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
-#include <fstream>
+#include <cstdio>
+#include <memory>
 #include <string>
 #include <system_error>
 
@@ -25,6 +26,11 @@ constexpr std::array<int, 6> kNotBeside = {EACCES, EPERM, EROFS, EBUSY, EXDEV, E
 
 bool IsNotBeside(int error) {
   return std::find(kNotBeside.begin(), kNotBeside.end(), error) != kNotBeside.end();
+}
+
+// As errno has it: a system may have numbers of its own.
+int NumberOf(const std::error_code& error) {
+  return error.default_error_condition().value();
 }
 
 // The steps of one file's writing, each after a word with the watch.
@@ -48,15 +54,15 @@ class Disk {
 
   // The rest of what stands at `from`.
   int Copy(OutputFile& file, const fs::path& path, const fs::path& from) const {
-    std::ifstream source(from, std::ios::binary);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> source(OpenToRead(from), &std::fclose);
     if (!source) return EIO;
     std::string block(kBlock, '\0');
     for (;;) {
-      source.read(block.data(), static_cast<std::streamsize>(block.size()));
-      if (source.bad()) return EIO;
-      const int error = Write(file, path, std::string_view(block).substr(0, static_cast<std::size_t>(source.gcount())));
+      const std::size_t count = std::fread(block.data(), 1, block.size(), source.get());
+      if (std::ferror(source.get()) != 0) return EIO;
+      if (count == 0) return 0;
+      const int error = Write(file, path, std::string_view(block).substr(0, count));
       if (error != 0) return error;
-      if (!source) return 0;
     }
   }
 
@@ -71,7 +77,7 @@ class Disk {
     return Take(DiskStep::kRemove, path, [&] {
       std::error_code error;
       fs::remove(path, error);
-      return error.value();
+      return NumberOf(error);
     });
   }
 
@@ -82,7 +88,7 @@ class Disk {
       std::error_code error;
       fs::create_directories(path, error);
       if (!error) fs::permissions(path, fs::perms::owner_all, error);
-      return error.value();
+      return NumberOf(error);
     });
   }
 
@@ -107,7 +113,7 @@ int FollowLinks(fs::path& path) {
   for (int i = 0; i < kMostLinks; ++i) {
     if (!fs::is_symlink(fs::symlink_status(path, error))) return 0;
     const fs::path next = fs::read_symlink(path, error);
-    if (error) return error.value();
+    if (error) return NumberOf(error);
     path = path.parent_path() / next;
   }
   return ELOOP;

@@ -31,9 +31,9 @@ using OpenFilePointer = std::unique_ptr<std::FILE, Closer>;
   throw FileFault{errno == 0 ? EIO : errno};
 }
 
-OpenFilePointer Open(const std::string& path, const char* mode) {
+OpenFilePointer Open(const fs::path& path) {
   errno = 0;
-  OpenFilePointer file(std::fopen(path.c_str(), mode));
+  OpenFilePointer file(OpenToRead(path));
   if (!file) Fail();
   return file;
 }
@@ -46,7 +46,8 @@ std::string ReadBytes(const std::string& path) {
   if (LookAt(PathOf(path), facts) == 0 && facts.is_there && !facts.is_regular && !facts.is_folder) {
     throw FileFault{EOPNOTSUPP};
   }
-  const OpenFilePointer file = Open(path, "rb");
+  if (facts.is_folder) throw FileFault{EISDIR};
+  const OpenFilePointer file = Open(PathOf(path));
   std::string bytes;
   std::string block(kBlock, '\0');
   for (;;) {

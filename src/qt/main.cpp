@@ -9,6 +9,7 @@
 #include "base/platform.h"
 #include "base/version.h"
 #include "qt/main_window.h"
+#include "qt/native_look.h"
 #include "qt/own_icons.h"
 #include "qt/program_folder.h"
 #include "qt/qt_host.h"
@@ -42,13 +43,18 @@ int main(int argc, char** argv) {
     std::cout << printed << std::flush;
     return 0;
   }
+  AskForDesktopColours();
   QApplication application(argc, argv);
+  UseDesktopLook();
   QApplication::setApplicationName(ToQt(kProgramTitle));
   QApplication::setOrganizationName(ToQt(kProgramTitle));
   QApplication::setWindowIcon(OwnIcon("torvale"));
   // By this a desktop finds the icon and the menu entry of the window.
   QApplication::setDesktopFileName("torvale");
-  QtHost host(FindProgramFolder(QApplication::applicationDirPath(),
+  const QString executable_folder = QApplication::applicationDirPath();
+  FileFacts facts;
+  const bool may_write = LookAt(PathOf(executable_folder.toStdString()), facts) == 0 && facts.is_writable;
+  QtHost host(FindProgramFolder(executable_folder, may_write,
                                 QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
               QString::fromStdString(Utf8Of(UserDataFolder())));
   Program program(host);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -96,7 +97,7 @@ void MainWindow::RunClick(const std::string& name) {
 }
 
 void MainWindow::OpenDesign(const QString& path) {
-  Run([&] { FileDropped(program_, path.toStdString()); });
+  Run([&] { FileDropped(program_, QDir::toNativeSeparators(path).toStdString()); });
 }
 
 void MainWindow::ExplainMessage(const std::string& body) {

@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <filesystem>
+#include <system_error>
 
 #include "files/preferences.h"
 #include "files/soils.h"
@@ -11,10 +13,16 @@
 namespace torvale {
 namespace {
 
-constexpr QFile::Permissions kOwnerWrites = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
+constexpr QFile::Permissions kAllRead = QFile::ReadOwner | QFile::ReadUser | QFile::ReadGroup | QFile::ReadOther;
+constexpr QFile::Permissions kOwnerWrites = kAllRead | QFile::WriteOwner | QFile::WriteUser;
 
 bool IsWrittenByTheProgram(const QString& name) {
   return name == ToQt(kDefaultsFile) || name == ToQt(kSoilsFile);
+}
+
+// A copy beside its programs holds those too.
+bool IsAProgram(const QFileInfo& entry) {
+  return entry.isFile() && entry.isExecutable();
 }
 
 void CopyOnce(const QString& from, const QString& to) {
@@ -22,28 +30,63 @@ void CopyOnce(const QString& from, const QString& to) {
   if (!QFile::exists(to) && QFile::copy(from, to)) QFile::setPermissions(to, kOwnerWrites);
 }
 
-void Link(const QString& from, const QString& to) {
+bool IsCopyOf(const QFileInfo& copy, const QFileInfo& installed) {
+  return copy.size() == installed.size() && copy.lastModified() == installed.lastModified();
+}
+
+std::error_code MakeLink(const QString& from, const QString& to) {
+  std::error_code error;
+  std::filesystem::create_symlink(QFileInfo(from).filesystemAbsoluteFilePath(),
+                                  QFileInfo(to).filesystemAbsoluteFilePath(), error);
+  return error;
+}
+
+// A system may have no links, or none for everybody.
+void Link(const QFileInfo& from, const QString& to) {
   const QFileInfo former(to);
-  if (former.isSymLink() && former.symLinkTarget() != from) QFile::remove(to);
-  QFile::link(from, to);
+  if (former.isSymLink() && former.symLinkTarget() != from.filePath()) QFile::remove(to);
+  const std::error_code error = MakeLink(from.filePath(), to);
+  if (error && error != std::errc::file_exists) FollowByCopies(from.filePath(), to);
 }
 
 void Fill(const QDir& user, const QDir& installed) {
   for (const QFileInfo& entry : installed.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
     const QString own = user.filePath(entry.fileName());
+    if (IsAProgram(entry)) continue;
     if (IsWrittenByTheProgram(entry.fileName())) {
       CopyOnce(entry.filePath(), own);
     } else {
-      Link(entry.filePath(), own);
+      Link(entry, own);
     }
   }
 }
 
 }  // namespace
 
-QString FindProgramFolder(const QString& executable_folder, const QString& user_folder) {
-  const QDir installed(QDir::cleanPath(executable_folder + "/../share/torvale"));
-  if (!installed.exists() && QFileInfo(executable_folder).isWritable()) return executable_folder;
+void FollowByCopies(const QString& installed, const QString& copy) {
+  const QFileInfo from(installed);
+  if (from.isDir()) {
+    QDir().mkpath(copy);
+    for (const QFileInfo& entry : QDir(installed).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+      FollowByCopies(entry.filePath(), QDir(copy).filePath(entry.fileName()));
+    }
+    return;
+  }
+  const QFileInfo former(copy);
+  if (former.exists()) {
+    if ((former.permissions() & QFile::WriteOwner) != 0 || IsCopyOf(former, from)) return;
+    QFile::setPermissions(copy, kOwnerWrites);
+    QFile::remove(copy);
+  }
+  if (QFile::copy(installed, copy)) QFile::setPermissions(copy, kAllRead);
+}
+
+QString FindProgramFolder(const QString& executable_folder, bool may_write_there, const QString& user_folder) {
+  QDir installed(QDir::cleanPath(executable_folder + "/../share/torvale"));
+  if (!installed.exists()) {
+    if (may_write_there) return executable_folder;
+    installed.setPath(executable_folder);
+  }
   if (!QDir().mkpath(user_folder)) return installed.path();
   Fill(QDir(user_folder), installed);
   return user_folder;

@@ -108,7 +108,7 @@ void TypeAheadOfExtension(const QFileDialog& dialog) {
 
 std::optional<std::string> Chosen(const QString& path) {
   if (path.isEmpty()) return std::nullopt;
-  return path.toStdString();
+  return QDir::toNativeSeparators(path).toStdString();
 }
 
 }  // namespace

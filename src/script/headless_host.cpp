@@ -6,6 +6,7 @@
 #include <random>
 #include <system_error>
 
+#include "base/paths.h"
 #include "files/soils.h"
 #include "screen/main_screen.h"
 #include "script/quoting.h"
@@ -38,7 +39,8 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 HeadlessHost::HeadlessHost(std::ostream& transcript, const std::string& data_folder) : transcript_(transcript) {
-  if (std::filesystem::is_directory(data_folder)) std::filesystem::copy(data_folder, folder_.path());
+  const std::filesystem::path data = PathOf(data_folder);
+  if (std::filesystem::is_directory(data)) std::filesystem::copy(data, folder_.path());
   // Opened for appending: a list of no soils where there is none yet.
   std::ofstream(folder_.path() / kSoilsFile, std::ios::app);
 }
@@ -132,7 +134,7 @@ bool HeadlessHost::PrintProfile() {
 }
 
 bool HeadlessHost::WriteProfile(const std::string& path) {
-  transcript_ << "crown profile written to " << Quoted(std::filesystem::path(path).filename().string()) << '\n';
+  transcript_ << "crown profile written to " << Quoted(Utf8Of(PathOf(path).filename())) << '\n';
   return true;
 }
 
@@ -160,7 +162,7 @@ std::string HeadlessHost::Today() {
 }
 
 std::string HeadlessHost::ProgramFolder() {
-  return folder_.path().string();
+  return Utf8Of(folder_.path());
 }
 
 }  // namespace torvale

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/paths.h"
+#include "base/platform.h"
 #include "base/version.h"
 #include "script/runner.h"
 
@@ -25,12 +27,14 @@ int Refuse(const std::string& reason) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  using torvale::PathOf;
+  torvale::KeepStandardStreamsAsBytes();
   std::ios::sync_with_stdio(false);
 #ifdef SIGPIPE
   // A reader that stops early must not cost the end of the run, which takes the temporary folder away.
   std::signal(SIGPIPE, SIG_IGN);
 #endif
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const std::vector<std::string> arguments = torvale::ArgumentsOf(argc, argv);
   std::string data_folder;
   std::string file;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -51,10 +55,10 @@ int main(int argc, char** argv) {
       file = arguments[i];
     }
   }
-  if (!data_folder.empty() && !std::filesystem::is_directory(data_folder))
+  if (!data_folder.empty() && !std::filesystem::is_directory(PathOf(data_folder)))
     return Refuse("no such folder: " + data_folder);
   if (file.empty()) return torvale::RunScript(std::cin, std::cout, std::cerr, data_folder);
-  std::ifstream script(file);
+  std::ifstream script(PathOf(file), std::ios::binary);
   if (!script) return Refuse("can't read " + file);
   return torvale::RunScript(script, std::cout, std::cerr, data_folder);
 }

@@ -24,7 +24,7 @@ class ProgramFolderTest : public ::testing::Test {
   }
   QString At(const QString& name) const { return QDir::cleanPath(root_.filePath(name)); }
   // The start of a program that is installed below `prefix`, of a user whose own folder is "user/data".
-  QString Start(const QString& prefix) { return FindProgramFolder(At(prefix + "/bin"), At("user/data")); }
+  QString Start(const QString& prefix) { return FindProgramFolder(At(prefix + "/bin"), true, At("user/data")); }
   void Install(const QString& prefix, const char* help) {
     Write(prefix + "/bin/torvale", "");
     Write(prefix + "/share/torvale/Default50.TVL", "100\r\n");
@@ -38,7 +38,7 @@ class ProgramFolderTest : public ::testing::Test {
 
 TEST_F(ProgramFolderTest, APortableCopyKeepsItsDataBesideIt) {
   Write("copy/torvale", "");
-  EXPECT_EQ(FindProgramFolder(At("copy"), At("user")), At("copy"));
+  EXPECT_EQ(FindProgramFolder(At("copy"), true, At("user")), At("copy"));
   EXPECT_FALSE(QFile::exists(At("user")));
 }
 
@@ -89,6 +89,39 @@ TEST_F(ProgramFolderTest, WithoutAFolderOfTheUserTheInstalledFilesServe) {
   Install("usr", "help");
   Write("user", "a file where the folder should be");
   EXPECT_EQ(Start("usr"), At("usr/share/torvale"));
+}
+
+TEST_F(ProgramFolderTest, APortableCopyOnADiskThatIsOnlyReadServesAsInstalled) {
+  Write("copy/torvale", "");
+  ASSERT_TRUE(QFile::setPermissions(At("copy/torvale"), QFile::ReadOwner | QFile::ExeOwner));
+  Write("copy/Default50.TVL", "100\r\n");
+  Write("copy/TORVALEHELP.hlp", "help");
+  EXPECT_EQ(FindProgramFolder(At("copy"), false, At("user")), At("user"));
+  EXPECT_EQ(Read("user/Default50.TVL"), "100\r\n");
+  EXPECT_EQ(Read("user/TORVALEHELP.hlp"), "help");
+  EXPECT_FALSE(QFile::exists(At("user/torvale")));
+}
+
+TEST_F(ProgramFolderTest, CopiesFollowWhatIsInstalledAndCanOnlyBeRead) {
+  Install("usr", "first edition");
+  FollowByCopies(At("usr/share/torvale"), At("user"));
+  EXPECT_EQ(Read("user/TORVALEHELP.hlp"), "first edition");
+  EXPECT_EQ(Read("user/help/sheet.png"), "first edition");
+  EXPECT_FALSE(QFile::permissions(At("user/help/sheet.png")) & QFile::WriteOwner);
+  Install("usr", "second and longer edition");
+  FollowByCopies(At("usr/share/torvale"), At("user"));
+  EXPECT_EQ(Read("user/TORVALEHELP.hlp"), "second and longer edition");
+  EXPECT_EQ(Read("user/help/sheet.png"), "second and longer edition");
+  EXPECT_FALSE(QFile::permissions(At("user/help/sheet.png")) & QFile::WriteOwner);
+}
+
+TEST_F(ProgramFolderTest, WhatTheUserPutInTheCopysPlaceStays) {
+  Install("usr", "help");
+  FollowByCopies(At("usr/share/torvale"), At("user"));
+  ASSERT_TRUE(QFile::setPermissions(At("user/TORVALEHELP.hlp"), QFile::ReadOwner | QFile::WriteOwner));
+  Write("user/TORVALEHELP.hlp", "my own notes");
+  FollowByCopies(At("usr/share/torvale"), At("user"));
+  EXPECT_EQ(Read("user/TORVALEHELP.hlp"), "my own notes");
 }
 
 }  // namespace

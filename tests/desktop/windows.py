@@ -1,0 +1,292 @@
+#!/usr/bin/python3
+"""windows.py BUILD SCRIPT_PROGRAM PICTURES: drives the program for Windows under Wine, on a virtual display, in a Wine of
+its own: BUILD is the folder that scripts/make_windows.sh filled. What the keys give must be what the same work gives
+without a window, replayed by SCRIPT_PROGRAM on this system. The folder PICTURES gets a picture of each step.
+
+Run it under dbus-run-session."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import zipfile
+
+from desk import Desk, Trouble, wait_for
+from end_to_end import COPIED_COLUMNS, DATE, GPM, HEAD, LENGTH, NAME, READINGS, expected, letters, paper, script_of
+
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
+WINE = str(PROJECT / "scripts/wine.sh")
+SAMPLE = PROJECT / "data/samples/ditch_corner.PFD"
+FOREIGN_NAME = "Žitné pole, поле, 葡萄園.PFD"
+PLANNED = "TORVALE +Planned Field Design"
+PATIENCE = 90  # seconds; a start under Wine on a busy machine takes some
+KINDS = (".pfd", ".csd", ".dsd", ".csh", ".xfd", ".lhd", ".dat")
+
+
+def here(path):
+    """A path of this system as Windows has it under Wine."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def wine(*arguments):
+    done = subprocess.run([WINE, *map(str, arguments)], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=300)
+    return done.returncode, done.stdout.decode("utf-8", "replace")
+
+
+class WineDesk(Desk):
+    """A display on which programs for Windows are seen by the titles of their windows."""
+
+    def start_there(self, *command):
+        self.program = subprocess.Popen([WINE, *map(str, command)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                        cwd=self.folder)
+
+    def titled(self, title):
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], capture_output=True,
+                              text=True).stdout.split()
+
+    def await_title(self, title):
+        window = wait_for(f"a window with the title {title}", lambda: self.titled(title), PATIENCE)[-1]
+        time.sleep(1)
+        return window
+
+    def await_main_window(self, title="^TORVALE"):
+        self.await_title(title)
+        # The splash screen stands over it for two seconds.
+        time.sleep(3)
+        wait_for("the main window", lambda: self.titled(title), PATIENCE)
+
+    def answer_file_dialog(self, title, path):
+        self.await_title(title)
+        self.keys("ctrl+a")
+        self.type(here(path))
+        self.keys("Return")
+        wait_for(f"the end of the dialog {title}", lambda: not self.titled(title), PATIENCE)
+
+    def leave(self):
+        self.keys("alt+f", "x")
+        try:
+            status = self.program.wait(timeout=PATIENCE)
+        except subprocess.TimeoutExpired as late:
+            raise Trouble("the program runs on after its end was asked for") from late
+        if status != 0:
+            raise Trouble(f"the program ended with status {status}")
+
+
+def type_survey(desk):
+    """As end_to_end.py does it, by the order of the fields alone: Name, Date, GPM, Head, Location, Rod, sheet."""
+    desk.keys("ctrl+n")
+    time.sleep(1)
+    for text in (NAME, DATE, GPM, HEAD, "", "R"):
+        desk.keys("ctrl+a")
+        if text:
+            desk.type(text)
+        desk.keys("Tab")
+    desk.keys("ctrl+Home", *["Return"] * len(READINGS))
+    desk.type("*")
+    desk.keys(*["BackSpace"] * 5)
+    for reading in READINGS:
+        desk.type(reading)
+        desk.keys("Return")
+    for column in range(COPIED_COLUMNS):
+        desk.type("*" + (LENGTH if column == 0 else ""))
+        desk.keys(*["Return"] * len(READINGS))
+
+
+def saved_by_script(script_program, folder):
+    """What the same work saves without a window."""
+    path = folder / "by_script.PFD"
+    work = script_of(1) + f'\ndialog "{path}"\nclick mnuFileSaveAs\n'
+    subprocess.run([script_program, "--data", str(PROJECT / "data")], input=work, text=True, check=True,
+                   capture_output=True, cwd=folder)
+    return path.read_bytes()
+
+
+def check_work(build, script_program, pictures):
+    """A design is typed, saved, opened again, looked at and written to PDF."""
+    _, reports = expected(script_program, 1)
+    with WineDesk() as desk:
+        step = 0
+
+        def picture(name):
+            nonlocal step
+            step += 1
+            desk.picture(pictures / f"{step}_{name}.png")
+
+        try:
+            desk.start_there(build / "torvale.exe")
+            desk.await_main_window()
+            picture("start")
+            type_survey(desk)
+            desk.keys("F5")
+            desk.await_title(PLANNED)
+            picture("design")
+            design = desk.folder / "typed.PFD"
+            desk.keys("ctrl+shift+s")
+            desk.await_title("^Save As$")
+            picture("save_as")
+            desk.answer_file_dialog("^Save As$", design)
+            wait_for("the saved design", design.exists)
+            if design.read_bytes() != saved_by_script(script_program, desk.folder):
+                raise Trouble("the saved design is not what the same work saves on this system")
+            desk.keys("ctrl+n")
+            wait_for("the empty sheet", lambda: not desk.titled(PLANNED), PATIENCE)
+            desk.keys("ctrl+o")
+            desk.answer_file_dialog("^Open$", design)
+            desk.await_title(PLANNED)
+            picture("opened")
+            desk.keys("alt+f", "v", "u")
+            desk.await_title("Summary|Print Preview")
+            time.sleep(3)
+            picture("preview")
+            desk.keys("Escape")
+            pdf = desk.folder / "summary.pdf"
+            desk.keys("alt+f", "e", "u")
+            desk.answer_file_dialog("PDF", pdf)
+            wait_for("the PDF", lambda: pdf.exists() and pdf.read_bytes().rstrip().endswith(b"%%EOF"), PATIENCE)
+            shutil.copy(pdf, pictures / "summary.pdf")
+            if letters(paper(pdf)) != reports[0]:
+                raise Trouble(f"the paper is not what the same work prints without a window: {paper(pdf)}")
+            subprocess.run(["pdftoppm", "-r", "60", "-png", "-singlefile", str(pdf), str(pictures / "summary")], check=True)
+            desk.leave()
+        finally:
+            picture("end")
+
+
+def check_dark(build, pictures):
+    """The desktop's dark look is taken over."""
+    key = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize"
+    wine("reg", "add", key, "/v", "AppsUseLightTheme", "/t", "REG_DWORD", "/d", "0", "/f")
+    try:
+        with WineDesk() as desk:
+            desk.start_there(build / "torvale.exe", here(SAMPLE))
+            desk.await_main_window(PLANNED)
+            desk.picture(pictures / "dark.png")
+            desk.leave()
+    finally:
+        wine("reg", "delete", key, "/v", "AppsUseLightTheme", "/f")
+
+
+def check_archive(build, pictures):
+    """The archive starts from any folder and writes beside itself."""
+    with WineDesk() as desk:
+        folder = desk.folder / "my programs, žluté"
+        with zipfile.ZipFile(next((build / "packages").glob("*.zip"))) as archive:
+            archive.extractall(folder)
+        program = next(folder.glob("*/torvale.exe"))
+        design = desk.folder / FOREIGN_NAME
+        shutil.copy(SAMPLE, design)
+        desk.start_there(here(program), here(design))
+        try:
+            desk.await_main_window(PLANNED)
+        finally:
+            desk.picture(pictures / "archive.png")
+        desk.leave()
+        if not (program.parent / "RecentTORVALEFileName.Dat").exists():
+            raise Trouble("the list of recent files doesn't lie beside the program")
+
+
+def user_folder():
+    return next(p for p in (pathlib.Path(os.environ["TORVALE_WINE"]) / "drive_c/users").iterdir() if p.name != "Public")
+
+
+def files_of_user():
+    temporary = user_folder() / "Temp"
+    return {p for p in user_folder().rglob("*") if temporary not in p.parents and not p.is_symlink()}
+
+
+def registered():
+    """Keys and values of the user's registry that tell of the program."""
+    found = set()
+    for root in (r"HKCU\Software\Classes", r"HKCU\Software\Microsoft\Windows\CurrentVersion", r"HKCU\Software\TORVALE"):
+        key = ""
+        for line in wine("reg", "query", root, "/s")[1].splitlines():
+            if line.startswith("HKEY"):
+                key = line.strip()
+            if "torvale" in line.lower():
+                found.add((key, line.strip()))
+    return found
+
+
+def check_installer(build, pictures):
+    """It installs without a question, a double click opens a design, and removing leaves the user's data alone."""
+    setup = next((build / "packages").glob("*-setup.exe"))
+    before = files_of_user()
+    status, said = wine(setup, "/S")
+    if status != 0:
+        raise Trouble(f"the installer ended with status {status}: {said}")
+    installed = user_folder() / "AppData/Local/Programs/TORVALE"
+    for name in ("bin/torvale.exe", "bin/torvale_script.exe", "share/torvale/TORVALEHELP.hlp", "uninstall.exe"):
+        if not (installed / name).exists():
+            raise Trouble(f"{name} is not installed")
+    if not list(user_folder().rglob("Start Menu/**/TORVALE.lnk")):
+        raise Trouble("the start menu has no entry")
+    for kind in KINDS:
+        if "TORVALE." not in wine("reg", "query", rf"HKCU\Software\Classes\{kind}\OpenWithProgids")[1]:
+            raise Trouble(f"{kind} is not registered")
+    program_files = {p: p.stat().st_mtime for p in installed.rglob("*") if p.is_file()}
+    with WineDesk() as desk:
+        design = desk.folder / "double click.PFD"
+        shutil.copy(SAMPLE, design)
+        desk.start_there("start", "/wait", here(design))
+        try:
+            desk.await_main_window(PLANNED)
+            desk.keys("F1")
+            time.sleep(5)
+        finally:
+            desk.picture(pictures / "installed.png")
+        desk.keys("Escape")
+        time.sleep(1)
+        desk.leave()
+    if program_files != {p: p.stat().st_mtime for p in installed.rglob("*") if p.is_file()}:
+        raise Trouble("the program wrote into its folder")
+    own = user_folder() / "AppData/Roaming/TORVALE/TORVALE"
+    for name in ("Default50.TVL", "SoilsName.txt", "RecentTORVALEFileName.Dat", "TORVALEHELP.hlp"):
+        if not (own / name).exists():
+            raise Trouble(f"{name} is not in the user's folder")
+    wine(installed / "uninstall.exe", "/S")
+    # It goes on in a copy of itself, so that it can remove itself.
+    wait_for("the end of the removal", lambda: not installed.exists(), PATIENCE)
+    time.sleep(2)
+    wine("wineboot", "--end-session")
+    left = {str(p.relative_to(user_folder())) for p in files_of_user() - before}
+    users = {"AppData/Roaming/TORVALE", "AppData/Roaming/TORVALE/TORVALE", "AppData/Local/TORVALE"}
+    users |= {f"AppData/Roaming/TORVALE/TORVALE/{name}"
+              for name in ("Default50.TVL", "SoilsName.txt", "RecentTORVALEFileName.Dat")}
+    foreign = {name for name in left if name not in users and not name.startswith("AppData/Local/TORVALE/")
+               and "Microsoft/Windows/Recent" not in name}
+    if foreign:
+        raise Trouble(f"left behind: {sorted(foreign)}")
+    keys = {entry for entry in registered() if not re.match(r"HKEY_CURRENT_USER\\Software\\TORVALE", entry[0])}
+    if keys:
+        raise Trouble(f"left in the registry: {sorted(keys)}")
+
+
+def main():
+    build, script_program, pictures = (pathlib.Path(path).resolve() for path in sys.argv[1:4])
+    shutil.rmtree(pictures, ignore_errors=True)
+    pictures.mkdir(parents=True)
+    checks = (("a design from keys to paper", lambda: check_work(build, str(script_program), pictures)),
+              ("the dark look", lambda: check_dark(build, pictures)),
+              ("the archive", lambda: check_archive(build, pictures)),
+              ("the installer", lambda: check_installer(build, pictures)))
+    failed = 0
+    with tempfile.TemporaryDirectory() as prefix:
+        os.environ["TORVALE_WINE"] = prefix
+        for title, check in checks:
+            try:
+                check()
+                print(f"ok      {title}", flush=True)
+            except Trouble as trouble:
+                print(f"FAILED  {title}: {trouble}", flush=True)
+                failed += 1
+            finally:
+                subprocess.run([WINE, "--end"], check=False)
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
