@@ -3,6 +3,12 @@ enable_language(RC)
 target_compile_definitions(torvale_options INTERFACE
   NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _UNICODE _WIN32_WINNT=0x0A00)
 
+# The compiler takes the stack for aligned to its widest registers, which a 64-bit Windows doesn't promise.
+file(GLOB wide_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*/*avx*.cpp)
+if(wide_sources)
+  set_property(SOURCE ${wide_sources} APPEND PROPERTY COMPILE_OPTIONS -Wa,-muse-unaligned-vector-move)
+endif()
+
 set(windows_folder ${PROJECT_SOURCE_DIR}/packaging/windows)
 
 # torvale_resources(target description): version, manifest and icon of a program.

@@ -16,7 +16,7 @@ import time
 import zipfile
 
 from desk import Desk, Trouble, wait_for
-from end_to_end import COPIED_COLUMNS, DATE, GPM, HEAD, LENGTH, NAME, READINGS, expected, letters, paper, script_of
+from end_to_end import COPIED_COLUMNS, DATE, GPM, HEAD, LENGTH, NAME, READINGS, letters, paper, script_of
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 WINE = str(PROJECT / "scripts/wine.sh")
@@ -96,18 +96,30 @@ def type_survey(desk):
         desk.keys(*["Return"] * len(READINGS))
 
 
-def saved_by_script(script_program, folder):
-    """What the same work saves without a window."""
-    path = folder / "by_script.PFD"
-    work = script_of(1) + f'\ndialog "{path}"\nclick mnuFileSaveAs\n'
-    subprocess.run([script_program, "--data", str(PROJECT / "data")], input=work, text=True, check=True,
-                   capture_output=True, cwd=folder)
-    return path.read_bytes()
+def by_script(script_program, name):
+    """What the same work gives without a window: the design that it saves under that name, which stands in it too, and
+    the letters of the Summary once it was opened again. To this system a path of Windows is a name like any other."""
+    quoted = name.replace("\\", "\\\\")
+    work = script_of(1) + f'''
+dialog "{quoted}"
+click mnuFileSaveAs
+click mnuFileNew
+dialog "{quoted}"
+click mnuFileOpen
+copies 1
+click mnuPrintSummary
+show printed
+'''
+    with tempfile.TemporaryDirectory() as folder:
+        done = subprocess.run([script_program, "--data", str(PROJECT / "data")], input=work, text=True, check=True,
+                              capture_output=True, cwd=folder)
+        saved = (pathlib.Path(folder) / name).read_bytes()
+    report = done.stdout.rpartition("\ndocument ")[2]
+    return saved, letters(" ".join(re.findall(r'^(?:text|centred) .*? "(.*)"$', report, re.M)).replace("\\\\", "\\"))
 
 
 def check_work(build, script_program, pictures):
     """A design is typed, saved, opened again, looked at and written to PDF."""
-    _, reports = expected(script_program, 1)
     with WineDesk() as desk:
         step = 0
 
@@ -121,16 +133,18 @@ def check_work(build, script_program, pictures):
             desk.await_main_window()
             picture("start")
             type_survey(desk)
+            # The title tells nothing of a design before it is opened; the saved one below shows that it was run.
             desk.keys("F5")
-            desk.await_title(PLANNED)
+            time.sleep(5)
             picture("design")
             design = desk.folder / "typed.PFD"
+            saved, report = by_script(script_program, here(design))
             desk.keys("ctrl+shift+s")
             desk.await_title("^Save As$")
             picture("save_as")
             desk.answer_file_dialog("^Save As$", design)
             wait_for("the saved design", design.exists)
-            if design.read_bytes() != saved_by_script(script_program, desk.folder):
+            if design.read_bytes() != saved:
                 raise Trouble("the saved design is not what the same work saves on this system")
             desk.keys("ctrl+n")
             wait_for("the empty sheet", lambda: not desk.titled(PLANNED), PATIENCE)
@@ -148,7 +162,7 @@ def check_work(build, script_program, pictures):
             desk.answer_file_dialog("PDF", pdf)
             wait_for("the PDF", lambda: pdf.exists() and pdf.read_bytes().rstrip().endswith(b"%%EOF"), PATIENCE)
             shutil.copy(pdf, pictures / "summary.pdf")
-            if letters(paper(pdf)) != reports[0]:
+            if letters(paper(pdf)) != report:
                 raise Trouble(f"the paper is not what the same work prints without a window: {paper(pdf)}")
             subprocess.run(["pdftoppm", "-r", "60", "-png", "-singlefile", str(pdf), str(pictures / "summary")], check=True)
             desk.leave()
