@@ -40,7 +40,10 @@ mkdir -p "$work"
 
 # Two runs at a time would be in each other's way.
 exec 9>"$work/lock"
-flock 9
+if ! flock -n 9; then
+  echo "Another run is making the toolkit; waiting for it"
+  flock 9
+fi
 
 if [ -f "$work/done" ]; then
   echo "$prefix" >&3
