@@ -9,7 +9,7 @@ find_path(JSON_INCLUDE nlohmann/json.hpp REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/headers)
 file(CREATE_LINK ${JSON_INCLUDE}/nlohmann ${PROJECT_BINARY_DIR}/headers/nlohmann SYMBOLIC)
 
-foreach(folder base engine files scenarios script batch)
+foreach(folder base engine files scenarios script)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*_test.cpp)
   set(fitting "")
   foreach(source IN LISTS sources)

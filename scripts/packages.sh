@@ -9,9 +9,9 @@ kTestPackages=(
   openbox dbus-daemon at-spi2-core python3-gi gir1.2-atspi-2.0
   parallel slurm-wlm munge
   appstream desktop-file-utils dpkg-dev file libglib2.0-bin librsvg2-bin lintian man-db shared-mime-info)
-kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev g++-mingw-w64-x86-64-posix googletest wine64)
+kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
 kWindowsPackages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix dpkg-dev xz-utils qt6-base-dev libqcustomplot-dev
-  nsis zip)
+  nsis zip googletest)
 kWineWindowPackages=(wine64 unzip xvfb xdotool openbox dbus-daemon poppler-utils imagemagick fonts-liberation)
 
 # What must answer on a system whose packages we can't ask for.
