@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "files/soils.h"
+#include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/commands.h"
 #include "shell/events.h"
@@ -95,6 +96,18 @@ TEST_F(SheetHabitsTest, ACaretTypesAndTakesAwayInTheMiddle) {
   Press("1");  // to the end again
   Press(Key::kLeft);
   ExpectAt(sheet(), 3, 1);
+}
+
+// The sheet has the focus already, which is how a desktop sees it: no event, and the sentence stays.
+TEST_F(SheetHabitsTest, TheFocusThatStaysLeavesTheStatusBarItsNews) {
+  FocusGained(program, "Grid1");
+  Press(Key::kEdit);
+  const std::string said = program.main.sbStatusBar.caption;
+  ASSERT_NE(said, FocusHint(program, "Grid1"));
+  FocusGained(program, "Grid1");
+  EXPECT_EQ(program.main.sbStatusBar.caption, said);
+  FocusGained(program, "txtInfo(0)");
+  EXPECT_EQ(program.main.sbStatusBar.caption, "Name of the design");
 }
 
 TEST_F(SheetHabitsTest, EscapeTakesBackWhatTheCaretDidAndF2LetsItStand) {
