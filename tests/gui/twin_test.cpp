@@ -7,22 +7,28 @@
 #include "gui/hand_driver.h"
 #include "script/record_fields.h"
 #include "shell/start_up.h"
+#include "support/without_folder.h"
 
 namespace torvale {
 namespace {
 
 namespace fs = std::filesystem;
 
-// What differs between two states, a line for each thing.
+// What differs between two states, a line for each thing. Each names the folder it works in as "<folder>".
 class Differences {
  public:
+  Differences(fs::path script_folder, fs::path window_folder)
+      : script_folder_(std::move(script_folder)), window_folder_(std::move(window_folder)) {}
+
   template <typename T>
   void Compare(std::string_view what, const T& script, const T& window) {
     if (!(script == window)) found_ << "  " << what << '\n';
   }
   void Compare(std::string_view what, const std::string& script, const std::string& window) {
-    if (script != window)
-      found_ << "  " << what << ": script " << Quoted(script) << ", window " << Quoted(window) << '\n';
+    if (script == window) return;
+    const std::string ours = WithoutFolder(script, script_folder_);
+    const std::string theirs = WithoutFolder(window, window_folder_);
+    if (ours != theirs) found_ << "  " << what << ": script " << Quoted(ours) << ", window " << Quoted(theirs) << '\n';
   }
   void Compare(std::string_view what, int script, int window) {
     if (script != window) found_ << "  " << what << ": script " << script << ", window " << window << '\n';
@@ -41,6 +47,8 @@ class Differences {
   std::string text() const { return found_.str(); }
 
  private:
+  fs::path script_folder_;
+  fs::path window_folder_;
   std::ostringstream found_;
 };
 
@@ -103,8 +111,7 @@ void CompareScreens(Differences& all, Screen& script, Screen& window) {
   }
 }
 
-std::string DifferencesOf(Program& script, Program& window) {
-  Differences all;
+std::string DifferencesOf(Program& script, Program& window, Differences all) {
   CompareScreens(all, script.main, window.main);
   CompareScreens(all, script.soils, window.soils);
   CompareScreens(all, script.profile, window.profile);
@@ -191,7 +198,10 @@ TEST_P(TwinTest, AScriptAndTheWindowsEndEachStatementInOneState) {
   ASSERT_TRUE(hand.Ready());
   // The desktop activates a window that comes up; a script begins with the program started.
   Guarded(script.program, [&] { Form_Activate(script.program); });
-  EXPECT_EQ(DifferencesOf(script.program, hand.session.program), "");
+  const auto differences_of_both = [&] {
+    return DifferencesOf(script.program, hand.session.program, Differences(script_folder.path(), window_folder.path()));
+  };
+  EXPECT_EQ(differences_of_both(), "");
   Scrolling scrolling(script.program, hand.session.program);
   std::string line;
   std::string ignored;
@@ -201,14 +211,15 @@ TEST_P(TwinTest, AScriptAndTheWindowsEndEachStatementInOneState) {
     fs::current_path(window_folder.path());
     hand.Run(line, window_lines);
     scrolling.Follow();
-    const std::string differences = DifferencesOf(script.program, hand.session.program);
+    const std::string differences = differences_of_both();
     if (differences.empty()) continue;
     ADD_FAILURE() << GetParam().filename() << " line " << script_lines.number() << ": " << line << '\n' << differences;
     break;
   }
   fs::current_path(before);
   EXPECT_EQ(hand.missed, "");
-  EXPECT_EQ(Noticed(script_transcript.str()), Noticed(window_transcript.str()));
+  EXPECT_EQ(WithoutFolder(Noticed(script_transcript.str()), script_folder.path()),
+            WithoutFolder(Noticed(window_transcript.str()), window_folder.path()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Scripts, TwinTest, testing::ValuesIn(ScriptFiles()), TestName);
