@@ -74,7 +74,7 @@ class Drawing {
   double WidthOf(const std::string& words, int points) const {
     const auto width = HPDF_Font_TextWidth(font_, reinterpret_cast<const HPDF_BYTE*>(words.data()),
                                            static_cast<HPDF_UINT>(words.size()));
-    return width.width * points / kWidthUnit;
+    return static_cast<double>(width.width) * points / kWidthUnit;
   }
 
   // The text without its middle, as much of it as a width takes.

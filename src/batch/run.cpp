@@ -46,7 +46,6 @@ class Batch {
         // Fields are named on the threads' side too, which may outlive this run.
         fields_(std::make_shared<const std::vector<FieldRow>>(std::move(fields))),
         journal_(journal),
-        errors_(errors),
         progress_(errors, options.progress, fields_->size()) {
     task_ = std::make_shared<const FieldTask>(FieldTask{std::filesystem::absolute(options.table).parent_path(),
                                                         std::filesystem::absolute(options.out_folder),
@@ -119,7 +118,6 @@ class Batch {
   std::shared_ptr<const std::vector<FieldRow>> fields_;
   std::shared_ptr<const FieldTask> task_;
   Journal& journal_;
-  std::ostream& errors_;
   Progress progress_;
   std::vector<std::uint64_t> keys_;
   std::size_t finished_ = 0;

@@ -1,6 +1,7 @@
 #include "input/edit_commands.h"
 
 #include <string>
+#include <string_view>
 
 #include "base/numbers.h"
 #include "input/block_clipboard.h"
@@ -10,6 +11,9 @@
 
 namespace torvale {
 namespace {
+
+constexpr std::string_view kTookOwnCells =
+    "Paste took the cells that were copied here. Cells of another program come in by Paste Excel Survey";
 
 // The active control where it is a text field, or nullptr.
 TextField* ActiveField(Program& program) {
@@ -97,9 +101,11 @@ void mnuEditPaste_Click(Program& program) {
   const Block block = SelectedBlock(program.main.Grid1);
   PasteBlock(program.record, program.main.Grid1);
   ShowSheet(program, block);
+  std::string& caption = program.main.sbStatusBar.caption;
   if (OthersOfferCells(program)) {
-    program.main.sbStatusBar.caption =
-        "Paste took the cells that were copied here. Cells of another program come in by Paste Excel Survey";
+    caption = kTookOwnCells;
+  } else if (caption == kTookOwnCells) {
+    caption = FocusHint(program, "Grid1");  // what was told of the paste before is over
   }
 }
 
