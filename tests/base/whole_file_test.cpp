@@ -157,7 +157,7 @@ TEST_F(WholeFile, AProgramThatIsKilledLeavesOneOfTheTwo) {
 }
 
 TEST_F(WholeFile, ModeOwnerAndGroupStay) {
-  for (const mode_t mode : {0600, 0640, 0664, 0755}) {
+  for (const mode_t mode : {0600U, 0640U, 0664U, 0755U}) {
     Put(path, "former");
     ASSERT_EQ(::chmod(path.c_str(), mode), 0);
     EXPECT_EQ(Write("new"), 0);
