@@ -1,0 +1,49 @@
+// The plan of hole sizes with the greatest uniformity, and how far any plan could still be above it.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "engine/hole_plan.h"
+
+namespace torvale {
+
+struct FoundPlan {
+  HolePlan plan;
+  PlanOutcome outcome;
+};
+
+// How far a search is.
+struct BestHolesProgress {
+  float uniformity = 0;  // percent, of the best plan so far; 0 for none
+  double share = 0;      // of the work, 0 to 1
+};
+// Told of progress some hundred times a second; false ends the search with what it has.
+using BestHolesWatch = std::function<bool(const BestHolesProgress&)>;
+
+struct BestHoles {
+  std::optional<FoundPlan> best;
+  // Percent, one decimal: no plan within the task's limits has a greater uniformity. 100 where nothing is proven; the
+  // uniformity of `best` where every plan was looked at.
+  float bound = 100;
+  bool every_plan = false;  // all plans were looked at
+  bool stopped = false;     // by the watch
+};
+
+// Looks for the plan with the greatest uniformity (PlanJudge::Judge); of equals that with fewer stretches, then that
+// with the lower highest head. `known` are plans to begin with, such as that of another rule; those outside the limits
+// are passed over. The work is bounded by counts, not by time, so that the same task gives the same plan everywhere.
+//
+// Few plans are looked at one by one. Of many, candidates come from an allotment furrow by furrow at heads that an even
+// line would have, for each number of stretches, and are then moved stretch by stretch; the bound comes from cutting
+// all plans into boxes (PlanBounds) until those left can hold nothing better than a little above the plan found.
+BestHoles FindBestHoles(const PlanTask& task, const std::vector<HolePlan>& known, const BestHolesWatch& watch);
+
+// The best plan that the first half of the search finds with at most that many stretches, without a bound: what one
+// more change of the punch buys.
+std::optional<FoundPlan> FindPlan(const PlanTask& task, int stretches, const BestHolesWatch& watch);
+
+// How many plans there are; a number past 1e9 is not counted further.
+double CountPlans(const PlanTask& task);
+
+}  // namespace torvale

@@ -1,0 +1,324 @@
+#include "engine/plan_bound.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "base/power.h"
+#include "engine/hydraulics.h"
+
+namespace torvale {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kFirstPrice = 0.15;
+constexpr double kPriceStep = 0.02;
+constexpr double kLevelWeight = 1;
+constexpr int kPrices = 5;                // tried for a box
+constexpr double kRoundingPoints = 1e-4;  // percent that the stores of single values can add
+
+Range Meet(const Range& a, const Range& b) {
+  return {std::max(a.low, b.low), std::min(a.high, b.high)};
+}
+
+bool Empty(const Range& range) {
+  return range.low > range.high;
+}
+
+double Middle(const Range& range) {
+  return (range.low + range.high) / 2;
+}
+
+}  // namespace
+
+PlanBounds::PlanBounds(const PlanTask& task)
+    : task_(task),
+      sizes_(task.sizes.size()),
+      stretches_(static_cast<std::size_t>(task.stretches)),
+      quarter_(LowQuarterCount(task)),
+      slack_((task.line.rows + 16) * 0x1p-24),
+      most_flow_(static_cast<double>(task.target) * 1.0005 * (1 + slack_)),
+      least_flow_(static_cast<double>(task.target) * 0.9995 * (1 - slack_)),
+      ratio_from_(task.furrows.size() + 1),
+      furrow_at_(static_cast<std::size_t>(task.line.rows) + 1, -1),
+      flow_low_(task.furrows.size() * sizes_),
+      flow_high_(task.furrows.size() * sizes_),
+      cost_(sizes_),
+      chosen_flow_(task.furrows.size() * sizes_),
+      best_(stretches_ * sizes_),
+      next_best_(stretches_ * sizes_),
+      from_(task.furrows.size() * stretches_ * sizes_),
+      plan_(task.furrows.size()) {
+  for (const float size : task.sizes) area_.push_back(AreaByInches(static_cast<double>(size), 1));
+  least_ratio_ = kInfinity;
+  for (std::size_t i = task.furrows.size(); i-- > 0;) {
+    const PlanFurrow& furrow = task.furrows[i];
+    ratio_from_[i] = ratio_from_[i + 1] + furrow.ratio;
+    furrow_at_[static_cast<std::size_t>(furrow.row)] = static_cast<int>(i);
+    largest_ratio_ = std::max(largest_ratio_, furrow.ratio);
+    if (furrow.ratio > 0) least_ratio_ = std::min(least_ratio_, furrow.ratio);
+  }
+}
+
+// Where all z add up to the target at least ratio_from_[0] t - B(t) max r flows out, which holds t down.
+PlanBox PlanBounds::Whole(double wanted) const {
+  PlanBox box;
+  const double least_level = wanted / 100 * static_cast<double>(task_.average);
+  const double lacking = quarter_ * largest_ratio_;
+  const double held = ratio_from_[0] - lacking;
+  const double most_level =
+      held > 0 ? (most_flow_ - lacking * least_level) / held : most_flow_ / std::max(least_ratio_, 1e-9);
+  box.level = {least_level, most_level};
+  box.end_head = {task_.least_head, task_.highest_head};
+  box.flow.fill({0, most_flow_});
+  box.head.fill({task_.least_head, task_.highest_head});
+  box.price = kFirstPrice;
+  box.bound = Empty(box.level) || Empty(box.end_head) ? 0 : 100;
+  return box;
+}
+
+Range PlanBounds::FlowOfLevel(const Range& level, double wanted, std::size_t furrow) const {
+  const double least_level = wanted / 100 * static_cast<double>(task_.average);
+  const double below = ratio_from_[furrow];
+  const double above = ratio_from_[0] - below;
+  Range flow{kInfinity, -kInfinity};
+  // Both bounds are linear in the level.
+  for (const double at : {level.low, level.high}) {
+    const double lacking = quarter_ * (at - least_level) * largest_ratio_;
+    flow.low = std::min(flow.low, at * below - lacking);
+    flow.high = std::max(flow.high, most_flow_ - (at * above - lacking));
+  }
+  return flow;
+}
+
+void PlanBounds::SetFlows(std::size_t furrow, double least_head, double highest_head) {
+  const double holes = task_.furrows[furrow].holes;
+  for (std::size_t size = 0; size < sizes_; ++size) {
+    const double area = area_[size] * holes;
+    const std::size_t at = furrow * sizes_ + size;
+    flow_low_[at] = OrificeFlow(area, least_head, task_.line.discharge_coef) * (1 - slack_);
+    flow_high_[at] = OrificeFlow(area, highest_head, task_.line.discharge_coef) * (1 + slack_);
+  }
+}
+
+bool PlanBounds::MarchRanges(PlanBox& box, double wanted) {
+  const Line& line = task_.line;
+  const std::size_t count = task_.furrows.size();
+  const std::array<std::size_t, 3> marks = {count * 3 / 4, count / 2, count / 4};
+  // Heads are compared with their limits in 32 bits.
+  const Range limits{task_.least_head * (1 - slack_), task_.highest_head * (1 + slack_)};
+  Range head = box.end_head;
+  Range flow{0, 0};
+  for (int row = line.rows; row >= 1; --row) {
+    head = Meet(head, limits);
+    if (row == 1) box.head[3] = head = Meet(head, box.head[3]);
+    const auto i = static_cast<std::size_t>(row);
+    if (furrow_at_[i] >= 0) {
+      const auto furrow = static_cast<std::size_t>(furrow_at_[i]);
+      for (std::size_t mark = 0; mark < marks.size(); ++mark) {
+        if (furrow == marks[mark]) box.head[mark] = head = Meet(head, box.head[mark]);
+      }
+      if (Empty(head)) return false;
+      SetFlows(furrow, head.low, head.high);
+      flow.low += flow_low_[furrow * sizes_];
+      flow.high += flow_high_[furrow * sizes_ + sizes_ - 1];
+      flow = Meet(flow, FlowOfLevel(box.level, wanted, furrow));
+      for (std::size_t mark = 0; mark < marks.size(); ++mark) {
+        if (furrow == marks[mark]) box.flow[mark] = flow = Meet(flow, box.flow[mark]);
+      }
+    }
+    if (Empty(head) || Empty(flow)) return false;
+    if (row == 1) break;
+    const auto friction = [&](double gpm) {
+      return SpanFriction(line.length[i], FlowPower(static_cast<float>(gpm)) / line.dia_power[i], line.friction_factor);
+    };
+    head.low = head.low - line.rise[i] + friction(std::max(flow.low, 0.0)) * (1 - 4 * slack_);
+    head.high = head.high - line.rise[i] + friction(flow.high) * (1 + 4 * slack_);
+  }
+  return flow.high >= least_flow_ && flow.low <= most_flow_;
+}
+
+// The cost of each size at a furrow, and the flow that it is least at. Loss falls with the flow up to the level and
+// then jumps to nothing, the price rises with it: the least is at the level or at an end of the range.
+void PlanBounds::CostFurrow(std::size_t furrow, const Range& level, double price) {
+  const double ratio = task_.furrows[furrow].ratio;
+  for (std::size_t size = 0; size < sizes_; ++size) {
+    const std::size_t at = furrow * sizes_ + size;
+    const double low = flow_low_[at];
+    const double high = flow_high_[at];
+    const double met = level.low * ratio;
+    const auto cost = [&](double flow) { return (flow < met ? level.high - flow / ratio : 0.0) + price * flow; };
+    const double full = high >= met ? std::max(met, low) : high;
+    const bool starved = cost(low) < cost(full);
+    chosen_flow_[at] = starved ? low : full;
+    cost_[size] = cost(chosen_flow_[at]);
+  }
+}
+
+// best_[s, k]: the least cost of the furrows from this one to the far end, where it has size k and s changes of size
+// follow downstream of it.
+void PlanBounds::StepUpstream(std::size_t furrow) {
+  std::uint8_t* const from = &from_[furrow * stretches_ * sizes_];
+  for (std::size_t s = 0; s < stretches_; ++s) {
+    // The least and the second least of one change fewer, of which each size takes the one that isn't itself.
+    std::size_t least = sizes_;
+    std::size_t second = sizes_;
+    if (s > 0) {
+      const double* const fewer = &best_[(s - 1) * sizes_];
+      for (std::size_t k = 0; k < sizes_; ++k) {
+        if (least == sizes_ || fewer[k] < fewer[least]) {
+          second = least;
+          least = k;
+        } else if (second == sizes_ || fewer[k] < fewer[second]) {
+          second = k;
+        }
+      }
+    }
+    for (std::size_t k = 0; k < sizes_; ++k) {
+      double value = best_[s * sizes_ + k];
+      from[s * sizes_ + k] = static_cast<std::uint8_t>(k);
+      const std::size_t other = least == k ? second : least;
+      if (other < sizes_ && best_[(s - 1) * sizes_ + other] < value) {
+        value = best_[(s - 1) * sizes_ + other];
+        from[s * sizes_ + k] = static_cast<std::uint8_t>(other);
+      }
+      next_best_[s * sizes_ + k] = value + cost_[k];
+    }
+  }
+  best_.swap(next_best_);
+}
+
+// The plan of the least cost into plan_; the sum of its flows.
+double PlanBounds::TakeBack() {
+  const auto least = std::min_element(best_.begin(), best_.end());
+  const auto place = static_cast<std::size_t>(least - best_.begin());
+  std::size_t s = place / sizes_;
+  std::size_t k = place % sizes_;
+  double flow = 0;
+  for (std::size_t furrow = 0; furrow < plan_.size(); ++furrow) {
+    plan_[furrow] = static_cast<std::uint16_t>(k);
+    flow += chosen_flow_[furrow * sizes_ + k];
+    const std::size_t next = from_[(furrow * stretches_ + s) * sizes_ + k];
+    if (next != k) --s;
+    k = next;
+  }
+  return flow;
+}
+
+double PlanBounds::LeastCost(const Range& level, double price, double& flow) {
+  std::fill(best_.begin(), best_.end(), kInfinity);
+  std::fill_n(best_.begin(), sizes_, 0.0);
+  for (std::size_t furrow = plan_.size(); furrow-- > 0;) {
+    CostFurrow(furrow, level, price);
+    if (furrow + 1 == plan_.size()) {
+      std::uint8_t* const from = &from_[furrow * stretches_ * sizes_];
+      for (std::size_t place = 0; place < stretches_ * sizes_; ++place) {
+        from[place] = static_cast<std::uint8_t>(place % sizes_);
+        best_[place] += cost_[place % sizes_];
+      }
+    } else {
+      StepUpstream(furrow);
+    }
+  }
+  const double cost = *std::min_element(best_.begin(), best_.end());
+  flow = TakeBack();
+  return cost;
+}
+
+// How many points of the bound come from the width of the level, and how many from the ranges of the flows.
+void PlanBounds::Blur(PlanBox& box) const {
+  int starved = 0;
+  double flows = 0;
+  for (std::size_t i = 0; i < plan_.size(); ++i) {
+    const double ratio = task_.furrows[i].ratio;
+    const std::size_t at = i * sizes_ + plan_[i];
+    if (ratio <= 0) continue;
+    flows += (flow_high_[at] - flow_low_[at]) / 2 / ratio;
+    starved += chosen_flow_[at] < box.level.low * ratio;
+  }
+  box.level_blur = (box.level.high - box.level.low) * std::max(0, quarter_ - starved);
+  box.flow_blur = flows * quarter_ / static_cast<double>(plan_.size());
+}
+
+bool PlanBounds::Bound(PlanBox& box, double wanted, HolePlan& plan) {
+  if (quarter_ == 0 || !MarchRanges(box, wanted)) return false;
+  const double points = 100 / (quarter_ * static_cast<double>(task_.average));
+  double least = kInfinity;
+  double best_price = 0;
+  double cheap = 0;  // at this price the plan draws too much
+  double dear = 1 / least_ratio_;
+  double price = box.price;
+  const auto at_price = [&] {
+    double flow = 0;
+    const double cost = LeastCost(box.level, price, flow);
+    const double bound = (quarter_ * box.level.high + price * most_flow_ - cost) * points + kRoundingPoints;
+    if (bound < least) {
+      least = bound;
+      best_price = price;
+      Blur(box);
+    }
+    (flow > most_flow_ ? cheap : dear) = price;
+    return least > wanted;
+  };
+  for (int i = 0; i < kPrices; ++i) {
+    if (!at_price()) return false;
+    if (dear == 0) break;  // the target binds nothing
+    // Close to the price that the box came with at first, then in the middle.
+    const double step = kPriceStep * static_cast<double>(1 << i);
+    price = std::clamp(cheap == price ? price + step : price - step, cheap, dear);
+    if (cheap > 0 && dear < 1 / least_ratio_) price = (cheap + dear) / 2;
+  }
+  plan = plan_;
+  box.price = best_price;
+  box.bound = std::min(box.bound, least);
+  return true;
+}
+
+std::pair<PlanBox, PlanBox> PlanBounds::Split(const PlanBox& box) const {
+  std::pair<PlanBox, PlanBox> halves{box, box};
+  // How far each range blurs the flows; the weights are those that took the fewest boxes.
+  const auto head_blur = [](const Range& head) { return (head.high - head.low) / (head.high + head.low); };
+  double most = head_blur(box.end_head);
+  Range PlanBox::*widest = &PlanBox::end_head;
+  std::size_t mark = 0;
+  enum { kEnd, kLevel, kHead, kFlow } kind = kEnd;
+  if (box.level_blur > kLevelWeight * box.flow_blur) {
+    most = kInfinity;
+    widest = &PlanBox::level;
+    kind = kLevel;
+  }
+  for (std::size_t i = 0; i < box.head.size(); ++i) {
+    if (const double blur = 0.7 * head_blur(box.head[i]); blur > most) {
+      most = blur;
+      mark = i;
+      kind = kHead;
+    }
+  }
+  for (std::size_t i = 0; i < box.flow.size(); ++i) {
+    const double blur = 0.1 * (box.flow[i].high - box.flow[i].low) / static_cast<double>(task_.target);
+    if (blur > most) {
+      most = blur;
+      mark = i;
+      kind = kFlow;
+    }
+  }
+  const auto range = [&](PlanBox& of) -> Range& {
+    if (kind == kHead) return of.head[mark];
+    if (kind == kFlow) return of.flow[mark];
+    return of.*widest;
+  };
+  range(halves.first).high = range(halves.second).low = Middle(range(halves.first));
+  return halves;
+}
+
+void PlanBounds::BestAtHeads(const std::vector<double>& heads, double level, double price, HolePlan& plan) {
+  for (std::size_t i = 0; i < task_.furrows.size(); ++i) {
+    const double head = heads[static_cast<std::size_t>(task_.furrows[i].row)];
+    SetFlows(i, head, head);
+  }
+  double flow = 0;
+  LeastCost({level, level}, price, flow);
+  plan = plan_;
+}
+
+}  // namespace torvale
