@@ -74,6 +74,9 @@ int RenameOver(const std::filesystem::path& from, const std::filesystem::path& t
 // Until a folder's names are on the disk, where the system can tell.
 int FlushFolder(const std::filesystem::path& folder);
 
+// Whether somebody sits before what the program writes to its standard error.
+bool ErrorsGoToTerminal();
+
 // A number that no other running program of this machine has.
 std::uint64_t ProcessNumber();
 

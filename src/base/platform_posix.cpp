@@ -172,6 +172,10 @@ int FlushFolder(const std::filesystem::path& folder) {
   return KnowsNoFlush(error) ? 0 : error;
 }
 
+bool ErrorsGoToTerminal() {
+  return ::isatty(STDERR_FILENO) == 1;
+}
+
 std::uint64_t ProcessNumber() {
   return static_cast<std::uint64_t>(::getpid());
 }

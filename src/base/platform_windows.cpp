@@ -221,6 +221,10 @@ int FlushFolder(const fs::path& /*folder*/) {
   return 0;
 }
 
+bool ErrorsGoToTerminal() {
+  return ::_isatty(::_fileno(stderr)) != 0;
+}
+
 std::uint64_t ProcessNumber() {
   return ::GetCurrentProcessId();
 }

@@ -109,8 +109,8 @@ Progress::Kind ProgressKind(const std::string& word, bool terminal) {
 
 BatchOptions OptionsOf(const CommandLine& line, bool terminal) {
   BatchOptions options;
-  options.table = PathFrom(line.table);
-  options.out_folder = PathFrom(line.out_folder);
+  options.table = PathOf(line.table);
+  options.out_folder = PathOf(line.out_folder);
   options.data_folder = line.data_folder;
   options.papers = PapersOf(line.papers);
   if (!line.shard.empty()) options.shard = ShardOf(line.shard);
@@ -131,8 +131,8 @@ BatchEnd RunCommandLine(int argc, const char* const* argv, bool terminal, const 
     line.app.parse(argc, argv);
     if (line.merge->parsed()) {
       std::vector<std::filesystem::path> parts;
-      for (const std::string& part : line.parts) parts.push_back(PathFrom(part));
-      return {MergeResults(parts, PathFrom(line.joined), out, errors), false};
+      for (const std::string& part : line.parts) parts.push_back(PathOf(part));
+      return {MergeResults(parts, PathOf(line.joined), out, errors), false};
     }
     if (line.table.empty()) throw CLI::RequiredError("TABLE");
     if (line.out_folder.empty()) throw CLI::RequiredError("--out");

@@ -124,7 +124,7 @@ void OpenDesign(QuietProgram& quiet, const FieldRow& field, const std::filesyste
 
 std::string ReadSurveyFile(const FieldRow& field, const std::filesystem::path& folder) {
   try {
-    return ReadTextFile(folder / PathFrom(field.survey));
+    return ReadTextFile(folder / PathOf(field.survey));
   } catch (const TextFileFault& fault) {
     throw FieldFault(field.survey + ": " + fault.what());
   }
@@ -138,7 +138,7 @@ FieldInputs TypeField(QuietProgram& quiet, const FieldRow& field, const std::fil
   SetPreferences(program, field);
   mnuFileNew_Click(program);
   if (IsDesignFile(field.survey)) {
-    OpenDesign(quiet, field, folder / PathFrom(field.survey));
+    OpenDesign(quiet, field, folder / PathOf(field.survey));
   } else {
     try {
       SurveyTable table = ReadSurveyTable(TextOfFile(survey), field.layout, field.survey);

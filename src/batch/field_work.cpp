@@ -127,7 +127,7 @@ class PaperWriter {
 
   void Write(FieldOutcome& outcome) {
     std::error_code error;
-    std::filesystem::create_directories((task_.out_folder / PathFrom(start_)).parent_path(), error);
+    std::filesystem::create_directories((task_.out_folder / PathOf(start_)).parent_path(), error);
     quiet_.host().told.clear();
     quiet_.program().record.DisplayFileName = start_ + std::string(ExtensionOf(type_));
     if (task_.papers.designs) Design(outcome);
@@ -144,11 +144,11 @@ class PaperWriter {
   std::vector<std::string> trouble;  // what could not be written, in the program's words
 
  private:
-  std::string Full(const std::string& name) const { return TextOfPath(task_.out_folder / PathFrom(name)); }
+  std::string Full(const std::string& name) const { return Utf8Of(task_.out_folder / PathOf(name)); }
 
   void Keep(FieldOutcome& outcome, const std::string& name) {
     ContentHash hash;
-    hash.Add(ReadTextFile(task_.out_folder / PathFrom(name)));
+    hash.Add(ReadTextFile(task_.out_folder / PathOf(name)));
     outcome.files.emplace_back(name, hash.value());
   }
 
@@ -165,7 +165,7 @@ class PaperWriter {
     quiet_.host().save_as = Full(name);
     quiet_.host().write_pdf = [](const Document& document, const std::string& path) {
       const std::optional<std::string> bytes = PdfOf(document);
-      if (bytes) WriteTextFile(PathFrom(path), *bytes);
+      if (bytes) WriteTextFile(PathOf(path), *bytes);
       return bytes.has_value();
     };
     Click(quiet_.program(), report.command);

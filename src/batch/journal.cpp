@@ -66,7 +66,7 @@ bool StandsAsWritten(const FieldOutcome& outcome, const std::filesystem::path& f
   return std::all_of(outcome.files.begin(), outcome.files.end(), [&](const auto& file) {
     try {
       ContentHash hash;
-      hash.Add(ReadTextFile(folder / PathFrom(file.first)));
+      hash.Add(ReadTextFile(folder / PathOf(file.first)));
       return hash.value() == file.second;
     } catch (const TextFileFault&) {
       return false;

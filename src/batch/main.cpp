@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "base/platform.h"
 #include "batch/command_line.h"
 
 namespace {
@@ -20,7 +21,7 @@ int main(int argc, char** argv) {
   std::signal(SIGINT, Interrupt);
   std::signal(SIGTERM, Interrupt);
   const torvale::BatchEnd end = torvale::RunCommandLine(
-      argc, argv, false, [] { return interrupted == 0; }, std::cout, std::cerr);
+      argc, argv, torvale::ErrorsGoToTerminal(), [] { return interrupted == 0; }, std::cout, std::cerr);
   std::cout.flush();
   // A thread that hangs would be waited for, or pulled the data away from under.
   if (end.threads_left) std::_Exit(end.status);

@@ -30,7 +30,7 @@ std::uint64_t ContentOf(const BatchOptions& options) {
   if (options.data_folder.empty()) return hash.value();
   for (const std::string_view name : {kDefaultsFile, kSoilsFile}) {
     try {
-      hash.Add(ReadTextFile(PathFrom(options.data_folder) / PathFrom(name)));
+      hash.Add(ReadTextFile(PathOf(options.data_folder) / PathOf(name)));
     } catch (const TextFileFault&) {
       hash.Add("none");
     }
@@ -129,9 +129,9 @@ class Batch {
 std::vector<FieldRow> FieldsOf(const BatchOptions& options) {
   std::vector<FieldRow> fields;
   try {
-    fields = ReadFieldTable(TextOfFile(ReadTextFile(options.table)), TextOfPath(options.table));
+    fields = ReadFieldTable(TextOfFile(ReadTextFile(options.table)), Utf8Of(options.table));
   } catch (const TextFileFault& fault) {
-    throw FieldTableFault(TextOfPath(options.table) + ": " + fault.what());
+    throw FieldTableFault(Utf8Of(options.table) + ": " + fault.what());
   }
   std::erase_if(fields, [&](const FieldRow& field) {
     return (field.number - 1) % options.shard.parts != options.shard.part - 1;
@@ -140,12 +140,12 @@ std::vector<FieldRow> FieldsOf(const BatchOptions& options) {
 }
 
 int StatusOf(Batch& batch, const BatchOptions& options, std::ostream& out) {
-  const std::filesystem::path results = options.out_folder / PathFrom(ResultsName(options.shard));
+  const std::filesystem::path results = options.out_folder / PathOf(ResultsName(options.shard));
   WriteTextFile(results, batch.Results());
   out << batch.total() << (batch.total() == 1 ? " field" : " fields");
   if (batch.reused() > 0) out << ", " << batch.reused() << " of them as they were";
   if (batch.refused() > 0) out << ", " << batch.refused() << " with something refused";
-  out << ": " << TextOfPath(results) << '\n' << std::flush;
+  out << ": " << Utf8Of(results) << '\n' << std::flush;
   return batch.refused() > 0 ? kBatchRefused : kBatchDone;
 }
 
@@ -168,7 +168,7 @@ BatchEnd RunBatch(const BatchOptions& options, const std::function<bool()>& go_o
     std::vector<FieldRow> fields = FieldsOf(options);
     std::error_code error;
     std::filesystem::create_directories(options.out_folder, error);
-    Journal journal(options.out_folder / PathFrom(Stem(options.shard) + ".journal"));
+    Journal journal(options.out_folder / PathOf(Stem(options.shard) + ".journal"));
     Batch batch(options, std::move(fields), journal, errors);
     const bool all = batch.Run(go_on);
     if (!all) {
@@ -181,7 +181,7 @@ BatchEnd RunBatch(const BatchOptions& options, const std::function<bool()>& go_o
     errors << fault.what() << '\n';
     return {kBatchNotUnderstood, false};
   } catch (const TextFileFault& fault) {
-    errors << TextOfPath(options.out_folder) << ": " << fault.what() << '\n';
+    errors << Utf8Of(options.out_folder) << ": " << fault.what() << '\n';
     return {kBatchNotWritten, false};
   }
 }
@@ -190,7 +190,7 @@ int MergeResults(const std::vector<std::filesystem::path>& parts, const std::fil
                  std::ostream& out, std::ostream& errors) {
   std::vector<std::pair<int, std::string>> fields;  // all rows of a field
   for (const std::filesystem::path& part : parts) {
-    const std::string name = TextOfPath(part);
+    const std::string name = Utf8Of(part);
     std::string text;
     std::vector<CsvRow> rows;
     try {
@@ -235,10 +235,10 @@ int MergeResults(const std::vector<std::filesystem::path>& parts, const std::fil
   try {
     WriteTextFile(joined, text);
   } catch (const TextFileFault& fault) {
-    errors << TextOfPath(joined) << ": " << fault.what() << '\n';
+    errors << Utf8Of(joined) << ": " << fault.what() << '\n';
     return kBatchNotWritten;
   }
-  out << fields.size() << (fields.size() == 1 ? " field: " : " fields: ") << TextOfPath(joined) << '\n';
+  out << fields.size() << (fields.size() == 1 ? " field: " : " fields: ") << Utf8Of(joined) << '\n';
   if (missing == 0) return kBatchDone;
   errors << missing << (missing == 1 ? " field before the last one is" : " fields before the last one are")
          << " in none of the tables\n";

@@ -14,15 +14,6 @@ namespace {
 
 }  // namespace
 
-std::filesystem::path PathFrom(std::string_view utf8) {
-  return {std::u8string(utf8.begin(), utf8.end())};
-}
-
-std::string TextOfPath(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 std::string ReadTextFile(const std::filesystem::path& path) {
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) Fail(EISDIR);

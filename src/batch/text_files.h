@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/paths.h"
+
 namespace torvale {
 
 // A file that could not be read or written; `what` is the system's reason.
@@ -12,14 +14,11 @@ struct TextFileFault : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// A path from UTF-8, and back.
-std::filesystem::path PathFrom(std::string_view utf8);
-std::string TextOfPath(const std::filesystem::path& path);
-
 // The bytes of a file of any size.
 std::string ReadTextFile(const std::filesystem::path& path);
 
-// Writes a file whole: under its name stands the former content or the new one at every moment.
+// Writes a file whole: under its name stands the former content or the new one at every moment. It is not waited for
+// until it is on the disk: what a power failure takes is made again by the next run.
 void WriteTextFile(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace torvale

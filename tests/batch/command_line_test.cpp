@@ -73,7 +73,7 @@ TEST(CommandLine, RunsATableAndJoinsItsParts) {
   folder.Write("s.csv", "0,100,600,20,10,1/2,1,7,20\n60,100,600,20,10,1/2,1,7,20\n");
   folder.Write("fields.csv",
                "gpm,target head,survey kind,survey,designs\n30,4,E,s.csv,planned\n31,4,E,s.csv,existing\n");
-  const auto path = [&](std::string_view name) { return TextOfPath(folder / name); };
+  const auto path = [&](std::string_view name) { return Utf8Of(folder / name); };
   EXPECT_EQ(RunAs({path("fields.csv"), "--out", path("all"), "--write", "designs,reports"}).status, kBatchDone);
   EXPECT_TRUE(std::filesystem::exists(folder / "all/00001/planned.PFD"));
   EXPECT_TRUE(std::filesystem::exists(folder / "all/00001/planned summary.pdf"));
@@ -90,8 +90,8 @@ TEST(CommandLine, RunsATableAndJoinsItsParts) {
 TEST(CommandLine, DrawsABarOnATerminalAlone) {
   const TestFolder folder;
   folder.Write("fields.csv", "survey\nnone.csv\n");
-  const std::string table = TextOfPath(folder / "fields.csv");
-  const std::string out = TextOfPath(folder / "out");
+  const std::string table = Utf8Of(folder / "fields.csv");
+  const std::string out = Utf8Of(folder / "out");
   EXPECT_THAT(RunAs({table, "--out", out}, true).errors, HasSubstr("[########################] 1 of 1 field"));
   EXPECT_EQ(RunAs({table, "--out", out}, false).errors.find('['), std::string::npos);
   EXPECT_EQ(RunAs({table, "--out", out, "--progress", "none"}, true).errors, "");

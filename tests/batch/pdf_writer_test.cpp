@@ -27,7 +27,7 @@ class PdfTest : public ::testing::Test {
     const std::optional<std::string> bytes = PdfOf(document);
     if (!bytes) return "no file";
     folder.Write("a.pdf", *bytes);
-    return Printed("pdftotext -layout '" + TextOfPath(folder / "a.pdf") + "' -");
+    return Printed("pdftotext -layout '" + Utf8Of(folder / "a.pdf") + "' -");
   }
   // Of the first word: the left and right edge and the top of its box, in points from the sheet's top left.
   struct Box {
@@ -35,7 +35,7 @@ class PdfTest : public ::testing::Test {
   };
   Box FirstWord(const Document& document) {
     folder.Write("a.pdf", PdfOf(document).value());
-    const std::string boxes = Printed("pdftotext -bbox '" + TextOfPath(folder / "a.pdf") + "' -");
+    const std::string boxes = Printed("pdftotext -bbox '" + Utf8Of(folder / "a.pdf") + "' -");
     const auto number = [&](const std::string& name) {
       const std::size_t at = boxes.find(name + "=\"");
       return at == std::string::npos ? -1 : std::stod(boxes.substr(at + name.size() + 2));
@@ -54,7 +54,7 @@ TEST_F(PdfTest, HoldsTheTextsOfEachPage) {
   EXPECT_NE(text.find("First \xC3\xBC \xE2\x82\xAC ?"), std::string::npos) << text;
   EXPECT_NE(text.find("\fSecond"), std::string::npos) << text;
   EXPECT_EQ(PdfOf(document), PdfOf(document));
-  EXPECT_NE(Printed("pdfinfo '" + TextOfPath(folder / "a.pdf") + "'").find("612 x 792 pts (letter)"),
+  EXPECT_NE(Printed("pdfinfo '" + Utf8Of(folder / "a.pdf") + "'").find("612 x 792 pts (letter)"),
             std::string::npos);
 }
 
@@ -86,7 +86,7 @@ TEST_F(PdfTest, ShortensATextThatIsFarTooLong) {
 // A line one inch down the middle of the sheet, a hundredth of an inch wide, is the only ink.
 TEST_F(PdfTest, DrawsLinesAndBoxes) {
   folder.Write("a.pdf", PdfOf({"", {PrintedLine{4, 2, 4, 3, 3}, PrintedBox{1, 4, 2, 5, 3}}}).value());
-  const std::string start = TextOfPath(folder / "a");
+  const std::string start = Utf8Of(folder / "a");
   Printed("pdftoppm -r 100 -gray -singlefile '" + start + ".pdf' '" + start + "'");
   const std::string picture = ReadTextFile(start + ".pgm");  // P5, 850 by 1100, 255
   ASSERT_GT(picture.size(), 850U * 1100U);

@@ -129,10 +129,10 @@ void ExpectSameDesign(const CsvRow& row, Program& shown, const std::filesystem::
   EXPECT_EQ(row.Cell(18), ShortestText(record.HoursOneInch));
   const TestFolder folder;
   shown.record.DisplayFileName = saved_as;
-  shown.record.SaveFileName = TextOfPath(folder / "by_hand");
+  shown.record.SaveFileName = Utf8Of(folder / "by_hand");
   shown.record.SaveFileName += ExtensionOf(record.DesignType);
   SaveFile(shown);
-  EXPECT_EQ(ReadTextFile(saved), ReadTextFile(PathFrom(shown.record.SaveFileName)));
+  EXPECT_EQ(ReadTextFile(saved), ReadTextFile(PathOf(shown.record.SaveFileName)));
 }
 
 BatchOptions Options(const TestFolder& folder, std::string_view out = "out") {
@@ -353,7 +353,7 @@ TEST_F(BatchTest, NothingThatIsWrongWithAFieldStopsTheRest) {
   const std::vector<CsvRow> rows = ReadCsv(results, ',');
   ASSERT_EQ(rows.size(), 12U);
   const auto because = [&](std::size_t field) { return rows.at(field).Cell(21); };
-  const std::string table = TextOfPath(folder / "fields.csv");
+  const std::string table = Utf8Of(folder / "fields.csv");
   EXPECT_EQ(because(1), "none.csv: No such file or directory");
   EXPECT_EQ(because(2), "garbage.csv, row 1, column 2: a quote is not closed");
   EXPECT_THAT(because(3), HasSubstr("cut.PFD: Error opening file! Check location of file."));

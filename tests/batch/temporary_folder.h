@@ -25,7 +25,7 @@ class TestFolder {
   TestFolder(const TestFolder&) = delete;
   TestFolder& operator=(const TestFolder&) = delete;
 
-  std::filesystem::path operator/(std::string_view name) const { return path_ / PathFrom(name); }
+  std::filesystem::path operator/(std::string_view name) const { return path_ / PathOf(name); }
   const std::filesystem::path& path() const { return path_; }
   void Write(std::string_view name, std::string_view bytes) const { WriteTextFile(*this / name, bytes); }
   std::string Read(std::string_view name) const { return ReadTextFile(*this / name); }

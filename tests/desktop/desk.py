@@ -137,12 +137,13 @@ class Desk:
         y = box.y + (box.height // 2 if dy is None else dy)
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", button], check=True)
 
-    def tab_to(self, name):
-        """Presses Tab until the control of that name has the focus; Trouble where it never comes round."""
+    def tab_to(self, name, key="Tab"):
+        """Presses Tab until the control of that name has the focus; Trouble where it never comes round. Through a sheet
+        Tab moves cell by cell, so what stands ahead of one is reached by "shift+Tab"."""
         for _ in range(40):
             if self.focused(name):
                 return
-            self.keys("Tab")
+            self.keys(key)
             time.sleep(0.1)
         raise Trouble(f'Tab never comes to "{name}"')
 

@@ -129,7 +129,7 @@ def choose_holes(desk):
         desk.type(size)
         desk.tab_to("---> Add")
         desk.keys("space")
-        desk.tab_to("Hole sizes")
+        desk.tab_to("Hole sizes", "shift+Tab")
     desk.tab_to("Exit")
     desk.keys("space")
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <mutex>
 #include <thread>
 
 #include "base/format.h"
@@ -170,7 +169,6 @@ TEST(Scenario, GivesWhatTheCommandGives) {
   const int fields = static_cast<int>(SampleScripts().size()) + static_cast<int>(Rounds(200));
   std::atomic<int> next = 0;
   Tally tally;
-  std::mutex one_at_a_time;
   const auto work = [&] {
     QuietProgram quiet;
     for (int field = next++; field < fields; field = next++) {
