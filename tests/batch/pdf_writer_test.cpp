@@ -54,8 +54,7 @@ TEST_F(PdfTest, HoldsTheTextsOfEachPage) {
   EXPECT_NE(text.find("First \xC3\xBC \xE2\x82\xAC ?"), std::string::npos) << text;
   EXPECT_NE(text.find("\fSecond"), std::string::npos) << text;
   EXPECT_EQ(PdfOf(document), PdfOf(document));
-  EXPECT_NE(Printed("pdfinfo '" + Utf8Of(folder / "a.pdf") + "'").find("612 x 792 pts (letter)"),
-            std::string::npos);
+  EXPECT_NE(Printed("pdfinfo '" + Utf8Of(folder / "a.pdf") + "'").find("612 x 792 pts (letter)"), std::string::npos);
 }
 
 // The page lies a quarter of an inch from the sheet's edge: x = 1 is 1.25 inches, 90 points. A digit of Helvetica is
