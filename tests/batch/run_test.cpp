@@ -49,7 +49,7 @@ std::string SurveyFileOf(const Program& program) {
 std::string FieldLineOf(const Program& program, const std::string& survey) {
   const MainScreen& main = program.main;
   std::string line = Quoted(survey);
-  for (const std::size_t i : {0, 1, 2, 3, 4, 5}) line += "," + Quoted(main.txtInfo.at(i).text());
+  for (const TextField& field : main.txtInfo) line += "," + Quoted(field.text());
   line += "," + program.record.PipeKind + ",";
   for (int i = 0; i < main.listHolesSelected.count(); ++i) line += main.listHolesSelected.Line(i) + " ";
   for (std::size_t i = 0; i < main.txtDefault.size(); ++i) line += "," + Quoted(main.txtDefault.at(i).text());
