@@ -138,6 +138,7 @@ void TakeFigures(const Program& program, ScenarioResult& result) {
 std::vector<std::string> RefusalWords(const std::vector<Told>& told, const std::string& status,
                                       const std::string& status_before) {
   std::vector<std::string> words;
+  words.reserve(told.size() + 1);
   for (const Told& message : told) words.push_back(message.body);
   if (!status.empty() && status != status_before) words.push_back(status);
   if (words.empty()) words.emplace_back(kEndedInSilence);

@@ -84,6 +84,7 @@ void ShowOffer(Program& program, const History& history) {
 
 std::vector<std::pair<int, std::string>> AllTexts(const InputTexts& texts) {
   std::vector<std::pair<int, std::string>> all;
+  all.reserve(texts.size());
   for (int place = 0; place < kInputPlaces; ++place) all.emplace_back(place, texts[static_cast<std::size_t>(place)]);
   return all;
 }
