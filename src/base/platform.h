@@ -50,16 +50,16 @@ class OutputFile {
   int OpenToAppend(const std::filesystem::path& path);
 
   // Gives the file the mode, owner and group of another.
-  int TakeRights(const FileFacts& other);
+  int TakeRights(const FileFacts& other) const;
   // Holds the file for this program alone, until it is closed or the program ends: EWOULDBLOCK (or EACCES at opening)
   // where another one does.
-  int Hold();
+  int Hold() const;
   // All of the bytes.
-  int Write(std::string_view bytes);
+  int Write(std::string_view bytes) const;
   // Cuts off what stands behind the last write.
-  int EndHere();
+  int EndHere() const;
   // Until what was written is on the disk.
-  int Flush();
+  int Flush() const;
   int Close();
   bool IsOpen() const { return handle_ != kNone; }
 

@@ -110,7 +110,7 @@ int OutputFile::OpenToAppend(const std::filesystem::path& path) {
   return OpenInto(handle_, path, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK, kUserAlone);
 }
 
-int OutputFile::TakeRights(const FileFacts& other) {
+int OutputFile::TakeRights(const FileFacts& other) const {
   struct stat own {};
   const int file = Descriptor(handle_);
   if (::fstat(file, &own) != 0) return errno;
@@ -120,13 +120,13 @@ int OutputFile::TakeRights(const FileFacts& other) {
   return Done([&] { return ::fchmod(file, other.mode); });
 }
 
-int OutputFile::Hold() {
+int OutputFile::Hold() const {
   const int error = Done([&] { return ::flock(Descriptor(handle_), LOCK_EX | LOCK_NB); });
   // A file system without locks lets everybody have it.
   return error == EWOULDBLOCK ? error : 0;
 }
 
-int OutputFile::Write(std::string_view bytes) {
+int OutputFile::Write(std::string_view bytes) const {
   const SizeLimitIsAnError while_writing;
   while (!bytes.empty()) {
     ssize_t count = 0;
@@ -140,13 +140,13 @@ int OutputFile::Write(std::string_view bytes) {
   return 0;
 }
 
-int OutputFile::EndHere() {
+int OutputFile::EndHere() const {
   const off_t end = ::lseek(Descriptor(handle_), 0, SEEK_CUR);
   if (end < 0) return errno;
   return Done([&] { return ::ftruncate(Descriptor(handle_), end); });
 }
 
-int OutputFile::Flush() {
+int OutputFile::Flush() const {
   return Done([&] { return ::fsync(Descriptor(handle_)); });
 }
 

@@ -166,16 +166,16 @@ int OutputFile::OpenToAppend(const fs::path& path) {
 }
 
 // RenameOver leaves them as they are.
-int OutputFile::TakeRights(const FileFacts& /*other*/) {
+int OutputFile::TakeRights(const FileFacts& /*other*/) const {
   return 0;
 }
 
 // A file that is open for writing can't be opened so by another program.
-int OutputFile::Hold() {
+int OutputFile::Hold() const {
   return 0;
 }
 
-int OutputFile::Write(std::string_view bytes) {
+int OutputFile::Write(std::string_view bytes) const {
   constexpr std::size_t kMostAtOnce = std::size_t{1} << 20U;
   while (!bytes.empty()) {
     DWORD count = 0;
@@ -187,11 +187,11 @@ int OutputFile::Write(std::string_view bytes) {
   return 0;
 }
 
-int OutputFile::EndHere() {
+int OutputFile::EndHere() const {
   return ::SetEndOfFile(HandleOf(handle_)) != 0 ? 0 : LastError();
 }
 
-int OutputFile::Flush() {
+int OutputFile::Flush() const {
   return ::FlushFileBuffers(HandleOf(handle_)) != 0 ? 0 : LastError();
 }
 

@@ -110,7 +110,7 @@ char SeparatorOf(std::string_view text) {
   return ',';
 }
 
-std::string TextOfFile(std::string bytes) {
+std::string TextOfFile(const std::string& bytes) {
   if (bytes.starts_with(kMark)) return bytes.substr(kMark.size());
   return IsUtf8(bytes) ? bytes : FromCodePage(bytes);
 }

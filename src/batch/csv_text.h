@@ -37,6 +37,6 @@ char SeparatorOf(std::string_view text);
 
 // The text of a file as UTF-8, without a mark of order at its front. What is no UTF-8 is taken for the code page of the
 // program's own files.
-std::string TextOfFile(std::string bytes);
+std::string TextOfFile(const std::string& bytes);
 
 }  // namespace torvale

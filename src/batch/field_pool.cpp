@@ -106,6 +106,8 @@ class Pool {
 
   void GiveUpHung(std::unique_lock<std::mutex>& lock) {
     const Clock::time_point latest = Clock::now() - options_.limit - options_.grace;
+    // Threads that are started here come to the end of the list.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (std::size_t i = 0; i < hands_.size(); ++i) {
       Hand& hand = *hands_[i];
       if (hand.given_up || !hand.at || hand.since > latest) continue;
