@@ -6,6 +6,15 @@ find_library(RAPIDCHECK_LIBRARY rapidcheck REQUIRED)
 find_library(MPFR_LIBRARY mpfr REQUIRED)
 find_library(GMP_LIBRARY gmp REQUIRED)
 
+# The one file that is compiled with the name of this folder.
+add_library(torvale_source_folder OBJECT ${PROJECT_SOURCE_DIR}/tests/support/source_folder.cpp)
+target_include_directories(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+target_compile_definitions(torvale_source_folder PRIVATE TORVALE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+
+# A test is compiled far oftener than it works hard.
+add_library(torvale_test_options INTERFACE)
+target_compile_options(torvale_test_options INTERFACE $<$<CONFIG:Release>:-O1>)
+
 # A hung test is a failed test. The longest are the random runs of ./test --thorough.
 set(test_timeout_seconds 900)
 
@@ -20,8 +29,8 @@ function(torvale_tests name)
   set(target torvale_${name}_tests)
   add_executable(${target} ${sources})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${RAPIDCHECK_INCLUDE})
-  target_compile_definitions(${target} PRIVATE TORVALE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${target} PRIVATE ${ARGN} ${RAPIDCHECK_LIBRARY} GTest::gmock GTest::gtest_main torvale_options)
+  target_link_libraries(${target} PRIVATE ${ARGN} ${RAPIDCHECK_LIBRARY} torvale_source_folder GTest::gmock GTest::gtest_main
+    torvale_options torvale_test_options)
   add_test(NAME ${name} COMMAND ${target})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${test_timeout_seconds})
 endfunction()
@@ -57,9 +66,8 @@ if(TORVALE_WINDOW AND TARGET torvale_qt)
     add_executable(torvale_gui_tests ${gui_sources})
     set_target_properties(torvale_gui_tests PROPERTIES AUTOMOC ON)
     target_include_directories(torvale_gui_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    target_compile_definitions(torvale_gui_tests PRIVATE TORVALE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-    target_link_libraries(torvale_gui_tests PRIVATE torvale_qt torvale_script_lib Qt6::Test GTest::gmock GTest::gtest
-      torvale_options)
+    target_link_libraries(torvale_gui_tests PRIVATE torvale_qt torvale_script_lib torvale_source_folder Qt6::Test GTest::gmock
+      GTest::gtest torvale_options torvale_test_options)
     add_test(NAME gui COMMAND torvale_gui_tests)
     set_tests_properties(gui PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT ${test_timeout_seconds})
   endif()

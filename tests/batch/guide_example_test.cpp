@@ -6,6 +6,7 @@
 #include "batch/csv_text.h"
 #include "batch/run.h"
 #include "batch/temporary_folder.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -20,7 +21,7 @@ std::string Element(const std::string& guide, const std::string& id) {
 }
 
 TEST(GuideExample, GivesTheFiguresThatTheGuideTells) {
-  const std::string guide = ReadTextFile(std::filesystem::path(TORVALE_SOURCE_DIR) / "data/TORVALEHELP.hlp");
+  const std::string guide = ReadTextFile(std::filesystem::path(kSourceFolder) / "data/TORVALEHELP.hlp");
   const TestFolder folder;
   folder.Write("fields.csv", Element(guide, "many-fields-table"));
   folder.Write("corner.csv", Element(guide, "many-fields-survey"));

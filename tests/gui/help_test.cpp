@@ -12,6 +12,7 @@
 #include <QWheelEvent>
 
 #include "gui/window_test.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -20,9 +21,9 @@ class HelpTest : public WindowTest {
  protected:
   void SetUp() override {
     WindowTest::SetUp();
-    QFile::copy(TORVALE_SOURCE_DIR "/data/TORVALEHELP.hlp", data_.filePath("TORVALEHELP.hlp"));
+    QFile::copy(QString(kSourceFolder) + "/data/TORVALEHELP.hlp", data_.filePath("TORVALEHELP.hlp"));
     QDir(data_.path()).mkdir("help");
-    for (const QFileInfo& picture : QDir(TORVALE_SOURCE_DIR "/data/help").entryInfoList(QDir::Files)) {
+    for (const QFileInfo& picture : QDir(QString(kSourceFolder) + "/data/help").entryInfoList(QDir::Files)) {
       QFile::copy(picture.filePath(), data_.filePath("help/" + picture.fileName()));
     }
   }

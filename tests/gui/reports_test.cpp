@@ -3,6 +3,7 @@
 #include "gui/window_test.h"
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -96,7 +97,7 @@ TEST_F(ReportsTest, ARuleKeepsOutOfAWord) {
 TEST_F(ReportsTest, EachTypeOfDesignComesOutOnPaper) {
   for (const char* type : {"PFD", "CSD", "DSD", "CSH", "XFD", "LHD"}) {
     const QString name = QString("ditch_corner.") + type;
-    ASSERT_TRUE(QFile::copy(QString(TORVALE_SOURCE_DIR "/data/samples/") + name, data_.filePath(name)));
+    ASSERT_TRUE(QFile::copy(QString(kSourceFolder) + "/data/samples/" + name, data_.filePath(name)));
     window_->OpenDesign(data_.filePath(name));
     ASSERT_EQ(record().HoleRows, 54) << type;
     // 54 rows: 35 and 19.

@@ -7,6 +7,7 @@
 #include <QTextBrowser>
 
 #include "gui/window_test.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -200,7 +201,7 @@ TEST_F(SheetHabitsWindowTest, APanelGoesWithTheMouseAndOnlyADropOnTheScreenKeeps
 }
 
 TEST_F(SheetHabitsWindowTest, F1InAMessageBoxOpensTheGuideAtItsEntry) {
-  QFile::copy(TORVALE_SOURCE_DIR "/data/TORVALEHELP.hlp", data_.filePath("TORVALEHELP.hlp"));
+  QFile::copy(QString(kSourceFolder) + "/data/TORVALEHELP.hlp", data_.filePath("TORVALEHELP.hlp"));
   host_->Attach(
       window_.get(), [this] { window_->Sync(); }, [this](const std::string& body) { window_->ExplainMessage(body); });
   std::string place;

@@ -7,6 +7,7 @@
 #include "gui/hand_driver.h"
 #include "script/record_fields.h"
 #include "shell/start_up.h"
+#include "support/source_folder.h"
 #include "support/without_folder.h"
 
 namespace torvale {
@@ -143,7 +144,7 @@ std::string Noticed(const std::string& transcript) {
 std::vector<fs::path> ScriptFiles() {
   std::vector<fs::path> files;
   for (const char* folder : {"tests/scripts", "data/samples"}) {
-    for (const auto& entry : fs::directory_iterator(fs::path(TORVALE_SOURCE_DIR) / folder)) {
+    for (const auto& entry : fs::directory_iterator(fs::path(kSourceFolder) / folder)) {
       if (entry.path().extension() == ".script") files.push_back(entry.path());
     }
   }

@@ -22,6 +22,7 @@
 #include "qt/main_window.h"
 #include "qt/qt_host.h"
 #include "shell/start_up.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 
@@ -29,7 +30,7 @@ class WindowTest : public ::testing::Test {
  protected:
   // Settings and data go to folders of the test's own. There is no defaults file, so fields hold their start-up values.
   void SetUp() override {
-    QFile::copy(TORVALE_SOURCE_DIR "/data/SoilsName.txt", data_.filePath("SoilsName.txt"));
+    QFile::copy(QString(kSourceFolder) + "/data/SoilsName.txt", data_.filePath("SoilsName.txt"));
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
     QObject::connect(&unexpected_, &QTimer::timeout, [] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());

@@ -15,14 +15,14 @@
 #include "script/session.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 
 // The scripts of data/samples, in the order of their names.
 inline std::vector<std::filesystem::path> SampleScripts() {
   std::vector<std::filesystem::path> samples;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(std::filesystem::path(TORVALE_SOURCE_DIR) / "data/samples")) {
+  for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(kSourceFolder) / "data/samples")) {
     if (entry.path().extension() == ".script") samples.push_back(entry.path());
   }
   std::sort(samples.begin(), samples.end());

@@ -13,6 +13,7 @@
 #include "script/session.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -22,7 +23,7 @@ namespace fs = std::filesystem;
 
 std::vector<fs::path> CaseFiles() {
   std::vector<fs::path> files;
-  for (const auto& entry : fs::directory_iterator(fs::path(TORVALE_SOURCE_DIR) / "tests/cases")) {
+  for (const auto& entry : fs::directory_iterator(fs::path(kSourceFolder) / "tests/cases")) {
     if (entry.path().extension() == ".json") files.push_back(entry.path());
   }
   std::sort(files.begin(), files.end());

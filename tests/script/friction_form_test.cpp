@@ -7,13 +7,14 @@
 
 #include "elsewhere.h"
 #include "script/runner.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
 
 // The level sample with its roughness coefficient replaced.
 DesignRecord LevelField(const std::string& c) {
-  std::ifstream file(std::string(TORVALE_SOURCE_DIR) + "/data/samples/level_field_by_rods.script");
+  std::ifstream file(std::string(kSourceFolder) + "/data/samples/level_field_by_rods.script");
   std::string script{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   const std::string typed = "type txtDefault(3) \"150\"";
   const std::size_t at = script.find(typed);

@@ -9,6 +9,7 @@
 #include "elsewhere.h"
 #include "script/record_fields.h"
 #include "script/runner.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -106,7 +107,7 @@ void AddGrid(Hash& hash, const Grid& grid) {
 
 std::vector<fs::path> Samples() {
   std::vector<fs::path> samples;
-  for (const auto& entry : fs::directory_iterator(fs::path(TORVALE_SOURCE_DIR) / "data/samples")) {
+  for (const auto& entry : fs::directory_iterator(fs::path(kSourceFolder) / "data/samples")) {
     if (entry.path().extension() == ".script") samples.push_back(entry.path());
   }
   std::sort(samples.begin(), samples.end());

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/source_folder.h"
+
 namespace torvale {
 namespace {
 
@@ -20,7 +22,7 @@ std::string DeclaredName(std::string line) {
 }
 
 std::vector<std::string> DeclaredFields() {
-  std::ifstream header(std::filesystem::path(TORVALE_SOURCE_DIR) / "src/record/design_record.h");
+  std::ifstream header(std::filesystem::path(kSourceFolder) / "src/record/design_record.h");
   std::vector<std::string> names;
   bool inside = false;
   for (std::string line; std::getline(header, line);) {

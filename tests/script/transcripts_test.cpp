@@ -8,6 +8,7 @@
 
 #include "elsewhere.h"
 #include "script/runner.h"
+#include "support/source_folder.h"
 #include "support/without_folder.h"
 
 namespace torvale {
@@ -25,7 +26,7 @@ bool Accepting() {
 std::vector<fs::path> ScriptFiles() {
   std::vector<fs::path> files;
   for (const char* folder : {"tests/scripts", "data/samples"}) {
-    for (const auto& entry : fs::directory_iterator(fs::path(TORVALE_SOURCE_DIR) / folder)) {
+    for (const auto& entry : fs::directory_iterator(fs::path(kSourceFolder) / folder)) {
       if (entry.path().extension() == ".script") files.push_back(entry.path());
     }
   }

@@ -10,6 +10,7 @@
 #include "display/grid_layout.h"
 #include "shell/commands.h"
 #include "started_program.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -52,7 +53,7 @@ std::string Shown(std::string_view markup) {
 }
 
 std::string Guide() {
-  std::ifstream file(TORVALE_SOURCE_DIR "/data/TORVALEHELP.hlp", std::ios::binary);
+  std::ifstream file(std::string(kSourceFolder) + "/data/TORVALEHELP.hlp", std::ios::binary);
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 

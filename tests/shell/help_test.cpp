@@ -8,6 +8,7 @@
 #include "shell/commands.h"
 #include "shell/help_pages.h"
 #include "shell/started_program.h"
+#include "support/source_folder.h"
 
 namespace torvale {
 namespace {
@@ -120,7 +121,7 @@ TEST_F(HelpTest, EveryControlWithTheFocusHasAPage) {
 
 // The guide that comes with the program.
 TEST(HelpFileTest, HasEveryPlaceThatTheProgramOpens) {
-  std::ifstream file(TORVALE_SOURCE_DIR "/data/TORVALEHELP.hlp", std::ios::binary);
+  std::ifstream file(std::string(kSourceFolder) + "/data/TORVALEHELP.hlp", std::ios::binary);
   ASSERT_TRUE(file);
   const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   const std::vector<HelpPage> pages = ReadHelpPages(bytes);

@@ -9,11 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "support/source_folder.h"
+
 namespace torvale {
 
 // The whole page, by its file name in docs/.
 inline std::string PageText(const std::string& name) {
-  std::ifstream file(std::string(TORVALE_SOURCE_DIR) + "/docs/" + name, std::ios::binary);
+  std::ifstream file(std::string(kSourceFolder) + "/docs/" + name, std::ios::binary);
   EXPECT_TRUE(file) << name;
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
