@@ -158,8 +158,11 @@ void mnuProfile_Click(Program& program) {
     profile.lblProfileName.caption = main.txtInfo[0].text() + "   " + main.txtInfo[4].text();
     BuildCrownChart(program);
   } catch (const RunTimeFault&) {
+    // The sheet behind the table can have been cut or pasted over since the design was worked out.
     btnBack_Click(program);
-    throw;
+    program.host.Message(
+        "The crown profile can not be drawn from the survey as it is now: see its stations, and run the design again.",
+        "");
   }
 }
 

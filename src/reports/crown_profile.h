@@ -6,7 +6,7 @@ namespace torvale {
 
 // Opens the crown profile of the design that is shown. The Summary table is drawn beneath it, whichever table was open,
 // so that `ProfileScale` and the table are current; `ProfileTitle` keeps the name of the one to go back to. A fault on
-// the way closes the window again and passes on.
+// the way, such as a station of the sheet that is no number, closes the window again and is told of.
 void mnuProfile_Click(Program& program);
 
 // Closes the profile. The caption of `cmdDesignToggle` is the former one again; the table is not drawn anew.

@@ -210,6 +210,7 @@ void mnuWindowInfo_Click(Program& program) {
 void cmdInterpolate_Click(Program& program) {
   MainScreen& main = program.main;
   ScreenEngineHost host(program);
+  program.running.input.clear();  // what is filled in here is nothing that the user changed
   const int row =
       InterpolateSurvey(program.record, main.Grid1.cells(),
                         {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()}, host);

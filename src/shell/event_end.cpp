@@ -34,15 +34,18 @@ std::string InputOf(const MainScreen& main) {
 void OfferInterpolation(Program& program) {
   MainScreen& main = program.main;
   const bool given_up = !DesignStands(program) && !main.Grid2.control.visible && !main.cmdInterpolate.visible;
+  std::string& before = program.running.input;
   if (!given_up) {
-    program.running.input.clear();
+    before.clear();
     return;
   }
   std::string input = InputOf(main);
-  if (program.running.input.empty())
-    program.running.input = std::move(input);
-  else if (program.running.input != input)
+  if (before.empty()) {
+    before = std::move(input);
+  } else if (before != input) {
     main.cmdInterpolate.visible = true;
+    before.clear();
+  }
 }
 
 // A survey that was pasted or read may begin elsewhere; the next design shown puts 0 there.

@@ -291,15 +291,19 @@ TEST_F(CrownProfileTest, FromTheSummaryTheToggleStaysAsItWas) {
   EXPECT_EQ(main.cmdDesignToggle.caption, "Summary");
 }
 
-// A survey station that is no number stops the Summary, and with it the profile.
-TEST_F(CrownProfileTest, AFaultOnTheWayClosesItAgain) {
+// A survey station that is no number stops the Summary, and with it the profile. What is left is the sheet, to see what
+// is wrong with it.
+TEST_F(CrownProfileTest, AFaultOnTheWayIsToldAndClosesItAgain) {
   AddLine({10, 10, 10});
   AddSurvey("0", "1/4");
   AddSurvey("x", "1/4");
   ShowTable("Complete Design");
-  EXPECT_THROW(mnuProfile_Click(program), RunTimeFault);
+  mnuProfile_Click(program);
+  EXPECT_EQ(host.messages, 1);
   EXPECT_FALSE(program.profile.CrownProfile.visible);
   EXPECT_EQ(main.cmdDesignToggle.caption, "Complete Design");
+  EXPECT_TRUE(main.Grid1.control.visible);
+  EXPECT_FALSE(main.Grid2.control.visible);
 }
 
 TEST_F(CrownProfileTest, TheSlopeStandsOnTheProfileOfSlopeDesignsAlone) {

@@ -203,6 +203,33 @@ TEST_F(EventEndTest, TheNextChangeOfTheInputBringsTheInterpolationBack) {
   }
 }
 
+// What the user typed before the selection was abandoned is no change after it.
+TEST_F(EventEndTest, AChangeBringsTheInterpolationBackOnce) {
+  Run("mnuManHoleSelection");
+  main.listHolesSelected.Clear();
+  Run("cmdExitHoleSelect");
+  Run("mnuManHoleSelection");
+  TypeText(program, "txtInfo(4)", "East");
+  EXPECT_TRUE(main.cmdInterpolate.visible);
+  Run("cmdExitHoleSelect");
+  EXPECT_FALSE(main.cmdInterpolate.visible);
+}
+
+// Nor is the furrow length that a design fills in before it is cancelled.
+TEST_F(EventEndTest, WhatADesignFillsInIsNoChangeOfTheInput) {
+  sheet().Set(2, kFurrowLengthColumn, "");
+  Run("mnuManHoleSelection");
+  main.listHolesSelected.Clear();
+  Run("cmdExitHoleSelect");
+  EXPECT_FALSE(main.cmdInterpolate.visible);
+  OnYield(1, [&] { Run("cmdCancel"); });
+  Run("mnuDesignField");
+  ASSERT_NE(sheet().Text(2, kFurrowLengthColumn), "");
+  EXPECT_FALSE(main.cmdInterpolate.visible);
+  TypeText(program, "txtInfo(4)", "East");
+  EXPECT_TRUE(main.cmdInterpolate.visible);
+}
+
 TEST_F(EventEndTest, AFirstStationOtherThanZeroIsMarked) {
   host.clipboard = "10\t5.1\r\n110\t5.1\r\n";
   Run("mnuSurveyCopy");

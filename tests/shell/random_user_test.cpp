@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <random>
 
@@ -11,6 +10,7 @@
 #include "shell/events.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
+#include "support/long_runs.h"
 
 namespace torvale {
 namespace {
@@ -190,16 +190,17 @@ class RandomUser {
 };
 
 TEST(RandomUserTest, AlwaysFindsAWayToGoOn) {
-  const int statements = std::getenv("TORVALE_LONG") != nullptr ? 200'000 : 2'000;
-  constexpr int kOfOneUser = 100;
-  for (int i = 0; i < statements; i += kOfOneUser) {
-    RandomUser user(static_cast<unsigned>(i));
+  constexpr unsigned kOfOneUser = 100;
+  const unsigned users = LongRun(2'000U, 200'000U, 2'000'000U) / kOfOneUser;
+  const unsigned first = FirstRound(0);
+  for (unsigned seed = first; seed < first + users; ++seed) {
+    RandomUser user(seed);
     std::string all;
-    for (int k = 0; k < kOfOneUser; ++k) {
+    for (unsigned k = 0; k < kOfOneUser; ++k) {
       user.Statement();
       all += user.said + "\n";
       const std::string wrong = user.Wrong();
-      ASSERT_EQ(wrong, "") << "user " << i << ", statement " << k << ", of\n" << all;
+      ASSERT_EQ(wrong, "") << "TORVALE_FIRST=" << seed << ", statement " << k << ", of\n" << all;
     }
   }
 }

@@ -51,13 +51,15 @@ struct ScreenModel {
   std::string opening_heading = "Hole Dia. (Inches)";
   std::string size_heading = "Hole Width (fractions)";
 
-  bool ok = true;        // the last run is still good ...
-  bool missing = false;  // ... and its input was not refused
+  bool completed = false;  // the survey, since it was typed
+  bool ok = true;          // the last run is still good ...
+  bool missing = false;    // ... and its input was not refused
 
   // --- Statements ---
 
   void Typed(Input now) {
     input = now;
+    completed = false;
     TextsChanged();
     InputChanged();
   }
@@ -126,7 +128,7 @@ struct ScreenModel {
   }
 
   void ReCalculate(bool cancel) {
-    sheet = true;  // it is completed, and with it shown
+    CompleteSheet();
     if (type == kLimitedHoles) return OpenPanel();
     if (type == kConstantSlope) return Search(kConstantSlope, cancel);
     const bool searches = type == kDualSlope;
@@ -143,6 +145,7 @@ struct ScreenModel {
     table = table == "Summary" ? "Complete Design" : "Summary";
     results = true;
     Display();
+    if (table == "Summary" && SurveyEndsEarly()) GoBack();
   }
 
   void Preferences() {
@@ -177,19 +180,19 @@ struct ScreenModel {
     size_heading = kind == "L" ? "Hole Diameter (fractions)" : "Hole Width (fractions)";
     if (!results) return;
     if (type != kLimitedHoles) return ReCalculate(cancel);
-    if (input == Input::kGood || input == Input::kNoHoles) {  // the line stands as it was; the flow is the same
-      ok = true;
-      Display();
-    } else {
-      ok = false;
-      busy = false;
-      back_enabled = true;
-      GoBack();
-    }
+    // The line stands as it was; these inputs have the same flow.
+    ok = input == Input::kGood || input == Input::kNoHoles;
+    if (ok) Display();
+    if (table == "Summary" && SurveyEndsEarly()) ok = false;
+    if (ok) return;
+    busy = false;
+    back_enabled = true;
+    GoBack();
   }
 
   void InputScreen() {
     GoBack();
+    CompleteSheet();
     title = "TORVALE   ";
     back_entry = false;
     if (ticked != "mnuExistingDesign") ticked = "";
@@ -197,7 +200,7 @@ struct ScreenModel {
   }
 
  private:
-  // What every design command does first. The sheet is completed, and with it shown.
+  // What every design command does first.
   void Start(int design) {
     static const std::map<int, std::pair<std::string, std::string>> kTypes = {
         {kPlanned, {"mnuDesignField", "TORVALE   Planned Design"}},
@@ -211,8 +214,15 @@ struct ScreenModel {
     ticked = kTypes.at(design).first;
     title = kTypes.at(design).second;
     interpolate = false;
-    sheet = true;
+    CompleteSheet();
   }
+
+  // The sheet is shown with it.
+  void CompleteSheet() { completed = sheet = true; }
+
+  // The Summary goes by the stations of the survey. Two rows of ten feet end before the hundred feet of a shown design;
+  // so does a survey without holes, whose end is found at its second row when it is completed.
+  bool SurveyEndsEarly() const { return input == Input::kTooMuchFlow || (input == Input::kNoHoles && completed); }
 
   Outcome Run(bool cancel) {
     ok = true;
