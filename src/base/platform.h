@@ -79,6 +79,8 @@ bool ErrorsGoToTerminal();
 
 // A number that no other running program of this machine has.
 std::uint64_t ProcessNumber();
+// Whether a program of that number runs on this machine.
+bool ProcessRuns(std::uint64_t number);
 
 // The folder for what the program keeps for its user and the user doesn't look for: recovery, former contents of
 // files. It may not be there yet. Empty where the user has no folder at all.

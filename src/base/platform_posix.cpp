@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -178,6 +179,12 @@ bool ErrorsGoToTerminal() {
 
 std::uint64_t ProcessNumber() {
   return static_cast<std::uint64_t>(::getpid());
+}
+
+bool ProcessRuns(std::uint64_t number) {
+  // Numbers from 0 down stand for groups of programs.
+  if (number == 0 || number > static_cast<std::uint64_t>(std::numeric_limits<pid_t>::max())) return false;
+  return ::kill(static_cast<pid_t>(number), 0) == 0 || errno != ESRCH;
 }
 
 std::filesystem::path UserDataFolder() {

@@ -229,6 +229,16 @@ std::uint64_t ProcessNumber() {
   return ::GetCurrentProcessId();
 }
 
+bool ProcessRuns(std::uint64_t number) {
+  if (number == 0 || number > MAXDWORD) return false;
+  const HANDLE process = ::OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(number));
+  // Another user's program can't be opened.
+  if (process == nullptr) return ::GetLastError() == ERROR_ACCESS_DENIED;
+  const bool runs = ::WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+  ::CloseHandle(process);
+  return runs;
+}
+
 fs::path UserDataFolder() {
   PWSTR found = nullptr;
   fs::path folder;

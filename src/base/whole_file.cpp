@@ -4,10 +4,15 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "base/paths.h"
 #include "base/platform.h"
@@ -20,6 +25,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t kBlock = std::size_t{32} << 10U;
 constexpr std::size_t kLongestTail = 200;  // bytes of a kept file's name
 constexpr int kMostLinks = 40;
+constexpr std::chrono::hours kOldEnough{24};
 
 // Errors by which a folder or a system says that a file can't be replaced there, though it might be written.
 constexpr std::array<int, 6> kNotBeside = {EACCES, EPERM, EROFS, EBUSY, EXDEV, ENAMETOOLONG};
@@ -102,9 +108,34 @@ std::string OwnNumber() {
   return std::to_string(ProcessNumber()) + "-" + std::to_string(++count);
 }
 
+constexpr std::string_view kBeside = ".torvale-";
+
 // Short, so that it finds room wherever the file's own name does.
 fs::path NameBeside(const fs::path& target) {
-  return target.parent_path() / (".torvale-" + OwnNumber());
+  return target.parent_path() / (std::string(kBeside) + OwnNumber());
+}
+
+// The number of the program that gave a file such a name; nothing for any other name.
+std::optional<std::uint64_t> WriterOf(std::string_view name) {
+  if (!name.starts_with(kBeside)) return std::nullopt;
+  name.remove_prefix(kBeside.size());
+  std::uint64_t writer = 0;
+  std::uint64_t count = 0;
+  const char* const end = name.data() + name.size();
+  const auto dash = std::from_chars(name.data(), end, writer);
+  if (dash.ec != std::errc() || dash.ptr == end || *dash.ptr != '-') return std::nullopt;
+  const auto rest = std::from_chars(dash.ptr + 1, end, count);
+  if (rest.ec != std::errc() || rest.ptr != end) return std::nullopt;
+  return writer;
+}
+
+bool IsLeftover(const fs::directory_entry& entry) {
+  const auto writer = WriterOf(Utf8Of(entry.path().filename()));
+  if (!writer || ProcessRuns(*writer)) return false;
+  std::error_code error;
+  if (!fs::is_regular_file(entry.symlink_status(error))) return false;
+  const fs::file_time_type touched = entry.last_write_time(error);
+  return !error && fs::file_time_type::clock::now() - touched > kOldEnough;
 }
 
 // The file that a path leads to, also where it isn't there yet.
@@ -226,11 +257,28 @@ WholeFileResult WriteWhole(const fs::path& path, std::string_view bytes, const f
   if (error == 0) error = LookAt(target, former);
   if (error == 0) error = WhyNot(former);
   if (error != 0) return {error, {}};
-  if (former.links <= 1) {
+  bool in_place = former.links > 1;
+  if (!in_place) {
     error = WriteBeside(disk, target, bytes, former);
-    if (error == 0 || !former.is_there || !IsNotBeside(error)) return {error, {}};
+    in_place = error != 0 && former.is_there && IsNotBeside(error);
   }
-  return WriteInPlace(disk, target, bytes, kept_folder);
+  WholeFileResult result{error, {}};
+  if (in_place) result = WriteInPlace(disk, target, bytes, kept_folder);
+  if (result.error == 0) RemoveLeftovers(target, watch);
+  return result;
+}
+
+void RemoveLeftovers(const fs::path& file, const DiskWatch& watch) {
+  const Disk disk(watch);
+  fs::path target = file;
+  if (FollowLinks(target) != 0) return;
+  std::vector<fs::path> leftovers;
+  std::error_code end;
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : ".";
+  for (fs::directory_iterator entry(folder, end); !end && entry != fs::directory_iterator(); entry.increment(end)) {
+    if (IsLeftover(*entry)) leftovers.push_back(entry->path());
+  }
+  for (const fs::path& leftover : leftovers) disk.Remove(leftover);
 }
 
 }  // namespace torvale

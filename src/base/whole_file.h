@@ -31,4 +31,10 @@ struct WholeFileResult {
 WholeFileResult WriteWhole(const std::filesystem::path& path, std::string_view bytes,
                            const std::filesystem::path& kept_folder, const DiskWatch& watch = {});
 
+// Takes away what programs have left beside the file, or beside the one that it leads to, that ended in the middle of a
+// write: files with a name as WriteWhole gives it, of no program that runs on this machine, and untouched for a day,
+// since another machine may write to the same folder. What can't be taken away stays. Every write does so when it is
+// done.
+void RemoveLeftovers(const std::filesystem::path& file, const DiskWatch& watch = {});
+
 }  // namespace torvale
