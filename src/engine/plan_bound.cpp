@@ -15,6 +15,7 @@ constexpr double kFirstPrice = 0.15;
 constexpr double kPriceStep = 0.02;
 constexpr double kLevelWeight = 1;
 constexpr int kPrices = 5;                // tried for a box
+constexpr double kHeadStray = 1e-9;       // feet that a sum of heads can stray
 constexpr double kRoundingPoints = 1e-4;  // percent that the stores of single values can add
 
 Range Meet(const Range& a, const Range& b) {
@@ -41,6 +42,9 @@ PlanBounds::PlanBounds(const PlanTask& task)
       least_flow_(static_cast<double>(task.target) * 0.9995 * (1 - slack_)),
       ratio_from_(task.furrows.size() + 1),
       furrow_at_(static_cast<std::size_t>(task.line.rows) + 1, -1),
+      head_at_(furrow_at_.size()),
+      flow_at_(furrow_at_.size()),
+      friction_at_(furrow_at_.size()),
       flow_low_(task.furrows.size() * sizes_),
       flow_high_(task.furrows.size() * sizes_),
       cost_(sizes_),
@@ -91,17 +95,20 @@ Range PlanBounds::FlowOfLevel(const Range& level, double wanted, std::size_t fur
   return flow;
 }
 
+double PlanBounds::Outflow(std::size_t furrow, std::size_t size, double head) const {
+  return OrificeFlow(area_[size] * task_.furrows[furrow].holes, head, task_.line.discharge_coef);
+}
+
 void PlanBounds::SetFlows(std::size_t furrow, double least_head, double highest_head) {
-  const double holes = task_.furrows[furrow].holes;
+  const double low = OrificeFlow(task_.furrows[furrow].holes, least_head, task_.line.discharge_coef) * (1 - slack_);
+  const double high = OrificeFlow(task_.furrows[furrow].holes, highest_head, task_.line.discharge_coef) * (1 + slack_);
   for (std::size_t size = 0; size < sizes_; ++size) {
-    const double area = area_[size] * holes;
-    const std::size_t at = furrow * sizes_ + size;
-    flow_low_[at] = OrificeFlow(area, least_head, task_.line.discharge_coef) * (1 - slack_);
-    flow_high_[at] = OrificeFlow(area, highest_head, task_.line.discharge_coef) * (1 + slack_);
+    flow_low_[furrow * sizes_ + size] = area_[size] * low;
+    flow_high_[furrow * sizes_ + size] = area_[size] * high;
   }
 }
 
-bool PlanBounds::MarchRanges(PlanBox& box, double wanted) {
+bool PlanBounds::MarchUpstream(PlanBox& box, double wanted) {
   const Line& line = task_.line;
   const std::size_t count = task_.furrows.size();
   const std::array<std::size_t, 3> marks = {count * 3 / 4, count / 2, count / 4};
@@ -119,23 +126,56 @@ bool PlanBounds::MarchRanges(PlanBox& box, double wanted) {
         if (furrow == marks[mark]) box.head[mark] = head = Meet(head, box.head[mark]);
       }
       if (Empty(head)) return false;
-      SetFlows(furrow, head.low, head.high);
-      flow.low += flow_low_[furrow * sizes_];
-      flow.high += flow_high_[furrow * sizes_ + sizes_ - 1];
+      flow.low += Outflow(furrow, 0, head.low) * (1 - slack_);
+      flow.high += Outflow(furrow, sizes_ - 1, head.high) * (1 + slack_);
       flow = Meet(flow, FlowOfLevel(box.level, wanted, furrow));
       for (std::size_t mark = 0; mark < marks.size(); ++mark) {
         if (furrow == marks[mark]) box.flow[mark] = flow = Meet(flow, box.flow[mark]);
       }
     }
     if (Empty(head) || Empty(flow)) return false;
+    head_at_[i] = head;
+    flow_at_[i] = flow;
     if (row == 1) break;
     const auto friction = [&](double gpm) {
       return SpanFriction(line.length[i], FlowPower(static_cast<float>(gpm)) / line.dia_power[i], line.friction_factor);
     };
-    head.low = head.low - line.rise[i] + friction(std::max(flow.low, 0.0)) * (1 - 4 * slack_);
-    head.high = head.high - line.rise[i] + friction(flow.high) * (1 + 4 * slack_);
+    friction_at_[i] = {friction(std::max(flow.low, 0.0)) * (1 - 4 * slack_), friction(flow.high) * (1 + 4 * slack_)};
+    head.low = head.low - line.rise[i] + friction_at_[i].low;
+    head.high = head.high - line.rise[i] + friction_at_[i].high;
   }
   return flow.high >= least_flow_ && flow.low <= most_flow_;
+}
+
+// What is known upstream narrows what lies downstream.
+bool PlanBounds::MarchDownstream(PlanBox& box) {
+  const Line& line = task_.line;
+  const double stray = slack_ * most_flow_;  // of a sum in 32 bits
+  flow_at_[1] = Meet(flow_at_[1], {least_flow_, most_flow_});
+  for (int row = 1; row <= line.rows; ++row) {
+    const auto i = static_cast<std::size_t>(row);
+    Range& head = head_at_[i];
+    Range& flow = flow_at_[i];
+    if (row > 1) {
+      const Range& above = head_at_[i - 1];
+      head = Meet(head, {above.low + line.rise[i] - friction_at_[i].high - kHeadStray,
+                         above.high + line.rise[i] - friction_at_[i].low + kHeadStray});
+      Range given{0, 0};
+      if (const int upstream = furrow_at_[i - 1]; upstream >= 0) {
+        const std::size_t at = static_cast<std::size_t>(upstream) * sizes_;
+        given = {flow_low_[at], flow_high_[at + sizes_ - 1]};
+      }
+      flow = Meet(flow, {flow_at_[i - 1].low - given.high - stray, flow_at_[i - 1].high - given.low + stray});
+    }
+    if (Empty(head) || Empty(flow)) return false;
+    if (furrow_at_[i] >= 0) SetFlows(static_cast<std::size_t>(furrow_at_[i]), head.low, head.high);
+  }
+  box.end_head = head_at_[static_cast<std::size_t>(line.rows)];
+  return true;
+}
+
+bool PlanBounds::MarchRanges(PlanBox& box, double wanted) {
+  return MarchUpstream(box, wanted) && MarchDownstream(box);
 }
 
 // The cost of each size at a furrow, and the flow that it is least at. Loss falls with the flow up to the level and

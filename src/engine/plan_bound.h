@@ -63,6 +63,9 @@ class PlanBounds {
 
  private:
   bool MarchRanges(PlanBox& box, double wanted);
+  bool MarchUpstream(PlanBox& box, double wanted);
+  bool MarchDownstream(PlanBox& box);
+  double Outflow(std::size_t furrow, std::size_t size, double head) const;
   Range FlowOfLevel(const Range& level, double wanted, std::size_t furrow) const;
   void SetFlows(std::size_t furrow, double least_head, double highest_head);
   double LeastCost(const Range& level, double price, double& flow);
@@ -83,6 +86,9 @@ class PlanBounds {
   std::vector<double> area_;        // square feet of one hole, by size
   std::vector<double> ratio_from_;  // sum of the ratios from a furrow to the far end
   std::vector<int> furrow_at_;      // by row; -1 for none
+  std::vector<Range> head_at_;      // by row
+  std::vector<Range> flow_at_;      // in the pipe above the row
+  std::vector<Range> friction_at_;  // feet of the span above the row
   std::vector<double> flow_low_;    // by furrow and size
   std::vector<double> flow_high_;
   std::vector<double> cost_;         // of one furrow, by size

@@ -1,0 +1,64 @@
+#include "engine/plan_task.h"
+
+#include <algorithm>
+
+#include "base/arithmetic.h"
+
+namespace torvale {
+namespace {
+
+std::vector<float> SizesInOrder(std::vector<float> sizes) {
+  std::erase_if(sizes, [](float size) { return !(size > 0); });
+  std::sort(sizes.begin(), sizes.end());
+  sizes.erase(std::unique(sizes.begin(), sizes.end()), sizes.end());
+  return sizes;
+}
+
+PlanFurrow FurrowOf(const DesignRecord& record, int row) {
+  PlanFurrow furrow;
+  furrow.row = row;
+  furrow.holes = record.HolesPerFurrow[row];
+  if (record.FurrowLength[row] <= 0) return furrow;
+  furrow.ratio = static_cast<double>(record.FlowRatio[row]);
+  furrow.normal_length = StoreInt16(Divide(record.FurrowLength[row], furrow.ratio));
+  return furrow;
+}
+
+}  // namespace
+
+PlanTask PlanTaskOf(const DesignRecord& record, bool elevations, const PlanLimits& limits) {
+  PlanTask task;
+  PrepareLine(record, elevations, task.line);
+  task.sizes = SizesInOrder(limits.sizes);
+  task.stretches = limits.stretches;
+  task.least_head = limits.least_head;
+  task.highest_head = limits.highest_head;
+  task.first_head = limits.first_head;
+  task.target = record.TargetGPM;
+  task.average = record.AverageFurrowFlow;
+  float length = 0;
+  for (int row = 1; row <= record.HoleRows; ++row) {
+    if (!(record.HoleDia[row] > 0) || record.HolesPerFurrow[row] <= 0) continue;
+    task.furrows.push_back(FurrowOf(record, row));
+    if (record.FurrowLength[row] > 0) length = Store32(static_cast<double>(length) + record.FurrowLength[row]);
+  }
+  task.quarter = Narrow(static_cast<double>(record.LowQuarter) * static_cast<double>(length));
+  return task;
+}
+
+void LayPlan(const PlanTask& task, const HolePlan& plan, DesignRecord& record) {
+  record.LimitedHoleDia.Clear();
+  for (std::size_t i = 0; i < plan.size(); ++i) record.LimitedHoleDia[task.furrows[i].row] = task.sizes[plan[i]];
+}
+
+std::optional<HolePlan> LaidPlan(const PlanTask& task, const DesignRecord& record) {
+  HolePlan plan;
+  for (const PlanFurrow& furrow : task.furrows) {
+    const auto size = std::find(task.sizes.begin(), task.sizes.end(), record.LimitedHoleDia[furrow.row]);
+    if (size == task.sizes.end()) return std::nullopt;
+    plan.push_back(static_cast<std::uint16_t>(size - task.sizes.begin()));
+  }
+  return plan;
+}
+
+}  // namespace torvale
