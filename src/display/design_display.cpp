@@ -125,6 +125,7 @@ void Show(Program& program) {
   main.cmdDesignToggle.visible = true;
   main.cmdReCalc.visible = true;
   ShowConstantSlope(program);
+  main.lblBestHoles.visible = main.mnuBestHoles.ticked && !main.lblBestHoles.caption.empty();
   LayOut(program);
   if (main.cmdDesignToggle.caption == "Complete Design") {
     CompleteDesignTable(program);

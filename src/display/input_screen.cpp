@@ -26,8 +26,8 @@ void ShowInput(Program& program) {
   MainScreen& main = program.main;
   if (DesignStands(program)) MarkInactive(main.lblActiveInactive);
   for (Control* results : {&main.Grid2.control, &main.GridInchesApplied.control, &main.lblEffic, &main.lblCrownSlope,
-                           &main.lblHeadCount, &main.lblAvgFurrowFlow, &main.frmDisplay, &main.cmdDesignToggle,
-                           &main.cmdReCalc, &main.mnuProfile, &main.cmdCancel}) {
+                           &main.lblBestHoles, &main.lblHeadCount, &main.lblAvgFurrowFlow, &main.frmDisplay,
+                           &main.cmdDesignToggle, &main.cmdReCalc, &main.mnuProfile, &main.cmdCancel}) {
     results->visible = false;
   }
   program.record.TotalAcres = 0;
@@ -50,6 +50,7 @@ void ForgetDesign(Program& program) {
   main.lblEffic.caption.clear();
   main.lblEffic.back = kLightGrey;
   main.lblCrownSlope.caption.clear();
+  main.lblBestHoles.caption.clear();
   main.lblAvgFurrowFlow.caption.clear();
   main.lblHeadCount.caption.clear();
   main.frameShowLimitedHoles.visible = false;

@@ -146,7 +146,7 @@ void TickPipe(Program& program) {
 void TickKind(Program& program) {
   MainScreen& main = program.main;
   for (Control* entry : {&main.mnuDesignConstSlope, &main.mnuDesignField, &main.mnuComputerHoleSelection,
-                         &main.mnuManHoleSelection, &main.mnuDesignDualSlope}) {
+                         &main.mnuManHoleSelection, &main.mnuDesignDualSlope, &main.mnuBestHoles}) {
     entry->ticked = false;
   }
   const DesignKind* kind = KindOf(program.record.DesignType);

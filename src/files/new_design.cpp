@@ -8,6 +8,7 @@
 #include "files/preferences.h"
 #include "input/info_fields.h"
 #include "screen/status_line.h"
+#include "search/best_holes_panel.h"
 
 namespace torvale {
 namespace {
@@ -38,7 +39,7 @@ void ShowEmptySheet(MainScreen& main) {
   main.mnuDesignField.ticked = true;
   main.mnuSurveyCopy.enabled = true;
   for (Control* entry : {&main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign,
-                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
+                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuBestHoles}) {
     entry->ticked = false;
   }
   main.title = "TORVALE   ";
@@ -62,6 +63,7 @@ void mnuFileNew_Click(Program& program) {
   ForgetNews(program);
   ShowEmptySheet(main);
   for (TextField& field : main.txtInfo) field.Set("");
+  ResetBestHoleLimits(main);
   main.txtInfo[1].Set(program.host.Today());
   ClearRowArrays(program.record);
   Default_Values(program);

@@ -121,6 +121,9 @@ constexpr Hint kHints[] = {
     {"txtDefault(13)", "Highest target head of a limited hole selection, feet, at least 0.5"},
     {"txtDefault(14)", "Step of the head in a limited hole selection, feet"},
     {"txtDefault(15)", "Kind of file that the open dialog begins with"},
+    {"txtBest(0)", "The greatest number of stretches of one hole size along the line"},
+    {"txtBest(1)", "The least head that a hole may have, feet"},
+    {"txtBest(2)", "The highest head that the pipe may have, feet; empty for the Target Head"},
     {"listAllHoles", "Hole sizes that can be had. Double-click one to add it to the selected holes"},
     {"listHolesSelected",
      "The design takes its holes from these. Double-click one to remove it; Exit starts the design"},
@@ -142,6 +145,9 @@ bool IsHint(std::string_view text) {
 void ConnectInfoFields(Program& program) {
   for (int i = 0; i <= kSurveyKind; ++i) {
     Field(program, i).on_change = [&program, i] { txtInfo_Change(program, i); };
+  }
+  for (TextField& field : program.main.txtBest) {
+    field.on_change = [&field] { MarkField(field, FieldForm::kNumber); };
   }
 }
 

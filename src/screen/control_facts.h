@@ -187,8 +187,9 @@ constexpr auto Frame(std::string_view name, Place place, std::string_view captio
 }
 
 template <auto kMember, int kIndex = kWhole>
-constexpr auto Field(std::string_view name, std::string_view parent, Place place, std::string_view tool_tip) {
-  return Row<kMember, kIndex>(ControlKind::kField, name, parent, place, "", tool_tip, {});
+constexpr auto Field(std::string_view name, std::string_view parent, Place place, std::string_view tool_tip,
+                     const RareFacts& rare = {}) {
+  return Row<kMember, kIndex>(ControlKind::kField, name, parent, place, "", tool_tip, rare);
 }
 
 template <auto kMember, int kIndex = kWhole>

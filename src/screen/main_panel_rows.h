@@ -93,6 +93,23 @@ inline constexpr ControlRow<MainScreen> kPreferences[] = {
                                         "Close the panel and keep these preferences"),
 };
 
+// A limit of the best holes, counted from 0, is one line between the lists.
+inline constexpr int kFirstLimit = 2280;  // twips
+inline constexpr int kLimitStep = 450;
+
+constexpr Place BestLabel(int line) {
+  return {1740, kFirstLimit + kLimitStep * line, 1980, 315};
+}
+constexpr Place BestField(int line) {
+  return {3780, kFirstLimit + kLimitStep * line, 720, 315};
+}
+
+inline constexpr std::string_view kStretchesTip =
+    "The greatest number of stretches of one hole size along the line, one more than the changes of the punch";
+inline constexpr std::string_view kLeastTip = "No hole may have less head than this";
+inline constexpr std::string_view kHighestTip =
+    "No part of the pipe may have more head than this. Left empty, it is the Target Head.";
+
 inline constexpr ControlRow<MainScreen> kHoleSelection[] = {
     Frame<&MainScreen::frameHoleSelection>("frameHoleSelection", {2040, 360, 6400, 5600}, "",
                                            {.visible = false, .spoken = "Hole selection"}),
@@ -115,6 +132,20 @@ inline constexpr ControlRow<MainScreen> kHoleSelection[] = {
         "This button will delete the hole or holes you have selected from the Selected Holes list"),
     Button<&MainScreen::Command1>("Command1", "frameHoleSelection", {1740, 1620, 2760, 435}, "Clear All Selected Holes",
                                   "This button will delete all the holes from the Selected Holes list"),
+    Label<&MainScreen::lblBest, 0>("lblBest(0)", "frameHoleSelection", BestLabel(0),
+                                   "Stretches, at most:", kStretchesTip, {.visible = false}),
+    Label<&MainScreen::lblBest, 1>("lblBest(1)", "frameHoleSelection", BestLabel(1), "Least head (feet):", kLeastTip,
+                                   {.visible = false}),
+    Label<&MainScreen::lblBest, 2>("lblBest(2)", "frameHoleSelection", BestLabel(2),
+                                   "Highest head (feet):", kHighestTip, {.visible = false}),
+    Field<&MainScreen::txtBest, 0>("txtBest(0)", "frameHoleSelection", BestField(0), kStretchesTip, {.visible = false}),
+    Field<&MainScreen::txtBest, 1>("txtBest(1)", "frameHoleSelection", BestField(1), kLeastTip, {.visible = false}),
+    Field<&MainScreen::txtBest, 2>("txtBest(2)", "frameHoleSelection", BestField(2), kHighestTip, {.visible = false}),
+    Button<&MainScreen::cmdFindBestHoles>(
+        "cmdFindBestHoles", "frameHoleSelection", {1740, 3780, 2760, 435}, "Find &Best Holes",
+        "Look for the plan of these sizes with the best uniformity, and show it", {.visible = false}),
+    Button<&MainScreen::cmdCloseBestHoles>("cmdCloseBestHoles", "frameHoleSelection", {1740, 4965, 2760, 435}, "C&lose",
+                                           "Close the panel and keep what it says", {.visible = false}),
     Button<&MainScreen::cmdExitHoleSelect>(
         "cmdExitHoleSelect", "frameHoleSelection", {1740, 4965, 2760, 435}, "&Exit",
         "Exit button will return you to the Design Screen after calculating a design with the holes you have selected"),

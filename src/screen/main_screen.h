@@ -57,7 +57,7 @@ struct MainScreen {
       mnuSoils_and_Furrow, mnuSurveyCopy;
   Control mnuPreference;
   Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
-      mnuExistingDesign, mnuManHoleSelection;
+      mnuExistingDesign, mnuManHoleSelection, mnuBestHoles;
   Control mnuTypeOfPipe, mnuLayflatPipe, mnuRigidPipe;
   Control mnuView, mnuZoom;
   std::array<Control, 7> mnuZoomTo;
@@ -80,6 +80,10 @@ struct MainScreen {
   Control frameHoleSelection, lblAllHoles, cmdADDtoSelected, cmdHoleSelected, cmdremoveSelected, Command1,
       cmdExitHoleSelect;
   ListBox listAllHoles, listHolesSelected, listSortSelectedHoles;
+  // Limits of the best holes: stretches of one size, least head, highest head
+  std::array<Control, 3> lblBest;
+  std::array<TextField, 3> txtBest;
+  Control cmdFindBestHoles, cmdCloseBestHoles;
 
   // Buttons
   Control cmdInterpolate, cmdCancel, cmdReCalc, cmdDesignToggle;
@@ -89,7 +93,7 @@ struct MainScreen {
   Grid Grid1, Grid2, GridInchesApplied;
 
   // Results
-  Control lblEffic, lblCrownSlope, lblAcresTotal, lblActiveInactive, lblAvgFurrowFlow, lblHeadCount;
+  Control lblEffic, lblCrownSlope, lblBestHoles, lblAcresTotal, lblActiveInactive, lblAvgFurrowFlow, lblHeadCount;
   Control frmDisplay;
   std::array<Control, 16> frmDisplayLbl;
   Control frameShowLimitedHoles, lblSumHoleDia, lblSumStation, lblSumlNumHoles;

@@ -170,14 +170,14 @@ bool Calculate(Program& program, int& tries) {
   return program.record.DesignOK != "False";
 }
 
-void Run(Program& program) {
+void Run(Program& program, const Calculation& calculate) {
   StartRun(program);
   if (!FieldsFilled(program) || !SurveyFilled(program) || !StationsAccepted(program) || !HoleRowsFilled(program)) {
     return;
   }
   BuildRows(program);
   int tries = 0;
-  if (Calculate(program, tries)) Finish(program, tries);
+  if (calculate(tries)) Finish(program, tries);
 }
 
 }  // namespace
@@ -187,9 +187,13 @@ void ShareFlow(DesignRecord& record) {
 }
 
 void Cal_Dsign_Var(Program& program) {
+  RunDesign(program, [&program](int& tries) { return Calculate(program, tries); });
+}
+
+void RunDesign(Program& program, const Calculation& calculate) {
   const Calculating calculating(program.running);
   try {
-    Run(program);
+    Run(program, calculate);
   } catch (const RunTimeFault& fault) {
     // A run that was cancelled may end in a fault of its unfinished figures.
     if (program.record.DesignOK == "False") {

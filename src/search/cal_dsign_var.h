@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "screen/program.h"
 
 namespace torvale {
@@ -9,6 +11,11 @@ namespace torvale {
 // `MissingData` (-1: input refused or a run-time fault), `DesignOK` and `CancelFlag`. A run-time fault ends it without
 // a message box; the status bar then says in one sentence what stopped it.
 void Cal_Dsign_Var(Program& program);
+
+// The same road with another calculation between its two ends. It finds the rows built and leaves the record as a march
+// does, with the count of that march's tries; false where the run ends there.
+using Calculation = std::function<bool(int& tries)>;
+void RunDesign(Program& program, const Calculation& calculate);
 
 // `AverageFurrowFlow`: the pumped flow over the watered furrows. A line without one is a RunTimeFault
 // (kDivisionByZero).

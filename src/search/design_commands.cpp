@@ -9,6 +9,7 @@
 #include "engine/survey.h"
 #include "engine/uniformity.h"
 #include "screen/status_line.h"
+#include "search/best_holes_panel.h"
 #include "search/cal_dsign_var.h"
 #include "search/survey_diagnosis.h"
 
@@ -68,10 +69,12 @@ void LockForSearch(Program& program) {
 
 void TickDesign(Program& program, const Control* ticked) {
   MainScreen& main = program.main;
-  for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
-                         &main.mnuExistingDesign, &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
+  for (Control* entry :
+       {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign,
+        &main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuBestHoles}) {
     entry->ticked = entry == ticked;
   }
+  main.lblBestHoles.visible = false;
 }
 
 void mnuDesignField_Click(Program& program) {
@@ -157,6 +160,7 @@ void mnuManHoleSelection_Click(Program& program) {
     return;
   }
   main.frameHoleSelection.visible = true;
+  OfferBestHoles(main, false);
   main.listSortSelectedHoles.Clear();
 }
 
@@ -167,7 +171,11 @@ void cmdReCalc_Click(Program& program) {
   cmdInterpolate_Click(program);
   switch (program.record.DesignType) {
     case kLimitedHoles:
-      mnuManHoleSelection_Click(program);
+      if (program.main.mnuBestHoles.ticked) {
+        mnuBestHoles_Click(program);
+      } else {
+        mnuManHoleSelection_Click(program);
+      }
       break;
     case kConstantSlope:
       mnuDesignConstSlope_Click(program);
@@ -194,7 +202,7 @@ void ShowInputScreen(Program& program) {
   main.mnuWindowInfo.visible = false;
   // The mark of an existing field design stays until the next design command takes it away.
   for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
-                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection}) {
+                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuBestHoles}) {
     entry->ticked = false;
   }
   program.record.DesignType = kNoDesign;

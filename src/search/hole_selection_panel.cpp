@@ -59,12 +59,6 @@ void TakeSelectedSizes(Program& program) {
   }
 }
 
-void BackToInput(Program& program) {
-  ScreenControlsOn(program);
-  ShowInput(program);
-  program.main.busy = false;
-}
-
 // The best head seldom is the one that was typed.
 void TellHead(Program& program, const std::string& typed) {
   const std::string& found = program.main.txtInfo[3].text();
@@ -77,6 +71,7 @@ bool MarchAgain(Program& program) {
   const Calculating calculating(program.running);
   DesignRecord& record = program.record;
   record.CancelFlag = false;
+  program.main.lblBestHoles.caption.clear();  // its bound was that of the other pipe
   ShareFlow(record);
   FlowRatio(record);
   int tries = 0;
@@ -90,6 +85,34 @@ bool MarchAgain(Program& program) {
 }
 
 }  // namespace
+
+void BeginListedDesign(Program& program, const Control& entry, std::string_view title) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  main.busy = true;
+  record.CalcProblem.clear();
+  record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
+  record.DesignType = kLimitedHoles;
+  record.BestUniformity = 0;
+  record.BestHeadFound = 0;
+  TakeSelectedSizes(program);
+  main.frmDisplayLbl[15].caption.clear();
+  TickDesign(program, &entry);
+  main.title = title;
+  main.lblCrownSlope.visible = false;
+  main.lblBestHoles.caption.clear();
+  main.cmdInterpolate.visible = false;
+  ScreenControlsOff(program);
+  main.busy = true;
+  cmdInterpolate_Click(program);
+  main.frameHoleSelection.visible = false;
+}
+
+void BackToInput(Program& program) {
+  ScreenControlsOn(program);
+  ShowInput(program);
+  program.main.busy = false;
+}
 
 void cmdADDtoSelected_Click(Program& program) {
   const ListBox& all = program.main.listAllHoles;
@@ -129,19 +152,7 @@ void cmdExitHoleSelect_Click(Program& program) {
     AbandonDesign(program);
     return;
   }
-  record.DesignType = kLimitedHoles;
-  record.BestUniformity = 0;
-  record.BestHeadFound = 0;
-  TakeSelectedSizes(program);
-  main.frmDisplayLbl[15].caption.clear();
-  TickDesign(program, &main.mnuManHoleSelection);
-  main.title = "TORVALE   Limited Computer Selected Hole Design";
-  main.lblCrownSlope.visible = false;
-  main.cmdInterpolate.visible = false;
-  ScreenControlsOff(program);
-  main.busy = true;
-  cmdInterpolate_Click(program);
-  main.frameHoleSelection.visible = false;
+  BeginListedDesign(program, main.mnuManHoleSelection, "TORVALE   Limited Computer Selected Hole Design");
   if (record.DesignOK == "False" || record.MissingData == -1) {
     // The panel was left open while another run failed; the screen must not stay locked.
     BackToInput(program);

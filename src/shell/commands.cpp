@@ -14,6 +14,7 @@
 #include "input/survey_paste.h"
 #include "reports/crown_profile.h"
 #include "reports/print_commands.h"
+#include "search/best_holes_panel.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
 #include "shell/about.h"
@@ -115,6 +116,7 @@ constexpr Command kCommands[] = {
     {"mnuDesignDualSlope", mnuDesignDualSlope_Click, kAlone},
     {"mnuComputerHoleSelection", mnuComputerHoleSelection_Click, kAlone},
     {"mnuManHoleSelection", mnuManHoleSelection_Click, kAlone},
+    {"mnuBestHoles", mnuBestHoles_Click, kAlone},
     {"mnuLayflatPipe", mnuLayflatPipe_Click, kAlone},
     {"mnuRigidPipe", mnuRigidPipe_Click, kAlone},
     {"mnuZoomTo(0)", mnuZoomTo_Click<0>},
@@ -140,6 +142,8 @@ constexpr Command kCommands[] = {
     {"cmdremoveSelected", cmdremoveSelected_Click},
     {"Command1", Command1_Click},
     {"cmdExitHoleSelect", cmdExitHoleSelect_Click, kAlone},
+    {"cmdFindBestHoles", cmdFindBestHoles_Click, kAlone},
+    {"cmdCloseBestHoles", cmdCloseBestHoles_Click},
 };
 
 const Command* FindCommand(std::string_view name) {

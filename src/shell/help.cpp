@@ -15,6 +15,7 @@ constexpr std::string_view kFirstDesign = "first-design";
 constexpr std::string_view kResults = "results";
 constexpr std::string_view kPreferences = "preferences";
 constexpr std::string_view kHoleSelection = "hole-selection";
+constexpr std::string_view kBestHoles = "best-holes";
 
 // The first row whose name the control's name begins with tells the place.
 struct Topic {
@@ -47,6 +48,9 @@ constexpr Topic kTopics[] = {
     {"cmdremoveSelected", kHoleSelection},
     {"Command1", kHoleSelection},
     {"cmdExitHoleSelect", kHoleSelection},
+    {"txtBest", kBestHoles},
+    {"cmdFindBestHoles", kBestHoles},
+    {"cmdCloseBestHoles", kBestHoles},
     {"mnuPrint", "printing"},
     {"mnuPrtHoleSummary", "printing"},
     {"mnuPreview", "printing"},
@@ -64,6 +68,7 @@ constexpr Topic kTopics[] = {
     {"mnuDeleteRow", "keys"},
     {"mnuSoils_and_Furrow", "soils"},
     {"mnuManHoleSelection", kHoleSelection},
+    {"mnuBestHoles", kBestHoles},
     {"mnuDesign", "design-types"},
     {"mnuExistingDesign", "design-types"},
     {"mnuComputerHoleSelection", "design-types"},
@@ -110,7 +115,7 @@ std::string_view HelpPlaceFor(Program& program, std::string_view control) {
   const std::string_view named = NamedPlace(control);
   if (IsOnMainScreen(control)) {
     const std::string_view panel = OpenPanel(main);
-    if (!panel.empty() && named != kPreferences && named != kHoleSelection) return panel;
+    if (!panel.empty() && named != kPreferences && named != kHoleSelection && named != kBestHoles) return panel;
     if (control == "Grid1" && !main.Grid2.control.visible) {
       return kColumnPlaces.at(static_cast<std::size_t>(main.Grid1.column));
     }

@@ -82,6 +82,7 @@ constexpr CauseName kCauseNames[] = {
     {"cmdInterpolate", "Interpolation"},
     {"cmdADDtoSelected", "Add to Selected Holes"},
     {"cmdExitHoleSelect", "User Hole Selection"},
+    {"cmdFindBestHoles", "Best Holes"},
     {"listSoils", "Soil"},
     {"mnuLayflatPipe", "Type of Pipe"},
     {"mnuRigidPipe", "Type of Pipe"},

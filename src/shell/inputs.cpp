@@ -35,6 +35,9 @@ constexpr std::array<std::string_view, kPreferences> kPreferenceNames = {"Distan
                                                                          "Step of the Head",
                                                                          "Kind of File"};
 
+constexpr std::array<std::string_view, kNamePlace - kBestPlace> kBestNames = {"Stretches of One Size", "Least Head",
+                                                                              "Highest Head"};
+
 // Columns whose heading is too long to be read in a menu, and the hole size, whose heading follows the pipe.
 constexpr std::array<std::string_view, kSurveyColumns> kColumnNames = {
     "", "", "", "", "", "", "Number of Holes", "Mil", "Planted Width"};
@@ -79,6 +82,7 @@ std::string TextAt(const Program& program, int place) {
   if (place == kPipePlace) return program.record.PipeKind;
   if (place == kHolesPlace) return HoleLines(main.listHolesSelected);
   if (place == kSoilPlace) return SoilText(main.listSoils);
+  if (place < kNamePlace) return main.txtBest.at(Index(place, kBestPlace)).text();
   return program.record.*kFileNames.at(Index(place, kNamePlace));
 }
 
@@ -106,6 +110,8 @@ void SetText(Program& program, int place, const std::string& text) {
     SetHoleLines(main.listHolesSelected, text);
   } else if (place == kSoilPlace) {
     ChooseSoil(program, text);
+  } else if (place < kNamePlace) {
+    main.txtBest.at(Index(place, kBestPlace)).Set(text);
   } else {
     program.record.*kFileNames.at(Index(place, kNamePlace)) = text;
   }
@@ -163,8 +169,8 @@ void SetInputs(Program& program, const std::vector<std::pair<int, std::string>>&
 }
 
 int FieldPlace(std::string_view control) {
-  for (int place = kInfoPlace; place < kPipePlace; ++place) {
-    if (control == ControlOfPlace(place)) return place;
+  for (int place = kInfoPlace; place < kNamePlace; ++place) {
+    if (!control.empty() && control == ControlOfPlace(place)) return place;
   }
   return -1;
 }
@@ -180,6 +186,7 @@ std::string ControlOfPlace(int place) {
   if (place < kSheetPlaces) return "Grid1";
   if (place < kPreferencePlace) return "txtInfo(" + std::to_string(place - kInfoPlace) + ")";
   if (place < kPipePlace) return "txtDefault(" + std::to_string(place - kPreferencePlace) + ")";
+  if (place >= kBestPlace && place < kNamePlace) return "txtBest(" + std::to_string(place - kBestPlace) + ")";
   return "";
 }
 
@@ -191,7 +198,8 @@ std::string PlaceName(const Program& program, int place) {
   if (place < kPipePlace) return "Preferences, " + std::string(kPreferenceNames.at(Index(place, kPreferencePlace)));
   if (place == kPipePlace) return "Type of Pipe";
   if (place == kHolesPlace) return "Selected Holes";
-  return place == kSoilPlace ? "Soil" : "file name";
+  if (place == kSoilPlace) return "Soil";
+  return place < kNamePlace ? std::string(kBestNames.at(Index(place, kBestPlace))) : "file name";
 }
 
 }  // namespace torvale

@@ -12,7 +12,8 @@ namespace torvale {
 
 // Everything that a user puts in, as texts, each at a place of its own: the cells of the survey sheet row by row, the
 // information fields, the preferences, the kind of pipe, the chosen hole sizes (one to a line), the chosen line of the
-// list of soils (a number, empty for none), and the names of the design's files. Results are no inputs.
+// list of soils (a number, empty for none), the limits of the best holes, and the names of the design's files. Results
+// are no inputs.
 
 inline constexpr int kSheetPlaces = (kSurveyGridRows - 1) * kSurveyColumns;
 inline constexpr int kInfoPlace = kSheetPlaces;
@@ -20,7 +21,8 @@ inline constexpr int kPreferencePlace = kInfoPlace + 6;
 inline constexpr int kPipePlace = kPreferencePlace + 16;
 inline constexpr int kHolesPlace = kPipePlace + 1;
 inline constexpr int kSoilPlace = kHolesPlace + 1;
-inline constexpr int kNamePlace = kSoilPlace + 1;  // SaveFileName, OpenedFileName, DisplayFileName
+inline constexpr int kBestPlace = kSoilPlace + 1;  // the limits of the best holes
+inline constexpr int kNamePlace = kBestPlace + 3;  // SaveFileName, OpenedFileName, DisplayFileName
 inline constexpr int kInputPlaces = kNamePlace + 3;
 
 // The names of files go with what the user did; alone they are nothing to take back.

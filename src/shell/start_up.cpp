@@ -16,6 +16,7 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "input/info_fields.h"
+#include "search/best_holes_panel.h"
 #include "shell/history.h"
 #include "shell/recovery.h"
 #include "shell/splash.h"
@@ -104,8 +105,9 @@ void FillBlankPreferences(MainScreen& main) {
 }
 
 void UntickDesigns(MainScreen& main) {
-  for (Control* entry : {&main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuDesignField,
-                         &main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign}) {
+  for (Control* entry :
+       {&main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuDesignField, &main.mnuDesignConstSlope,
+        &main.mnuDesignDualSlope, &main.mnuExistingDesign, &main.mnuBestHoles}) {
     entry->ticked = false;
   }
 }
@@ -139,6 +141,7 @@ void Form_Load(Program& program) {
   main.lblOpenFilter.caption = "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)";
   if (record.StationInterval == 0) record.StationInterval = 100;
   FillBlankPreferences(main);
+  ResetBestHoleLimits(main);
   record.LowQuarter = 0.25F;
   main.txtInfo[1].Set(program.host.Today());
   LabelColorSet(program);
