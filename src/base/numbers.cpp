@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 
 #include "base/run_time_fault.h"
@@ -106,10 +107,19 @@ double ValueOf(const LeadingNumber& number) {
   return negative && value != 0 ? -value : value;
 }
 
+template <typename Number>
+std::string Plain(Number value) {
+  char buffer[32];
+  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+
 // `digits` significant digits; exponent form from 10 to the power `digits` up.
 std::string General(double value, int digits) {
   if (!std::isfinite(value)) throw RunTimeFault{Fault::kOverflow};
   if (value == 0) return "0";
+  // Whole numbers have no other digits than their own.
+  constexpr double kWhole = 1e6;
+  if (std::fabs(value) < kWhole && value == std::trunc(value)) return Plain(static_cast<int>(value));
   char buffer[32];
   const auto end =
       std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, digits - 1);
@@ -139,25 +149,50 @@ std::string General(double value, int digits) {
   return shown;
 }
 
-template <typename Number>
-std::string Plain(Number value) {
-  char buffer[32];
-  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+// A text of nothing but digits, a point among them at the most, as most are: its digits as a whole number, which 64
+// bits hold, and how many stand behind the point. Both that number and the power of ten are held exactly, so that one
+// division rounds to what the decimal is.
+struct PlainDecimal {
+  bool is = false;
+  double value = 0;
+};
+
+PlainDecimal ReadPlain(std::string_view text) {
+  constexpr std::size_t kExact = 15;  // digits
+  constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (text.empty() || text.size() > kExact) return {};
+  std::int64_t digits = 0;
+  std::size_t point = text.size();
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '.' && point == text.size()) {
+      point = at;
+    } else if (IsDigit(text[at])) {
+      digits = digits * 10 + (text[at] - '0');
+    } else {
+      return {};
+    }
+  }
+  if (text == ".") return {};
+  const std::size_t decimals = point == text.size() ? 0 : text.size() - point - 1;
+  return {true, static_cast<double>(digits) / kPowers[decimals]};
 }
 
 }  // namespace
 
 double Val(std::string_view text) {
+  if (const PlainDecimal plain = ReadPlain(text); plain.is) return plain.value;
   const LeadingNumber number = ReadLeading(text);
   return number.size == 0 ? 0 : ValueOf(number);
 }
 
 bool IsNumber(std::string_view text) {
+  if (ReadPlain(text).is) return true;
   const LeadingNumber number = ReadLeading(text);
   return number.size > 0 && number.size == number.text.size();
 }
 
 double StrictNumber(std::string_view text) {
+  if (const PlainDecimal plain = ReadPlain(text); plain.is) return plain.value;
   const LeadingNumber number = ReadLeading(text);
   if (number.size == 0 || number.size != number.text.size()) throw RunTimeFault{Fault::kTypeMismatch};
   return ValueOf(number);

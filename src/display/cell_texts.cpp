@@ -11,12 +11,20 @@ namespace {
 
 constexpr double kSquareInches = 144;  // in a square foot
 
-std::string HoleNumberText(const DesignRecord& record, int i, std::string_view pattern) {
-  const std::string number = GeneralText(AtRow(record, record.FurrowNumber, i));
-  return pattern.empty() ? number : FormatText(number, pattern);
+// Patterns of columns that no row writes otherwise.
+constexpr NumberPattern kFeet("####0");
+constexpr NumberPattern kRatio("###.00");
+constexpr NumberPattern kLength("#####");
+constexpr NumberPattern kElevation("####.00");
+constexpr NumberPattern kPlantedWidth("###.00");
+
+// The number as it is, and that text in the pattern where there is one.
+std::string HoleNumberText(const DesignRecord& record, int i, const NumberPattern& pattern) {
+  const float number = AtRow(record, record.FurrowNumber, i);
+  return pattern.text().empty() ? GeneralText(number) : Format(Val(GeneralText(number)), pattern);
 }
 
-std::string Pattern(float value, std::string_view pattern) {
+std::string Pattern(float value, const NumberPattern& pattern) {
   return Format(static_cast<double>(value), pattern);
 }
 
@@ -43,14 +51,14 @@ int ChosenSizeIndex(const DesignRecord& record, int i) {
 }
 
 std::string StationText(const DesignRecord& record, int i) {
-  return Pattern(AtRow(record, record.Station, i), "####0");
+  return Pattern(AtRow(record, record.Station, i), kFeet);
 }
 
 std::string FlowRatioText(const DesignRecord& record, int i) {
   const float required = AtRow(record, record.RequiredFlow, i);
   if (required == 0) return "";
   const float flow = AtRow(record, record.FurrowFlow, i);
-  return Format(Divide(static_cast<double>(flow), static_cast<double>(required)), "###.00");
+  return Format(Divide(static_cast<double>(flow), static_cast<double>(required)), kRatio);
 }
 
 namespace {
@@ -82,12 +90,12 @@ std::string EachGateText(const Program& program, int i) {
   }
 }
 
-std::string OpeningText(const Program& program, int i, int size_index, std::string_view circular_gate_pattern) {
+std::string OpeningText(const Program& program, int i, int size_index, const NumberPattern& circular_gate) {
   if (size_index == 0) return "";
   if (program.record.PipeKind == "L") return program.record.HoleSizeName[size_index];
   const bool rectangular = program.main.txtDefault[11].text() == "R";
   if (rectangular && Val(program.main.txtDefault[12].text()) == 0) return "";
-  return Format(GateOpening(program, i), rectangular ? "#.###" : circular_gate_pattern);
+  return Format(GateOpening(program, i), rectangular ? kShortGate : circular_gate);
 }
 
 std::string CellText(const Program& program, ResultColumn column, int i, const RowPatterns& patterns) {
@@ -106,9 +114,9 @@ std::string CellText(const Program& program, ResultColumn column, int i, const R
     case kResultFlowRatio:
       return FlowRatioText(record, i);
     case kResultFurrowLength:
-      return Format(AtRow(record, record.FurrowLength, i), "#####");
+      return Format(AtRow(record, record.FurrowLength, i), kLength);
     case kResultCrown:
-      return Pattern(AtRow(record, ShownCrown(record), i), "####.00");
+      return Pattern(AtRow(record, ShownCrown(record), i), kElevation);
     case kResultHoleCount:
       return GeneralText(AtRow(record, record.HolesPerFurrow, i));
     case kResultMil:
@@ -116,7 +124,7 @@ std::string CellText(const Program& program, ResultColumn column, int i, const R
     case kResultPipeDia:
       return GeneralText(AtRow(record, record.PipeDia, i));
     case kResultPlantedWidth:
-      return Pattern(AtRow(record, record.PlantedWidth, i), "###.00");
+      return Pattern(AtRow(record, record.PlantedWidth, i), kPlantedWidth);
     case kResultMargin:
       return "";
   }

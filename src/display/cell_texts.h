@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/format.h"
 #include "display/grid_layout.h"
 #include "screen/program.h"
 
@@ -28,17 +29,24 @@ int ChosenSizeIndex(const DesignRecord& record, int i);
 
 // The number formats that depend on the table and on the row's place in it.
 struct RowPatterns {
-  std::string_view flow;
-  std::string_view head;
-  std::string_view circular_gate;
-  std::string_view hole_number;  // empty: the number as it is
+  NumberPattern flow;
+  NumberPattern head;
+  NumberPattern circular_gate;
+  NumberPattern hole_number;  // empty: the number as it is
 };
 
-inline constexpr RowPatterns kCompleteFirstRow = {"####.00", "####.00", "#.##0", "####"};
-inline constexpr RowPatterns kCompleteRow = {"###.00", "####.00", "#.##0", "####"};
-inline constexpr RowPatterns kSummaryFirstRow = {"####.00", "####.00", "#.###", ""};
-inline constexpr RowPatterns kSummaryRow = {"###.00", "###.00", "#.##0", ""};
-inline constexpr RowPatterns kSummaryLastRow = {"###.00", "####.00", "#.##0", ""};
+inline constexpr NumberPattern kTwoDecimals("####.00");
+inline constexpr NumberPattern kShortTwoDecimals("###.00");
+inline constexpr NumberPattern kGate("#.##0");
+inline constexpr NumberPattern kShortGate("#.###");
+inline constexpr NumberPattern kHoleNumber("####");
+inline constexpr NumberPattern kAsItIs("");
+
+inline constexpr RowPatterns kCompleteFirstRow = {kTwoDecimals, kTwoDecimals, kGate, kHoleNumber};
+inline constexpr RowPatterns kCompleteRow = {kShortTwoDecimals, kTwoDecimals, kGate, kHoleNumber};
+inline constexpr RowPatterns kSummaryFirstRow = {kTwoDecimals, kTwoDecimals, kShortGate, kAsItIs};
+inline constexpr RowPatterns kSummaryRow = {kShortTwoDecimals, kShortTwoDecimals, kGate, kAsItIs};
+inline constexpr RowPatterns kSummaryLastRow = {kShortTwoDecimals, kTwoDecimals, kGate, kAsItIs};
 
 // `Station` of row i in whole feet.
 std::string StationText(const DesignRecord& record, int i);
@@ -56,7 +64,7 @@ double GateOpening(const Program& program, int i);
 std::string EachGateText(const Program& program, int i);
 
 // Hole of row i: the name of its size for layflat tubing, the gate opening for rigid pipe. Empty for size index 0.
-std::string OpeningText(const Program& program, int i, int size_index, std::string_view circular_gate_pattern);
+std::string OpeningText(const Program& program, int i, int size_index, const NumberPattern& circular_gate);
 
 // Any cell of row i; the opening is that of the chosen size. The margin is empty.
 std::string CellText(const Program& program, ResultColumn column, int i, const RowPatterns& patterns);

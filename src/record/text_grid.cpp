@@ -35,8 +35,15 @@ void TextGrid::Set(int row, int column, std::string_view text) {
 }
 
 void TextGrid::Erase(int row1, int column1, int row2, int column2) {
+  if (row1 > row2 || column1 > column2) return;
+  Index(row2, column2);
   for (int row = row1; row <= row2; ++row) {
-    for (int column = column1; column <= column2; ++column) Set(row, column, "");
+    std::string* const cells = &cells_[Index(row, column1)];
+    for (int column = 0; column <= column2 - column1; ++column) {
+      if (cells[column].empty()) continue;
+      cells[column].clear();
+      ++revision_;
+    }
   }
 }
 

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -148,6 +150,32 @@ TEST(Format, CarriesIntoANewWholeDigit) {
                {-9.96, " .#", "- 10."},
                {1.96, "##.#", "2."},
                {0.096, "##.##", ".1"}});
+}
+
+// A pattern with a letter behind it always goes by the 15-digit form, a pattern of digits alone only where the half is
+// near: both must show the same digits. Beside values of every size: every half of the last decimal and its neighbours,
+// near and some millionths off, and values about the largest that is rounded at once.
+TEST(Format, RoundsADigitPatternAsItDoesAnyOther) {
+  std::mt19937_64 random(11);
+  std::vector<double> values;
+  for (int i = 0; i < 8000; ++i) {
+    const double share = static_cast<double>(random() >> 11) * 0x1p-53;
+    values.push_back(std::ldexp(share, static_cast<int>(random() % 64) - 24));
+    values.push_back(static_cast<double>(static_cast<float>(values.back())));
+    const double half = (std::floor(std::ldexp(share, static_cast<int>(random() % 40))) + 0.5) /
+                        std::array{1., 10., 100., 1000., 10000.}[random() % 5];
+    for (const double off : {0., 1e-15, -1e-15, 6e-15, -6e-15, 1e-9, -1e-9}) values.push_back(half * (1 + off));
+    values.push_back(half + 1.0000001e-5);
+    values.push_back(std::nextafter(half, 0));
+  }
+  for (const char* pattern : {"####0", "#####", "##.0", ".#", "###.00", "##.##", "#.##0", "#.###", "###.0000"}) {
+    const std::string lettered = std::string(pattern) + "!";
+    for (const double value : values) {
+      for (const double signed_value : {value, -value}) {
+        ASSERT_EQ(Format(signed_value, pattern) + "!", Format(signed_value, lettered)) << signed_value << pattern;
+      }
+    }
+  }
 }
 
 TEST(Format, ShowsZerosBetweenThePointAndADigit) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <random>
 #include <regex>
 #include <string>
 #include <utility>
@@ -278,6 +279,31 @@ TEST(ShortestText, IsTheShortestThatReadsBack) {
   EXPECT_EQ(ShortestText(1320.0F), "1320");
   EXPECT_EQ(ShortestText(1e20), "1e+20");
   EXPECT_EQ(ShortestText(0.0), "0");
+}
+
+// A blank ahead of a number changes nothing of it; without one, digits with a point are read the short way.
+TEST(Val, ReadsDigitsAlikeInBothWays) {
+  std::mt19937_64 random(12);
+  for (int i = 0; i < 100000; ++i) {
+    std::string text = std::to_string(random()).substr(0, 1 + random() % 17);
+    if (random() % 4 != 0) text.insert(random() % (text.size() + 1), ".");
+    ASSERT_EQ(Val(text), Val(" " + text)) << text;
+    ASSERT_TRUE(IsNumber(text)) << text;
+    ASSERT_EQ(StrictNumber(text), Val(" " + text)) << text;
+  }
+  EXPECT_FALSE(IsNumber("."));
+  EXPECT_FALSE(IsNumber("1.2.3"));
+}
+
+// Seven digits hold every whole number below ten million; the exponent form begins there.
+TEST(GeneralText, ShowsWholeNumbersDigitByDigit) {
+  for (int number = 0; number < 10000000; number += 9973) {
+    EXPECT_EQ(GeneralText(static_cast<float>(number)), std::to_string(number));
+    EXPECT_EQ(GeneralText(-static_cast<double>(number)), number == 0 ? "0" : "-" + std::to_string(number));
+  }
+  EXPECT_EQ(GeneralText(999999.0F), "999999");
+  EXPECT_EQ(GeneralText(9999999.0F), "9999999");
+  EXPECT_EQ(GeneralText(1e7F), "1E+07");
 }
 
 TEST(Trim, TakesBlanksOffTheEnds) {

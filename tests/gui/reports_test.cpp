@@ -1,4 +1,6 @@
 // Reports as the window's host writes them: pages with ink where the layout wants it.
+#include <QRegularExpression>
+
 #include "gui/pdf_pages.h"
 #include "gui/window_test.h"
 #include "reports/design_reports.h"
@@ -113,6 +115,22 @@ TEST_F(ReportsTest, EachTypeOfDesignComesOutOnPaper) {
       }
     }
   }
+}
+
+// The letters of a page go into the file all at once; a reader still finds the words and can copy them. The name has
+// letters of which some come from another typeface than the rest of the page.
+TEST_F(ReportsTest, TheWordsOfAPageCanBeCopied) {
+  main().txtInfo[0].Set("Поле 7, North Forty");
+  const QString pdf = data_.filePath("report.pdf");
+  ASSERT_TRUE(host_->WritePdf(CompleteReport(*program_), pdf.toStdString()));
+  QProcess reader;
+  reader.start("pdftotext", {"-layout", pdf, "-"});
+  ASSERT_TRUE(reader.waitForFinished());
+  const QString text = reader.readAllStandardOutput();
+  EXPECT_EQ(text.count("Поле 7, North Forty"), 2) << text.toStdString();  // pages
+  // Rows 1 and 51 stand 6 feet apart from station 0 on: 300 is the last.
+  EXPECT_TRUE(text.contains(QRegularExpression("\\n +0 .*\\n +6 .*\\n +12 "))) << text.toStdString();
+  EXPECT_TRUE(text.contains(QRegularExpression("\\n +294 .*\\n +300 "))) << text.toStdString();
 }
 
 // A name as long as the field takes ends ahead of the date that stands beside it.
