@@ -3,6 +3,7 @@
 # in build/wine (or TORVALE_WINE) and are made when they are missing. Needs Debian's package wine64. A program with
 # windows wants a display.
 #   wine.sh --end   ends what still runs there
+# A folder in the network, \\torvale\share, is there too and named to the program by TORVALE_NETWORK_FOLDER.
 set -euo pipefail
 kHere=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 export WINEPREFIX=${TORVALE_WINE:-$kHere/../build/wine}
@@ -23,7 +24,11 @@ fi
   flock 9
   if [ ! -f "$WINEPREFIX/made" ]; then
     "$kWine" wineboot -i >"$WINEPREFIX/made.log" 2>&1
+    # Where Wine looks for the disks of other machines.
+    mkdir -p "$WINEPREFIX/dosdevices/unc/torvale" "$WINEPREFIX/share"
+    ln -sfn "$WINEPREFIX/share" "$WINEPREFIX/dosdevices/unc/torvale/share"
     touch "$WINEPREFIX/made"
   fi
 ) 9>"$WINEPREFIX/lock"
+export TORVALE_NETWORK_FOLDER='\\torvale\share'
 exec "$kWine" "$@"

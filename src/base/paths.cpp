@@ -11,4 +11,8 @@ std::string Utf8Of(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
+int NumberOf(const std::error_code& error) {
+  return error.default_error_condition().value();
+}
+
 }  // namespace torvale

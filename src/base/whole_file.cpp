@@ -34,11 +34,6 @@ bool IsNotBeside(int error) {
   return std::find(kNotBeside.begin(), kNotBeside.end(), error) != kNotBeside.end();
 }
 
-// As errno has it: a system may have numbers of its own.
-int NumberOf(const std::error_code& error) {
-  return error.default_error_condition().value();
-}
-
 // The steps of one file's writing, each after a word with the watch.
 class Disk {
  public:

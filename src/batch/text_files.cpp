@@ -43,7 +43,7 @@ void WriteTextFile(const std::filesystem::path& path, std::string_view bytes) {
   }
   std::error_code error;
   std::filesystem::rename(beside, path, error);
-  if (error) Fail(error.value());
+  if (error) Fail(NumberOf(error));
 }
 
 }  // namespace torvale

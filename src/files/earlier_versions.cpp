@@ -177,7 +177,7 @@ void Store(Program& program, const fs::path& folder, const std::string& file, st
   const fs::path paths = folder / kPathFile;
   std::error_code error;
   fs::create_directories(folder, error);
-  if (error) throw FileFault{error.value()};
+  if (error) throw FileFault{NumberOf(error)};
   if (!fs::exists(paths, error)) WriteBytes(program, Utf8Of(paths), file);
   std::int64_t moment = program.host.Clock();
   const auto name = [&] { return folder / PathOf(std::to_string(moment) + Utf8Of(PathOf(file).extension())); };

@@ -133,7 +133,7 @@ int MakeFolder(Host& host, const std::string& folder) {
   return Take(host, DiskStep::kMakeFolder, folder, [&] {
     std::error_code error;
     fs::create_directories(PathOf(folder), error);
-    return error.value();
+    return NumberOf(error);
   });
 }
 

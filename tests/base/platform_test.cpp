@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -69,19 +70,40 @@ TEST_F(Platform, NamesHaveLettersOfEveryAlphabet) {
   EXPECT_EQ(Utf8Of(fs::directory_iterator(folder)->path().filename()), kForeignName);
 }
 
-// 260 characters are the most that Windows takes in a plain path.
-TEST_F(Platform, APathMayBeLong) {
-  fs::path deep = folder;
+// A folder at a path of over 300 characters below that one: 260 are the most that Windows takes in a plain path.
+fs::path DeepFolder(fs::path folder) {
   for (int i = 0; i < 6; ++i) {
-    deep /= std::string(50, 'd');
-    fs::create_directory(deep);
+    folder /= std::string(50, 'd');
+    fs::create_directory(folder);
   }
-  ASSERT_GT(deep.native().size(), 300U);
+  EXPECT_GT(folder.native().size(), 300U);
+  return folder;
+}
+
+TEST_F(Platform, APathMayBeLong) {
+  const fs::path deep = DeepFolder(folder);
   EXPECT_FALSE(Seen(deep / "x").is_there);
   EXPECT_EQ(Write(deep / "x", "first"), 0);
   EXPECT_EQ(Write(deep / "x", "second"), 0);
   EXPECT_EQ(BytesOf(deep / "x"), "second");
   EXPECT_TRUE(Seen(deep / "x").is_regular);
+  EXPECT_TRUE(Seen(deep).is_writable);
+}
+
+TEST_F(Platform, AFileLiesInTheNetwork) {
+  // Given by scripts/wine.sh; other systems have no names of their own for it.
+  const char* const network = std::getenv("TORVALE_NETWORK_FOLDER");
+  if (network == nullptr) GTEST_SKIP() << "no folder in the network is named";
+  const fs::path there = PathOf(network) / folder.filename();
+  ASSERT_TRUE(fs::create_directory(there));
+  for (const fs::path& in : {there, DeepFolder(there)}) {
+    EXPECT_FALSE(Seen(in / PathOf(kForeignName)).is_there);
+    EXPECT_EQ(Write(in / PathOf(kForeignName), "first"), 0);
+    EXPECT_EQ(Write(in / PathOf(kForeignName), "second"), 0);
+    EXPECT_EQ(BytesOf(in / PathOf(kForeignName)), "second");
+    EXPECT_TRUE(Seen(in).is_writable);
+  }
+  fs::remove_all(there);
 }
 
 TEST_F(Platform, WhatIsntThereIsNoError) {
@@ -90,6 +112,16 @@ TEST_F(Platform, WhatIsntThereIsNoError) {
   EXPECT_EQ(OpenToRead(path), nullptr);
   EXPECT_EQ(errno, ENOENT);
   EXPECT_EQ(Write(path / "below", "a"), ENOENT);
+}
+
+TEST_F(Platform, ErrorsOfTheLibraryHaveTheNumbersOfErrno) {
+  std::error_code error;
+  EXPECT_EQ(NumberOf(error), 0);
+  EXPECT_FALSE(fs::create_directory(path / "below", error));
+  EXPECT_EQ(NumberOf(error), ENOENT);
+  ASSERT_EQ(Write(path, "a"), 0);
+  fs::rename(path, folder / "nowhere" / "x", error);
+  EXPECT_EQ(NumberOf(error), ENOENT);
 }
 
 TEST_F(Platform, AFileIsKnownFromAFolder) {
@@ -111,6 +143,23 @@ TEST_F(Platform, AFileThatIsOnlyReadStays) {
   EXPECT_FALSE(Seen(path).is_writable);
   EXPECT_EQ(Write(path, "second"), EACCES);
   EXPECT_EQ(BytesOf(path), "first");
+}
+
+TEST_F(Platform, AFolderThatIsOnlyReadTakesNoFile) {
+  const fs::path closed = folder / "closed";
+  fs::create_directory(closed);
+  ASSERT_EQ(Write(closed / "x", "first"), 0);
+  fs::permissions(closed, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                  fs::perm_options::remove);
+  const bool holds_for_this_user = OutputFile().Create(closed / "probe", true) != 0;
+  if (holds_for_this_user) {
+    EXPECT_FALSE(Seen(closed).is_writable);
+    EXPECT_EQ(Write(closed / "y", "a"), EACCES);
+    EXPECT_EQ(Write(closed / "x", "second"), 0) << "the file itself may be written, in its place";
+    EXPECT_EQ(BytesOf(closed / "x"), "second");
+  }
+  fs::permissions(closed, fs::perms::owner_write, fs::perm_options::add);
+  if (!holds_for_this_user) GTEST_SKIP() << "this user writes everywhere";
 }
 
 // Windows may then refuse to give the file's name to another one.
