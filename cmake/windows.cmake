@@ -24,6 +24,7 @@ function(torvale_resources target description)
 endfunction()
 
 torvale_resources(torvale_script "TORVALE script runner")
+torvale_resources(torvale_batch "TORVALE many fields in one go")
 if(TARGET torvale)
   # No console window beside the program's own.
   set_target_properties(torvale PROPERTIES WIN32_EXECUTABLE ON)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # make_windows.sh: makes TORVALE for Windows on a Debian 12, with nothing but its packages, into build/windows/:
-#   torvale.exe, torvale_script.exe             the programs
+#   torvale.exe, torvale_script.exe, torvale_batch.exe   the programs
 #   packages/torvale-VERSION-windows.zip        one folder that can be unpacked anywhere
 #   packages/torvale-VERSION-windows-setup.exe  the installer, for one user without administrator's rights
 # The first run makes the toolkit too, which takes some 40 minutes of one processor (scripts/windows_toolkit.sh tells
@@ -16,18 +16,19 @@ kPackages=$kBuild/packages
 version=$(sed -n 's/^project(torvale VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
 toolkit=$(scripts/windows_toolkit.sh | tail -n 1)
+pdf_library=$(scripts/windows_pdf_library.sh | tail -n 1)
 # A cache that was made for another toolkit would go on with that one.
 grep -qsF "$toolkit" "$kBuild/CMakeCache.txt" || rm -rf "$kBuild"
 configure windows -DCMAKE_TOOLCHAIN_FILE="$toolkit/lib/cmake/Qt6/qt.toolchain.cmake" \
   -DQT_CHAINLOAD_TOOLCHAIN_FILE="$PWD/cmake/mingw.cmake" -DQCustomPlotQt6_DIR="$toolkit/lib/cmake/QCustomPlotQt6"
-nice cmake --build "$kBuild" -j "${TORVALE_WINDOWS_JOBS:-$(nproc)}" --target torvale torvale_script
+nice cmake --build "$kBuild" -j "${TORVALE_WINDOWS_JOBS:-$(nproc)}" --target torvale torvale_script torvale_batch
 
 # stage FOLDER PROGRAMS DATA PAGES: everything that a user gets, the parts in folders of those names in FOLDER.
 stage() {
   local folder=$1 programs=$1/$2 data=$1/$3 pages=$1/$4
   rm -rf "$folder"
   mkdir -p "$programs" "$data/help" "$data/samples" "$pages/docs" "$pages/licences" "$pages/samples"
-  cp "$kBuild/torvale.exe" "$kBuild/torvale_script.exe" "$programs"
+  cp "$kBuild"/torvale{,_script,_batch}.exe "$programs"
   x86_64-w64-mingw32-strip "$programs"/*.exe
   # As cmake/data.cmake has them: the data of the project, not what a build's own run has changed.
   cp data/*.* "$data"
@@ -37,7 +38,8 @@ stage() {
   cp docs/*.md docs/*.svg docs/*.png "$pages/docs"
   cp README.md NEWS.md "$pages"
   cp LICENSE "$pages/LICENSE.txt"
-  cp "$toolkit"/licences/* "$pages/licences"
+  cp "$toolkit"/licences/* "$pdf_library"/licences/* "$pages/licences"
+  cp /usr/share/doc/libcli11-dev/copyright "$pages/licences/CLI11.txt"
 }
 
 # What opens on Windows has the line ends of Windows.

@@ -10,9 +10,11 @@ kTestPackages=(
   parallel slurm-wlm munge
   appstream desktop-file-utils dpkg-dev file libglib2.0-bin librsvg2-bin lintian man-db shared-mime-info)
 kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
-kWindowsPackages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix dpkg-dev xz-utils qt6-base-dev libqcustomplot-dev
-  nsis zip googletest)
-kWineWindowPackages=(wine64 unzip xvfb xdotool openbox dbus-daemon poppler-utils imagemagick fonts-liberation)
+kWindowsCorePackages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix dpkg-dev xz-utils libcli11-dev libhpdf-dev
+  libz-mingw-w64-dev)
+kWindowsPackages=("${kWindowsCorePackages[@]}" qt6-base-dev libqcustomplot-dev nsis zip)
+kWinePackages=(wine64 googletest nlohmann-json3-dev)
+kWineWindowPackages=(xvfb xdotool openbox dbus-daemon poppler-utils imagemagick fonts-liberation)
 
 # What must answer on a system whose packages we can't ask for.
 kRunTools=(cmake ninja c++)

@@ -7,6 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 source scripts/packages.sh
+source scripts/windows_sources.sh
 exec 3>&1 1>&2
 need_packages "${kWindowsPackages[@]}"
 
@@ -24,58 +25,27 @@ kQtFlags=(
   -DFEATURE_xml=OFF -DFEATURE_concurrent=OFF -DFEATURE_vulkan=OFF -DFEATURE_tabletevent=OFF
   -DFEATURE_direct2d=OFF -DFEATURE_zstd=OFF -DFEATURE_pkg_config=OFF -DFEATURE_glib=OFF -DFEATURE_icu=OFF)
 
-# version_of PACKAGE: the source version of an installed package.
-version_of() {
-  dpkg-query -W -f='${source:Version}' "$1"
-}
 qt_version=$(version_of qt6-base-dev)
 plot_version=$(version_of libqcustomplot-dev)
-compiler_version=$(version_of g++-mingw-w64-x86-64-posix)
-key=$(printf '%s\n' "$qt_version" "$plot_version" "$compiler_version" "${kQtFlags[@]}" | cat - "$kMingw" |
-  sha256sum | cut -c1-12)
-cache=${XDG_CACHE_HOME:-$HOME/.cache}/torvale-windows
-work=$cache/${qt_version//[^A-Za-z0-9.]/_}-$key
+kept_folder "$qt_version" "$qt_version" "$plot_version" "$(compiler_parts)" "${kQtFlags[@]}"
 prefix=$work/installed
-mkdir -p "$work"
-
-# Two runs at a time would be in each other's way.
-exec 9>"$work/lock"
-if ! flock -n 9; then
-  echo "Another run is making the toolkit; waiting for it"
-  flock 9
-fi
+hold_folder
 
 if [ -f "$work/done" ]; then
   echo "$prefix" >&3
   exit 0
 fi
 
-# apt_here COMMAND...: apt with lists of its own, which name the sources of what this system's lists name, so that the
-# system's own configuration stays as it is.
-apt_here() {
-  local apt=$work/apt
-  nice apt-get -qq -o Dir::Etc::SourceList="$apt/sources.list" -o Dir::Etc::SourceParts=/dev/null \
-    -o Dir::State::Lists="$apt/lists" -o Dir::Cache="$apt/cache" -o APT::Sandbox::User="$(id -un)" \
-    -o Acquire::Retries=3 "$@"
-}
-
-fetch_sources() {
-  mkdir -p "$work/apt/lists/partial" "$work/apt/cache/archives/partial"
-  local keyring=/usr/share/keyrings/debian-archive-keyring.gpg options=
-  [ -f "$keyring" ] && options="[signed-by=$keyring]"
-  apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
-    sort -u | sed "s|^|deb-src $options |" >"$work/apt/sources.list"
+fetch_both() {
   echo "Fetching the sources of qt6-base $qt_version and qcustomplot $plot_version (50 MB)"
-  apt_here update
-  (cd "$work" && apt_here source --only-source "qt6-base=$qt_version" "qcustomplot=$plot_version")
-  rm -rf "$work/apt"
+  fetch_sources "qt6-base=$qt_version" "qcustomplot=$plot_version"
   mv "$work"/qt6-base-*/ "$work/qt"
   mv "$work"/qcustomplot-*/ "$work/qcustomplot"
 }
 
 [ -d "$work/qcustomplot" ] || {
   rm -rf "$work"/qt "$work"/*.dsc "$work"/*.tar.* "$work"/qt6-base-* "$work"/qcustomplot-*
-  fetch_sources
+  fetch_both
 }
 
 if [ ! -f "$work/qt.done" ]; then

@@ -89,7 +89,8 @@ Section
   !insertmacro InstallFiles
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\uninstall.exe"
-  SetOutPath "$INSTDIR\bin"
+  ; The shortcut's folder to start in: a design without a folder is saved there.
+  SetOutPath "$DOCUMENTS"
   CreateShortcut "$SMPROGRAMS\TORVALE.lnk" "${PROGRAM}" "" "${PROGRAM}" 0 SW_SHOWNORMAL "" "Furrow irrigation design"
   !insertmacro RegisterKind ".pfd" "TORVALE.PlannedField" "TORVALE planned field design" take
   !insertmacro RegisterKind ".csd" "TORVALE.ConstantSlope" "TORVALE constant slope design" take

@@ -1,10 +1,12 @@
 #!/usr/bin/python3
-"""windows.py BUILD SCRIPT_PROGRAM PICTURES: drives the program for Windows under Wine, on a virtual display, in a Wine of
-its own: BUILD is the folder that scripts/make_windows.sh filled. What the keys give must be what the same work gives
-without a window, replayed by SCRIPT_PROGRAM on this system. The folder PICTURES gets a picture of each step.
+"""windows.py BUILD HERE PICTURES: drives the programs for Windows under Wine, on a virtual display, in a Wine of its own:
+BUILD is the folder that scripts/make_windows.sh filled, HERE one with the programs of this system. What the keys give
+must be what the same work gives without a window, replayed on this system. The folder PICTURES gets a picture of each
+step.
 
 Run it under dbus-run-session."""
 
+import html
 import os
 import pathlib
 import re
@@ -24,6 +26,10 @@ SAMPLE = PROJECT / "data/samples/ditch_corner.PFD"
 FOREIGN_NAME = "Žitné pole, поле, 葡萄園.PFD"
 PLANNED = "TORVALE +Planned Field Design"
 PATIENCE = 90  # seconds; a start under Wine on a busy machine takes some
+OBJDUMP = "x86_64-w64-mingw32-objdump"
+SUBSYSTEMS = {"torvale": "Windows GUI", "torvale_script": "Windows CUI", "torvale_batch": "Windows CUI"}
+# The numbers that Windows gives to kinds of resources.
+RESOURCES = {0x03: "icon", 0x0e: "group of icons", 0x10: "version", 0x18: "manifest"}
 KINDS = (".pfd", ".csd", ".dsd", ".csh", ".xfd", ".lhd", ".dat")
 
 
@@ -118,7 +124,55 @@ show printed
     return saved, letters(" ".join(re.findall(r'^(?:text|centred) .*? "(.*)"$', report, re.M)).replace("\\\\", "\\"))
 
 
-def check_work(build, script_program, pictures):
+def check_programs(build):
+    """Each program is one file: it needs only libraries of the system, and carries icon, version and manifest. Only those
+    for a command line have a console."""
+    for name, subsystem in SUBSYSTEMS.items():
+        told = subprocess.run([OBJDUMP, "-p", str(build / f"{name}.exe")], capture_output=True, text=True, check=True).stdout
+        if f"({subsystem})" not in told:
+            raise Trouble(f"{name} is not of the kind {subsystem}")
+        tree = told[told.index("The .rsrc Resource Directory"):]
+        # The first of three levels.
+        kinds = {int(number, 16) for number in re.findall(r"^[0-9a-f]+ {3}Entry: ID: (0x[0-9a-f]+),", tree, re.M)}
+        missing = [what for number, what in RESOURCES.items() if number not in kinds]
+        if missing:
+            raise Trouble(f"{name} has no {', '.join(missing)}")
+        status, said = wine(build / f"{name}.exe", "--version")
+        if status != 0 or not re.fullmatch(name + r" \d+\.\d+\.\d+\r?\n", said):
+            raise Trouble(f"{name} --version ends with {status} and says: {said}")
+        system = pathlib.Path(os.environ["TORVALE_WINE"]) / "drive_c/windows/system32"
+        foreign = [library for library in re.findall(r"DLL Name: (\S+)", told) if not (system / library.lower()).exists()]
+        if foreign:
+            raise Trouble(f"{name} needs {', '.join(foreign)}")
+
+
+def files_below(folder):
+    """Names and contents, less the notes of what was done when."""
+    return {str(p.relative_to(folder)): p.read_bytes() for p in folder.rglob("*") if p.is_file() and p.suffix != ".journal"}
+
+
+def check_many_fields(build, programs_here):
+    """A table of fields gives the same files as on this system, under a name with letters of every alphabet."""
+    guide = (PROJECT / "data/TORVALEHELP.hlp").read_text("utf-8")
+    table, survey = (html.unescape(re.search(rf'<pre id="many-fields-{name}">\n(.*?)</pre>', guide, re.S)[1])
+                     for name in ("table", "survey"))
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        (folder / "fields.csv").write_text(table)
+        (folder / "corner.csv").write_text(survey)
+        papers = ("--write", "designs,tables,reports")
+        subprocess.run([programs_here / "torvale_batch", folder / "fields.csv", "--out", folder / "here", *papers],
+                       capture_output=True, check=True)
+        there = folder / FOREIGN_NAME
+        status, said = wine(build / "torvale_batch.exe", here(folder / "fields.csv"), "--out", here(there), *papers)
+        if status != 0:
+            raise Trouble(f"torvale_batch ended with status {status}: {said}")
+        expected = files_below(folder / "here")
+        if len(expected) < 10 or files_below(there) != expected:
+            raise Trouble(f"the files are not those of this system: {said}")
+
+
+def check_work(build, programs_here, pictures):
     """A design is typed, saved, opened again, looked at and written to PDF."""
     with WineDesk() as desk:
         step = 0
@@ -138,7 +192,7 @@ def check_work(build, script_program, pictures):
             time.sleep(5)
             picture("design")
             design = desk.folder / "typed.PFD"
-            saved, report = by_script(script_program, here(design))
+            saved, report = by_script(programs_here / "torvale_script", here(design))
             desk.keys("ctrl+shift+s")
             desk.await_title("^Save As$")
             picture("save_as")
@@ -280,10 +334,12 @@ def check_installer(build, pictures):
 
 
 def main():
-    build, script_program, pictures = (pathlib.Path(path).resolve() for path in sys.argv[1:4])
+    build, programs_here, pictures = (pathlib.Path(path).resolve() for path in sys.argv[1:4])
     shutil.rmtree(pictures, ignore_errors=True)
     pictures.mkdir(parents=True)
-    checks = (("a design from keys to paper", lambda: check_work(build, str(script_program), pictures)),
+    checks = (("the programs", lambda: check_programs(build)),
+              ("many fields in one go", lambda: check_many_fields(build, programs_here)),
+              ("a design from keys to paper", lambda: check_work(build, programs_here, pictures)),
               ("the dark look", lambda: check_dark(build, pictures)),
               ("the archive", lambda: check_archive(build, pictures)),
               ("the installer", lambda: check_installer(build, pictures)))
