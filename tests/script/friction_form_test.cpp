@@ -5,8 +5,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "elsewhere.h"
 #include "script/runner.h"
+#include "support/elsewhere.h"
 #include "support/source_folder.h"
 
 namespace torvale {

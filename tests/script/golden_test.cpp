@@ -6,9 +6,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "elsewhere.h"
 #include "script/record_fields.h"
 #include "script/runner.h"
+#include "support/elsewhere.h"
 #include "support/source_folder.h"
 
 namespace torvale {

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <sstream>
 
-#include "elsewhere.h"
 #include "script/quoting.h"
 #include "script/runner.h"
 #include "script/statements.h"
+#include "support/elsewhere.h"
 #include "support/page.h"
 
 namespace torvale {

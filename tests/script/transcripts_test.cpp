@@ -6,8 +6,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "elsewhere.h"
 #include "script/runner.h"
+#include "support/elsewhere.h"
 #include "support/source_folder.h"
 #include "support/without_folder.h"
 
