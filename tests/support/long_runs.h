@@ -5,8 +5,8 @@
 
 namespace torvale {
 
-// `usual` in ./test, seconds for a test program; `minutes` with TORVALE_LONG=1, as in ./test --thorough, some two minutes
-// for a test program; `full` with TORVALE_LONG=2, by hand.
+// `usual` in ./test, seconds for a test program; `minutes` with TORVALE_LONG=1, as in ./test --thorough, some two
+// minutes for a test program; `full` with TORVALE_LONG=2, by hand.
 template <typename Count>
 Count LongRun(Count usual, Count minutes, Count full) {
   const char* const asked = std::getenv("TORVALE_LONG");
