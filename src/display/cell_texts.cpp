@@ -1,5 +1,7 @@
 #include "display/cell_texts.h"
 
+#include <cmath>
+
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
@@ -18,10 +20,14 @@ constexpr NumberPattern kLength("#####");
 constexpr NumberPattern kElevation("####.00");
 constexpr NumberPattern kPlantedWidth("###.00");
 
-// The number as it is, and that text in the pattern where there is one.
+// The number as it is, and that text in the pattern where there is one. Whole numbers of up to seven digits are what
+// their text says.
 std::string HoleNumberText(const DesignRecord& record, int i, const NumberPattern& pattern) {
+  constexpr float kWhole = 1e6F;
   const float number = AtRow(record, record.FurrowNumber, i);
-  return pattern.text().empty() ? GeneralText(number) : Format(Val(GeneralText(number)), pattern);
+  if (pattern.text().empty()) return GeneralText(number);
+  const bool whole = number >= 0 && number < kWhole && number == std::floor(number);
+  return Format(whole ? static_cast<double>(number) : Val(GeneralText(number)), pattern);
 }
 
 std::string Pattern(float value, const NumberPattern& pattern) {

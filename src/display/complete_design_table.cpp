@@ -26,9 +26,9 @@ void WriteFlowRatio(const TableRow& row) {
   grid.SetFore(row.grid_row, kResultFlowRatio, kBlack);
 }
 
-void WriteFirstRow(Program& program) {
+void WriteFirstRow(Program& program, RepeatedTexts& repeated) {
   const DesignRecord& record = program.record;
-  const TableRow row{program, 1, 1, kCompleteFirstRow};
+  const TableRow row{program, 1, 1, kCompleteFirstRow, repeated};
   const float flow = AtRow(record, record.FurrowFlow, 1);
   Write(row, {kResultStation});
   if (flow > 0) Write(row, {kResultOpening});
@@ -82,11 +82,12 @@ void FillRows(Program& program) {
   const DesignRecord& record = program.record;
   const SurveyReader survey(program.main.Grid1.cells(), record.SurveyRows);
   EmptyTable(program.main.Grid2);
-  WriteFirstRow(program);
+  RepeatedTexts repeated;
+  WriteFirstRow(program, repeated);
   int grid_row = 2;
   int survey_row = 2;
   for (int i = 2; i <= record.HoleRows; ++i) {
-    const TableRow row{program, i, grid_row, kCompleteRow};
+    const TableRow row{program, i, grid_row, kCompleteRow, repeated};
     Write(row, {kResultStation, kResultCrown, kResultHead, kResultMil, kResultPipeDia});
     if (IsHoleRow(record, i)) {
       WriteHoleRow(row);

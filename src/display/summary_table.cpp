@@ -16,6 +16,7 @@ struct Progress {
   int supply_survey_row = 2;
   int survey_row = 2;
   double flow = 0;
+  RepeatedTexts repeated = {};
 };
 
 // The only colours of the Summary, until the last row takes them away again.
@@ -48,9 +49,9 @@ void WriteFirstSupplyLine(const TableRow& row, int size_index) {
   Empty(row, {kResultFlow});
 }
 
-void WriteFirstRow(Program& program) {
+void WriteFirstRow(Program& program, Progress& at) {
   DesignRecord& record = program.record;
-  const TableRow row{program, 1, 1, kSummaryFirstRow};
+  const TableRow row{program, 1, 1, kSummaryFirstRow, at.repeated};
   const float flow = AtRow(record, record.FurrowFlow, 1);
   const int size_index = ChosenSizeIndex(record, 1);
   if (Val(program.main.Grid1.Text(1, kCrownColumn)) > 0) program.main.Grid2.Set(1, kResultHoleNumber, "1");
@@ -104,7 +105,7 @@ void WriteMiddleRow(Program& program, const SurveyReader& survey, int i, Progres
   const DesignRecord& record = program.record;
   at.flow += static_cast<double>(record.FurrowFlow[i]);
   if (!IsShown(record, i, survey.Val(at.survey_row, kStationColumn))) return;
-  const TableRow row{program, i, at.grid_row, kSummaryRow};
+  const TableRow row{program, i, at.grid_row, kSummaryRow, at.repeated};
   Write(row, {kResultStation, kResultCrown, kResultHead, kResultMil, kResultPipeDia});
   if (record.HoleDia[i] > 0) {
     WriteHoleRow(row, at.flow);
@@ -118,11 +119,11 @@ void WriteMiddleRow(Program& program, const SurveyReader& survey, int i, Progres
   if (Store32(StrictNumber(survey.Text(at.survey_row, kStationColumn))) < record.Station[i]) ++at.survey_row;
 }
 
-void WriteLastRow(Program& program, const SurveyReader& survey, const Progress& at) {
+void WriteLastRow(Program& program, const SurveyReader& survey, Progress& at) {
   DesignRecord& record = program.record;
   Grid& grid = program.main.Grid2;
   const int i = record.HoleRows;
-  const TableRow row{program, i, at.grid_row, kSummaryLastRow};
+  const TableRow row{program, i, at.grid_row, kSummaryLastRow, at.repeated};
   const float flow = record.FurrowFlow[i];
   if (survey.Text(at.survey_row, kHoleSizeColumn) > "0") {
     grid.Set(at.grid_row, kResultHoleNumber, GeneralText(record.WateredFurrows));
@@ -155,8 +156,8 @@ int FillRows(Program& program) {
     grid.SetBack(r, kResultFlowRatio, kWhite);
     grid.SetFore(r, kResultFlowRatio, kBlack);
   }
-  WriteFirstRow(program);
   Progress at;
+  WriteFirstRow(program, at);
   at.flow = static_cast<double>(AtRow(record, record.FurrowFlow, 1));
   for (int i = 2; i <= record.HoleRows - 1; ++i) WriteMiddleRow(program, survey, i, at);
   WriteLastRow(program, survey, at);

@@ -1,5 +1,7 @@
 #include "display/table_row.h"
 
+#include <optional>
+
 #include "base/format.h"
 
 namespace torvale {
@@ -17,11 +19,37 @@ std::string EachGateTip(const Program& program, int i) {
   return each + " The table shows what one gate with the area of all would open.";
 }
 
+// The number that alone decides a cell's text, in columns where it is mostly that of the row before.
+std::optional<double> RepeatedValue(const DesignRecord& record, ResultColumn column, int i) {
+  switch (column) {
+    case kResultFurrowLength:
+      return AtRow(record, record.FurrowLength, i);
+    case kResultHoleCount:
+      return AtRow(record, record.HolesPerFurrow, i);
+    case kResultPipeDia:
+      return static_cast<double>(AtRow(record, record.PipeDia, i));
+    case kResultPlantedWidth:
+      return static_cast<double>(AtRow(record, record.PlantedWidth, i));
+    default:
+      return std::nullopt;
+  }
+}
+
+void WriteCell(const TableRow& row, ResultColumn column) {
+  Grid& grid = row.program.main.Grid2;
+  const auto make = [&] { return CellText(row.program, column, row.i, row.patterns); };
+  if (const auto value = RepeatedValue(row.program.record, column, row.i)) {
+    grid.Set(row.grid_row, column, row.repeated.Of(column, *value, make));
+  } else {
+    grid.Set(row.grid_row, column, make());
+  }
+}
+
 }  // namespace
 
 void Write(const TableRow& row, std::initializer_list<ResultColumn> columns) {
   for (const ResultColumn column : columns) {
-    row.program.main.Grid2.Set(row.grid_row, column, CellText(row.program, column, row.i, row.patterns));
+    WriteCell(row, column);
     if (column == kResultOpening) row.program.main.Grid2.SetTip(row.grid_row, column, EachGateTip(row.program, row.i));
   }
 }

@@ -46,11 +46,22 @@ void GridModel::Refresh() {
     beginResetModel();
     rows_ = rows;
     columns_ = grid_.column_count();
+    headings_ = Headings();
     endResetModel();
   } else if (rows_ > 0 && columns_ > 0) {
-    emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
     emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+    // The table measures itself anew after this.
+    std::vector<std::string> headings = Headings();
+    if (headings == headings_) return;
+    headings_ = std::move(headings);
+    emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
   }
+}
+
+std::vector<std::string> GridModel::Headings() const {
+  std::vector<std::string> headings;
+  for (int c = 0; c < grid_.column_count() && grid_.rows() > 0; ++c) headings.push_back(grid_.Text(0, c));
+  return headings;
 }
 
 }  // namespace torvale

@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "screen/controls.h"
 
@@ -24,10 +25,13 @@ class GridModel final : public QAbstractTableModel {
   void Refresh();
 
  private:
+  std::vector<std::string> Headings() const;
+
   std::string name_;
   const Grid& grid_;
   int rows_ = 0;
   int columns_ = 0;
+  std::vector<std::string> headings_;  // as the table knows them
 };
 
 }  // namespace torvale

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "qt/fitted_text.h"
 #include "qt/scale.h"
@@ -66,14 +67,22 @@ GridHeading::GridHeading(const Grid& grid, QWidget* parent) : QHeaderView(Qt::Ho
 }
 
 void GridHeading::FitLetters(int pixels) {
+  Fitted fitted{pixels, height(), font(), grid_.fixed_back, grid_.fixed_fore, {}, {}, {}};
+  for (int c = 0; c < std::min(count(), grid_.column_count()); ++c) {
+    fitted.widths.push_back(sectionSize(c));
+    fitted.flags.push_back(HeadingFlags(grid_, c));
+    fitted.texts.push_back(grid_.Text(0, c));
+  }
+  if (fitted == fitted_) return;
+  viewport()->update();
   letters_ = font();
   letters_.setPixelSize(pixels);
   letters_.setStretch(kHeadingStretch);
-  for (int c = 0; c < std::min(count(), grid_.column_count()); ++c) {
-    const QSize room = Inside(QRect(0, 0, sectionSize(c), height())).size();
-    letters_ = Fitting(letters_, room, HeadingFlags(grid_, c), ToQt(grid_.Text(0, c)));
+  for (std::size_t c = 0; c < fitted.texts.size(); ++c) {
+    const QSize room = Inside(QRect(0, 0, fitted.widths[c], height())).size();
+    letters_ = Fitting(letters_, room, fitted.flags[c], ToQt(fitted.texts[c]));
   }
-  viewport()->update();
+  fitted_ = std::move(fitted);
 }
 
 QColor GridHeading::Back() const {
@@ -124,18 +133,21 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     painter->fillRect(option.rect, highlight);
   }
   painter->setPen(TextColour(grid_, row, column, palette));
-  painter->setFont(option.font);
   // A row holds one line, so that it stands in the middle of the height, whatever the alignment.
-  const QString text = ToQt(grid_.Text(row, column));
   const QRect room = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
-  const int flags = static_cast<int>(AcrossOf(grid_.SideOf(row, column)) | Qt::AlignVCenter) | Qt::TextSingleLine;
-  painter->drawText(room, flags, text);
-  if (grid_.edit && row == grid_.row && column == grid_.column) {
-    const QRect letters = painter->boundingRect(room, flags, text.isEmpty() ? QString(" ") : text);
-    const int caret = painter->fontMetrics().horizontalAdvance(text.left(UnitsOf(text, grid_.edit->caret)));
-    painter->fillRect(QRect(letters.left() + caret, letters.top(), 1, letters.height()), painter->pen().color());
-  }
+  const Qt::Alignment across = AcrossOf(grid_.SideOf(row, column));
+  letters_.Draw(*painter, option.font, room, across, grid_.Text(row, column));
+  if (grid_.edit && row == grid_.row && column == grid_.column) DrawCaret(*painter, option.font, room, across);
   painter->restore();
+}
+
+void GridCell::DrawCaret(QPainter& painter, const QFont& font, const QRect& room, Qt::Alignment across) const {
+  const QString text = ToQt(grid_.CurrentText());
+  const int flags = static_cast<int>(across | Qt::AlignVCenter) | Qt::TextSingleLine;
+  painter.setFont(font);
+  const QRect letters = painter.boundingRect(room, flags, text.isEmpty() ? QString(" ") : text);
+  const int caret = painter.fontMetrics().horizontalAdvance(text.left(UnitsOf(text, grid_.edit->caret)));
+  painter.fillRect(QRect(letters.left() + caret, letters.top(), 1, letters.height()), painter.pen().color());
 }
 
 }  // namespace torvale

@@ -2,7 +2,11 @@
 
 #include <QHeaderView>
 #include <QStyledItemDelegate>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "qt/cell_letters.h"
 #include "screen/controls.h"
 
 namespace torvale {
@@ -13,7 +17,7 @@ class GridHeading final : public QHeaderView {
   GridHeading(const Grid& grid, QWidget* parent);
 
   // Chooses the letters of all headings alike: `pixels` high, or smaller where one would be cut off. To be called when
-  // texts, widths or the height have changed.
+  // texts, looks, widths or the height may have changed; draws anew only where they have.
   void FitLetters(int pixels);
 
  protected:
@@ -21,9 +25,22 @@ class GridHeading final : public QHeaderView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // What the letters were chosen for, and what else is drawn.
+  struct Fitted {
+    int pixels = 0;
+    int height = 0;
+    QFont font;
+    std::optional<Colour> back;
+    std::optional<Colour> fore;
+    std::vector<int> widths;
+    std::vector<int> flags;
+    std::vector<std::string> texts;
+    bool operator==(const Fitted&) const = default;
+  };
   QColor Back() const;
 
   QFont letters_;
+  Fitted fitted_;
   const Grid& grid_;
 };
 
@@ -34,7 +51,10 @@ class GridCell final : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
+  void DrawCaret(QPainter& painter, const QFont& font, const QRect& room, Qt::Alignment across) const;
+
   const Grid& grid_;
+  mutable CellLetters letters_;  // drawing changes nothing that could be seen
 };
 
 }  // namespace torvale
