@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "base/version.h"
 #include "display/design_display.h"
+#include "display/input_screen.h"
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "files/code_page.h"
@@ -183,6 +184,16 @@ void ShowOpened(Program& program, int sizes) {
   btnDefaultExit_Click(program);
 }
 
+// A recent entry opens over whatever is shown, and the sheet is another one since. Where no design came of the file,
+// the results of the one before go.
+void LeaveResults(Program& program) {
+  if (!DesignStands(program) && !program.main.Grid2.control.visible) return;
+  const std::int16_t read = program.record.DesignType;
+  ShowInputScreen(program);
+  ForgetDesign(program);
+  program.record.DesignType = read;
+}
+
 void FallBackToDefaults(Program& program) {
   Default_Values(program);
   constexpr std::array<std::string_view, 3> kFirstRow = {"0", "10.00", "1320"};
@@ -244,6 +255,7 @@ void OpenFile(Program& program) {
     Load(program, sizes);
     if (program.record.DesignType != kSurveyOnly) ShowOpened(program, sizes);
   });
+  if (error != 0 || program.record.DesignType == kSurveyOnly) LeaveResults(program);
   if (error == 0) return;
   program.host.Message("Error opening file! Check location of file.,  " + ErrorNumber(error), "");
   FallBackToDefaults(program);

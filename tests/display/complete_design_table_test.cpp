@@ -127,6 +127,29 @@ TEST(CompleteDesignTable, NamesTheSurveyHoleWhereThereIsNoOutlet) {
   EXPECT_EQ(line.main.Grid2.Back(2, kResultFlowRatio), kRed);
 }
 
+// A furrow without a hole is watered by nothing: supply line, whatever its length.
+TEST(CompleteDesignTable, ARowWithALengthButNoHoleIsSupplyLine) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 95);
+  line.record.FurrowLength[line.AddDry(10)] = 1100;
+  line.AddHole(20, kQuarterInch, 95);
+  for (const std::string_view station : {"0", "10", "20"}) line.AddSurvey(station, "1/4");
+  CompleteDesignTable(line.program);
+  EXPECT_EQ(line.Row(2), "10|  Supply|Line||2.50|||60.00||10|15|");
+  EXPECT_EQ(line.Row(3), "20|1/4|2|95.00|2.50|.95|1100|60.00|1|10|15|6.00");
+}
+
+// In the first row the flow alone decides, and the length stands by itself.
+TEST(CompleteDesignTable, AFirstRowWithHolesButNoFlowIsSupplyLine) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 0);
+  line.AddHole(10, kQuarterInch, 95);
+  line.AddSurvey("0", "1/4");
+  CompleteDesignTable(line.program);
+  EXPECT_EQ(line.Row(1), "0|  Supply|Line||2.50||1100|60.00||10|15|");
+  EXPECT_EQ(line.main.Grid2.Back(1, kResultFlowRatio), std::nullopt);
+}
+
 // A hole that draws air has a flow of 0: it keeps its number, but has no ratio and no length, and no colour either.
 TEST(CompleteDesignTable, LeavesOutTheRatioOfAHoleWithoutFlow) {
   SmallLine line;

@@ -105,6 +105,58 @@ TEST(GridSet, LaysOutTheAppliedWaterAndItsNeighbours) {
   EXPECT_EQ(line.main.cmdReCalc.place, (Place{9250, 2295, 1100, 315}));
 }
 
+// Whatever became of the grids, they are as they were laid out first; their texts below the headings stay.
+TEST(GridSet, PlacesEverythingAnew) {
+  SmallLine line;
+  MainScreen& main = line.main;
+  const MainScreen first = main;
+  for (Grid* grid : {&main.Grid1, &main.Grid2, &main.GridInchesApplied}) {
+    grid->control.place = {};
+    grid->heading_height = 0;
+    grid->fixed_back.reset();
+    grid->fixed_fore.reset();
+    grid->control.fore.reset();
+    for (int c = 0; c < grid->column_count(); ++c) {
+      grid->columns[static_cast<std::size_t>(c)] = {};
+      grid->Set(0, c, "x");
+      grid->SetAlign(0, c, Align::kGeneral);
+      grid->SetAlign(1, c, Align::kGeneral);
+    }
+    grid->Resize(3, 2);
+  }
+  main.cmdReCalc.place = main.cmdDesignToggle.place = main.frameShowLimitedHoles.place = {};
+  main.mnuLayflatPipe.ticked = false;
+  main.mnuRigidPipe.ticked = true;
+  GridSet(line.program);
+  const std::pair<const Grid*, const Grid*> grids[] = {
+      {&main.Grid1, &first.Grid1}, {&main.Grid2, &first.Grid2}, {&main.GridInchesApplied, &first.GridInchesApplied}};
+  for (const auto& [now, then] : grids) {
+    EXPECT_EQ(now->rows(), then->rows());
+    ASSERT_EQ(now->column_count(), then->column_count());
+    EXPECT_EQ(now->control.place, then->control.place);
+    if (now == &main.GridInchesApplied) continue;  // its colours and heights are the desktop's
+    EXPECT_EQ(now->heading_height, then->heading_height);
+    EXPECT_EQ(now->fixed_back, then->fixed_back);
+    EXPECT_EQ(now->fixed_fore, then->fixed_fore);
+    EXPECT_EQ(now->control.fore, then->control.fore);
+  }
+  for (const auto& [now, then] : grids) {
+    for (int c = 0; c < now->column_count(); ++c) {
+      const auto at = static_cast<std::size_t>(c);
+      EXPECT_EQ(now->columns[at].width, then->columns[at].width) << c;
+      EXPECT_EQ(now->columns[at].align, then->columns[at].align) << c;
+      EXPECT_EQ(now->Text(0, c), then->Text(0, c)) << c;
+      EXPECT_EQ(now->AlignOf(0, c), then->AlignOf(0, c)) << c;
+    }
+  }
+  EXPECT_EQ(main.Grid1.AlignOf(1, 8), Align::kCentreBottom);
+  EXPECT_EQ(main.cmdReCalc.place, first.cmdReCalc.place);
+  EXPECT_EQ(main.cmdDesignToggle.place, first.cmdDesignToggle.place);
+  EXPECT_EQ(main.frameShowLimitedHoles.place, first.frameShowLimitedHoles.place);
+  EXPECT_TRUE(main.mnuLayflatPipe.ticked);
+  EXPECT_FALSE(main.mnuRigidPipe.ticked);
+}
+
 // One grid asks for "R" and the other for "E", so that any other letter, a small one too, gives the two wordings below.
 TEST(GridSet, NamesTheCrownByTheSurveyLetter) {
   struct Case {

@@ -204,6 +204,45 @@ TEST(SummaryTable, PassesAFaultOfAGateToItsCaller) {
   EXPECT_THROW(SummaryTable(line.program), RunTimeFault);
 }
 
+// Holes that draw air, at each place of the table. The first row says supply line by its flow in columns 2 and 3, and
+// keeps its length and the number of its holes; the opening stands at the last row alone, by its size.
+TEST(SummaryTable, RowsWithHolesButNoFlow) {
+  SmallLine line;
+  for (const float station : {0.0F, 10.0F, 20.0F, 30.0F, 40.0F, 50.0F, 60.0F}) {
+    line.AddHole(station, kQuarterInch, station == 20 || station == 40 || station == 50 ? 95 : 0);
+  }
+  for (const std::string_view station : {"0", "30", "60"}) line.AddSurvey(station, "1/4");
+  line.ShowTable("Summary");
+  line.record.FurrowFlow[6] = 95;  // the row of the size's place
+  SummaryTable(line.program);
+  EXPECT_EQ(line.Row(1), "0||  Supply|Line|2.50||1100|60.00|1|10|15|");
+  EXPECT_EQ(line.Row(2), "30||4|.00|2.50|||60.00||10|15|");
+  EXPECT_EQ(line.Row(3), "40|1/4|5|95.00|2.50|.95|1100|60.00|1|10|15|6.00");  // behind the surveyed station
+  EXPECT_EQ(line.Row(4), "60|1/4|7||2.50||1100|60.00|1|10|15|6.00");
+  // What has left the pipe: nothing; 95 at station 20; 95 at 40; 95 at 50.
+  EXPECT_EQ(line.record.DisplayHoleNumber[1], 0);
+  EXPECT_EQ(line.record.DisplayHoleNumber[2], 95);
+  EXPECT_EQ(line.record.DisplayHoleNumber[3], 190);
+  EXPECT_EQ(line.record.DisplayHoleNumber[4], 285);
+}
+
+// A supply line in the middle takes the words whatever its length; the far end has a length and a hole count where the
+// survey gives them, though nothing flows. (The station of the far end is that of the survey row behind the last that
+// was passed: 9 is, by the row at 10.)
+TEST(SummaryTable, SupplyRowsWithALength) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 95);
+  line.record.FurrowLength[line.AddDry(10)] = 1100;
+  const int end = line.AddDry(20);
+  line.record.FurrowLength[end] = 900;
+  line.record.HolesPerFurrow[end] = 2;
+  for (const std::string_view station : {"0", "9", "20"}) line.AddSurvey(station, "1/4");
+  line.ShowTable("Summary");
+  SummaryTable(line.program);
+  EXPECT_EQ(line.Row(2), "10|  Supply|Line||2.50|||60.00||10|15|");
+  EXPECT_EQ(line.Row(3), "20||||2.50||900|60.00|2|10|15|.00");
+}
+
 TEST(SummaryTable, ShowsADryFarEndByItsSurveyStation) {
   SmallLine line;
   for (const float station : {0.0F, 10.0F, 20.0F, 30.0F, 40.0F, 50.0F}) line.AddHole(station, kQuarterInch, 95);

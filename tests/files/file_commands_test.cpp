@@ -343,6 +343,35 @@ TEST_F(FileCommandsTest, ARecentEntryWhoseFileIsGoneStays) {
   EXPECT_EQ(main.mnuFileList[0].caption, "gone.PFD");
 }
 
+// The results on the screen are those of a sheet that is gone.
+TEST_F(FileCommandsTest, ARecentSurveyOrNoFileAtAllLeavesNoResultsOfTheDesignBefore) {
+  TypeSurvey();
+  main.txtInfo[0].Set("West 12");
+  record.DesignType = kSurveyOnly;
+  ASSERT_EQ(Save("west"), "");
+  main.mnuFileList[0].caption = "west";
+  main.mnuFileList[1].caption = "gone.PFD";
+  for (const int entry : {0, 1}) {
+    SCOPED_TRACE(entry);
+    TypeSurvey();
+    mnuDesignField_Click(program);
+    ASSERT_EQ(main.lblActiveInactive.caption, "Active Design");
+    mnuFileList_Click(program, entry);
+    EXPECT_EQ(main.txtInfo[0].text(), entry == 0 ? "West 12" : "East 40");
+    EXPECT_EQ(record.DesignType, entry == 0 ? kSurveyOnly : kNoDesign);
+    EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");
+    EXPECT_TRUE(main.Grid1.control.visible);
+    for (const Control* gone :
+         {&main.Grid2.control, &main.frmDisplay, &main.lblEffic, &main.lblAvgFurrowFlow, &main.cmdReCalc,
+          &main.cmdDesignToggle, &main.mnuProfile, &main.frameShowLimitedHoles, &main.GridInchesApplied.control}) {
+      EXPECT_FALSE(gone->visible) << gone->caption;
+    }
+    EXPECT_TRUE(main.cmdInterpolate.visible);
+    EXPECT_EQ(main.title, "TORVALE   ");
+    EXPECT_FALSE(main.mnuDesignField.ticked);
+  }
+}
+
 TEST_F(FileCommandsTest, PrintingNeedsResultsOnTheScreen) {
   for (const bool shown : {true, false}) {
     main.Grid2.control.visible = shown;

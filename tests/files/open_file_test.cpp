@@ -1,3 +1,4 @@
+#include "display/colour_meanings.h"
 #include "small_file.h"
 
 namespace torvale {
@@ -21,6 +22,22 @@ TEST_F(OpenFileTest, FillsTheScreenAndTheRecord) {
 
 // 12.34 x 10 + 0.5 is 123.9: the whole part of it, divided by 10. 0.05 acres are just under a half in 32 bits widened:
 // 0.0500000007 x 10 + 0.5 = 1.000000007.
+// The uniformity of the design before was 83.1 percent, that of the file is 99, and the other way round.
+TEST_F(OpenFileTest, TheColourOfTheUniformityIsThatOfTheOpenedDesign) {
+  SmallFile good;
+  main.lblEffic.back = kYellow;
+  ASSERT_EQ(OpenSmall(good), "");
+  EXPECT_EQ(main.lblEffic.caption, "Distribution Uniformity = 99");
+  EXPECT_EQ(main.lblEffic.back, kBrightGreen);
+  std::string text = good.Text();
+  text.replace(text.find("\r\n99,0\r\n"), 8, "\r\n83.1,0\r\n");
+  WriteTestFile(Path("poor"), text);
+  ASSERT_EQ(Open(Path("poor")), "");
+  EXPECT_EQ(main.lblEffic.caption, "Distribution Uniformity = 83.1");
+  EXPECT_EQ(main.lblEffic.back, kYellow);
+  EXPECT_EQ(MeaningOfColour("lblEffic", *main.lblEffic.back), "Yellow: the uniformity is below 90 percent.");
+}
+
 TEST_F(OpenFileTest, TheAcresHaveOneDecimal) {
   OpenSmall({});
   EXPECT_EQ(main.lblAcresTotal.caption, "Total Acres = 12.3");

@@ -104,8 +104,10 @@ TEST_P(DesignCommandTest, StaysWhereItIsWhenTheInputIsRefused) {
   main.Grid2.control.visible = true;
   main.lblEffic.visible = true;
   main.Grid1.control.visible = false;
+  main.frmDisplayLbl[15].caption = "1.50 ft.";
   record.SlopeDelta = 5;
   GetParam().run(program);
+  EXPECT_EQ(main.frmDisplayLbl[15].caption, "");
   EXPECT_EQ(record.SlopeDelta, GetParam().locks ? 0 : 5);  // the slope designs start it at 0
   EXPECT_EQ(host.messages.size(), 1U);
   EXPECT_EQ(record.MissingData, -1);
@@ -175,6 +177,18 @@ TEST_F(InputScreenTest, CompletesTheSheetOnTheWayBack) {
   main.Grid1.Set(2, kPipeDiaColumn, "");
   mnuWindowInfo_Click(program);
   EXPECT_EQ(main.Grid1.Text(2, kPipeDiaColumn), "15");
+}
+
+// The way back completes the sheet and shows it; where two stations are equal that ends half-way.
+TEST_F(InputScreenTest, ShowsASheetThatCannotBeCompleted) {
+  LevelLine();
+  mnuDesignField_Click(program);
+  FillSheet({WateredRow("0", "100"), WateredRow("50", "100"), WateredRow("50", "100"), WateredRow("100", "100")});
+  main.Grid1.Set(3, kFurrowLengthColumn, "");
+  main.Grid1.control.visible = false;
+  mnuWindowInfo_Click(program);
+  EXPECT_TRUE(main.Grid1.control.visible);
+  EXPECT_FALSE(main.Grid2.control.visible);
 }
 
 // --- Cancel

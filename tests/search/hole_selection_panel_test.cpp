@@ -135,6 +135,41 @@ TEST_F(PanelTest, AnEmptyListAbandonsTheDesign) {
   EXPECT_FALSE(main.busy);
 }
 
+// What stands of the design before is gone by the first yield of the first head.
+TEST_F(PanelTest, ASelectionStartsAfresh) {
+  LevelLine("20");
+  mnuDesignConstSlope_Click(program);
+  mnuManHoleSelection_Click(program);
+  Add({"3/8"});
+  record.BestUniformity = 100;
+  record.BestHeadFound = 9;
+  record.CalcProblem = "Problem";
+  main.frmDisplayLbl[15].caption = "1.00 ft.";
+  main.cmdInterpolate.visible = true;
+  main.mnuSurveyCopy.visible = true;
+  main.txtInfo[3].Set("1.5");
+  bool looked = false;
+  WatchYields([&] {
+    if (looked) return;
+    looked = true;
+    EXPECT_EQ(record.DesignType, kLimitedHoles);
+    EXPECT_EQ(record.BestUniformity, 0);
+    EXPECT_EQ(record.BestHeadFound, 0);
+    EXPECT_EQ(record.ManualTargetHead, 1.5F);
+    EXPECT_EQ(record.CalcProblem, "");
+    EXPECT_EQ(main.frmDisplayLbl[15].caption, "");
+    EXPECT_EQ(main.title, "TORVALE   Limited Computer Selected Hole Design");
+    EXPECT_THAT(Ticked(), ElementsAre("mnuManHoleSelection"));
+    for (const Control* hidden :
+         {&main.lblCrownSlope, &main.cmdInterpolate, &main.frameHoleSelection, &main.mnuSurveyCopy}) {
+      EXPECT_FALSE(hidden->visible);
+    }
+    EXPECT_TRUE(main.busy);
+  });
+  cmdExitHoleSelect_Click(program);
+  EXPECT_TRUE(looked);
+}
+
 TEST_F(PanelTest, SortsTheChosenSizesIntoTheRecord) {
   LevelLine("20");
   mnuManHoleSelection_Click(program);

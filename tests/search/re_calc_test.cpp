@@ -46,6 +46,21 @@ TEST_F(ReCalcTest, RunsAPlannedDesignAgainOnTheChangedInput) {
   EXPECT_EQ(main.lblActiveInactive.caption, "Active Design");
 }
 
+// The row between has its hole alone: its crown lies on the line between the rows around it, the rest is copied down.
+TEST_F(ReCalcTest, CompletesTheSheetFirst) {
+  for (const auto& command : {mnuDesignField_Click, mnuDesignDualSlope_Click, mnuComputerHoleSelection_Click}) {
+    LevelLine();
+    command(program);
+    const std::int16_t rows = record.HoleRows;
+    FillSheet({WateredRow("0", "100"), {"50", "", "", "", "", "3/8", "", "", ""}, WateredRow("100", "100")});
+    ReCalculate();
+    EXPECT_EQ(main.Grid1.Text(2, kCrownColumn), "100.00");
+    EXPECT_EQ(record.HoleRows, rows);
+    EXPECT_EQ(main.lblActiveInactive.caption, "Active Design");
+    main.Grid1.cells().Erase(1, 0, 3, kPlantedWidthColumn);
+  }
+}
+
 TEST_F(ReCalcTest, ShowsTheAcresWithTheirBlanksWhileItRuns) {
   LevelLine();
   mnuDesignField_Click(program);
