@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cstdlib>
 #include <random>
 #include <type_traits>
 
@@ -10,6 +9,7 @@
 #include "engine/naive_flow_calc.h"
 #include "engine/sheet.h"
 #include "record/hole_sizes.h"
+#include "support/long_runs.h"
 
 namespace torvale {
 namespace {
@@ -157,7 +157,7 @@ void Compare(unsigned seed, int most_rows, long idle, long cancel_at, Ends& ends
 }
 
 unsigned Times(unsigned count) {
-  return std::getenv("TORVALE_LONG") != nullptr ? count * 8 : count;
+  return LongRun(count, count * 8, count * 40);
 }
 
 TEST(FlowCalcReference, RandomLines) {

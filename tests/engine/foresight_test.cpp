@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cstdlib>
 #include <memory>
 
 #include "engine/end_head.h"
+#include "support/long_runs.h"
 #include "support/random_slope_field.h"
 
 namespace torvale {
@@ -61,7 +61,7 @@ void ExpectSame(const Solved& plain, const Solved& fast) {
 }
 
 TEST(EndHeadForesight, ChangesNothingThatComesOut) {
-  const unsigned fields = std::getenv("TORVALE_LONG") != nullptr ? 20000 : 1000;
+  const unsigned fields = LongRun(1'000U, 20'000U, 100'000U);
   int outcomes[4] = {};
   for (unsigned seed = 1; seed <= fields && !HasFailure(); ++seed) {
     RandomSlopeField random(seed);

@@ -9,6 +9,7 @@
 #include <memory>
 #include <new>
 
+#include "support/long_runs.h"
 #include "support/random_slope_field.h"
 
 namespace {
@@ -97,7 +98,7 @@ struct Searched {
 };
 
 unsigned Fields() {
-  return std::getenv("TORVALE_LONG") != nullptr ? 100000 : 1000;
+  return LongRun(1'000U, 30'000U, 100'000U);
 }
 
 TEST(SlopeTrials, FastIsPlainToTheBit) {

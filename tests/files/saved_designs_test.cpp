@@ -12,13 +12,13 @@
 #include "files/new_design.h"
 #include "search/cal_dsign_var.h"
 #include "search/hole_selection_panel.h"
+#include "support/long_runs.h"
 
 namespace torvale {
 namespace {
 
-// TORVALE_LONG asks for the long run.
 int Designs() {
-  return std::getenv("TORVALE_LONG") != nullptr ? 2000 : 70;
+  return LongRun(70, 500, 2'000);
 }
 
 class RandomUse {

@@ -1,11 +1,12 @@
 // Repeatable random choices.
 #pragma once
 
-#include <cstdlib>
 #include <random>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "support/long_runs.h"
 
 namespace torvale {
 
@@ -25,9 +26,9 @@ class Random {
   std::mt19937 engine_;
 };
 
-// How many rounds a property is run: `count`, and many times that in the long runs (TORVALE_LONG in the environment).
+// How many rounds a property is run: `count`, and many times that in the long runs.
 inline unsigned Rounds(unsigned count) {
-  return std::getenv("TORVALE_LONG") != nullptr ? count * 8 : count;
+  return LongRun(count, count * 8, count * 40);
 }
 
 }  // namespace torvale

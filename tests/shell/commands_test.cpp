@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <set>
 
 #include "shell/events.h"
@@ -92,6 +94,24 @@ TEST_F(CommandsTest, ExitClosesTheScreenAndSavesItsPlace) {
   EXPECT_TRUE(program.main.closed);
   EXPECT_EQ(host.settings["MainLeft"], "1000");
   EXPECT_TRUE(host.questions.empty());  // the design is dropped without a word
+}
+
+// The preferences are stored by their panel's Exit, by Save As, and by the end of the program, open panel or not.
+TEST_F(CommandsTest, ExitStoresThePreferences) {
+  const std::string file = host.ProgramFolder() + "/Default50.TVL";
+  ASSERT_FALSE(std::filesystem::exists(file));
+  Click(program, "mnuPreference");
+  TypeText(program, "txtDefault(0)", "75");
+  TypeText(program, "txtDefault(3)", "");
+  ASSERT_FALSE(std::filesystem::exists(file)) << "what is typed is in the fields alone";
+  EXPECT_EQ(Click(program, "mnuFileExit"), Reach::kUsable);
+  std::ifstream stored(file);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(stored, line);) lines.push_back(line);
+  ASSERT_GE(lines.size(), 16U);
+  EXPECT_EQ(lines[0], "75\r");
+  EXPECT_EQ(lines[3], "140\r") << "a blank one takes its factory default";
+  EXPECT_FALSE(program.main.Frame1.visible);
 }
 
 // A whole planned design by clicks and typing: a hole of 5/8 inch each 20 feet on 100 feet of level 15 inch pipe.

@@ -242,6 +242,17 @@ TEST_F(EventEndTest, AFirstStationOtherThanZeroIsMarked) {
   EXPECT_EQ(sheet().Back(1, kStationColumn), std::nullopt);
 }
 
+// Pressed on a gate of the results, the frame lies over them; the input screen comes by its key while it is down.
+TEST_F(EventEndTest, TheHoleThatAGateStandsForGoesWithTheResults) {
+  Run("mnuRigidPipe");
+  Run("mnuDesignField");
+  results().SetCurrent(2, kStationColumn);
+  ResultMouse(program, MouseAction::kDown, MouseButton::kLeft, 300, 600);
+  ASSERT_TRUE(main.frameHoleEquiv.visible);
+  Run("mnuWindowInfo");
+  EXPECT_FALSE(main.frameHoleEquiv.visible);
+}
+
 TEST_F(EventEndTest, AStatusBarWithoutNewsTellsWhereTheUserIs) {
   FocusGained(program, "txtInfo(2)");
   Run("mnuDesignField");

@@ -15,6 +15,7 @@
 #include "shell/history.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
+#include "support/long_runs.h"
 
 namespace torvale {
 namespace {
@@ -348,7 +349,7 @@ int KilledAfter(const std::string& folder, int count) {
 TEST_F(RecoveryTest, KilledWhileTypingAllButTheLastSecondComesBack) {
   constexpr int kPerSecond = 10;
   std::mt19937 random(7);
-  const int rounds = std::getenv("TORVALE_LONG") != nullptr ? 300 : 12;
+  const int rounds = LongRun(12, 100, 300);
   for (int round = 0; round < rounds; ++round) {
     Die();
     std::filesystem::remove_all(host.ProgramFolder() + "/user");
