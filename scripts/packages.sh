@@ -12,7 +12,7 @@ kTestPackages=(
 kThoroughPackages=(clang-14 clang-tidy-14 libbenchmark-dev)
 kWindowsCorePackages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix dpkg-dev xz-utils libcli11-dev libhpdf-dev
   libz-mingw-w64-dev)
-kWindowsPackages=("${kWindowsCorePackages[@]}" qt6-base-dev libqcustomplot-dev nsis zip)
+kWindowsPackages=("${kWindowsCorePackages[@]}" qt6-base-dev libqcustomplot-dev librsvg2-bin nsis zip)
 kWinePackages=(wine64 googletest nlohmann-json3-dev)
 kWineWindowPackages=(xvfb xdotool openbox dbus-daemon poppler-utils imagemagick fonts-liberation)
 

@@ -50,6 +50,9 @@ fetch_both() {
 
 if [ ! -f "$work/qt.done" ]; then
   echo "Building Qt for Windows: about 40 minutes of one processor, once. Log: $work/qt.log"
+  # One of its files asks for OpenGL though it is left out.
+  sed -i 's/^#if QT_CONFIG(dynamicgl)$/#if QT_CONFIG(opengl) \&\& QT_CONFIG(dynamicgl)/' \
+    "$work/qt/src/plugins/platforms/windows/qwindowswindow.cpp"
   nice -n 19 cmake -S "$work/qt" -B "$work/qt-build" -G Ninja \
     -DCMAKE_TOOLCHAIN_FILE="$kMingw" -DCMAKE_INSTALL_PREFIX="$prefix" \
     -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
