@@ -9,6 +9,7 @@
 #include "engine/flow_calc.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
+#include "search/flow_run.h"
 
 namespace torvale {
 namespace {

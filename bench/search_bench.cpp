@@ -9,6 +9,7 @@
 #include "engine/uniformity.h"
 #include "script/statements.h"
 #include "search/design_commands.h"
+#include "search/flow_run.h"
 #include "search/hole_selection_panel.h"
 #include "search/slope_search.h"
 

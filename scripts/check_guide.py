@@ -8,9 +8,11 @@ What it wants:
   - well-formed pages of the tags that the help window shows, lines of at most 120 characters;
   - every page that the program opens by name, every link with its target, every picture there, small, and used;
   - every figure of an example (<code data-from="SCRIPT NAME N">) in the N-th line of NAME in tests/scripts/SCRIPT.expected;
-  - an entry (a heading of third rank, or the first cell of a row) on the page of messages for everything that the
-    sources hand to a message box, a question or the status bar. A text that can't be worked out from the sources fails,
-    too: say in VALUES, VALUE_FUNCTIONS or TABLES what it is.
+  - an entry (a heading of third rank, or the first cell of a row) on the page of messages for each row of the table of
+    words (src/screen/words.h), with a name in italics for each gap, and no row that nothing in src/ names;
+  - no words from elsewhere: no literal among what a host's boxes or a cell's mark are given, no row of words outside the
+    table, no message box past the host, and nothing put on the status bar but by src/screen/status_line.cpp. (Say, Tell
+    and Ask take rows of the table alone, by their types.)
 """
 
 import pathlib
@@ -29,59 +31,19 @@ LONGEST_LINE = 120
 WIDEST_PICTURE = 720  # pixels
 ALL_PICTURES = 600_000  # bytes
 
-# Where a text is handed on: the procedure, which of its arguments is the text, and what it makes of it.
-CALLS = {
-    "Message": (0, "{}"),
-    "Question": (0, "{}"),
-    "Say": (1, "{}"),
-    "SayToo": (1, "{}"),
-    "Report": (1, "{}"),
-    "GiveMark": (1, "{}"),
-    "SetMark": (2, "{}"),
-    "TellPrintError": (1, "{} print Error"),
-}
-STATUS = "sbStatusBar.caption"
+WORDS = "src/screen/words.h"
+# A row of the table: its kind, name and literals.
+ROW = re.compile(r'inline constexpr (Sentence|Message|Question)<\d+> (k\w+)\{((?:\s*"(?:[^"\\]|\\.)*")+)[^;]*\};')
+ROWS = re.compile(r"\b(?:Sentence|Message|Question)<\d+> \w+\s*[{=(]")
+# The procedures that take words take nothing else. Those that take any text:
+SPEAKS = re.compile(r"\b(SetMark|Message|Question)\(")
+STATUS = re.compile(r"\bsbStatusBar\.caption\s*(?:\+?=(?!=)|\.\w+\()|&\s*\w+\s*=\s*[\w.]*sbStatusBar\.caption")
+STATUS_LINE = "src/screen/status_line.cpp"
+BOXES = "src/qt/qt_host.cpp"
 GAP = "\u2026"  # stands for what the program puts in
 
-# Calls whose result is a number or the like.
-VALUE_FUNCTIONS = {"GeneralText", "Format", "ErrorNumber", "ProgramVersion", "WorkText", "CopyName", "Utf8Of"}
-# Other operands that are put in as they are, by file. The arguments of the procedures in CALLS are among them: what they
-# are given is checked where they are called.
-VALUES = {
-    "src/files/design_files.cpp": {"std::generic_category().message(fault.number)"},
-    "src/files/earlier_versions.cpp": {"std::generic_category().message(fault.number)", "other"},
-    "src/files/file_store.cpp": {"path"},
-    "src/input/field_marks.cpp": {"shown", "mark", "wrong"},
-    "src/input/sheet.cpp": {"above"},
-    "src/reports/crown_profile.cpp": {"*path"},
-    "src/reports/print_commands.cpp": {"*path", "description", "FaultText(fault.kind)"},
-    "src/screen/program.cpp": {"body"},
-    "src/screen/status_line.cpp": {"sentence", "std::move(sentence)"},
-    "src/search/hole_selection_panel.cpp": {"typed", "found"},
-    "src/search/cal_dsign_var.cpp": {"here", "before", "sentence", "remark.sentence"},
-    "src/search/survey_diagnosis.cpp": {"kColumnNames[static_cast<std::size_t>(column)]"},
-    "src/shell/csv_export.cpp": {"*path", "std::generic_category().message(error)"},
-    "src/shell/events.cpp": {"what"},
-    "src/shell/help.cpp": {"fault.what()"},
-    "src/shell/history.cpp": {"step.name", "top.name"},
-    "src/shell/recovery.cpp": {"std::generic_category().message(error)"},
-}
-# Members of tables: the file and the table whose texts they are, and which text of each row it is.
-TABLES = {
-    "field.sentence": ("src/search/survey_diagnosis.cpp", "kNeededFields", 0),
-    "hint.text": ("src/input/info_fields.cpp", "kHints", 1),
-    "TraitOf(column).hint": ("src/input/sheet.cpp", "kColumns", 2),
-    "kind.advice": ("src/search/hole_selection.cpp", r"k\w+Pass", 0),
-}
-EMPTY = {'""', "std::string()", "std::string_view()", "std::nullopt", "{}"}
-
-DECLARED = re.compile(r"(?:const )?(?:std::string(?:_view)?|Program|TextField|int)&? \w+")
 LITERAL = re.compile(r'"((?:[^"\\]|\\.)*)"')
 ESCAPES = {"n": "\n", "r": "\r", "t": "\t"}
-
-
-class Unresolved(Exception):
-    pass
 
 
 def unescape(text):
@@ -96,46 +58,18 @@ def plain(text):
 # ---- what the program says ----
 
 
-def skip_literals(text, start):
-    """(position, character) of everything from start on that does not stand in a literal."""
-    i = start
+def arguments(text, start):
+    """What stands between the bracket at start and the one that closes it."""
+    depth, i = 0, start
     while i < len(text):
-        if text[i] in "\"'":
-            quote = text[i]
-            i += 1
-            while i < len(text) and text[i] != quote:
-                i += 2 if text[i] == "\\" else 1
-        else:
-            yield i, text[i]
+        if text[i] == '"':
+            i = LITERAL.match(text, i).end()
+            continue
+        depth += (text[i] == "(") - (text[i] == ")")
+        if depth == 0:
+            break
         i += 1
-
-
-def split_top(text, separators):
-    """Parts of text between the separators that stand outside brackets and literals, and the separators."""
-    parts, found, depth, begin = [], [], 0, 0
-    for i, c in skip_literals(text, 0):
-        if c in "([{":
-            depth += 1
-        elif c in ")]}":
-            depth -= 1
-        elif depth == 0 and c in separators and text[i : i + 2] != "::" and text[i - 1 : i + 1] != "::":
-            parts.append(text[begin:i].strip())
-            found.append(c)
-            begin = i + 1
-    return parts + [text[begin:].strip()], found
-
-
-def closing(text, start):
-    """Position of the bracket that closes the one at start."""
-    depth = 0
-    for i, c in skip_literals(text, start):
-        if c in "([{":
-            depth += 1
-        elif c in ")]}":
-            depth -= 1
-            if depth == 0:
-                return i
-    raise Unresolved(f"no end of {text[start:start + 40]!r}")
+    return text[start + 1 : i]
 
 
 def without_comments(text):
@@ -145,132 +79,36 @@ def without_comments(text):
     return pattern.sub(blank, text)
 
 
-class Sources:
-    def __init__(self, root):
-        self.files = {}
-        for path in sorted((root / "src").rglob("*")):
-            if path.suffix in (".h", ".cpp"):
-                self.files[path.relative_to(root).as_posix()] = without_comments(path.read_text())
-
-    def function(self, name, file):
-        """(file, begin, end) of the bodies of the procedure of that name, those of the file first."""
-        pattern = re.compile(r"[\w>&] " + re.escape(name) + r"\(")
-        for place in [file] + [other for other in self.files if other != file]:
-            bodies = []
-            for match in pattern.finditer(self.files[place]):
-                text = self.files[place]
-                end = closing(text, match.end() - 1)
-                brace = re.compile(r"\s*(?:const)?\s*\{").match(text, end + 1)
-                if brace:
-                    bodies.append((place, brace.end() - 1, closing(text, brace.end() - 1)))
-            if bodies:
-                return bodies
-        raise Unresolved(f"no procedure {name}")
-
-    def table(self, member):
-        file, name, index = TABLES[member]
-        texts = []
-        for match in re.finditer(name + r"(?:\[\])?(?: =)?\s*\{", self.files[file]):
-            body = self.files[file][match.end() : closing(self.files[file], match.end() - 1)]
-            rows = re.findall(r"\{[^{}]*\}", body) or [body]
-            texts += [LITERAL.findall(row)[index] for row in rows if len(LITERAL.findall(row)) > index]
-        if not texts:
-            raise Unresolved(f"nothing in the table of {member}")
-        return [unescape(text) for text in texts]
-
-    def texts(self, expression, file, at):
-        """Every text that the expression, at that place of the file, can be; GAP for what is put in."""
-        expression = expression.strip()
-        if expression in EMPTY:
-            return []
-        # A sentence with the cell that it speaks of.
-        remark = re.match(r"(?:SurveyRemark)?\{", expression)
-        if remark and expression.endswith("}"):
-            return self.texts(split_top(expression[remark.end() : -1], ",")[0][0], file, at)
-        parts, found = split_top(expression, "?:")
-        if found == ["?", ":"]:
-            return self.texts(parts[1], file, at) + self.texts(parts[2], file, at)
-        operands, _ = split_top(expression, "+")
-        results = [""]
-        for operand in operands:
-            alternatives = self.operand(operand, file, at)
-            results = [first + second for first in results for second in alternatives]
-        return results
-
-    def operand(self, operand, file, at):
-        if operand in VALUES.get(file, ()):
-            return [GAP]
-        literals = LITERAL.findall(operand)
-        if literals and not LITERAL.sub("", operand).strip():
-            return [unescape("".join(literals))]
-        if operand.startswith("(") and closing(operand, 0) == len(operand) - 1:
-            return self.texts(operand[1:-1], file, at)
-        if operand in TABLES:
-            return self.table(operand)
-        call = re.match(r"((?:\w+::)*)(\w+)\(", operand)
-        if call and closing(operand, call.end() - 1) == len(operand) - 1:
-            return self.call(call.group(2), operand[call.end() : -1], file, at)
-        name = operand.lstrip("*")
-        if re.fullmatch(r"\w+", name):
-            return self.variable(name, file, at)
-        raise Unresolved(f"{operand!r} is neither a text nor known")
-
-    def call(self, name, arguments, file, at):
-        if name in ("string", "string_view", "move"):
-            return self.texts(arguments, file, at)
-        if name in VALUE_FUNCTIONS:
-            return [GAP]
-        results = []
-        for place, begin, end in self.function(name, file):
-            for match in re.finditer(r"\breturn\b([^;]*);", self.files[place][begin:end]):
-                results += self.texts(match.group(1), place, begin + match.start())
-        if not results:
-            raise Unresolved(f"{name} gives no text")
-        return results
-
-    def variable(self, name, file, at):
-        kinds = r"(?:std::string(?:_view)?|std::optional<std::string>|auto)"
-        pattern = re.compile(kinds + r"&?\s+" + name + r"\s*=\s*")
-        found = list(pattern.finditer(self.files[file], 0, at))
-        constants = [match for match in pattern.finditer(self.files[file]) if name.startswith("k")]
-        if not found and not constants:
-            raise Unresolved(f"{name} is neither a text nor known")
-        start = (found or constants)[-1].end()
-        ends = (i for i, c in skip_literals(self.files[file], start) if c == ";")
-        return self.texts(self.files[file][start : next(ends)], file, start)
+def read_sources(root):
+    """Path -> text without comments of each file of the program."""
+    paths = [path for path in sorted((root / "src").rglob("*")) if path.suffix in (".h", ".cpp")]
+    return {path.relative_to(root).as_posix(): without_comments(path.read_text()) for path in paths}
 
 
-def handed_on(sources):
-    """(file, line, expression or None, frame, position) of each place where a text goes to the user."""
-    names = "|".join(CALLS)
-    for file, text in sources.files.items():
-        if "QMessageBox::" in text and file != "src/qt/qt_host.cpp":
-            yield file, 1, None, "", 0
-        for match in re.finditer(r"\b(" + names + r")\(", text):
-            arguments, _ = split_top(text[match.end() : closing(text, match.end() - 1)], ",")
-            which, frame = CALLS[match.group(1)]
-            # A declaration has types for arguments.
-            if which < len(arguments) and not DECLARED.fullmatch(arguments[0]):
-                yield file, text.count("\n", 0, match.start()) + 1, arguments[which], frame, match.start()
-        for match in re.finditer(re.escape(STATUS) + r"\s*=(?!=)\s*", text):
-            ends = (i for i, c in skip_literals(text, match.end()) if c == ";")
-            yield file, text.count("\n", 0, match.start()) + 1, text[match.end() : next(ends)], "{}", match.start()
+def read_words(sources):
+    """Name -> text of each row of the table, GAP for each gap."""
+    rows = {}
+    for _, name, literals in ROW.findall(sources.get(WORDS, "")):
+        rows[name] = plain(unescape("".join(LITERAL.findall(literals)))).replace("{}", GAP)
+    return rows
 
 
-def messages(sources):
-    """({text: place} of everything the program says, complaints about what can't be worked out)."""
-    said, complaints = {}, []
-    for file, line, expression, frame, at in handed_on(sources):
-        if expression is None:
-            complaints.append(f"{file}: a message box past the host")
-            continue
-        try:
-            for text in sources.texts(expression, file, at):
-                if plain(text) not in ("", GAP):
-                    said.setdefault(plain(frame.format(text)), f"{file}:{line}")
-        except Unresolved as reason:
-            complaints.append(f"{file}:{line}: {reason}")
-    return said, complaints
+def check_speech(sources):
+    """Complaints about what is said past the table."""
+    for file, text in sources.items():
+        at = lambda match: f"{file}:{text.count(chr(10), 0, match.start()) + 1}"
+        if "QMessageBox::" in text and file != BOXES:
+            yield f"{file}: a message box past the host"
+        if file != WORDS:
+            for match in ROWS.finditer(text):
+                if LITERAL.search(text[match.end() : text.find(";", match.end())]):
+                    yield f"{at(match)}: a row of words outside {WORDS}"
+        for match in SPEAKS.finditer(text):
+            if LITERAL.search(arguments(text, match.end() - 1)):
+                yield f"{at(match)}: a literal is handed to {match.group(1)}: give it a row in {WORDS}"
+        if file != STATUS_LINE:
+            for match in STATUS.finditer(text):
+                yield f"{at(match)}: the status bar is written past {STATUS_LINE}"
 
 
 # ---- the guide ----
@@ -372,15 +210,17 @@ def check_figures(body, transcripts):
 
 
 def check_messages(body, sources):
-    said, complaints = messages(sources)
-    yield from complaints
+    words = read_words(sources)
     page = next((page for page in body if page.get("id") == "messages"), ElementTree.Element("none"))
     found = entries(page)
-    for text, place in sorted(said.items()):
+    for name, text in words.items():
         if text not in found:
-            yield f"{place}: the guide has no entry for the message: {text}"
-    if not said:
-        yield "no message was found in the sources"
+            yield f"{WORDS}: the guide has no entry for {name}: {text}"
+        if not any(re.search(rf"\b{name}\b", source) for file, source in sources.items() if file != WORDS):
+            yield f"{WORDS}: nobody says {name}"
+    if len(words) != sources.get(WORDS, "").count("inline constexpr") or not words:
+        yield f"{WORDS}: a row that can't be read"
+    yield from check_speech(sources)
 
 
 def complaints_of(root):
@@ -396,7 +236,7 @@ def complaints_of(root):
         check_form(text, body),
         check_pictures(body, (root / GUIDE).parent),
         check_figures(body, transcripts),
-        check_messages(body, Sources(root)),
+        check_messages(body, read_sources(root)),
     )
     return [complaint for check in checks for complaint in check]
 

@@ -10,6 +10,7 @@
 #include "reports/design_reports.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
+#include "search/flow_run.h"
 
 namespace torvale {
 namespace {

@@ -12,6 +12,7 @@
 #include "display/result_tables.h"
 #include "engine/survey.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -98,8 +99,7 @@ void LayOut(Program& program) {
   const double typed = Val(program.main.Grid1.Text(1, kStationColumn));
   GridSet(program);
   if (typed == 0 || Narrow(typed) != program.record.Station[1]) return;
-  Say(program, "First Crown Station must be Zero: this design was worked out from station " + GeneralText(typed) +
-                   ", the sheet says 0 from here on. Correct the stations and run it again.");
+  Say(program, words::kFirstStationTaken(GeneralText(typed)));
 }
 
 void EnableScreen(MainScreen& main, bool enabled) {
@@ -157,7 +157,7 @@ void cmdDesignToggle_Click(Program& program) {
     DisplayDesign(program);
   } catch (const RunTimeFault&) {
     // The sheet behind the table can have been cut or pasted over since the design was worked out.
-    Say(program, "The table can not be made from the survey as it is now: see its stations, and run the design again.");
+    Say(program, words::kTableCannotBeMade);
   }
 }
 

@@ -4,7 +4,7 @@
 
 namespace torvale {
 
-void AcreCalc(DesignRecord& record, EngineHost& host) {
+bool AcreCalc(DesignRecord& record) {
   record.TotalAcres = 0;
   try {
     double sum = 0;
@@ -12,8 +12,9 @@ void AcreCalc(DesignRecord& record, EngineHost& host) {
       sum += static_cast<double>(record.FurrowLength[i]) * static_cast<double>(record.PlantedWidth[i]) / 43560;
     }
     record.TotalAcres = Store32(sum);
+    return true;
   } catch (const RunTimeFault&) {
-    host.Message("Error calculating acres.", "");
+    return false;
   }
 }
 

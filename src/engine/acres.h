@@ -1,12 +1,12 @@
 #pragma once
 
-#include "engine/engine_host.h"
 #include "record/design_record.h"
 
 namespace torvale {
 
 // Area of the field into `TotalAcres`: each row's furrow length times its planted width, in square feet over 43,560.
-// The last row closes the field and owns no strip. A run-time fault is caught here: a message, and `TotalAcres` is 0.
-void AcreCalc(DesignRecord& record, EngineHost& host);
+// The last row closes the field and owns no strip. A run-time fault is caught here: `TotalAcres` is 0, and false comes
+// back.
+bool AcreCalc(DesignRecord& record);
 
 }  // namespace torvale

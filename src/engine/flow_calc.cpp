@@ -1,7 +1,6 @@
 #include "engine/flow_calc.h"
 
 #include "base/arithmetic.h"
-#include "base/format.h"
 #include "base/numbers.h"
 #include "engine/acres.h"
 #include "engine/end_head.h"
@@ -27,9 +26,8 @@ void ClearResults(DesignRecord& record) {
 }
 
 // The furrows that the uniformity is worked out from: those with a length and a flow.
-void TakeFurrows(DesignRecord& record, EngineHost& host) {
-  record.TotalAcres = 0;
-  AcreCalc(record, host);
+void TakeFurrows(DesignRecord& record, EngineHost& host, FlowEnd& end) {
+  end.acres_failed = !AcreCalc(record);
   FurrowSums sums;
   const FurrowLists lists = {record.NormFurrowFlow.data(), record.NormFurrowLength.data(), record.FurrowNumber.data()};
   const auto store = [&] {
@@ -66,33 +64,11 @@ void FindExtremes(DesignRecord& record) {
   }
 }
 
-void ReportTryLimit(DesignRecord& record, EngineHost& host, int fail_row) {
-  const bool selection = IsHoleSelection(record);
-  const std::string body = "               Station " + Format(static_cast<double>(record.Station[fail_row]), "####0") +
-                           "  Head " + GeneralText(Hundredths(record.Head[fail_row])) +
-                           (selection ? "     GPM = " : "   GPM = ") +
-                           Format(static_cast<double>(record.AccumGPM), "####0") + "\r" +
-                           (selection ? "Can not calculate, try changing Target Head"
-                                      : "Can not calculate, try reducing Hole Size or Pipe Diameter");
-  host.Message(body, selection ? "Computer Selecter Hole Calculating Problem" : "Problem Calculating");
+void GiveUp(DesignRecord& record) {
   record.DesignOK = "False";
-  host.HideCancel();
-  host.OfferInterpolation();
   record.CancelFlag = true;
-  host.EndBusy();
-  if (selection) record.FlowCalcStatus = "Ok";
+  if (IsHoleSelection(record)) record.FlowCalcStatus = "Ok";
   if (!IsSlopeDesign(record)) record.CalcProblem = "Problem";
-}
-
-void ReportFault(DesignRecord& record, EngineHost& host, int& tries) {
-  host.Message(
-      "There is a problem trying to calculate design with existing parameters. "
-      "Check all of your inputs to see if they are entered correctly.",
-      "");
-  tries = kTriesAfterFault;
-  host.HideCancel();
-  record.MissingData = -1;
-  record.CancelFlag = true;
 }
 
 // The search on the far-end head over the rows of the record. `AccumGPM` follows it, also where it ends in a fault.
@@ -116,7 +92,7 @@ EndHeadSearch March(DesignRecord& record, bool elevations, EngineHost& host) {
   return search;
 }
 
-void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, int& tries) {
+void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, FlowEnd& end) {
   ClearResults(record);
   record.Head[record.HoleRows] =
       IsHoleSelection(record) ? static_cast<double>(record.SeedEndHead) : Finite(Val(texts.target_head));
@@ -124,17 +100,19 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
   const double diameter = SurveyReader(texts.sheet, record.SurveyRows).Val(record.SurveyRows, kPipeDiaColumn);
   record.PipeArea[record.WateredFurrows] = Store32(diameter * diameter * 3.14 / 4);
   record.AccumGPM = 0;
-  tries = 0;
   const EndHeadSearch search = March(record, texts.survey_kind == "E", host);
-  tries = search.tries;
+  end.tries = search.tries;
   switch (search.outcome) {
     case EndHeadSearch::Outcome::kStopped:
+      end.way = FlowEnd::Way::kCancelled;
       return;
     case EndHeadSearch::Outcome::kTryLimit:
-      ReportTryLimit(record, host, search.fail_row);
+      end.way = FlowEnd::Way::kTryLimit;
+      end.fail_row = search.fail_row;
+      GiveUp(record);
       return;
     case EndHeadSearch::Outcome::kConverged:
-      TakeFurrows(record, host);
+      TakeFurrows(record, host, end);
       break;
     case EndHeadSearch::Outcome::kNoRows:
       break;
@@ -144,12 +122,17 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
 
 }  // namespace
 
-void FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host, int& tries) {
+FlowEnd FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host) {
+  FlowEnd end;
   try {
-    Calculate(record, texts, host, tries);
+    Calculate(record, texts, host, end);
   } catch (const RunTimeFault&) {
-    ReportFault(record, host, tries);
+    end.way = FlowEnd::Way::kFault;
+    end.tries = kTriesAfterFault;
+    record.MissingData = -1;
+    record.CancelFlag = true;
   }
+  return end;
 }
 
 }  // namespace torvale

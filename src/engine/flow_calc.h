@@ -20,6 +20,15 @@ struct TypedTexts {
 // The mark that `FlowCalc` leaves in its counter of tries.
 inline constexpr int kTriesAfterFault = 100;
 
+// How a `FlowCalc` ended.
+struct FlowEnd {
+  enum class Way { kDone, kCancelled, kTryLimit, kFault };
+  Way way = Way::kDone;
+  int tries = 0;              // marches that ended at the head of the line or in a negative head
+  int fail_row = 0;           // kTryLimit: the row at which the last try ended; 0 where none did
+  bool acres_failed = false;  // see AcreCalc
+};
+
 // Finds the far-end head at which the flow out of all holes meets `TargetGPM` within 0.0005 of it. The line is marched
 // from the far end to its head, row by row; the far-end head then moves by 0.5, 0.1, 0.01, 0.001 or 0.0001 feet, the
 // step getting finer at each crossing of the target, and the line is marched again.
@@ -27,12 +36,12 @@ inline constexpr int kTriesAfterFault = 100;
 // Needs the rows prepared by the procedures of stations.h; `DesignElev` for design types 2 and 3; `SeedEndHead` and the
 // chosen hole sizes for types 4 and 6. Writes `Head`, `FurrowFlow`, `HoleArea`, `AccumGPM`, `FurrowNumber`,
 // `NormFurrowFlow`, `NormFurrowLength`, `WateredFurrows`, `TotalFurrowLength`, `TotalAcres` and the extremes of head
-// and flow. `tries` is set to 0 and counts the marches that ended at the head of the line or in a negative head.
+// and flow.
 //
 //   converged          flags as they were, `FlowCalcStatus` "Ok"
 //   cancelled          `CancelFlag` was set during a yield: nothing more is done
-//   try limit          a message; `CancelFlag`, `DesignOK` "False", `tries` = kTryLimit, the march left as it stands
-//   run-time fault     a message; `CancelFlag`, `MissingData` -1, `tries` = kTriesAfterFault
-void FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host, int& tries);
+//   try limit          `CancelFlag`, `DesignOK` "False", `tries` = kTryLimit, the march left as it stands
+//   run-time fault     `CancelFlag`, `MissingData` -1, `tries` = kTriesAfterFault
+FlowEnd FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host);
 
 }  // namespace torvale

@@ -24,7 +24,7 @@ struct Run {
   DesignRecord& record;
   TextGrid& sheet;
   const SurveyDefaults& defaults;
-  EngineHost& host;
+  SurveyEnd& end;
 
   // Rows past the foot of the sheet read as empty.
   const std::string& Cell(int row, int column) const {
@@ -41,19 +41,13 @@ void FillFirstRow(const Run& run) {
   if (run.Empty(1, kMilColumn)) run.Set(1, kMilColumn, run.defaults.mil);
 }
 
-// Refuses a row that has data but no station. Gives that row, or 0.
+// The first row that has data but no station, or 0.
 int RowWithoutStation(const Run& run) {
   constexpr std::array kColumns = {kCrownColumn,   kFurrowLengthColumn, kSpacingColumn,
                                    kPipeDiaColumn, kHoleCountColumn,    kMilColumn};
   for (int i = 2; i <= kLastSheetRow; ++i) {
     if (!run.Empty(i, kStationColumn)) continue;
-    if (std::all_of(kColumns.begin(), kColumns.end(), [&](int column) { return run.Empty(i, column); })) continue;
-    run.host.ShowSurvey();
-    run.host.SurveyCellRefused(i, kStationColumn);
-    run.host.Message("Data in row " + GeneralText(i) + " of the station column is missing", "");
-    run.host.OfferInterpolation();
-    run.host.HideCancel();
-    return i;
+    if (std::any_of(kColumns.begin(), kColumns.end(), [&](int column) { return !run.Empty(i, column); })) return i;
   }
   return 0;
 }
@@ -78,11 +72,7 @@ void CountSurvey(const Run& run) {
 // The same for a row of the survey with a hole.
 int HoleWithoutStation(const Run& run) {
   for (int i = 1; i <= run.record.SurveyRows; ++i) {
-    if (run.Empty(i, kStationColumn) && run.Number(i, kHoleSizeColumn) > 0) {
-      run.host.SurveyCellRefused(i, kStationColumn);
-      run.host.Message("You do not have all of the Station column complete.", "");
-      return i;
-    }
+    if (run.Empty(i, kStationColumn) && run.Number(i, kHoleSizeColumn) > 0) return i;
   }
   return 0;
 }
@@ -132,9 +122,8 @@ void FillCrown(const Run& run, int from, int to) {
     if (!run.Empty(m, kCrownColumn)) continue;
     run.record.SlopeDelta = Store32(Span(run, m) * slope);
     const double reading = run.Number(m - 1, kCrownColumn) + static_cast<double>(run.record.SlopeDelta);
-    run.Set(m, kCrownColumn, GeneralText(reading));
-    run.host.MoveSurveyCell(m, kCrownColumn);
-    run.Set(m, kCrownColumn, FormatText(run.Cell(m, kCrownColumn), "0.00"));
+    run.Set(m, kCrownColumn, Format(reading, "0.00"));
+    run.end.cursor = {m, kCrownColumn};
   }
 }
 
@@ -154,8 +143,7 @@ void FillLengths(const Run& run, int from, int to) {
   for (int m = from; m <= to; ++m) {
     if (!(run.Number(m, kHoleSizeColumn) > 0) || !run.Empty(m, kFurrowLengthColumn)) continue;
     const double length = run.Number(m - 1, kFurrowLengthColumn) + Span(run, m) * slope;
-    run.Set(m, kFurrowLengthColumn, GeneralText(length));
-    run.Set(m, kFurrowLengthColumn, FormatText(run.Cell(m, kFurrowLengthColumn), "####"));
+    run.Set(m, kFurrowLengthColumn, Format(length, "####"));
   }
 }
 
@@ -209,16 +197,17 @@ void MarkSupplyRows(const Run& run) {
       run.Set(i, kHoleCountColumn, "");
       run.Set(i, kPlantedWidthColumn, "");
     }
-    run.host.MoveSurveyCell(i, kPlantedWidthColumn);
-    run.host.AlignSurveyCell(i, kPlantedWidthColumn);
+    run.end.cursor = {i, kPlantedWidthColumn};
   }
 }
 
-int Complete(const Run& run) {
+SurveyEnd::Way Complete(const Run& run) {
   FillFirstRow(run);
-  if (const int row = RowWithoutStation(run); row > 0) return row;
+  run.end.row = RowWithoutStation(run);
+  if (run.end.row > 0) return SurveyEnd::Way::kDataWithoutStation;
   CountSurvey(run);
-  if (const int row = HoleWithoutStation(run); row > 0) return row;
+  run.end.row = HoleWithoutStation(run);
+  if (run.end.row > 0) return SurveyEnd::Way::kHoleWithoutStation;
   CrownAtLastRow(run);
   LengthAtLastRow(run);
   InterpolateCrown(run);
@@ -226,18 +215,19 @@ int Complete(const Run& run) {
   FirstRowAsSupply(run);
   CopyDown(run);
   MarkSupplyRows(run);
-  run.host.ShowSurvey();
-  return 0;
+  return SurveyEnd::Way::kCompleted;
 }
 
 }  // namespace
 
-int InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults, EngineHost& host) {
+SurveyEnd InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults) {
+  SurveyEnd end;
   try {
-    return Complete(Run{record, sheet, defaults, host});
+    end.way = Complete(Run{record, sheet, defaults, end});
   } catch (const RunTimeFault&) {
-    return 0;  // the checks of the design that follows tell the user what is missing
+    end.way = SurveyEnd::Way::kFault;
   }
+  return end;
 }
 
 }  // namespace torvale

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "engine/engine_host.h"
+#include "engine/survey.h"
 #include "record/design_record.h"
 #include "record/text_grid.h"
 
@@ -15,13 +16,22 @@ struct SurveyDefaults {
   const std::string& mil;
 };
 
+// How the completion of a survey ended.
+struct SurveyEnd {
+  enum class Way {
+    kCompleted,
+    kDataWithoutStation,  // `row` has data and no station; nothing after that test was done
+    kHoleWithoutStation,  // `row` of the survey has a hole and no station; the same
+    kFault,               // a run-time fault, such as two filled rows at the same station: the sheet as far as it got
+  };
+  Way way = Way::kFault;
+  int row = 0;
+  std::optional<SheetCell> cursor;  // where the current cell of the sheet goes, if anywhere
+};
+
 // Completes the survey sheet in place: decides how many rows it has (`SurveyRows`), works missing crown readings and
 // furrow lengths out by straight lines between the filled cells, copies pipe and hole cells down, and marks the rows
 // without holes as supply line. `SlopeDelta` is a scratch value and holds the last step of the crown afterwards.
-//
-// A row with data and no station is refused with a message, and nothing after that is done; that row is given back, 0
-// where none was refused. A run-time fault, such as
-// two filled rows at the same station, ends it in silence with the sheet as far as it had got.
-int InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults, EngineHost& host);
+SurveyEnd InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults);
 
 }  // namespace torvale

@@ -23,6 +23,13 @@ enum SurveyColumn : int {
 inline constexpr int kSurveyGridRows = 320;  // heading row and 319 survey rows
 inline constexpr int kSurveyColumns = 9;
 
+// A cell of the sheet; row 0 stands for none.
+struct SheetCell {
+  int row = 0;
+  int column = 0;
+  bool operator==(const SheetCell&) const = default;
+};
+
 // The survey as the hydraulics read it: a row past `SurveyRows` or outside the sheet reads as empty, hence as 0.
 class SurveyReader {
  public:

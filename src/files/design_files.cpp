@@ -22,7 +22,9 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "screen/file_choice.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/design_commands.h"
 
 namespace torvale {
@@ -51,11 +53,6 @@ const DesignKind* KindOf(std::int16_t type) {
     if (kind.type == type) return &kind;
   }
   return nullptr;
-}
-
-// A number with its leading blank, as the messages show it.
-std::string ErrorNumber(int number) {
-  return " " + GeneralText(number);
 }
 
 // Where the last character of a text begins.
@@ -94,12 +91,12 @@ void CountTypedRows(Program& program) {
 }
 
 // Gives back what there is to say of the version that was kept.
-std::string Save(Program& program) {
+SpokenSentence Save(Program& program) {
   program.record.SaveFileName = NameToWrite(program, program.record.SaveFileName);
   program.record.FileVersion = ProgramVersion();
   CountTypedRows(program);
   const std::string bytes = ToCodePage(WriteDesign(program));
-  std::string kept = KeepEarlierVersion(program, program.record.SaveFileName, bytes);
+  SpokenSentence kept = KeepEarlierVersion(program, program.record.SaveFileName, bytes);
   WriteBytes(program, program.record.SaveFileName, bytes);
   ++program.stored_count;
   return kept;
@@ -239,10 +236,10 @@ std::string NameToWrite(Program& program, std::string_view name) {
 }
 
 void SaveFile(Program& program) {
-  std::string kept;
+  SpokenSentence kept;
   const int error = ErrorOf([&] { kept = Save(program); });
   if (error != 0) {
-    program.host.Message("Error saving file, file not saved! " + ErrorNumber(error), "");
+    Tell(program, words::kSaveFailed(GeneralText(error)));
     return;
   }
   SayWritten(program, program.record.SaveFileName);
@@ -257,7 +254,7 @@ void OpenFile(Program& program) {
   });
   if (error != 0 || program.record.DesignType == kSurveyOnly) LeaveResults(program);
   if (error == 0) return;
-  program.host.Message("Error opening file! Check location of file.,  " + ErrorNumber(error), "");
+  Tell(program, words::kOpenFailed(GeneralText(error)));
   FallBackToDefaults(program);
 }
 

@@ -16,6 +16,8 @@
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "files/new_design.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -242,25 +244,25 @@ void LayOut(Grid& grid, std::size_t rows) {
 
 }  // namespace
 
-std::string KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
-                               const VersionLimits& limits) {
-  if (program.host.UserDataFolder().empty()) return "";
+SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
+                                  const VersionLimits& limits) {
+  if (program.host.UserDataFolder().empty()) return {};
   const std::string file = TruePath(path);
   std::error_code ignored;
-  if (!fs::is_regular_file(PathOf(file), ignored)) return "";
+  if (!fs::is_regular_file(PathOf(file), ignored)) return {};
   const auto former = Content(PathOf(file));
-  if (!former || former->empty() || *former == bytes) return "";
+  if (!former || former->empty() || *former == bytes) return {};
   const fs::path folder = VersionsFolder(program.host) / FolderName(file);
   try {
     if (!IsNewest(folder, *former)) Store(program, folder, file, *former);
   } catch (const FileFault& fault) {
-    return "What the file held before could not be kept: " + std::generic_category().message(fault.number) + ".";
+    return words::kFormerContentNotKept(std::generic_category().message(fault.number));
   }
   Thin(StoredIn(folder), program.host.Clock(), limits.of_one_file);
   HoldToSize(program.host, limits.bytes);
   const std::string other = OtherName(*former, bytes);
-  if (other.empty()) return "";
-  return "Saved over another design, " + other + ". It is kept: File > Earlier Versions.";
+  if (other.empty()) return {};
+  return words::kSavedOverAnother(other);
 }
 
 std::vector<EarlierVersion> EarlierVersions(Host& host) {
@@ -325,7 +327,7 @@ void btnOpenVersion_Click(Program& program) {
   OpenFile(program);
   const std::string copy = CopyName(program, version);
   for (std::string* name : {&record.OpenedFileName, &record.SaveFileName, &record.DisplayFileName}) *name = copy;
-  program.main.sbStatusBar.caption = "An earlier version is open as a copy. Save writes it to " + copy;
+  Say(program, words::kEarlierVersionOpen(copy));
 }
 
 void btnCloseVersions_Click(Program& program) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 
@@ -22,8 +23,8 @@ struct VersionLimits {
 // A save is about to put `bytes` into the file: keeps what the file holds, unless it holds the same. Gives back a
 // sentence for the status bar where there is something to say: that the file held a design of another name, or that
 // its content could not be kept; else nothing. The save goes on in any case.
-std::string KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
-                               const VersionLimits& limits = {});
+SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,
+                                  const VersionLimits& limits = {});
 
 // Every version that is kept, file by file, the file that was saved last ahead, the newest version first. What can't be
 // read is left out.

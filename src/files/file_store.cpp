@@ -12,6 +12,8 @@
 #include "base/whole_file.h"
 #include "files/code_page.h"
 #include "files/file_fault.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -74,8 +76,7 @@ void WriteBytes(Program& program, const std::string& path, std::string_view byte
   const WholeFileResult result = WriteWhole(PathOf(path), bytes, PathOf(KeptFolder(host)), watch);
   if (result.error == 0) return;
   if (!result.kept.empty()) {
-    program.main.sbStatusBar.caption =
-        "Writing " + path + " failed half way; its former content is kept in " + Utf8Of(result.kept);
+    Say(program, words::kWriteFailedHalfWay(path, Utf8Of(result.kept)));
   }
   throw FileFault{result.error};
 }

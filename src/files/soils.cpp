@@ -10,6 +10,8 @@
 #include "files/file_store.h"
 #include "input/block_clipboard.h"
 #include "input/sheet.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -89,10 +91,7 @@ void SetGrd_Soils_FurrowFlow(Program& program) {
 void OpenSoils(Program& program) {
   const int error = ErrorOf([&] { ReadSoils(program); });
   if (error == 0) return;
-  program.host.Message("Error number " + GeneralText(error) +
-                           " opening Soils and Rcommended furrow GPM file. Make sure the File SoilsName.txt is in the "
-                           "same folder as the TORVALE program",
-                       "");
+  Tell(program, words::kSoilsNotOpened(GeneralText(error)));
   program.soils.visible = false;
 }
 
@@ -140,7 +139,7 @@ void mnu_Save_Exit_Click(Program& program) {
   const int error = ErrorOf(
       [&] { WriteBytes(program, SoilsPath(program), ToCodePage(SoilsText(program.soils.Grd_Soils_FurrowFlow))); });
   if (error != 0) {
-    program.host.Message("Error number " + GeneralText(error) + " while saving file. ", "");
+    Tell(program, words::kSoilsNotSaved(GeneralText(error)));
     return;
   }
   program.soils.visible = false;

@@ -8,12 +8,11 @@
 #include "input/clipboard_text.h"
 #include "input/field_marks.h"
 #include "input/info_fields.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
-
-constexpr std::string_view kTookOwnCells =
-    "Paste took the cells that were copied here. Cells of another program come in by Paste Excel Survey";
 
 // The active control where it is a text field, or nullptr.
 TextField* ActiveField(Program& program) {
@@ -43,9 +42,9 @@ bool OthersOfferCells(Program& program) {
          text != WithLineEnds(WithClosingQuotes(program.offered_cells));
 }
 
-std::string RowsText(const Block& block) {
-  if (block.row1 == block.row2) return "row " + GeneralText(block.row1);
-  return "rows " + GeneralText(block.row1) + " to " + GeneralText(block.row2);
+SpokenSentence ChangedOutOfSight(const Block& block) {
+  if (block.row1 == block.row2) return words::kRowBehindResultsChanged(GeneralText(block.row1));
+  return words::kRowsBehindResultsChanged(GeneralText(block.row1), GeneralText(block.row2));
 }
 
 // Cut and paste reach the sheet behind the results too. The focus, and with it what is typed next, stays on what the
@@ -57,7 +56,7 @@ void ShowSheet(Program& program, const Block& changed) {
     MoveFocus(program, "Grid1");
     return;
   }
-  main.sbStatusBar.caption = "The survey sheet behind the results was changed in " + RowsText(changed);
+  Say(program, ChangedOutOfSight(changed));
 }
 
 }  // namespace
@@ -101,11 +100,10 @@ void mnuEditPaste_Click(Program& program) {
   const Block block = SelectedBlock(program.main.Grid1);
   PasteBlock(program.record, program.main.Grid1);
   ShowSheet(program, block);
-  std::string& caption = program.main.sbStatusBar.caption;
   if (OthersOfferCells(program)) {
-    caption = kTookOwnCells;
-  } else if (caption == kTookOwnCells) {
-    caption = FocusHint(program, "Grid1");  // what was told of the paste before is over
+    Say(program, words::kTookOwnCells);
+  } else if (News(program) == words::kTookOwnCells.text()) {
+    Say(program, FocusHint(program, "Grid1"));  // what was told of the paste before is over
   }
 }
 

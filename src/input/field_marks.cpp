@@ -6,6 +6,8 @@
 #include "base/numbers.h"
 #include "base/utf8.h"
 #include "input/info_fields.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -22,7 +24,9 @@ constexpr std::array<FieldForm, 16> kPreferenceForms = {kNumber, kText,
                                                         kNumber, kNumber,
                                                         kNumber, kText};
 
-constexpr std::string_view kFormerStays = " The number before it stays in force.";
+// What the mark of a number ends with that was beyond its place.
+constexpr std::string_view kEndOfFormerStays =
+    words::kTooLargeFormerStays.text().substr(words::kTooLarge.text().size());
 
 constexpr int kLongestShown = 20;  // characters of a text that a mark repeats
 
@@ -44,16 +48,15 @@ std::string_view WithoutUnit(std::string_view text) {
   return end > 0 && text[end - 1] == ' ' && text.size() - end >= 2 ? text.substr(0, end) : text;
 }
 
-std::string WrongWithNumber(const std::string& shown, std::string_view text) {
+SpokenSentence WrongWithNumber(const std::string& shown, std::string_view text) {
   const double read = Val(text);
-  if (!FitsField(read)) return shown + " is too large a number.";
-  if (IsNumber(WithoutUnit(text))) return "";
-  return shown + " is read as " + GeneralText(read) +
-         ". Write digits and, for decimals, one point: no commas, no letters.";
+  if (!FitsField(read)) return words::kTooLarge(shown);
+  if (IsNumber(WithoutUnit(text))) return {};
+  return words::kReadInPart(shown, GeneralText(read));
 }
 
-void GiveMark(TextField& field, const std::string& words) {
-  field.control.mark = words;
+void GiveMark(TextField& field, const SpokenSentence& wrong) {
+  field.control.mark = wrong.text();
 }
 
 std::string Shown(std::string_view text) {
@@ -78,20 +81,20 @@ FieldForm FormOfPreference(int index) {
   return kPreferenceForms.at(static_cast<std::size_t>(index));
 }
 
-std::string WrongWith(std::string_view text, FieldForm form) {
-  if (text.empty()) return "";
+SpokenSentence WrongWith(std::string_view text, FieldForm form) {
+  if (text.empty()) return {};
   const std::string shown = Shown(text);
   switch (form) {
     case kNumber:
       return WrongWithNumber(shown, text);
     case kRodsOrElevations:
-      return IsOneOf(text, "R", "E") ? "" : shown + " is neither R nor E.";
+      return IsOneOf(text, "R", "E") ? SpokenSentence() : words::kNeitherRodNorElevation(shown);
     case kRectangularOrCircular:
-      return IsOneOf(text, "R", "C") ? "" : shown + " is neither R nor C.";
+      return IsOneOf(text, "R", "C") ? SpokenSentence() : words::kNeitherRectangleNorCircle(shown);
     case kText:
-      return text.find('"') == std::string_view::npos ? "" : "Straight quotation marks are saved as closing ones.";
+      return text.find('"') == std::string_view::npos ? SpokenSentence() : words::kStraightQuotes;
   }
-  return "";
+  return {};
 }
 
 void MarkField(TextField& field, FieldForm form) {
@@ -99,24 +102,22 @@ void MarkField(TextField& field, FieldForm form) {
 }
 
 void TakeNumber(TextField& field, float& place) {
-  const bool told = field.control.mark.ends_with(kFormerStays);
+  const bool told = field.control.mark.ends_with(kEndOfFormerStays);
   MarkField(field, kNumber);
   try {
     place = Store32(Val(field.text()));
   } catch (const RunTimeFault&) {
-    const std::string shown = Shown(field.text());
-    GiveMark(field, shown + " is too large a number." + std::string(kFormerStays));
+    GiveMark(field, words::kTooLargeFormerStays(Shown(field.text())));
     if (!told) throw;
   }
 }
 
 void TellMark(Program& program, std::string_view field, const std::string& before) {
-  std::string& told = program.main.sbStatusBar.caption;
-  const std::string& mark = FindField(program, field)->control.mark;
-  if (!mark.empty()) {
-    told = mark;
-  } else if (!before.empty() && told == before) {
-    told = FocusHint(program, field);
+  const Control& control = FindField(program, field)->control;
+  if (!control.mark.empty()) {
+    SayMark(program, control);
+  } else if (!before.empty() && News(program) == before) {
+    Say(program, FocusHint(program, field));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 
@@ -16,8 +17,8 @@ enum class FieldForm { kText, kNumber, kRodsOrElevations, kRectangularOrCircular
 FieldForm FormOfInfo(int index);
 FieldForm FormOfPreference(int index);
 
-// What is wrong with a text, as a sentence; empty where it is taken as it stands. An empty text is.
-std::string WrongWith(std::string_view text, FieldForm form);
+// What is wrong with a text, as a sentence; nothing where it is taken as it stands. An empty text is.
+SpokenSentence WrongWith(std::string_view text, FieldForm form);
 
 // Gives the field its mark, or takes it away.
 void MarkField(TextField& field, FieldForm form);

@@ -12,6 +12,8 @@
 #include "engine/survey.h"
 #include "input/field_marks.h"
 #include "input/sheet.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
 
@@ -93,51 +95,48 @@ void RunShownDesign(Program& program) {
 
 struct Hint {
   std::string_view control;
-  std::string_view text;
+  Sentence<0> text;
 };
 
-constexpr std::string_view kResultsHint = "Results. Drag over rows to see their acres";
-
 constexpr Hint kHints[] = {
-    {"txtInfo(0)", "Name of the design"},
-    {"txtInfo(1)", "Date of the design"},
-    {"txtInfo(2)", "Pumped flow, gallons per minute"},
-    {"txtInfo(3)", "Target head, feet, to compare the highest head with; in a hole selection the head at the far end"},
-    {"txtInfo(4)", "Where the field lies"},
-    {"txtInfo(5)", "R: the survey gives rod readings; E: it gives elevations"},
-    {"txtDefault(0)", "Distance between stations of the survey, feet"},
-    {"txtDefault(1)", "Hole size of a new survey, fractions of an inch; + and - step it"},
-    {"txtDefault(2)", "Orifice coefficient, usually 0.65 for layflat pipe"},
-    {"txtDefault(3)", "Hazen-Williams C: layflat 140, smooth steel commonly 100"},
-    {"txtDefault(4)", "Warning limit for the crown above the field, feet"},
-    {"txtDefault(5)", "Pipe diameter of a new survey, inches"},
-    {"txtDefault(6)", "Distance between watered furrows of a new survey, feet"},
-    {"txtDefault(7)", "Number of holes at each watered furrow of a new survey"},
-    {"txtDefault(8)", "Thickness of the pipe wall of a new survey, mils"},
-    {"txtDefault(9)", "R: surveys give rod readings; E: they give elevations"},
-    {"txtDefault(10)", "Target head of a new design, feet"},
-    {"txtDefault(11)", "Gates of rigid pipe. R: rectangular; C: circular"},
-    {"txtDefault(12)", "Diameter or height of a gate, inches"},
-    {"txtDefault(13)", "Highest target head of a limited hole selection, feet, at least 0.5"},
-    {"txtDefault(14)", "Step of the head in a limited hole selection, feet"},
-    {"txtDefault(15)", "Kind of file that the open dialog begins with"},
-    {"txtBest(0)", "The greatest number of stretches of one hole size along the line"},
-    {"txtBest(1)", "The least head that a hole may have, feet"},
-    {"txtBest(2)", "The highest head that the pipe may have, feet; empty for the Target Head"},
-    {"listAllHoles", "Hole sizes that can be had. Double-click one to add it to the selected holes"},
-    {"listHolesSelected",
-     "The design takes its holes from these. Double-click one to remove it; Exit starts the design"},
-    {"Grid2", kResultsHint},
-    {"cmdReCalc", kResultsHint},
-    {"cmdDesignToggle", kResultsHint},
+    {"txtInfo(0)", words::kHintDesignName},
+    {"txtInfo(1)", words::kHintDesignDate},
+    {"txtInfo(2)", words::kHintGpm},
+    {"txtInfo(3)", words::kHintTargetHead},
+    {"txtInfo(4)", words::kHintLocation},
+    {"txtInfo(5)", words::kHintSurveyKind},
+    {"txtDefault(0)", words::kHintStationInterval},
+    {"txtDefault(1)", words::kHintNewHoleSize},
+    {"txtDefault(2)", words::kHintOrifice},
+    {"txtDefault(3)", words::kHintRoughness},
+    {"txtDefault(4)", words::kHintFillWarning},
+    {"txtDefault(5)", words::kHintNewPipeDiameter},
+    {"txtDefault(6)", words::kHintNewSpacing},
+    {"txtDefault(7)", words::kHintNewHoleCount},
+    {"txtDefault(8)", words::kHintNewMil},
+    {"txtDefault(9)", words::kHintNewSurveyKind},
+    {"txtDefault(10)", words::kHintNewTargetHead},
+    {"txtDefault(11)", words::kHintGateForm},
+    {"txtDefault(12)", words::kHintGateSize},
+    {"txtDefault(13)", words::kHintHighestHead},
+    {"txtDefault(14)", words::kHintHeadStep},
+    {"txtDefault(15)", words::kHintOpenFilter},
+    {"txtBest(0)", words::kHintStretches},
+    {"txtBest(1)", words::kHintLeastHead},
+    {"txtBest(2)", words::kHintHighestHeadOfPipe},
+    {"listAllHoles", words::kHintAllHoles},
+    {"listHolesSelected", words::kHintSelectedHoles},
+    {"Grid2", words::kHintResults},
+    {"cmdReCalc", words::kHintResults},
+    {"cmdDesignToggle", words::kHintResults},
 };
 
 // Whether a text tells what a field, a sheet or a column is for, and no news.
 bool IsHint(std::string_view text) {
   for (int column = 0; column < kSurveyColumns; ++column) {
-    if (text == ColumnHint(column)) return true;
+    if (ColumnHint(column) == text) return true;
   }
-  return std::any_of(std::begin(kHints), std::end(kHints), [&](const Hint& hint) { return hint.text == text; });
+  return std::any_of(std::begin(kHints), std::end(kHints), [&](const Hint& hint) { return hint.text.text() == text; });
 }
 
 }  // namespace
@@ -206,17 +205,17 @@ void MoveFocus(Program& program, std::string_view control) {
   } else if (TextField* field = FindField(program, control)) {
     SelectWhereShown(program, *field);
   }
-  const std::string_view hint = FocusHint(program, control);
-  if (came && !hint.empty()) program.main.sbStatusBar.caption = hint;
+  const SpokenSentence hint = FocusHint(program, control);
+  if (came && !hint.empty()) Say(program, hint);
   if (FindField(program, control) != nullptr) TellMark(program, control, "");
 }
 
 void LeaveHiddenControl(Program& program) {
   MainScreen& main = program.main;
   if (main.focus.empty() || ReachOf(program, main.focus) != Reach::kHidden) return;
-  const bool told_mark = FindControl(program, main.focus)->mark == main.sbStatusBar.caption;
+  const bool told_mark = FindControl(program, main.focus)->mark == News(program);
   main.focus = main.Grid2.control.visible ? "Grid2" : "Grid1";
-  if (told_mark || IsHint(main.sbStatusBar.caption)) main.sbStatusBar.caption = FocusHint(program, main.focus);
+  if (told_mark || IsHint(News(program))) Say(program, FocusHint(program, main.focus));
 }
 
 std::string_view OpenPanel(Program& program) {
@@ -234,12 +233,12 @@ void EnterPanel(Program& program, std::string_view panel) {
   }
 }
 
-std::string_view FocusHint(const Program& program, std::string_view control) {
+SpokenSentence FocusHint(const Program& program, std::string_view control) {
   if (control == "Grid1") return ColumnHint(program.main.Grid1.column);
   for (const Hint& hint : kHints) {
     if (hint.control == control) return hint.text;
   }
-  return "";
+  return {};
 }
 
 }  // namespace torvale

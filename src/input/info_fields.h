@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 
@@ -48,6 +49,6 @@ void EnterPanel(Program& program, std::string_view panel);
 
 // What a field, a sheet or a list of hole sizes is for, with its unit, for the status bar; nothing for other controls
 // but the two buttons of the results.
-std::string_view FocusHint(const Program& program, std::string_view control);
+SpokenSentence FocusHint(const Program& program, std::string_view control);
 
 }  // namespace torvale

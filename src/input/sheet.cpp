@@ -8,33 +8,33 @@
 #include "base/utf8.h"
 #include "engine/survey.h"
 #include "input/hole_step.h"
+#include "screen/message_box.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
 
 constexpr double kStationLimit = 5281;
-constexpr std::string_view kStationLimitBody = "Station length can not be greater than 5280 feet.";
-constexpr std::string_view kStationLimitTitle = "Station Length";
 
 // How a column takes an empty cell's text from the row above at Enter, how its text looks once the cursor has left, and
 // what it is for.
 struct ColumnTrait {
   std::string_view fill;   // pattern; empty: copied as it stands
   std::string_view leave;  // pattern; empty: the text stays
-  std::string_view hint;
+  Sentence<0> hint;
 };
 
 constexpr std::array<ColumnTrait, kSurveyColumns> kColumns = {{
-    {"", "#####0",
-     "Station, feet from the head of the line, 0 to 5280. Enter adds the distance between stations; * next column"},
-    {"##.00", "###.00", "Rod reading or elevation of the crown, feet. Enter copies the cell above; * next column"},
-    {"##.00", "#####0", "Furrow length at this station, feet. Enter copies the cell above; * next column"},
-    {"##.00", "###.00", "Distance between holes up to this station, feet. Enter copies the cell above; * next column"},
-    {"#####", "###.00", "Inside diameter of the pipe, inches. Enter copies the cell above; * next column"},
-    {"", "", "Hole diameter or width, fractions of an inch. + and - step it; Enter copies the cell above"},
-    {"##.00", "#####0", "Number of holes at each watered furrow. Enter copies the cell above; * next column"},
-    {"", "#####0", "Thickness of the pipe wall, mils. Enter copies the cell above; * next column"},
-    {"#####.00", "###.00", "Planted width between watered furrows, feet. Enter copies the cell above"},
+    {"", "#####0", words::kHintStation},
+    {"##.00", "###.00", words::kHintCrown},
+    {"##.00", "#####0", words::kHintLength},
+    {"##.00", "###.00", words::kHintSpacing},
+    {"#####", "###.00", words::kHintPipeDiameter},
+    {"", "", words::kHintHoleSize},
+    {"##.00", "#####0", words::kHintHoleCount},
+    {"", "#####0", words::kHintMil},
+    {"#####.00", "###.00", words::kHintPlantedWidth},
 }};
 
 const ColumnTrait& TraitOf(int column) {
@@ -42,7 +42,7 @@ const ColumnTrait& TraitOf(int column) {
 }
 
 void ShowHint(Program& program) {
-  program.main.sbStatusBar.caption = ColumnHint(program.main.Grid1.column);
+  Say(program, ColumnHint(program.main.Grid1.column));
 }
 
 // The cursor leaves its cell for another one.
@@ -57,7 +57,7 @@ void SetCurrentText(Grid& sheet, std::string_view text) {
 }
 
 void RefuseStation(Program& program) {
-  program.host.Message(kStationLimitBody, kStationLimitTitle);
+  Tell(program, words::kStationTooLarge);
   SetCurrentText(program.main.Grid1, "");
 }
 
@@ -113,7 +113,7 @@ void CheckStationOrder(Program& program) {
   const std::string above = sheet.Text(sheet.row - 1, kStationColumn);
   if (Val(above) < Val(sheet.CurrentText())) return;
   program.host.Beep();
-  program.host.Message("You must enter a value greater than " + above, "");
+  Tell(program, words::kStationTooSmall(above));
   SetCurrentText(sheet, "");
   sheet.SetCurrent(sheet.row - 1, sheet.column);
 }
@@ -158,7 +158,7 @@ void RunKey(Program& program, std::string_view character) {
 void HoldFirstStation(Program& program) {
   Grid& sheet = program.main.Grid1;
   if (sheet.row != 1 || sheet.column != kStationColumn || sheet.CurrentText() == "0") return;
-  program.host.Message("First Crown Station must be Zero.", "");
+  Tell(program, words::kFirstStationNotZero);
   SetCurrentText(sheet, "0");
 }
 
@@ -247,8 +247,8 @@ void mnuDeleteRow_Click(Program& program) {
   sheet.SetCurrent(sheet.row, sheet.column);
 }
 
-std::string_view ColumnHint(int column) {
-  return column >= 0 && column < kSurveyColumns ? TraitOf(column).hint : std::string_view();
+SpokenSentence ColumnHint(int column) {
+  return column >= 0 && column < kSurveyColumns ? TraitOf(column).hint : SpokenSentence();
 }
 
 }  // namespace torvale

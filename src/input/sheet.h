@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 
@@ -35,6 +36,6 @@ void mnuInsertRow_Click(Program& program);
 void mnuDeleteRow_Click(Program& program);
 
 // What column `column` of the sheet holds, with its unit, for the status bar.
-std::string_view ColumnHint(int column);
+SpokenSentence ColumnHint(int column);
 
 }  // namespace torvale

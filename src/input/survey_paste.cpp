@@ -8,14 +8,12 @@
 #include "base/numbers.h"
 #include "engine/survey.h"
 #include "input/clipboard_text.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
-
-constexpr std::string_view kFailure =
-    "There was a problem when copying data from excel."
-    " Make sure you copied both Columns of Survey data.";
 
 // The lines of a text as a table, rows from 1. The text outlives it.
 struct PastedTable {
@@ -67,29 +65,28 @@ void PastDatatoGrid1(Program& program, const PastedTable& table, int last) {
 void Remark(Program& program, const std::string& text, int rows) {
   const std::string& station = program.main.Grid1.Text(1, kStationColumn);
   if (!text.ends_with(kLineEnd)) {
-    SayToo(program,
-           "Line " + GeneralText(rows + 1) + " was left out, since no line end follows it: copy one line more.");
+    SayToo(program, words::kLineLeftOut(GeneralText(rows + 1)));
   }
   if (!IsNumber(station)) {
-    SayToo(program, "Row 1 looks like a heading.");
+    SayToo(program, words::kRowLooksLikeHeading);
   } else if (Val(station) != 0) {
-    SayToo(program, "First Crown Station must be Zero.");
+    SayToo(program, words::kFirstStationIsNotZero);
   }
 }
 
 void Com_Paste(Program& program) {
   const std::string text = ClipboardText(program);
-  if (text.empty()) return program.host.Message("No data in clipboard", "");
-  if (FirstLine(text).empty()) return program.host.Message("No data", "");
+  if (text.empty()) return Tell(program, words::kClipboardEmpty);
+  if (FirstLine(text).empty()) return Tell(program, words::kFirstLineEmpty);
   const PastedTable table = TableOf(text);
   // A text without a line end has no row to give, and fails at its first one.
   const int last = std::max(static_cast<int>(table.lines.size()) - 1, 0);
   try {
     PastDatatoGrid1(program, table, last);
   } catch (const RunTimeFault&) {
-    return program.host.Message(kFailure, "");
+    return Tell(program, words::kPasteFailed);
   }
-  Say(program, GeneralText(last + 1) + (last == 0 ? " row pasted" : " rows pasted"));
+  Say(program, (last == 0 ? words::kRowPasted : words::kRowsPasted)(GeneralText(last + 1)));
   Remark(program, text, last + 1);
 }
 

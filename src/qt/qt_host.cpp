@@ -19,6 +19,7 @@
 #include "files/file_commands.h"
 #include "qt/scale.h"
 #include "screen/main_screen.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -190,10 +191,10 @@ std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
 bool QtHost::MayReplace(QWidget* dialog, const QString& path) {
   const QFileInfo file(path);
   if (!file.exists()) return true;
-  const std::string question = file.fileName().toStdString() + " is there already, in " +
-                               QDir::toNativeSeparators(file.absolutePath()).toStdString() + ". Replace it?";
-  return Show(dialog, QMessageBox::Question, question, "", QMessageBox::Yes | QMessageBox::No, Explaining(question)) ==
-         QMessageBox::Yes;
+  const SpokenQuestion question =
+      words::kReplaceFile(file.fileName().toStdString(), QDir::toNativeSeparators(file.absolutePath()).toStdString());
+  return Show(dialog, QMessageBox::Question, question.text(), question.title(), QMessageBox::Yes | QMessageBox::No,
+              Explaining(question.text())) == QMessageBox::Yes;
 }
 
 // The dialog itself would ask about the name as typed, which is not yet the name that is written.

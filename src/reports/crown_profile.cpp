@@ -11,6 +11,8 @@
 #include "display/design_display.h"
 #include "engine/survey.h"
 #include "screen/file_choice.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -114,19 +116,16 @@ void ShowButtons(CrownProfileScreen& profile, bool visible) {
   }
 }
 
-// What went wrong, in a sentence; empty where all copies were printed.
-std::string PrintCopies(Program& program) {
-  if (!program.host.HasPrinter()) {
-    return "No printer is installed on this computer. Install one in the settings of the desktop, or choose Export "
-           "Picture.";
-  }
+// What went wrong; nothing where all copies were printed.
+SpokenMessage PrintCopies(Program& program) {
+  if (!program.host.HasPrinter()) return words::kNoPrinterForPicture;
   const std::optional<int> copies = program.host.PrinterDialog();
-  if (!copies) return "Printing was cancelled.";
+  if (!copies) return words::kPrintingCancelled;
   ShowButtons(program.profile, false);
   for (int copy = 0; copy < *copies; ++copy) {
-    if (!program.host.PrintProfile()) return "The printer did not take the picture.";
+    if (!program.host.PrintProfile()) return words::kPictureNotTaken;
   }
-  return "";
+  return {};
 }
 
 }  // namespace
@@ -160,9 +159,7 @@ void mnuProfile_Click(Program& program) {
   } catch (const RunTimeFault&) {
     // The sheet behind the table can have been cut or pasted over since the design was worked out.
     btnBack_Click(program);
-    program.host.Message(
-        "The crown profile can not be drawn from the survey as it is now: see its stations, and run the design again.",
-        "");
+    Tell(program, words::kProfileCannotBeDrawn);
   }
 }
 
@@ -172,9 +169,9 @@ void btnBack_Click(Program& program) {
 }
 
 void btnPrintProfile_Click(Program& program) {
-  const std::string failure = PrintCopies(program);
+  const SpokenMessage failure = PrintCopies(program);
   ShowButtons(program.profile, true);
-  if (!failure.empty()) program.host.Message(failure + " print Error", "");
+  if (!failure.empty()) Tell(program, failure);
 }
 
 void btnExportPicture_Click(Program& program) {
@@ -186,8 +183,7 @@ void btnExportPicture_Click(Program& program) {
     SayWritten(program, *path);
     return;
   }
-  program.host.Message("The picture could not be written to " + *path + ". Check that the folder can be written to.",
-                       "");
+  Tell(program, words::kPictureNotWritten(*path));
 }
 
 }  // namespace torvale

@@ -7,15 +7,13 @@
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
 #include "screen/file_choice.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
 
 constexpr std::string_view kPdfFilter = "PDF document(*.pdf)|*.pdf";
-
-void TellPrintError(Program& program, std::string_view description) {
-  program.host.Message(std::string(description) + " print Error", "");
-}
 
 Document MakeReport(Program& program, Report report) {
   switch (report) {
@@ -48,15 +46,13 @@ void Guard(Program& program, const std::function<void()>& work) {
   try {
     work();
   } catch (const RunTimeFault& fault) {
-    TellPrintError(program, FaultText(fault.kind));
+    Tell(program, words::kPrintFault(FaultText(fault.kind)));
   }
 }
 
 bool NeedPrinter(Program& program) {
   if (program.host.HasPrinter()) return true;
-  TellPrintError(program,
-                 "No printer is installed on this computer. Install one in the settings of the desktop, or choose "
-                 "Export as PDF in the File menu.");
+  Tell(program, words::kNoPrinterForReport);
   return false;
 }
 
@@ -64,7 +60,7 @@ void PrintCopies(Program& program, Report report, int copies) {
   Guard(program, [&] {
     for (int copy = 1; copy <= copies; ++copy) {
       if (program.host.Print(MakeReport(program, report))) continue;
-      TellPrintError(program, "The printer did not take the report.");
+      Tell(program, words::kReportNotTaken);
       return;
     }
   });
@@ -106,7 +102,7 @@ void mnuExportPdf_Click(Program& program, int index) {
     if (program.host.WritePdf(document, *path)) {
       SayWritten(program, *path);
     } else {
-      program.host.Message("The report could not be written to " + *path + ".", "Export as PDF");
+      Tell(program, words::kReportNotWritten(*path));
     }
   });
 }

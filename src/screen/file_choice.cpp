@@ -5,6 +5,8 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -59,8 +61,7 @@ void SayWritten(Program& program, std::string_view path) {
   std::error_code ignored;
   fs::path file = fs::absolute(PathOf(path), ignored);
   if (file.empty()) file = PathOf(path);
-  program.main.sbStatusBar.caption =
-      "Saved " + Utf8Of(file.filename()) + " in " + Utf8Of(file.parent_path().lexically_normal());
+  Say(program, words::kSaved(Utf8Of(file.filename()), Utf8Of(file.parent_path().lexically_normal())));
 }
 
 }  // namespace torvale

@@ -6,17 +6,11 @@
 #include <string>
 #include <string_view>
 
+#include "engine/survey.h"
 #include "screen/control_facts.h"
 #include "screen/controls.h"
 
 namespace torvale {
-
-// A cell of the survey sheet; row 0 stands for none.
-struct SheetCell {
-  int row = 0;
-  int column = 0;
-  bool operator==(const SheetCell&) const = default;
-};
 
 enum class WindowState { kNormal, kMinimized, kMaximized };
 

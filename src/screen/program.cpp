@@ -1,7 +1,6 @@
 #include "screen/program.h"
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 #include "base/format.h"
@@ -112,38 +111,6 @@ long ScreenEngineHost::Yield(long due) {
   return program_.host.Yield(due);
 }
 
-void ScreenEngineHost::Message(std::string_view body, std::string_view title) {
-  program_.host.Message(body, title);
-}
-
-void ScreenEngineHost::EndBusy() {
-  program_.main.busy = false;
-}
-
-void ScreenEngineHost::HideCancel() {
-  program_.main.cmdCancel.visible = false;
-}
-
-void ScreenEngineHost::OfferInterpolation() {
-  program_.main.cmdInterpolate.visible = true;
-}
-
-void ScreenEngineHost::ShowSurvey() {
-  program_.main.Grid1.control.visible = true;
-}
-
-void ScreenEngineHost::MoveSurveyCell(int row, int column) {
-  program_.main.Grid1.SetCurrent(row, column);
-}
-
-void ScreenEngineHost::SurveyCellRefused(int row, int column) {
-  program_.main.refused = {row, column};
-}
-
-void ScreenEngineHost::AlignSurveyCell(int row, int column) {
-  program_.main.Grid1.SetAlign(row, column, Align::kCentreBottom);
-}
-
 void ScreenEngineHost::TotalAcresChanged() {
   program_.main.lblAcresTotal.caption = TotalAcresText(program_);
 }
@@ -151,32 +118,6 @@ void ScreenEngineHost::TotalAcresChanged() {
 void ScreenEngineHost::UniformityChanged() {
   program_.main.lblEffic.back = program_.record.Uniformity >= 90 ? kBrightGreen : kYellow;
   program_.main.lblEffic.visible = true;
-}
-
-namespace {
-
-// Nobody is given a turn.
-class QuietEngineHost final : public ScreenEngineHost {
- public:
-  using ScreenEngineHost::ScreenEngineHost;
-  long Yield(long /*due*/) override { return std::numeric_limits<long>::max(); }
-};
-
-void Calculate(Program& program, ScreenEngineHost& host, int& tries) {
-  FlowCalc(program.record, {program.main.Grid1.cells(), program.main.txtInfo[3].text(), program.main.txtInfo[5].text()},
-           host, tries);
-}
-
-}  // namespace
-
-void RunFlowCalc(Program& program, int& tries) {
-  ScreenEngineHost host(program);
-  Calculate(program, host, tries);
-}
-
-void RunFlowCalcQuietly(Program& program, int& tries) {
-  QuietEngineHost host(program);
-  Calculate(program, host, tries);
 }
 
 std::string TotalAcresText(const Program& program) {

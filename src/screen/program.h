@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "engine/engine_host.h"
-#include "engine/flow_calc.h"
 #include "record/design_record.h"
 #include "screen/crown_profile_screen.h"
 #include "screen/earlier_versions_screen.h"
@@ -67,31 +66,18 @@ const ControlFacts* FactsOf(std::string_view name);
 enum class Reach { kUsable, kHidden, kDisabled, kUnknown };
 Reach ReachOf(Program& program, std::string_view name);
 
-// The engine's view of the program: its messages and its effects on the screen.
+// The engine's view of the program: its turns for the user and the labels that follow its figures.
 class ScreenEngineHost : public EngineHost {
  public:
   explicit ScreenEngineHost(Program& program) : program_(program) {}
 
   long Yield(long due) override;
-  void Message(std::string_view body, std::string_view title) override;
-  void EndBusy() override;
-  void HideCancel() override;
-  void OfferInterpolation() override;
-  void ShowSurvey() override;
-  void MoveSurveyCell(int row, int column) override;
-  void SurveyCellRefused(int row, int column) override;
-  void AlignSurveyCell(int row, int column) override;
   void TotalAcresChanged() override;
   void UniformityChanged() override;
 
  private:
   Program& program_;
 };
-
-// The march over the program's record, sheet and fields.
-void RunFlowCalc(Program& program, int& tries);
-// The same without a yield.
-void RunFlowCalcQuietly(Program& program, int& tries);
 
 // Caption "Total Acres = " with `TotalAcres`, which most read-outs begin with.
 std::string TotalAcresText(const Program& program);

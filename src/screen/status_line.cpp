@@ -1,21 +1,27 @@
 #include "screen/status_line.h"
 
-#include <utility>
-
 namespace torvale {
 
-void Say(Program& program, std::string sentence) {
-  program.main.sbStatusBar.caption = std::move(sentence);
+void Say(Program& program, const SpokenSentence& sentence) {
+  program.main.sbStatusBar.caption = sentence.text();
 }
 
-void SayToo(Program& program, const std::string& sentence) {
+void SayToo(Program& program, const SpokenSentence& sentence) {
   std::string& news = program.main.sbStatusBar.caption;
   if (!news.empty()) news += news.ends_with('.') ? " " : ". ";
-  news += sentence;
+  news += sentence.text();
+}
+
+void SayMark(Program& program, const Control& control) {
+  program.main.sbStatusBar.caption = control.mark;
 }
 
 void ForgetNews(Program& program) {
   program.main.sbStatusBar.caption.clear();
+}
+
+const std::string& News(const Program& program) {
+  return program.main.sbStatusBar.caption;
 }
 
 }  // namespace torvale

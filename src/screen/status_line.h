@@ -3,6 +3,7 @@
 #include <string>
 
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 
@@ -10,10 +11,14 @@ namespace torvale {
 // what the control is for that the user is at.
 
 // Tells news, in one plain sentence.
-void Say(Program& program, std::string sentence);
+void Say(Program& program, const SpokenSentence& sentence);
 // Adds a sentence to the news that stand.
-void SayToo(Program& program, const std::string& sentence);
+void SayToo(Program& program, const SpokenSentence& sentence);
+// Tells what is wrong with a control, as its mark says.
+void SayMark(Program& program, const Control& control);
 // A run begins, or a design is gone: what was told of the one before is no longer true.
 void ForgetNews(Program& program);
+// What stands in the line.
+const std::string& News(const Program& program);
 
 }  // namespace torvale

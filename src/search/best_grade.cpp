@@ -6,6 +6,7 @@
 #include "base/format.h"
 #include "base/numbers.h"
 #include "search/elev_adjust.h"
+#include "search/flow_run.h"
 
 namespace torvale {
 namespace {

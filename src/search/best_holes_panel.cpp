@@ -10,9 +10,12 @@
 #include "display/design_display.h"
 #include "engine/best_holes.h"
 #include "engine/plan_task.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
+#include "search/flow_run.h"
 #include "search/hole_selection.h"
 #include "search/hole_selection_panel.h"
 #include "search/survey_diagnosis.h"
@@ -20,7 +23,6 @@
 namespace torvale {
 namespace {
 
-constexpr std::string_view kTitle = "Best Holes";
 constexpr std::array<std::string_view, 3> kFirstLimits = {"4", "0.5", ""};
 constexpr double kMostHead = 100;  // feet
 constexpr int kMostClassicHeads = 200;
@@ -35,21 +37,21 @@ std::optional<PlanLimits> ReadLimits(Program& program) {
   const auto& fields = program.main.txtBest;
   const double stretches = Val(fields[kStretchesField].text());
   if (!(stretches >= 1 && stretches <= kMostStretches) || stretches != std::floor(stretches)) {
-    program.host.Message("The number of stretches must be a whole number from 1 to 64.", kTitle);
+    Tell(program, words::kStretchesOutOfRange);
     return StayAt(program, kStretchesField);
   }
   PlanLimits limits;
   limits.stretches = static_cast<int>(stretches);
   limits.least_head = Val(fields[kLeastHeadField].text());
   if (!(limits.least_head > 0)) {
-    program.host.Message("The least head must be above 0.", kTitle);
+    Tell(program, words::kLeastHeadTooLow);
     return StayAt(program, kLeastHeadField);
   }
   const double target_head = Val(program.main.txtInfo[3].text());
   const std::string& highest = fields[kHighestHeadField].text();
   limits.highest_head = highest.empty() ? target_head : Val(highest);
   if (!(limits.highest_head > limits.least_head && limits.highest_head <= kMostHead)) {
-    program.host.Message("The highest head must be above the least head, and 100 feet at most.", kTitle);
+    Tell(program, words::kHighestHeadOutOfRange);
     return StayAt(program, kHighestHeadField);
   }
   limits.first_head = static_cast<double>(Store32(target_head));
@@ -91,20 +93,18 @@ void ShowBound(Program& program, const BestHoles& found) {
   const PlanOutcome& best = found.best->outcome;
   const float gap = found.bound - best.uniformity;
   std::string& caption = program.main.lblBestHoles.caption;
-  if (found.stopped) SayToo(program, "Cancelled: this is the best plan so far.");
-  SayToo(program, "Best Holes: uniformity " + Points(best.uniformity) +
-                      ", stretches of one size: " + GeneralText(best.stretches) + ".");
+  if (found.stopped) SayToo(program, words::kBestPlanSoFar);
+  SayToo(program, words::kBestPlan(Points(best.uniformity), GeneralText(best.stretches)));
   caption = "Stretches: " + GeneralText(best.stretches) + ". ";
   if (!(gap >= 0.05F)) {
     caption += "No other plan is better.";
-    SayToo(program, "No plan within the limits is better.");
+    SayToo(program, words::kNoPlanIsBetter);
   } else if (found.bound < 100) {
     caption += "No plan is above " + Points(found.bound) + " (" + Points(gap) + " more).";
-    SayToo(program,
-           "No plan within the limits is above " + Points(found.bound) + ", which is " + Points(gap) + " more.");
+    SayToo(program, words::kNoPlanIsAbove(Points(found.bound), Points(gap)));
   } else {
     caption += "Nothing is proven of other plans.";
-    SayToo(program, "How much better another plan could be was not worked out.");
+    SayToo(program, words::kNothingProven);
   }
 }
 
@@ -129,10 +129,7 @@ bool MarchPlan(Program& program, const PlanTask& task, const FoundPlan& found, i
 }
 
 void TellNone(Program& program, const PlanLimits& limits) {
-  program.host.Message("No plan of the selected hole sizes gives the GPM with every head from " +
-                           Format(limits.least_head, "##0.00") + " to " + Format(limits.highest_head, "##0.00") +
-                           " feet. Select other sizes or widen the limits.",
-                       kTitle);
+  Tell(program, words::kNoPlan(Format(limits.least_head, "##0.00"), Format(limits.highest_head, "##0.00")));
 }
 
 // One run: the plan is looked for and marched. False where there is none to show.
@@ -180,7 +177,7 @@ void cmdCloseBestHoles_Click(Program& program) {
 void cmdFindBestHoles_Click(Program& program) {
   MainScreen& main = program.main;
   if (main.listHolesSelected.count() == 0) {
-    program.host.Message("Select the hole sizes that the crew can punch.", kTitle);
+    Tell(program, words::kNoSizesForPlan);
     return;
   }
   std::optional<PlanLimits> limits = ReadLimits(program);

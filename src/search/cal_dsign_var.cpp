@@ -4,20 +4,21 @@
 #include "base/numbers.h"
 #include "display/design_display.h"
 #include "display/input_screen.h"
-#include "engine/acres.h"
+#include "engine/flow_calc.h"
 #include "engine/hydraulics.h"
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
+#include "search/flow_run.h"
 #include "search/hole_selection.h"
 #include "search/slope_search.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {
 namespace {
-
-constexpr std::string_view kMissingTitle = "Missing Data";
 
 // What every refused input leaves behind; the cell that it is refused for, where it is one.
 void Refuse(Program& program, SheetCell cell = {}) {
@@ -36,11 +37,11 @@ void StartRun(Program& program) {
 }
 
 bool FieldsFilled(Program& program) {
-  const std::string missing = EmptyFieldSentence(program);
+  const SpokenSentence missing = EmptyFieldSentence(program);
   if (missing.empty()) return true;
   Say(program, missing);
   program.main.busy = false;
-  program.host.Message("Some Information Data is missing(i.e. GPM, Target Head)", kMissingTitle);
+  Tell(program, words::kInfoMissing);
   Refuse(program);
   return false;
 }
@@ -52,8 +53,7 @@ bool SurveyFilled(Program& program) {
     for (int column : {kPipeDiaColumn, kCrownColumn, kStationColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
       Say(program, EmptyCellSentence(i, column));
-      program.host.Message("You must compelte all Survey information on the survey grid (i.e Hole Size Mil).",
-                           kMissingTitle);
+      Tell(program, words::kSurveyIncomplete);
       program.main.busy = false;
       Refuse(program, {i, column});
       return false;
@@ -72,10 +72,7 @@ bool StationsAccepted(Program& program) {
     const std::string& before = sheet.Text(i - 1, kStationColumn);
     if (Val(here) > Val(before)) continue;
     sheet.control.visible = true;
-    if (!program.host.Question("Your distance between holes at station " + here +
-                                   " is greater than the distance between Station " + before + " and " + here +
-                                   " is this ok?",
-                               "")) {
+    if (!Ask(program, words::kStationsAccepted(here, before, here))) {
       Say(program, StationOrderSentence(i));
       program.main.busy = false;
       Refuse(program, {i, kStationColumn});
@@ -94,7 +91,7 @@ bool HoleRowsFilled(Program& program) {
       if (!sheet.Text(i, column).empty()) continue;
       Say(program, EmptyCellSentence(i, column));
       program.main.busy = false;
-      program.host.Message("You must compelte all Survey information on the survey grid.", kMissingTitle);
+      Tell(program, words::kHoleRowIncomplete);
       Refuse(program, {i, column});
       return false;
     }
@@ -119,7 +116,7 @@ void ResetScreen(Program& program) {
   program.main.title = "TORVALE  ";
   ShowInput(program);
   program.main.busy = false;
-  Say(program, "The flow was met after exactly 100 tries, which does not count: change the Target Head a little.");
+  Say(program, words::kExactlyHundredTries);
 }
 
 void Finish(Program& program, int tries) {
@@ -133,9 +130,9 @@ void Finish(Program& program, int tries) {
     ResetScreen(program);
     return;
   }
-  ScreenEngineHost host(program);
   SortFurrows(record);
-  AcreCalc(record, host);
+  RunAcreCalc(program);
+  ScreenEngineHost host(program);
   DistributionEffic(record, host);
   // The other types show their designs from their own commands.
   const bool shown_here =
@@ -206,7 +203,7 @@ void RunDesign(Program& program, const Calculation& calculate) {
     program.record.CancelFlag = true;
   }
   // A design that is shown has told of it, and has put 0 there.
-  if (Val(program.main.Grid1.Text(1, kStationColumn)) != 0) SayToo(program, "First Crown Station must be Zero.");
+  if (Val(program.main.Grid1.Text(1, kStationColumn)) != 0) SayToo(program, words::kFirstStationIsNotZero);
 }
 
 }  // namespace torvale

@@ -8,7 +8,9 @@
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/best_holes_panel.h"
 #include "search/cal_dsign_var.h"
 #include "search/survey_diagnosis.h"
@@ -51,12 +53,29 @@ void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& e
 void EndRun(Program& program) {
   LeaveRun(program);
   if (program.record.MissingData != -1 || !program.main.Grid2.control.visible) return;
-  SayToo(program, "The table is that of the design before.");
+  SayToo(program, words::kFormerTable);
 }
 
 // Goes back to the input screen where a run was given up.
 void GoBack(Program& program) {
   if (GaveUp(program.record)) mnuWindowInfo_Click(program);
+}
+
+void ShowCompletedSurvey(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  for (int row = 1; row <= program.record.SurveyRows; ++row) {
+    sheet.SetAlign(row, kPlantedWidthColumn, Align::kCentreBottom);
+  }
+  sheet.control.visible = true;
+}
+
+void RefuseRowWithData(Program& program, int row) {
+  MainScreen& main = program.main;
+  main.Grid1.control.visible = true;
+  main.refused = {row, kStationColumn};
+  Tell(program, words::kStationOfRowMissing(GeneralText(row)));
+  main.cmdInterpolate.visible = true;
+  main.cmdCancel.visible = false;
 }
 
 // Locks the screen for a slope search; the Cancel button alone stays usable.
@@ -150,10 +169,10 @@ void mnuManHoleSelection_Click(Program& program) {
   record.DesignOK = "True";
   record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
   record.BestUniformity = 0;
-  if (const std::string missing = EmptyFieldSentence(program); !missing.empty()) {
+  if (const SpokenSentence missing = EmptyFieldSentence(program); !missing.empty()) {
     main.busy = false;
     Say(program, missing);
-    program.host.Message("Some Information Data is missing.", "Missing Data");
+    Tell(program, words::kInfoMissingForSelection);
     record.MissingData = -1;
     main.cmdInterpolate.visible = true;
     main.cmdCancel.visible = false;
@@ -217,16 +236,29 @@ void mnuWindowInfo_Click(Program& program) {
 
 void cmdInterpolate_Click(Program& program) {
   MainScreen& main = program.main;
-  ScreenEngineHost host(program);
   program.running.input.clear();  // what is filled in here is nothing that the user changed
-  const int row =
+  const SurveyEnd end =
       InterpolateSurvey(program.record, main.Grid1.cells(),
-                        {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()}, host);
-  if (row == 0) return;
+                        {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()});
+  if (end.cursor) main.Grid1.SetCurrent(end.cursor->row, end.cursor->column);
+  switch (end.way) {
+    case SurveyEnd::Way::kFault:
+      return;  // the checks of the design that follows tell the user what is missing
+    case SurveyEnd::Way::kCompleted:
+      ShowCompletedSurvey(program);
+      return;
+    case SurveyEnd::Way::kDataWithoutStation:
+      RefuseRowWithData(program, end.row);
+      break;
+    case SurveyEnd::Way::kHoleWithoutStation:
+      main.refused = {end.row, kStationColumn};
+      Tell(program, words::kStationOfHoleMissing);
+      break;
+  }
   // Where the user must go on.
-  main.Grid1.SetCurrent(row, kStationColumn);
+  main.Grid1.SetCurrent(end.row, kStationColumn);
   main.focus = "Grid1";
-  Say(program, EmptyCellSentence(row, kStationColumn));
+  Say(program, EmptyCellSentence(end.row, kStationColumn));
 }
 
 }  // namespace torvale

@@ -9,8 +9,11 @@
 #include "display/design_display.h"
 #include "display/input_screen.h"
 #include "engine/hydraulics.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/cal_dsign_var.h"
+#include "search/flow_run.h"
 #include "search/hole_fit.h"
 
 namespace torvale {
@@ -21,11 +24,11 @@ struct PassKind {
   std::int16_t design_type;
   // With rod readings the whole table looks at the head of the row itself, the list at that of the next row upstream.
   bool watches_own_head;
-  std::string_view advice;
+  Message<0> failed;
 };
 
-constexpr PassKind kTablePass = {kComputerHoles, true, " Try Changing Head or Hole Sizes"};
-constexpr PassKind kListPass = {kLimitedHoles, false, " Try Changing Head "};
+constexpr PassKind kTablePass = {kComputerHoles, true, words::kTableSelectionFault};
+constexpr PassKind kListPass = {kLimitedHoles, false, words::kListSelectionFault};
 
 // What all rows of a pass share.
 struct PassFlow {
@@ -94,8 +97,7 @@ bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
 
 void ReportFault(Program& program, const PassKind& kind) {
   MainScreen& main = program.main;
-  program.host.Message("There is a programming problem calculating Computer Selected Holes." + std::string(kind.advice),
-                       "Computer Selected Hole Error");
+  Tell(program, kind.failed);
   program.record.DesignOK = "False";
   ShowInput(program);
   main.mnuWindowInfo.visible = false;
@@ -190,7 +192,7 @@ bool EfficAdjust(Program& program) {
   const float increment = Narrow(Val(main.txtDefault[14].text()));
   const double highest = Val(main.txtDefault[13].text());
   if (!(increment > 0) || !std::isfinite(increment)) {
-    Say(program, "The increment of the limited hole selection must be a number above 0: see the preferences.");
+    Say(program, words::kIncrementTooSmall);
     return false;
   }
   record.BestHeadFound = 0;

@@ -7,9 +7,12 @@
 #include "engine/stations.h"
 #include "engine/uniformity.h"
 #include "record/hole_sizes.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
+#include "search/flow_run.h"
 #include "search/hole_selection.h"
 #include "search/survey_diagnosis.h"
 
@@ -26,7 +29,7 @@ void AbandonDesign(Program& program) {
   record.BestUniformity = 0;
   record.BestHeadFound = 0;
   main.frameHoleSelection.visible = false;
-  program.host.Message("No Holes were Selected", "");
+  Tell(program, words::kNoHolesSelected);
   ForgetNews(program);
   ShowInput(program);
   main.mnuWindowInfo.visible = false;
@@ -63,7 +66,7 @@ void TakeSelectedSizes(Program& program) {
 void TellHead(Program& program, const std::string& typed) {
   const std::string& found = program.main.txtInfo[3].text();
   if (Val(typed) == Val(found)) return;
-  SayToo(program, "The Target Head went from " + typed + " to " + found + ", the best of the heads that were tried.");
+  SayToo(program, words::kBestHead(typed, found));
 }
 
 // The line of a shown selection with its holes as they are. False where no flow was found for it.

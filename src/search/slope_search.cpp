@@ -13,7 +13,9 @@
 #include "engine/slope_trials.h"
 #include "engine/uniformity.h"
 #include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/elev_adjust.h"
+#include "search/flow_run.h"
 
 namespace torvale {
 namespace {
@@ -44,12 +46,11 @@ void CaptionHeads(Program& program) {
 // Where the search stands, in one line at the foot of the screen.
 void TellProgress(Program& program) {
   const DesignRecord& record = program.record;
-  Say(program, "Slope " + Format(static_cast<double>(record.SlopeDelta) * 100, "0.000") +
-                   " ft per 100 ft, uniformity " + GeneralText(record.Uniformity) + " %, best so far " +
-                   GeneralText(record.BestUniformity) + " % at " +
-                   Format(static_cast<double>(record.CrownSlope) * 100, "0.000") + ", head " +
-                   Format(static_cast<double>(record.MinHead), "0.00") + " to " +
-                   Format(static_cast<double>(record.MaxHead), "0.00") + " ft");
+  Say(program, words::kSlopeProgress(Format(static_cast<double>(record.SlopeDelta) * 100, "0.000"),
+                                     GeneralText(record.Uniformity), GeneralText(record.BestUniformity),
+                                     Format(static_cast<double>(record.CrownSlope) * 100, "0.000"),
+                                     Format(static_cast<double>(record.MinHead), "0.00"),
+                                     Format(static_cast<double>(record.MaxHead), "0.00")));
 }
 
 // Keeps the trial in `SlopeDelta` where it is strictly better than the best so far.

@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "engine/survey.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -15,13 +16,13 @@ constexpr std::array<std::string_view, kSurveyColumns> kColumnNames = {
 
 struct NeededField {
   std::size_t index;
-  std::string_view sentence;
+  Sentence<0> sentence;
 };
 
 constexpr std::array<NeededField, 3> kNeededFields = {{
-    {2, "The GPM is missing: enter the pumped flow."},
-    {3, "The Target Head is missing: enter it in feet."},
-    {5, "Enter R for rod readings or E for elevations."},
+    {2, words::kGpmMissing},
+    {3, words::kTargetHeadMissing},
+    {5, words::kSurveyKindMissing},
 }};
 
 // The first survey row that stands at or before the row above it, or 0.
@@ -62,43 +63,40 @@ bool NoFurrowLength(const DesignRecord& record) {
 }
 
 // A furrow without a length has no share of the flow, and shares are divided by.
-std::string LengthSentence(const DesignRecord& record) {
-  if (NoFurrowLength(record)) return "The rows with holes have no furrow length.";
+SpokenSentence LengthSentence(const DesignRecord& record) {
+  if (NoFurrowLength(record)) return words::kNoFurrowLength;
   const int row = HoleWithoutLength(record);
-  if (row == 0) return "";
-  return "The row with holes at station " + GeneralText(record.Station[row]) + " has no furrow length.";
+  if (row == 0) return {};
+  return words::kRowWithoutLength(GeneralText(record.Station[row]));
 }
 
 }  // namespace
 
-std::string EmptyFieldSentence(const Program& program) {
+SpokenSentence EmptyFieldSentence(const Program& program) {
   for (const NeededField& field : kNeededFields) {
-    if (program.main.txtInfo[field.index].text().empty()) return std::string(field.sentence);
+    if (program.main.txtInfo[field.index].text().empty()) return field.sentence;
   }
-  return "";
+  return {};
 }
 
-std::string EmptyCellSentence(int row, int column) {
-  return "Row " + GeneralText(row) + ": the " + std::string(kColumnNames[static_cast<std::size_t>(column)]) +
-         " is missing.";
+SpokenSentence EmptyCellSentence(int row, int column) {
+  return words::kCellMissing(GeneralText(row), kColumnNames[static_cast<std::size_t>(column)]);
 }
 
-std::string StationOrderSentence(int row) {
-  return "Rows " + GeneralText(row - 1) + " and " + GeneralText(row) + ": the station does not rise.";
+SpokenSentence StationOrderSentence(int row) {
+  return words::kStationsNotRising(GeneralText(row - 1), GeneralText(row));
 }
 
-std::string WhatStopped(const Program& program, const RunTimeFault& fault) {
+SpokenSentence WhatStopped(const Program& program, const RunTimeFault& fault) {
   const DesignRecord& record = program.record;
   if (const int row = RowWithoutStation(program); row > 0) return EmptyCellSentence(row, kStationColumn);
   if (const int row = RowOutOfOrder(program); row > 0) return StationOrderSentence(row);
-  if (record.WateredFurrows == 0) {
-    return "No row has holes: a watered row needs a furrow length, a hole size and a number of holes.";
-  }
+  if (record.WateredFurrows == 0) return words::kNoHoles;
   if (fault.kind == Fault::kDivisionByZero) {
-    if (record.SurveyRows == 1) return "The survey has one row only: a line needs at least two stations.";
-    if (std::string sentence = LengthSentence(record); !sentence.empty()) return sentence;
+    if (record.SurveyRows == 1) return words::kOneRowOnly;
+    if (SpokenSentence sentence = LengthSentence(record); !sentence.empty()) return sentence;
   }
-  return "A number in the survey is too large or out of place for a design.";
+  return words::kNumberOutOfPlace;
 }
 
 SheetCell CellThatStopped(const Program& program) {

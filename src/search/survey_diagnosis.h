@@ -1,22 +1,21 @@
 #pragma once
 
-#include <string>
-
 #include "base/run_time_fault.h"
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 
 // One plain sentence for the status bar, where a refusal only says that something is missing or says nothing at all.
 
-// The first information field that a design needs and that is empty; no text where all are filled.
-std::string EmptyFieldSentence(const Program& program);
+// The first information field that a design needs and that is empty; nothing where all are filled.
+SpokenSentence EmptyFieldSentence(const Program& program);
 // An empty cell of the survey, by row and column.
-std::string EmptyCellSentence(int row, int column);
+SpokenSentence EmptyCellSentence(int row, int column);
 // A station that does not rise above the one before it.
-std::string StationOrderSentence(int row);
+SpokenSentence StationOrderSentence(int row);
 // What in the survey a run-time fault comes from, as far as the survey tells.
-std::string WhatStopped(const Program& program, const RunTimeFault& fault);
+SpokenSentence WhatStopped(const Program& program, const RunTimeFault& fault);
 // The cell that this sentence speaks of, where it is one.
 SheetCell CellThatStopped(const Program& program);
 

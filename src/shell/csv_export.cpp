@@ -8,6 +8,8 @@
 #include "files/file_store.h"
 #include "reports/csv.h"
 #include "screen/file_choice.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -20,7 +22,7 @@ void ExportCsv(Program& program, std::string_view title, std::string_view conten
     SayWritten(program, *path);
     return;
   }
-  program.host.Message(*path + " could not be written: " + std::generic_category().message(error) + ".", "");
+  Tell(program, words::kTableNotWritten(*path, std::generic_category().message(error)));
 }
 
 }  // namespace

@@ -79,8 +79,7 @@ void EndOutermostEvent(Program& program) {
 }
 
 void TellWhereTheUserIs(Program& program) {
-  std::string& caption = program.main.sbStatusBar.caption;
-  if (caption.empty()) caption = FocusHint(program, program.main.focus);
+  if (News(program).empty()) Say(program, FocusHint(program, program.main.focus));
 }
 
 }  // namespace torvale

@@ -18,19 +18,14 @@
 #include "input/field_marks.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
 #include "shell/csv_export.h"
 #include "shell/event_end.h"
 #include "shell/history.h"
 
 namespace torvale {
 namespace {
-
-void Report(Program& program, std::string_view what) {
-  program.host.Message("The program could not finish this: " + std::string(what) +
-                           " Nothing that you typed is lost: check the numbers on the sheet and in the fields, and try "
-                           "again.",
-                       "");
-}
 
 // Runs `work`; what stopped it, in a sentence, or nothing where it came to its end.
 std::optional<std::string> FaultOf(const std::function<void()>& work) {
@@ -113,7 +108,7 @@ void RunOrTell(Program& program, const std::function<void()>& work) {
   main.main_busy = main_busy;
   main.cmdCancel.visible = cancel_offered;
   if (unlocked && !main.mnuFile.enabled) ScreenControlsOn(program);
-  Report(program, *fault);
+  Tell(program, words::kUnfinished(*fault));
 }
 
 // Where the user is when nothing runs.

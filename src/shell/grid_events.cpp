@@ -9,6 +9,8 @@
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "input/tab_order.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/grid_keys.h"
@@ -138,8 +140,7 @@ void PlaceCaret(Program& program, Grid& grid) {
   if (grid.edit) return grid.edit.reset();
   grid.SetCurrent(grid.row, grid.column);
   grid.edit = Grid::CellEdit{CharacterCount(grid.CurrentText()), grid.CurrentText()};
-  program.main.sbStatusBar.caption =
-      "Left, Right, Home and End move in the cell, Delete takes the next character; Esc takes everything back";
+  Say(program, words::kCaretInCell);
 }
 
 // Keys that neither move nor type. True where it was one.

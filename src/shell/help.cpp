@@ -5,6 +5,8 @@
 
 #include "files/file_fault.h"
 #include "files/file_store.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
 #include "shell/help_pages.h"
 
 namespace torvale {
@@ -143,10 +145,10 @@ bool ReadGuide(Program& program) {
       ++help.revision;
     }
   } catch (const FileFault&) {
-    program.host.Message("The help File is missing.", "");
+    Tell(program, words::kHelpMissing);
     return false;
   } catch (const HelpFault& fault) {
-    program.host.Message("The help File is damaged: " + std::string(fault.what()) + ".", "");
+    Tell(program, words::kHelpDamaged(fault.what()));
     return false;
   }
   return true;

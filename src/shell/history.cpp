@@ -5,6 +5,8 @@
 
 #include "files/preferences_panel.h"
 #include "input/info_fields.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/design_commands.h"
 #include "shell/recovery.h"
 
@@ -231,7 +233,7 @@ void Restore(Program& program, History& history, const std::vector<InputChange>&
 bool RunsAlone(Program& program, std::initializer_list<std::string_view> commands) {
   const std::string& cause = program.history->cause;
   if (std::find(commands.begin(), commands.end(), cause) != commands.end()) return true;
-  program.main.sbStatusBar.caption = "A calculation is running: press Cancel first.";
+  Say(program, words::kCalculationRuns);
   return false;
 }
 
@@ -279,7 +281,7 @@ void mnuEditUndo_Click(Program& program) {
   history.done.pop_back();
   step.typed = -1;
   Restore(program, history, UnpackChanges(step.changes), true);
-  program.main.sbStatusBar.caption = "Undone: " + step.name;
+  Say(program, words::kUndone(step.name));
   history.undone.push_back(std::move(step));
 }
 
@@ -293,7 +295,7 @@ void mnuEditRedo_Click(Program& program) {
   history.done.push_back(std::move(step));
   const EditStep& top = history.done.back();
   Restore(program, history, UnpackChanges(top.changes), false);
-  program.main.sbStatusBar.caption = "Done again: " + top.name;
+  Say(program, words::kDoneAgain(top.name));
 }
 
 std::string PackChanges(const std::vector<InputChange>& changes) {

@@ -5,6 +5,8 @@
 #include <system_error>
 #include <utility>
 
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "shell/history.h"
 #include "shell/journal.h"
 
@@ -39,9 +41,7 @@ void TakePreferences(InputTexts& stored, const InputTexts& now) {
 
 void Tell(Program& program, History& history, int error) {
   if (std::exchange(history.journal_failed, error != 0) || error == 0) return;
-  program.main.sbStatusBar.caption =
-      "What you type can't be kept for the case that the program ends: " + std::generic_category().message(error) +
-      ". Save often.";
+  Say(program, words::kJournalFailed(std::generic_category().message(error)));
 }
 
 void Write(Program& program, History& history, const InputTexts& now) {
@@ -157,8 +157,7 @@ void OfferLastWork(Program& program) {
   const History& history = *program.history;
   ShowOffer(program, history);
   if (history.lost.empty() || history.steps > 0) return;
-  program.main.sbStatusBar.caption = "Work that was not saved can be brought back (File > Bring Back Last Work): " +
-                                     WorkText(program, history.lost.front());
+  Say(program, words::kWorkCanBeBroughtBack(WorkText(program, history.lost.front())));
 }
 
 void mnuFileBringBack_Click(Program& program) {
@@ -173,8 +172,7 @@ void mnuFileBringBack_Click(Program& program) {
   const bool kept = !history.journal_failed && FlushJournal(program.host, history.journal) == 0;
   if (kept) RemoveLostWork(work);
   ShowOffer(program, history);
-  program.main.sbStatusBar.caption =
-      "Brought back: " + WorkText(program, work) + ". Run the design again to see its results.";
+  Say(program, words::kBroughtBack(WorkText(program, work)));
 }
 
 }  // namespace torvale

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "reports/print_commands.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 
@@ -33,7 +35,7 @@ const PrintButton* PrintButtonOf(const ControlFacts& button) {
 // Says so where there is nothing to print.
 bool ResultsShown(Program& program) {
   const bool shown = program.main.Grid2.control.visible;
-  if (!shown) program.main.sbStatusBar.caption = "There are no results to print: run a design first.";
+  if (!shown) Say(program, words::kNothingToPrint);
   return shown;
 }
 

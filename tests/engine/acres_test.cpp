@@ -2,60 +2,50 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/fake_engine_host.h"
-
 namespace torvale {
 namespace {
 
 // 1,000 ft * 43.56 ft is one acre. The last row closes the field and owns no strip.
 TEST(AcreCalc, LastRowOwnsNoStrip) {
   DesignRecord record;
-  FakeEngineHost host;
   record.HoleRows = 3;
   for (int row = 1; row <= 3; ++row) {
     record.FurrowLength[row] = 1000;
     record.PlantedWidth[row] = 43.56F;
   }
-  AcreCalc(record, host);
+  EXPECT_TRUE(AcreCalc(record));
   EXPECT_NEAR(static_cast<double>(record.TotalAcres), 2, 1e-6);
 }
 
 TEST(AcreCalc, OneRowOrNoneHasNoArea) {
   for (const std::int16_t rows : {std::int16_t{0}, std::int16_t{1}}) {
     DesignRecord record;
-    FakeEngineHost host;
     record.HoleRows = rows;
     record.TotalAcres = 9;
     record.FurrowLength[1] = 1000;
     record.PlantedWidth[1] = 60;
-    AcreCalc(record, host);
+    EXPECT_TRUE(AcreCalc(record));
     EXPECT_EQ(record.TotalAcres, 0);
-    EXPECT_TRUE(host.messages.empty());
   }
 }
 
 // 2,000 ft of the widest width that 32 bits hold, in each of many rows, is more acres than they hold.
-TEST(AcreCalc, AreaBeyondTheRangeIsAMessage) {
+TEST(AcreCalc, AreaBeyondTheRangeIsRefused) {
   DesignRecord record;
-  FakeEngineHost host;
   record.HoleRows = 30;
   record.TotalAcres = 9;
   for (int row = 1; row <= 30; ++row) {
     record.FurrowLength[row] = 2000;
     record.PlantedWidth[row] = 3e38F;
   }
-  AcreCalc(record, host);
+  EXPECT_FALSE(AcreCalc(record));
   EXPECT_EQ(record.TotalAcres, 0);
-  ASSERT_EQ(host.messages.size(), 1U);
-  EXPECT_EQ(host.messages[0], (std::pair<std::string, std::string>{"Error calculating acres.", ""}));
 }
 
-TEST(AcreCalc, RowPastTheArrayIsAMessage) {
+TEST(AcreCalc, RowPastTheArrayIsRefused) {
   DesignRecord record;
-  FakeEngineHost host;
   record.HoleRows = 6000;
-  AcreCalc(record, host);
-  ASSERT_EQ(host.messages.size(), 1U);
+  EXPECT_FALSE(AcreCalc(record));
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
-// An engine host that keeps what it is told and can press Cancel at one exact yield.
+// An engine host that counts what it is told and can press Cancel at one exact yield.
 #pragma once
 
 #include <algorithm>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 #include "engine/engine_host.h"
 #include "record/design_record.h"
@@ -32,17 +28,6 @@ struct FakeEngineHost final : EngineHost {
     }
     return std::min(idle, cancel_at - yields - 1);
   }
-  void Message(std::string_view body, std::string_view title) override {
-    messages.emplace_back(body, title);
-    log.emplace_back("message");
-  }
-  void EndBusy() override { log.emplace_back("end busy"); }
-  void HideCancel() override { log.emplace_back("hide cancel"); }
-  void OfferInterpolation() override { log.emplace_back("offer interpolation"); }
-  void ShowSurvey() override { log.emplace_back("show survey"); }
-  void MoveSurveyCell(int row, int column) override { moves.emplace_back(row, column); }
-  void SurveyCellRefused(int row, int column) override { refused.emplace_back(row, column); }
-  void AlignSurveyCell(int row, int column) override { aligned.emplace_back(row, column); }
   void TotalAcresChanged() override { ++acres_changes; }
   void UniformityChanged() override { ++uniformity_changes; }
 
@@ -51,11 +36,6 @@ struct FakeEngineHost final : EngineHost {
   long calls = 0;
   long cancel_at = 0;
   DesignRecord* cancelled = nullptr;
-  std::vector<std::pair<std::string, std::string>> messages;  // body, title
-  std::vector<std::string> log;                               // what changed on the screen, in order
-  std::vector<std::pair<int, int>> moves;
-  std::vector<std::pair<int, int>> refused;  // cells that a refusal speaks of
-  std::vector<std::pair<int, int>> aligned;
   int acres_changes = 0;
   int uniformity_changes = 0;
 };

@@ -39,7 +39,7 @@ TEST(FlowCalc, ConvergesOnTheFirstMarch) {
   EXPECT_EQ(line.record.FlowCalcStatus, "Ok");
   EXPECT_EQ(line.record.DesignOK, "True");
   EXPECT_FALSE(line.record.CancelFlag);
-  EXPECT_EQ(line.host.messages.size(), 0U);
+  EXPECT_EQ(line.end.way, FlowEnd::Way::kDone);
 }
 
 // One row, head 1 to begin with, the flow at 2.63 ft wanted. Up: 1.5, 2.0, 2.5, 3.0 (too much), a tenth down: 2.9, 2.8,
@@ -230,7 +230,7 @@ TEST(FlowCalc, NoRows) {
   EXPECT_EQ(line.record.MinHeadStation, 2000);
   EXPECT_EQ(line.record.FlowCalcStatus, "");  // the final count was left out
   EXPECT_EQ(line.record.WateredFurrows, 7);
-  EXPECT_EQ(line.host.messages.size(), 0U);
+  EXPECT_EQ(line.end.way, FlowEnd::Way::kDone);
 }
 
 // What an earlier, longer design left is cleared.

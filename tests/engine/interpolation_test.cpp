@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/fake_engine_host.h"
 #include "engine/sheet.h"
 
 namespace torvale {
@@ -13,7 +12,7 @@ using Texts = std::vector<std::string>;
 
 struct Completed {
   explicit Completed(const std::vector<SheetRow>& rows) : sheet(Sheet(rows)) { Again(); }
-  void Again() { InterpolateSurvey(record, sheet, {spacing, hole_count, mil}, host); }
+  void Again() { end = InterpolateSurvey(record, sheet, {spacing, hole_count, mil}); }
   Texts Column(int column) const { return ColumnOf(sheet, column, record.SurveyRows); }
 
   std::string spacing = "30";
@@ -21,7 +20,7 @@ struct Completed {
   std::string mil = "9";
   TextGrid sheet;
   DesignRecord record;
-  FakeEngineHost host;
+  SurveyEnd end;
 };
 
 SheetRow Full(const std::string& station, const std::string& crown, const std::string& length,
@@ -192,12 +191,11 @@ TEST(InterpolateSurvey, SpacingIsNeverCopiedFromASupplyMark) {
   EXPECT_EQ(from_above.Column(kSpacingColumn), (Texts{"50", "Line", "Line", "50"}));
 }
 
-TEST(InterpolateSurvey, CursorEndsInTheLastRowAndWidthsAreAligned) {
+// Through the interpolated readings, then down the last column.
+TEST(InterpolateSurvey, CursorEndsInTheLastRow) {
   const Completed done({Full("0", "10", "600"), Full("100", "", "600"), Full("200", "9", "600")});
-  // First through the interpolated reading, then down the last column.
-  EXPECT_EQ(done.host.moves, (std::vector<std::pair<int, int>>{{2, 1}, {1, 8}, {2, 8}, {3, 8}}));
-  EXPECT_EQ(done.host.aligned, (std::vector<std::pair<int, int>>{{1, 8}, {2, 8}, {3, 8}}));
-  EXPECT_EQ(done.host.log, (Texts{"show survey"}));
+  EXPECT_EQ(done.end.way, SurveyEnd::Way::kCompleted);
+  EXPECT_EQ(done.end.cursor, (SheetCell{3, kPlantedWidthColumn}));
 }
 
 TEST(InterpolateSurvey, RunningItAgainChangesNothing) {

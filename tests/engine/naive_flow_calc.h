@@ -92,19 +92,10 @@ inline void CarryHead(DesignRecord& r, const std::string& kind, int row) {
   r.Head[row - 1] = Finite(r.Head[row] - rise + friction);
 }
 
-inline void GiveUp(DesignRecord& r, EngineHost& host, int fail_row) {
+inline void GiveUp(DesignRecord& r) {
   const bool selection = r.DesignType == 4 || r.DesignType == 6;
   const bool slope = r.DesignType == 2 || r.DesignType == 3;
-  std::string body = "               Station " + Format(Wide(r.Station[fail_row]), "####0") + "  Head " +
-                     GeneralText(Int(r.Head[fail_row] * 100 + 0.5) / 100);
-  body += selection ? "     GPM = " : "   GPM = ";
-  body += Format(Wide(r.AccumGPM), "####0") + "\r";
-  if (selection) {
-    host.Message(body + "Can not calculate, try changing Target Head", "Computer Selecter Hole Calculating Problem");
-    r.FlowCalcStatus = "Ok";
-  } else {
-    host.Message(body + "Can not calculate, try reducing Hole Size or Pipe Diameter", "Problem Calculating");
-  }
+  if (selection) r.FlowCalcStatus = "Ok";
   if (!slope) r.CalcProblem = "Problem";
   r.DesignOK = "False";
   r.CancelFlag = true;
@@ -150,7 +141,8 @@ inline bool Meets(const DesignRecord& r) {
 }
 
 // The marches; false where the procedure was left before its last two steps.
-inline bool March(DesignRecord& r, const std::string& kind, EngineHost& host, int& tries) {
+inline bool March(DesignRecord& r, const std::string& kind, EngineHost& host, FlowEnd& end) {
+  int& tries = end.tries;
   std::string last_step;
   int fail_row = 0;
   int row = r.HoleRows;
@@ -158,7 +150,10 @@ inline bool March(DesignRecord& r, const std::string& kind, EngineHost& host, in
     if (row == 0) return true;
     if (row % 10 != 0) {
       host.Yield(1);
-      if (r.CancelFlag) return false;
+      if (r.CancelFlag) {
+        end.way = FlowEnd::Way::kCancelled;
+        return false;
+      }
     }
     if (r.Head[row] < 0) {
       fail_row = row;
@@ -170,7 +165,9 @@ inline bool March(DesignRecord& r, const std::string& kind, EngineHost& host, in
     if (row == 1 && Meets(r)) break;
     CarryHead(r, kind, row);
     if (tries == 200) {
-      GiveUp(r, host, fail_row);
+      GiveUp(r);
+      end.way = FlowEnd::Way::kTryLimit;
+      end.fail_row = fail_row;
       return false;
     }
     if (row == 1 || r.Head[row - 1] < 0) {
@@ -188,7 +185,7 @@ inline bool March(DesignRecord& r, const std::string& kind, EngineHost& host, in
   return true;
 }
 
-inline void Run(DesignRecord& r, const TypedTexts& texts, EngineHost& host, int& tries) {
+inline void Run(DesignRecord& r, const TypedTexts& texts, EngineHost& host, FlowEnd& end) {
   for (RowArray<float>* list : {&r.FurrowFlow, &r.HoleArea, &r.FurrowNumber, &r.NormFurrowFlow}) list->Clear();
   r.NormFurrowLength.Clear();
   r.MaxHead = 0;
@@ -202,22 +199,20 @@ inline void Run(DesignRecord& r, const TypedTexts& texts, EngineHost& host, int&
   const double dia = Val(texts.sheet.Text(r.SurveyRows, 4));
   r.PipeArea[r.WateredFurrows] = Store32(dia * dia * 3.14 / 4);
   r.AccumGPM = 0;
-  tries = 0;
-  if (March(r, texts.survey_kind, host, tries)) Extremes(r);
+  if (March(r, texts.survey_kind, host, end)) Extremes(r);
 }
 
-inline void FlowCalc(DesignRecord& r, const TypedTexts& texts, EngineHost& host, int& tries) {
+inline FlowEnd FlowCalc(DesignRecord& r, const TypedTexts& texts, EngineHost& host) {
+  FlowEnd end;
   try {
-    Run(r, texts, host, tries);
+    Run(r, texts, host, end);
   } catch (const RunTimeFault&) {
-    host.Message(
-        "There is a problem trying to calculate design with existing parameters. "
-        "Check all of your inputs to see if they are entered correctly.",
-        "");
-    tries = 100;
+    end.way = FlowEnd::Way::kFault;
+    end.tries = 100;
     r.MissingData = -1;
     r.CancelFlag = true;
   }
+  return end;
 }
 
 }  // namespace torvale::naive

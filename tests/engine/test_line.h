@@ -33,9 +33,8 @@ struct TestLine {
     }
   }
   int Run() {
-    int tries = -1;
-    FlowCalc(record, {sheet, target_head, survey_kind}, host, tries);
-    return tries;
+    end = FlowCalc(record, {sheet, target_head, survey_kind}, host);
+    return end.tries;
   }
 
   DesignRecord record;
@@ -43,6 +42,7 @@ struct TestLine {
   std::string target_head = "1.0";
   std::string survey_kind = "E";
   FakeEngineHost host;
+  FlowEnd end;
 };
 
 // Flow in gallons per minute out of `count` holes of diameter `feet` under `head` feet with Cd 0.65: the orifice

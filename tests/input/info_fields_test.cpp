@@ -129,13 +129,13 @@ TEST_F(InfoFieldsTest, TheStatusBarTellsWhatTheFieldIsFor) {
 }
 
 TEST_F(InfoFieldsTest, EveryFieldHasAHintOfItsOwn) {
-  std::set<std::string_view> hints;
+  std::set<std::string> hints;
   int fields = 0;
   for (const NamedControl& named : ControlsOf(program.main)) {
     if (named.kind != ControlKind::kField) continue;
     ++fields;
     EXPECT_FALSE(FocusHint(program, named.name).empty()) << named.name;
-    hints.insert(FocusHint(program, named.name));
+    hints.insert(FocusHint(program, named.name).text());
   }
   EXPECT_EQ(fields, 25);  // six of information, sixteen of preferences, three of the best holes
   EXPECT_EQ(hints.size(), 25U);

@@ -92,10 +92,10 @@ TEST_F(SheetCursorTest, ASelectionFromTheHeadingRowBeginsBelowIt) {
 }
 
 TEST_F(SheetCursorTest, EveryColumnHasAHintOfItsOwn) {
-  std::set<std::string_view> hints;
+  std::set<std::string> hints;
   for (int column = 0; column < 9; ++column) {
     EXPECT_FALSE(ColumnHint(column).empty());
-    hints.insert(ColumnHint(column));
+    hints.insert(ColumnHint(column).text());
   }
   EXPECT_EQ(hints.size(), 9U);
   EXPECT_EQ(ColumnHint(-1), "");

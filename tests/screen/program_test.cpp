@@ -46,33 +46,10 @@ TEST_F(ProgramTest, ReachCountsTheFramesToo) {
   EXPECT_EQ(ReachOf(program, "txtDefault(0)"), Reach::kUsable);
 }
 
-TEST_F(ProgramTest, EngineSpeaksThroughTheDesktop) {
-  host.Message("body", "title");
-  EXPECT_EQ(desktop.messages, (std::vector<Shown>{{"body", "title"}}));
+TEST_F(ProgramTest, EngineYieldsThroughTheDesktop) {
   host.Yield(3);
   host.Yield(2);
   EXPECT_EQ(desktop.yields, 5);
-}
-
-TEST_F(ProgramTest, EngineChangesTheScreen) {
-  MainScreen& main = program.main;
-  main.busy = main.cmdCancel.visible = true;
-  main.cmdInterpolate.visible = main.Grid1.control.visible = false;
-  host.EndBusy();
-  host.HideCancel();
-  host.OfferInterpolation();
-  host.ShowSurvey();
-  EXPECT_FALSE(main.busy);
-  EXPECT_FALSE(main.cmdCancel.visible);
-  EXPECT_TRUE(main.cmdInterpolate.visible);
-  EXPECT_TRUE(main.Grid1.control.visible);
-  host.MoveSurveyCell(7, 8);
-  host.AlignSurveyCell(7, 8);
-  EXPECT_EQ(main.Grid1.row, 7);
-  EXPECT_EQ(main.Grid1.column_sel, 8);
-  EXPECT_EQ(main.Grid1.AlignOf(7, 8), Align::kCentreBottom);
-  host.SurveyCellRefused(5, 0);
-  EXPECT_EQ(main.refused, (SheetCell{5, 0}));
 }
 
 TEST_F(ProgramTest, AcresAreShownToTenths) {
@@ -95,31 +72,6 @@ TEST_F(ProgramTest, UniformityColoursItsLabel) {
     EXPECT_TRUE(program.main.lblEffic.visible);
     EXPECT_EQ(program.main.lblEffic.caption, caption);
   }
-}
-
-// The march reads the target head and the survey's kind from the fields afresh. One hole of half a foot under 2 ft:
-// 649.7 gallons per minute.
-TEST_F(ProgramTest, MarchReadsTheFields) {
-  DesignRecord& r = program.record;
-  r.DesignType = kPlanned;
-  r.SurveyRows = r.HoleRows = r.WateredFurrows = 1;
-  r.TargetGPM = 649.7F;
-  r.DischargeCoef = 0.65F;
-  r.HazenWilliamsC = 140;
-  r.HoleDia[1] = 0.5F;
-  r.HolesPerFurrow[1] = 1;
-  r.PipeDia[1] = 10;
-  r.FurrowLength[1] = 600;
-  r.FlowRatio[1] = 1;
-  program.main.txtInfo[3].Set("2");
-  int tries = -1;
-  RunFlowCalc(program, tries);
-  EXPECT_EQ(tries, 0);
-  EXPECT_EQ(r.Head[1], 2);
-  program.main.txtInfo[3].Set("2.5");
-  RunFlowCalc(program, tries);
-  EXPECT_EQ(tries, 1);  // too much flow once, half a foot off, and the target is met
-  EXPECT_EQ(r.Head[1], 2);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "base/format.h"
 #include "engine/uniformity.h"
+#include "search/flow_run.h"
 #include "search_program.h"
 
 namespace torvale {

@@ -31,7 +31,7 @@ struct EarlierVersionsTest : ::testing::Test {
   }
   // A save of `bytes` as the program does it.
   void Save(const std::string& path, std::string_view bytes, const VersionLimits& limits = {}) {
-    said = KeepEarlierVersion(program, path, bytes, limits);
+    said = KeepEarlierVersion(program, path, bytes, limits).text();
     Write(path, bytes);
   }
   std::vector<std::string> Contents() {

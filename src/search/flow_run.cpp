@@ -1,0 +1,70 @@
+#include "search/flow_run.h"
+
+#include <limits>
+
+#include "base/arithmetic.h"
+#include "base/format.h"
+#include "base/numbers.h"
+#include "engine/acres.h"
+#include "engine/flow_calc.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
+
+namespace torvale {
+namespace {
+
+// Nobody is given a turn.
+class QuietEngineHost final : public ScreenEngineHost {
+ public:
+  using ScreenEngineHost::ScreenEngineHost;
+  long Yield(long /*due*/) override { return std::numeric_limits<long>::max(); }
+};
+
+void TellTryLimit(Program& program, int fail_row) {
+  const DesignRecord& record = program.record;
+  const auto& limit = IsHoleSelection(record) ? words::kTryLimitOfSelection : words::kTryLimit;
+  Tell(program,
+       limit(Format(static_cast<double>(record.Station[fail_row]), "####0"),
+             GeneralText(Hundredths(record.Head[fail_row])), Format(static_cast<double>(record.AccumGPM), "####0")));
+}
+
+void Calculate(Program& program, EngineHost& host, int& tries) {
+  MainScreen& main = program.main;
+  const FlowEnd end =
+      FlowCalc(program.record, {main.Grid1.cells(), main.txtInfo[3].text(), main.txtInfo[5].text()}, host);
+  tries = end.tries;
+  if (end.acres_failed) Tell(program, words::kAcresFault);
+  switch (end.way) {
+    case FlowEnd::Way::kDone:
+    case FlowEnd::Way::kCancelled:
+      return;
+    case FlowEnd::Way::kTryLimit:
+      TellTryLimit(program, end.fail_row);
+      main.cmdCancel.visible = false;
+      main.cmdInterpolate.visible = true;
+      main.busy = false;
+      return;
+    case FlowEnd::Way::kFault:
+      Tell(program, words::kFlowFault);
+      main.cmdCancel.visible = false;
+      return;
+  }
+}
+
+}  // namespace
+
+void RunFlowCalc(Program& program, int& tries) {
+  ScreenEngineHost host(program);
+  Calculate(program, host, tries);
+}
+
+void RunFlowCalcQuietly(Program& program, int& tries) {
+  QuietEngineHost host(program);
+  Calculate(program, host, tries);
+}
+
+void RunAcreCalc(Program& program) {
+  if (!AcreCalc(program.record)) Tell(program, words::kAcresFault);
+}
+
+}  // namespace torvale

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// `FlowCalc` over the program's record, sheet and fields, with the words for the way it ended: a message where it gave
+// up, failed, or could not work out the acres. `tries` as in FlowEnd.
+void RunFlowCalc(Program& program, int& tries);
+// The same without a yield.
+void RunFlowCalcQuietly(Program& program, int& tries);
+
+// `AcreCalc`, with its message.
+void RunAcreCalc(Program& program);
+
+}  // namespace torvale
