@@ -11,6 +11,7 @@
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "record/hole_sizes.h"
+#include "screen/fields.h"
 #include "search/design_commands.h"
 #include "shell/commands.h"
 #include "shell/events.h"
@@ -19,7 +20,6 @@ namespace torvale {
 namespace {
 
 constexpr std::array<std::string_view, 7> kDesignFiles = {".PFD", ".CSD", ".DSD", ".CSH", ".XFD", ".LHD", ".DAT"};
-constexpr std::size_t kHoleSizePreference = 1;
 constexpr std::string_view kTooLarge = "is a larger number than the program holds";
 
 bool IsDesignFile(std::string_view name) {
@@ -44,7 +44,7 @@ void Type(const FieldRow& field, TextField& target, const std::string& text) {
 
 void SetPreferences(Program& program, const FieldRow& field) {
   for (const auto& [index, text] : field.preferences) {
-    if (index == kHoleSizePreference && HoleSizeByName(program.record, text) == 0) {
+    if (index == Preference::kHoleSize && HoleSizeByName(program.record, text) == 0) {
       Fail(field, "\"" + text + "\" is no size of the hole size table");
     }
     Type(field, program.main.txtDefault.at(index), text);
@@ -66,7 +66,7 @@ void ChoosePipeKind(Program& program, const FieldRow& field) {
   if (field.pipe.empty() || field.pipe == program.record.PipeKind) return;
   // Results that are shown would be worked out anew for the other pipe.
   if (program.main.Grid2.control.visible) mnuWindowInfo_Click(program);
-  Click(program, field.pipe == "R" ? "mnuRigidPipe" : "mnuLayflatPipe");
+  Click(program, field.pipe == kRigid ? "mnuRigidPipe" : "mnuLayflatPipe");
 }
 
 void ChooseSoil(Program& program, const FieldRow& field) {
@@ -94,7 +94,7 @@ void ChooseHoles(Program& program, const FieldRow& field) {
 // An empty cell of the first row leaves the preference there; station and reading are always the survey's.
 void EnterSurvey(Program& program, const FieldRow& field, const SurveyTable& survey) {
   Grid& sheet = program.main.Grid1;
-  const std::string hole = program.main.txtDefault.at(kHoleSizePreference).text();
+  const std::string hole = TextOf(program.main, Preference::kHoleSize);
   for (std::size_t i = 0; i < survey.rows.size(); ++i) {
     const int row = static_cast<int>(i) + 1;
     for (int column = 0; column < kSurveyColumns; ++column) {

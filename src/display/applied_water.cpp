@@ -5,6 +5,7 @@
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -28,7 +29,7 @@ void AcreInchPumped(Program& program) {
   Grid& grid = program.main.GridInchesApplied;
   grid.control.visible = true;
   grid.columns.at(0).align = Align::kCentreCentre;
-  const double gpm = Val(program.main.txtInfo[2].text());
+  const double gpm = Val(TextOf(program.main, InfoField::kGpm));
   const double acres = static_cast<double>(program.record.TotalAcres);
   int row = 1;
   for (const AppliedDepth& depth : kAppliedDepths) {

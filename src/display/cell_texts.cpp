@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "engine/hole_geometry.h"
 #include "record/hole_sizes.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -71,9 +72,8 @@ namespace {
 
 double OpeningFor(const Program& program, int i, int gates) {
   const DesignRecord& record = program.record;
-  const auto& defaults = program.main.txtDefault;
   const double area = static_cast<double>(AtRow(record, record.HoleArea, i)) * kSquareInches / gates;
-  if (defaults[11].text() == "R") return Divide(area, Val(defaults[12].text()));
+  if (HasRectangularGates(program.main)) return Divide(area, Val(TextOf(program.main, Preference::kGateSize)));
   double opening = 0;
   GateMove(area, static_cast<double>(AtRow(record, record.SurveyHoleDia, i)), opening);
   return opening;
@@ -87,7 +87,7 @@ double GateOpening(const Program& program, int i) {
 
 std::string EachGateText(const Program& program, int i) {
   const int gates = AtRow(program.record, program.record.HolesPerFurrow, i);
-  if (program.record.PipeKind == "L" || gates < 2) return "";
+  if (IsLayflat(program.record) || gates < 2) return "";
   try {
     return "Each of the " + GeneralText(gates) + " gates of a furrow opens " +
            Format(OpeningFor(program, i, gates), "0.000") + " in.";
@@ -98,9 +98,9 @@ std::string EachGateText(const Program& program, int i) {
 
 std::string OpeningText(const Program& program, int i, int size_index, const NumberPattern& circular_gate) {
   if (size_index == 0) return "";
-  if (program.record.PipeKind == "L") return program.record.HoleSizeName[size_index];
-  const bool rectangular = program.main.txtDefault[11].text() == "R";
-  if (rectangular && Val(program.main.txtDefault[12].text()) == 0) return "";
+  if (IsLayflat(program.record)) return program.record.HoleSizeName[size_index];
+  const bool rectangular = HasRectangularGates(program.main);
+  if (rectangular && Val(TextOf(program.main, Preference::kGateSize)) == 0) return "";
   return Format(GateOpening(program, i), rectangular ? kShortGate : circular_gate);
 }
 

@@ -11,6 +11,7 @@
 #include "display/input_screen.h"
 #include "display/result_tables.h"
 #include "engine/survey.h"
+#include "screen/fields.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -38,43 +39,43 @@ void ShowState(Program& program) {
   main.lblEffic.caption = "Distribution Uniformity = " + GeneralText(program.record.Uniformity);
   ScreenEngineHost(program).UniformityChanged();
   main.frmDisplay.visible = true;
-  main.frmDisplayLbl[15].back.reset();
+  main.frmDisplayLbl[Figure::kCrownDifferential].back.reset();
 }
 
 // The signed drop of the designed crown from the first row to the last, for the two slope designs.
 void ShowCrownDifferential(Program& program) {
   MainScreen& main = program.main;
   const DesignRecord& record = program.record;
-  Control& value = main.frmDisplayLbl[15];
+  Control& value = main.frmDisplayLbl[Figure::kCrownDifferential];
   const bool slope_design = main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked;
-  main.frmDisplayLbl[14].visible = slope_design;
+  main.frmDisplayLbl[Figure::kCrownDifferentialName].visible = slope_design;
   value.visible = slope_design;
   if (!slope_design) return;
   const double differential = static_cast<double>(
       Store32(static_cast<double>(record.DesignElev[1]) - static_cast<double>(record.DesignElev[record.HoleRows])));
   value.caption = Format(differential, "##.00 ft.");
-  if (differential > Val(main.txtDefault[4].text())) value.back = kYellow;
+  if (differential > Val(TextOf(main, Preference::kFillWarning))) value.back = kYellow;
 }
 
 void ColourHeads(Program& program) {
   MainScreen& main = program.main;
-  const float target = Narrow(Val(main.txtInfo[3].text()));
-  main.frmDisplayLbl[1].back = target > program.record.MaxHead ? kStrongGreen : kYellow;
-  main.frmDisplayLbl[5].back = program.record.MinHead >= kLowestHead ? kStrongGreen : kYellow;
+  const float target = Narrow(Val(TextOf(main, InfoField::kTargetHead)));
+  main.frmDisplayLbl[Figure::kMaxHead].back = target > program.record.MaxHead ? kStrongGreen : kYellow;
+  main.frmDisplayLbl[Figure::kMinHead].back = program.record.MinHead >= kLowestHead ? kStrongGreen : kYellow;
 }
 
 void ShowFigures(Program& program) {
   const DesignRecord& record = program.record;
-  const auto show = [&](std::size_t label, double value, std::string_view pattern) {
-    program.main.frmDisplayLbl[label].caption = Format(value, pattern);
+  const auto show = [&](Figure::Index figure, double value, std::string_view pattern) {
+    program.main.frmDisplayLbl[figure].caption = Format(value, pattern);
   };
-  show(1, static_cast<double>(record.MaxHead), "##.00");
-  show(3, record.MaxHeadStation, "####0");
-  show(5, static_cast<double>(record.MinHead), "##.00");
-  show(7, record.MinHeadStation, "####0");
-  show(9, static_cast<double>(record.MaxFurrowFlow), "####.00");
-  show(11, static_cast<double>(record.MinFurrowFlow), "####.00");
-  show(13, static_cast<double>(record.AccumGPM), "####0");
+  show(Figure::kMaxHead, static_cast<double>(record.MaxHead), "##.00");
+  show(Figure::kMaxHeadStation, record.MaxHeadStation, "####0");
+  show(Figure::kMinHead, static_cast<double>(record.MinHead), "##.00");
+  show(Figure::kMinHeadStation, record.MinHeadStation, "####0");
+  show(Figure::kMaxFurrowFlow, static_cast<double>(record.MaxFurrowFlow), "####.00");
+  show(Figure::kMinFurrowFlow, static_cast<double>(record.MinFurrowFlow), "####.00");
+  show(Figure::kTotalFlow, static_cast<double>(record.AccumGPM), "####0");
 }
 
 void ShowConstantSlope(Program& program) {

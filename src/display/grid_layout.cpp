@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "engine/survey.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -67,27 +68,23 @@ void SetSheetColours(Grid& grid) {
   grid.control.fore = kBlack;
 }
 
-bool CircularGates(const Program& program) {
-  return program.main.txtDefault[11].text() == "C";
-}
-
 // Rods are named here for "R" alone and elevations on the results for "E" alone, so that any other letter gives an
 // elevation heading here and a rod heading there.
 std::string_view SurveyCrownHeading(const Program& program) {
-  return program.main.txtInfo[5].text() == "R" ? "Rod Reading (feet)" : "Elevations (feet)";
+  return ReadsRods(program.main) ? "Rod Reading (feet)" : "Elevations (feet)";
 }
 
 std::string_view ResultCrownHeading(const Program& program) {
-  return program.main.txtInfo[5].text() == "E" ? "Elevation (feet)" : "Rod Reading (feet)";
+  return ReadsElevations(program.main) ? "Elevation (feet)" : "Rod Reading (feet)";
 }
 
 std::string_view HoleSizeHeading(const Program& program) {
-  return CircularGates(program) ? "Hole Diameter (fractions)" : "Hole Width (fractions)";
+  return HasCircularGates(program.main) ? "Hole Diameter (fractions)" : "Hole Width (fractions)";
 }
 
 std::string_view OpeningHeading(const Program& program) {
-  if (program.record.PipeKind == "L") return "Hole Dia. (Inches)";
-  return CircularGates(program) ? "Circular Gate Opening (Inches)" : "Rectangle Gate Opening (Inches)";
+  if (IsLayflat(program.record)) return "Hole Dia. (Inches)";
+  return HasCircularGates(program.main) ? "Circular Gate Opening (Inches)" : "Rectangle Gate Opening (Inches)";
 }
 
 void LayOutSurvey(Program& program) {
@@ -102,7 +99,7 @@ void LayOutSurvey(Program& program) {
   for (int c = 0; c < kSurveyColumns; ++c) sheet.SetAlign(0, c, Align::kCentreBottom);
   sheet.SetAlign(1, kPlantedWidthColumn, Align::kCentreBottom);
   if (program.record.DesignType == kNoDesign && sheet.Text(1, kHoleSizeColumn).empty()) {
-    sheet.Set(1, kHoleSizeColumn, program.main.txtDefault[1].text());
+    sheet.Set(1, kHoleSizeColumn, TextOf(program.main, Preference::kHoleSize));
   }
   sheet.SetCurrent(1, 0);
 }
@@ -144,7 +141,7 @@ void GridSet(Program& program) {
   main.cmdReCalc.place = {9250, 2295, 1100, 315};
   LayOutSurvey(program);
   LayOutResults(program);
-  main.mnuLayflatPipe.ticked = program.record.PipeKind == "L";
+  main.mnuLayflatPipe.ticked = IsLayflat(program.record);
   main.mnuRigidPipe.ticked = !main.mnuLayflatPipe.ticked;
   LayOutAppliedWater(main.GridInchesApplied);
   main.frameShowLimitedHoles.place = {10900, 2200, 4455, 7130};

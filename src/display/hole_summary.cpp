@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "base/run_time_fault.h"
 #include "display/cell_texts.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -32,9 +33,8 @@ void StartTexts(Program& program) {
   record.HoleSumStations = " Hole Diameter \n";
   record.HoleSumLengths = " Stations \n";
   record.HoleSumCounts = " Number of Holes \n";
-  record.HoleSumSeparator = program.main.txtDefault[11].text() == "C"
-                                ? "Fraction Hole Equivalent using a Round Hole = "
-                                : "Fraction Hole Equivalent using a Rectangular Hole = ";
+  record.HoleSumSeparator = HasCircularGates(program.main) ? "Fraction Hole Equivalent using a Round Hole = "
+                                                           : "Fraction Hole Equivalent using a Rectangular Hole = ";
 }
 
 // The crown profile repeats the slope as the main screen has it at this moment.
@@ -52,7 +52,7 @@ void WriteRuns(Program& program) {
     record.HoleSumLengths += record.HoleSumFurrowText[i] + "\r";
     record.HoleSumCounts += GeneralText(record.HoleSumCount[i]) + "\r";
     const std::string name = ChosenSizeName(program, i);
-    if (record.PipeKind == "L") {
+    if (IsLayflat(record)) {
       record.HoleSumStations += name + "\r";
       continue;
     }

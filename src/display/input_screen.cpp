@@ -1,5 +1,7 @@
 #include "display/input_screen.h"
 
+#include "screen/fields.h"
+
 namespace torvale {
 namespace {
 
@@ -63,8 +65,8 @@ void ForgetDesign(Program& program) {
     main.frmDisplayLbl.at(i).caption.clear();
     main.frmDisplayLbl.at(i).back.reset();
   }
-  main.frmDisplayLbl[14].visible = false;
-  main.frmDisplayLbl[15].visible = false;
+  main.frmDisplayLbl[Figure::kCrownDifferentialName].visible = false;
+  main.frmDisplayLbl[Figure::kCrownDifferential].visible = false;
   main.GridInchesApplied.cells().Erase(1, 0, main.GridInchesApplied.rows() - 1,
                                        main.GridInchesApplied.column_count() - 1);
 }

@@ -8,6 +8,7 @@
 #include "base/numbers.h"
 #include "display/cell_texts.h"
 #include "record/hole_sizes.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -59,14 +60,14 @@ int OutletOfSelection(const Program& program) {
 void ShowEquivalentHole(Program& program, MouseButton button) {
   const DesignRecord& record = program.record;
   MainScreen& main = program.main;
-  if (record.PipeKind != "R" || button != MouseButton::kLeft) return;
+  if (!IsRigid(record) || button != MouseButton::kLeft) return;
   const int i = OutletOfSelection(program);
   if (i == 0) return;
   // A limited selection, too, is read from the free choice of the computer.
   const bool selection = record.DesignType == kComputerHoles || record.DesignType == kLimitedHoles;
   const int size = HoleSizeByValue(record, selection ? record.ComputerHoleDia[i] : record.SurveyHoleDia[i]);
   if (size == 0) return;
-  const std::string gate = main.txtDefault[11].text() == "C" ? "Circular" : "Rectangular";
+  const std::string gate = HasCircularGates(main) ? "Circular" : "Rectangular";
   main.frameHoleEquiv.visible = true;
   main.lblHoleEquiv.caption = main.Grid2.Text(main.Grid2.row_sel, kResultOpening) + " Gate opening of a " + gate +
                               " hole is equal to " + record.HoleSizeName[size] + " in. Diameter Layflat hole";

@@ -7,6 +7,7 @@
 #include "engine/line.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "record/kinds.h"
 
 namespace torvale {
 namespace {
@@ -100,7 +101,7 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
   const double diameter = SurveyReader(texts.sheet, record.SurveyRows).Val(record.SurveyRows, kPipeDiaColumn);
   record.PipeArea[record.WateredFurrows] = Store32(diameter * diameter * 3.14 / 4);
   record.AccumGPM = 0;
-  const EndHeadSearch search = March(record, texts.survey_kind == "E", host);
+  const EndHeadSearch search = March(record, ReadsElevations(texts.survey_kind), host);
   end.tries = search.tries;
   switch (search.outcome) {
     case EndHeadSearch::Outcome::kStopped:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/uniformity.h"
+#include "record/kinds.h"
 
 namespace torvale {
 namespace {
@@ -26,8 +27,8 @@ float UniformityOfTrial(const SlopeField& field, PlainTrialWork& work) {
 void PrepareSlopeField(const DesignRecord& record, double first_head, std::string_view survey_kind, SlopeField& field) {
   const int rows = record.HoleRows;
   const auto size = static_cast<std::size_t>(rows) + 1;
-  field.elevations = survey_kind == "E";
-  field.grows_downward = survey_kind == "R";
+  field.elevations = ReadsElevations(survey_kind);
+  field.grows_downward = ReadsRods(survey_kind);
   PrepareLine(record, field.elevations, field.line);
   field.target = record.TargetGPM;
   field.first_head = first_head;

@@ -21,6 +21,7 @@
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
+#include "screen/fields.h"
 #include "screen/file_choice.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
@@ -69,7 +70,7 @@ std::string FileNameOf(std::string_view path) {
 
 // What an unnamed design is saved as.
 std::string OwnName(const Program& program) {
-  const std::string& name = program.main.txtInfo[0].text();
+  const std::string& name = TextOf(program.main, InfoField::kDesignName);
   return name.empty() ? "NoName" : name;
 }
 
@@ -134,8 +135,8 @@ void Load(Program& program, int& sizes) {
 }
 
 void TickPipe(Program& program) {
-  if (program.record.PipeKind.empty()) program.record.PipeKind = "L";
-  const bool layflat = program.record.PipeKind == "L";
+  if (program.record.PipeKind.empty()) program.record.PipeKind = kLayflat;
+  const bool layflat = IsLayflat(program.record);
   program.main.mnuLayflatPipe.ticked = layflat;
   program.main.mnuRigidPipe.ticked = !layflat;
 }
@@ -232,7 +233,7 @@ std::string NameToWrite(Program& program, std::string_view name) {
   // A name that is shorter than an extension and begins with its point has nothing to be cut from.
   if (chosen.starts_with('.') && chosen.size() < 4) throw FileFault{EINVAL};
   const std::string written = WithoutExtension(chosen).append(ExtensionOf(record.DesignType));
-  return written.empty() ? program.host.ProgramFolder() + "/" + program.main.txtInfo[0].text() : written;
+  return written.empty() ? program.host.ProgramFolder() + "/" + TextOf(program.main, InfoField::kDesignName) : written;
 }
 
 void SaveFile(Program& program) {

@@ -11,12 +11,12 @@
 #include "files/file_store.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
 
 constexpr int kShownRecent = 4;
-constexpr std::size_t kOpenFilterField = 15;
 
 constexpr std::string_view kOpenFilters =
     "Limit Computer Hole Selection (*.LHD)|*.LHD|Planned Design (*.PFD)|*.PFD|Constant Slope (*.CSD)|*.CSD|"
@@ -38,7 +38,7 @@ std::string RecentPath(Program& program) {
 }
 
 int OpenFilter(const Program& program) {
-  const std::string& wanted = program.main.txtDefault.at(kOpenFilterField).text();
+  const std::string& wanted = TextOf(program.main, Preference::kOpenFilter);
   for (std::size_t i = 0; i < kFilterNames.size(); ++i) {
     if (wanted == kFilterNames.at(i)) return static_cast<int>(i) + 1;
   }

@@ -7,30 +7,29 @@
 #include "engine/survey.h"
 #include "files/preferences.h"
 #include "input/info_fields.h"
+#include "screen/fields.h"
 #include "screen/status_line.h"
 #include "search/best_holes_panel.h"
 
 namespace torvale {
 namespace {
 
-constexpr std::size_t kHoleSizeDefault = 1;
-
 struct FirstRowDefault {
   int column;
-  std::size_t preference;
+  Preference::Index preference;
 };
 
 constexpr std::array<FirstRowDefault, 6> kFirstRow = {{
-    {kSpacingColumn, 6},
-    {kHoleSizeColumn, kHoleSizeDefault},
-    {kHoleCountColumn, 7},
-    {kMilColumn, 8},
-    {kPipeDiaColumn, 5},
-    {kPlantedWidthColumn, 6},
+    {kSpacingColumn, Preference::kFurrowSpacing},
+    {kHoleSizeColumn, Preference::kHoleSize},
+    {kHoleCountColumn, Preference::kHoleCount},
+    {kMilColumn, Preference::kMil},
+    {kPipeDiaColumn, Preference::kPipeDiameter},
+    {kPlantedWidthColumn, Preference::kFurrowSpacing},
 }};
 
 void SetFirstRowCell(Program& program, const FirstRowDefault& cell) {
-  program.main.Grid1.Set(1, cell.column, program.main.txtDefault[cell.preference].text());
+  program.main.Grid1.Set(1, cell.column, TextOf(program.main, cell.preference));
 }
 
 // The screen goes back to the sheet; Planned is the marked kind.
@@ -64,7 +63,7 @@ void mnuFileNew_Click(Program& program) {
   ShowEmptySheet(main);
   for (TextField& field : main.txtInfo) field.Set("");
   ResetBestHoleLimits(main);
-  main.txtInfo[1].Set(program.host.Today());
+  main.txtInfo[InfoField::kDate].Set(program.host.Today());
   ClearRowArrays(program.record);
   Default_Values(program);
 
@@ -73,7 +72,7 @@ void mnuFileNew_Click(Program& program) {
   main.Grid1.Set(1, kCrownColumn, kFirstCrown);
   for (const FirstRowDefault& cell : kFirstRow) SetFirstRowCell(program, cell);
   ++program.stored_count;
-  MoveFocus(program, "txtInfo(0)");
+  MoveFocus(program, NameOf(InfoField::kDesignName));
 }
 
 void FillFirstRow(Program& program) {
@@ -83,8 +82,8 @@ void FillFirstRow(Program& program) {
 }
 
 void TakeDefaultFields(Program& program) {
-  program.main.txtInfo[3].Set(program.main.txtDefault[10].text());
-  program.main.txtInfo[5].Set(program.main.txtDefault[9].text());
+  program.main.txtInfo[InfoField::kTargetHead].Set(TextOf(program.main, Preference::kTargetHead));
+  program.main.txtInfo[InfoField::kSurveyKind].Set(TextOf(program.main, Preference::kSurveyKind));
 }
 
 }  // namespace torvale

@@ -7,30 +7,27 @@
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "input/field_marks.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
 
-constexpr std::size_t kDischargeCoef = 2;
-constexpr std::size_t kHazenWilliamsC = 3;
-constexpr std::size_t kSurveyKind = 9;
-constexpr std::size_t kGateShape = 11;
-
 void txtDefault_Change(Program& program, std::size_t index) {
   // The coefficients get their marks with the rest of what becomes of them.
-  if (index != kDischargeCoef && index != kHazenWilliamsC) {
+  if (index != Preference::kDischargeCoef && index != Preference::kHazenWilliamsC) {
     MarkField(program.main.txtDefault[index], FormOfPreference(static_cast<int>(index)));
   }
   ApplyDischargeCoef(program);
   ApplyHazenWilliamsC(program);
-  if (index != kSurveyKind && index != kGateShape) return;
+  if (index != Preference::kSurveyKind && index != Preference::kGateForm) return;
   TextField& field = program.main.txtDefault[index];
   field.Set(UpperCase(std::string(field.text())));
 }
 
-// Fields 2 to 6 are amounts and are shown with two decimals.
+// The amounts in the middle are shown with two decimals.
 std::string AsShown(std::size_t index, const std::string& field) {
-  return index >= 2 && index <= 6 ? FormatText(field, "0.00") : field;
+  const bool amount = index >= Preference::kDischargeCoef && index <= Preference::kFurrowSpacing;
+  return amount ? FormatText(field, "0.00") : field;
 }
 
 // A value that its place can't hold is passed over, as if nothing had been.
@@ -51,11 +48,11 @@ void ConnectPreferences(Program& program) {
 }
 
 void ApplyDischargeCoef(Program& program) {
-  TakeNumber(program.main.txtDefault[kDischargeCoef], program.record.DischargeCoef);
+  TakeNumber(program.main.txtDefault[Preference::kDischargeCoef], program.record.DischargeCoef);
 }
 
 void ApplyHazenWilliamsC(Program& program) {
-  TakeNumber(program.main.txtDefault[kHazenWilliamsC], program.record.HazenWilliamsC);
+  TakeNumber(program.main.txtDefault[Preference::kHazenWilliamsC], program.record.HazenWilliamsC);
 }
 
 void ApplyCoefficients(Program& program) {

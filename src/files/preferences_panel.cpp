@@ -10,20 +10,17 @@
 #include "files/file_store.h"
 #include "files/preferences.h"
 #include "record/hole_sizes.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
 
 constexpr int kFields = 16;
-constexpr int kHoleSizeField = 1;
-constexpr int kSurveyKindField = 9;
-constexpr int kGateShapeField = 11;
-constexpr int kHighestHeadField = 13;
 constexpr int kFactoryHoleSize = 12;  // row of the hole size table
 constexpr int kUpFromFirst = 12;      // where Up goes from the first field, on purpose not to the last
 constexpr double kLowestHighestHead = 0.5;
 
-// What a blank field takes. Field 1 takes a name of the hole size table.
+// What a blank field takes. The hole size takes a name of its table.
 constexpr std::array<std::string_view, kFields> kFactory = {"100", "",  ".65", "140", "1.2", "15", "6.0", "1",
                                                             "7",   "R", "2.0", "R",   "1.2", "2",  ".2",  "*.*"};
 
@@ -32,7 +29,7 @@ TextField& Field(Program& program, int index) {
 }
 
 void FocusField(Program& program, int index) {
-  MoveFocus(program, "txtDefault(" + std::to_string(index) + ")");
+  MoveFocus(program, NameOf(static_cast<Preference::Index>(index)));
 }
 
 // Runs one statement; a failing one is passed over.
@@ -52,8 +49,8 @@ void FillBlankFields(Program& program) {
     if (!Field(program, i).text().empty()) continue;
     Attempt([&] {
       Field(program, i)
-          .Set(i == kHoleSizeField ? std::string_view(program.record.HoleSizeName[kFactoryHoleSize])
-                                   : kFactory.at(static_cast<std::size_t>(i)));
+          .Set(i == Preference::kHoleSize ? std::string_view(program.record.HoleSizeName[kFactoryHoleSize])
+                                          : kFactory.at(static_cast<std::size_t>(i)));
     });
   }
 }
@@ -76,7 +73,7 @@ std::string DefaultsText(Program& program) {
 
 void BringScreenBack(Program& program) {
   ShowBehindPreferences(program);
-  if (program.record.DesignType == kNoDesign) MoveFocus(program, "txtInfo(0)");
+  if (program.record.DesignType == kNoDesign) MoveFocus(program, NameOf(InfoField::kDesignName));
 }
 
 void StepHoleSize(Program& program, std::string_view key) {
@@ -85,7 +82,7 @@ void StepHoleSize(Program& program, std::string_view key) {
   if (key == "+") index = index < kHoleSizes ? index + 1 : 0;
   if (key == "-") index = index > 0 ? index - 1 : kHoleSizes;
   limit = index;
-  Field(program, kHoleSizeField).Set(SteppedHoleSize(program.record, index));
+  Field(program, Preference::kHoleSize).Set(SteppedHoleSize(program.record, index));
 }
 
 void RepairLetter(Program& program, int index, std::string_view other, std::string_view standard) {
@@ -105,7 +102,8 @@ void WriteDefaults(Program& program) {
 
 void ApplyPreferences(Program& program) {
   ApplyCoefficients(program);
-  Attempt([&] { program.record.StationInterval = StoreInt16(Val(Field(program, 0).text())); });
+  Attempt(
+      [&] { program.record.StationInterval = StoreInt16(Val(TextOf(program.main, Preference::kStationInterval))); });
 }
 
 }  // namespace
@@ -137,9 +135,9 @@ void StorePreferences(Program& program) {
 }
 
 void txtDefault_LostFocus(Program& program, int index) {
-  if (index == kSurveyKindField) RepairLetter(program, index, "R", "E");
-  if (index == kGateShapeField) RepairLetter(program, index, "C", "R");
-  TextField& highest = Field(program, kHighestHeadField);
+  if (index == Preference::kSurveyKind) RepairLetter(program, index, kRods, kElevations);
+  if (index == Preference::kGateForm) RepairLetter(program, index, kCircular, kRectangular);
+  TextField& highest = Field(program, Preference::kHighestHead);
   if (Val(highest.text()) >= kLowestHighestHead) return;
   program.host.Beep();
   highest.Set("0.5");
@@ -154,9 +152,9 @@ bool txtDefault_KeyPress(Program& program, int index, std::string_view character
   const bool enter = character == "\r";
   const int next = enter ? index + 1 : index;
   if (enter) FocusField(program, next == kFields ? 0 : next);
-  // Any key in field 1 and Enter in field 0 come to this step: the field can't be typed in.
-  if (next == kHoleSizeField) StepHoleSize(program, character);
-  return enter || next == kHoleSizeField;
+  // Any key in the hole size and Enter in the field ahead of it come to this step: it can't be typed in.
+  if (next == Preference::kHoleSize) StepHoleSize(program, character);
+  return enter || next == Preference::kHoleSize;
 }
 
 }  // namespace torvale

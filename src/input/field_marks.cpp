@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/utf8.h"
 #include "input/info_fields.h"
+#include "record/kinds.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -88,9 +89,9 @@ SpokenSentence WrongWith(std::string_view text, FieldForm form) {
     case kNumber:
       return WrongWithNumber(shown, text);
     case kRodsOrElevations:
-      return IsOneOf(text, "R", "E") ? SpokenSentence() : words::kNeitherRodNorElevation(shown);
+      return IsOneOf(text, kRods, kElevations) ? SpokenSentence() : words::kNeitherRodNorElevation(shown);
     case kRectangularOrCircular:
-      return IsOneOf(text, "R", "C") ? SpokenSentence() : words::kNeitherRectangleNorCircle(shown);
+      return IsOneOf(text, kRectangular, kCircular) ? SpokenSentence() : words::kNeitherRectangleNorCircle(shown);
     case kText:
       return text.find('"') == std::string_view::npos ? SpokenSentence() : words::kStraightQuotes;
   }

@@ -12,6 +12,7 @@
 #include "engine/survey.h"
 #include "input/field_marks.h"
 #include "input/sheet.h"
+#include "screen/fields.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/design_commands.h"
@@ -20,8 +21,7 @@
 namespace torvale {
 namespace {
 
-constexpr int kPumpedFlow = 2;
-constexpr int kSurveyKind = 5;
+constexpr int kLastField = InfoField::kSurveyKind;
 constexpr std::array<int, 6> kLongestText = {60, 12, 10, 10, 60, 1};
 
 TextField& Field(Program& program, int index) {
@@ -31,40 +31,40 @@ TextField& Field(Program& program, int index) {
 // Names the crown column of the sheet after the survey kind; any other kind leaves the headings. In the results it is
 // the column of hole numbers that takes the name, until a table is shown.
 void NameCrown(Program& program, std::string_view rods, std::string_view elevations) {
-  const std::string& kind = Field(program, kSurveyKind).text();
-  if (kind != "R" && kind != "E") return;
-  const std::string_view heading = kind == "R" ? rods : elevations;
+  const bool reads_rods = ReadsRods(program.main);
+  if (!reads_rods && !ReadsElevations(program.main)) return;
+  const std::string_view heading = reads_rods ? rods : elevations;
   program.main.Grid1.Set(0, kCrownColumn, heading);
   program.main.Grid2.Set(0, kResultHoleNumber, heading);
 }
 
 // The survey kind is limited after its own first change, the other fields after the first change of any of them.
 void SetLongestTexts(Program& program, int index) {
-  const int first = index == kSurveyKind ? kSurveyKind : 0;
-  const int last = index == kSurveyKind ? kSurveyKind : kSurveyKind - 1;
+  const int first = index == InfoField::kSurveyKind ? InfoField::kSurveyKind : 0;
+  const int last = index == InfoField::kSurveyKind ? InfoField::kSurveyKind : InfoField::kSurveyKind - 1;
   for (int i = first; i <= last; ++i) Field(program, i).max_length = kLongestText.at(static_cast<std::size_t>(i));
 }
 
 void txtInfo_Change(Program& program, int index) {
-  if (index == kPumpedFlow) {
+  if (index == InfoField::kGpm) {
     TakeNumber(Field(program, index), program.record.TargetGPM);
   } else {
     MarkField(Field(program, index), FormOfInfo(index));
   }
-  if (index == kSurveyKind) {
-    Field(program, kSurveyKind).Set(UpperCase(std::string(Field(program, kSurveyKind).text())));
+  if (index == InfoField::kSurveyKind) {
+    Field(program, index).Set(UpperCase(std::string(Field(program, index).text())));
   }
   NameCrown(program, "Rod Reading (feet)", "Elevation (feet)");
   SetLongestTexts(program, index);
 }
 
 std::string FieldName(int index) {
-  return "txtInfo(" + std::to_string(index) + ")";
+  return NameOf(static_cast<InfoField::Index>(index));
 }
 
 // The index of a field by its name, or -1.
 int InfoIndex(std::string_view control) {
-  for (int i = 0; i <= kSurveyKind; ++i) {
+  for (int i = 0; i <= kLastField; ++i) {
     if (control == FieldName(i)) return i;
   }
   return -1;
@@ -142,7 +142,7 @@ bool IsHint(std::string_view text) {
 }  // namespace
 
 void ConnectInfoFields(Program& program) {
-  for (int i = 0; i <= kSurveyKind; ++i) {
+  for (int i = 0; i <= kLastField; ++i) {
     Field(program, i).on_change = [&program, i] { txtInfo_Change(program, i); };
   }
   for (TextField& field : program.main.txtBest) {
@@ -164,11 +164,11 @@ void SelectWhereShown(Program& program, TextField& field) {
 bool txtInfo_Key(Program& program, int index, FieldKeyKind key) {
   if (key == FieldKeyKind::kDown || key == FieldKeyKind::kUp) {
     const int next = key == FieldKeyKind::kDown ? index + 1 : index - 1;
-    if (next < 0 || next > kSurveyKind) return false;
+    if (next < 0 || next > kLastField) return false;
     MoveFocus(program, FieldName(next));
     return true;
   }
-  const bool goes_on = key == FieldKeyKind::kEnter && index < kSurveyKind;
+  const bool goes_on = key == FieldKeyKind::kEnter && index < kLastField;
   if (goes_on) MoveFocus(program, FieldName(index + 1));
   NameCrown(program, "Rod Readings", "Elevations");
   return goes_on;
@@ -176,20 +176,21 @@ bool txtInfo_Key(Program& program, int index, FieldKeyKind key) {
 
 void SetPipeKind(Program& program, std::string_view kind) {
   MainScreen& main = program.main;
-  main.mnuLayflatPipe.ticked = kind == "L";
-  main.mnuRigidPipe.ticked = kind == "R";
   program.record.PipeKind = kind;
-  main.Grid1.Set(0, kHoleSizeColumn, kind == "R" ? "Hole Width (fractions)" : "Hole Diameter (fractions)");
+  const bool rigid = IsRigid(program.record);
+  main.mnuLayflatPipe.ticked = IsLayflat(program.record);
+  main.mnuRigidPipe.ticked = rigid;
+  main.Grid1.Set(0, kHoleSizeColumn, rigid ? "Hole Width (fractions)" : "Hole Diameter (fractions)");
 }
 
 void mnuLayflatPipe_Click(Program& program) {
-  ChoosePipe(program, "L");
+  ChoosePipe(program, kLayflat);
   program.main.lblSumHoleDia.tool_tip.clear();
   RunShownDesign(program);
 }
 
 void mnuRigidPipe_Click(Program& program) {
-  ChoosePipe(program, "R");
+  ChoosePipe(program, kRigid);
   RunShownDesign(program);
 }
 

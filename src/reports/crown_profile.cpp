@@ -10,6 +10,7 @@
 #include "display/cell_texts.h"
 #include "display/design_display.h"
 #include "engine/survey.h"
+#include "screen/fields.h"
 #include "screen/file_choice.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
@@ -20,10 +21,6 @@ namespace {
 constexpr int kValueTitleSize = 14;
 constexpr int kMajorDivisions = 12;
 constexpr int kMinorDivisions = 6;
-
-bool HasElevations(const Program& program) {
-  return program.main.txtInfo[5].text() == "E";
-}
 
 void ShowLabels(Program& program) {
   const DesignRecord& record = program.record;
@@ -56,7 +53,7 @@ Range RangeOfCrowns(const DesignRecord& record, double Low) {
 
 // The two limits are not symmetrical on purpose: the lower one is rounded up before one foot is taken off.
 void SetLimits(const Program& program, LineChart& chart) {
-  if (HasElevations(program)) {
+  if (ReadsElevations(program.main)) {
     const Range range = RangeOfCrowns(program.record, 100000.0);
     chart.maximum = Store32(Int(range.High + 0.9) + 1);
     chart.minimum = Store32(Int(range.Low + 0.9) - 1);
@@ -74,7 +71,7 @@ void WritePoint(const Program& program, LineChart& chart, int row, const std::st
   points.Set(row, 0, label);
   const auto value = [&](float crown) {
     const double feet = static_cast<double>(crown);
-    if (HasElevations(program)) return Format(feet, "####.00");
+    if (ReadsElevations(program.main)) return Format(feet, "####.00");
     return row == 1 ? Format(-feet, "####.00") : Format(feet, "-####.00");
   };
   points.Set(row, 1, value(program.record.CrownElev[i]));
@@ -137,7 +134,7 @@ void BuildCrownChart(Program& program) {
   FillPoints(program, chart);
   chart.value_title_size = kValueTitleSize;
   chart.value_title_visible = true;
-  chart.value_title = HasElevations(program) ? "Elevations (ft.)" : "Rod Readings (ft.)";
+  chart.value_title = ReadsElevations(program.main) ? "Elevations (ft.)" : "Rod Readings (ft.)";
   chart.legend_visible = true;
   chart.automatic_scale = false;
   chart.minor_divisions = kMinorDivisions;
@@ -154,7 +151,7 @@ void mnuProfile_Click(Program& program) {
   toggle.caption = "Summary";
   try {
     DisplayDesign(program);
-    profile.lblProfileName.caption = main.txtInfo[0].text() + "   " + main.txtInfo[4].text();
+    profile.lblProfileName.caption = TextOf(main, InfoField::kDesignName) + "   " + TextOf(main, InfoField::kLocation);
     BuildCrownChart(program);
   } catch (const RunTimeFault&) {
     // The sheet behind the table can have been cut or pasted over since the design was worked out.

@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "display/grid_layout.h"
+#include "record/kinds.h"
 
 namespace torvale {
 namespace {
@@ -76,9 +77,8 @@ std::string HoleSummaryCsv(const Program& program) {
   const std::vector<std::string> sizes = Entries(record.HoleSumStations);
   const std::vector<std::string> stations = Entries(record.HoleSumLengths);
   const std::vector<std::string> counts = Entries(record.HoleSumCounts);
-  std::vector<std::vector<std::string>> rows = {
-      {record.PipeKind == "L" ? "Hole Diameter (inches)" : "Gate Opening (inches)", "First Station (feet)",
-       "Last Station (feet)", "Number of Holes"}};
+  std::vector<std::vector<std::string>> rows = {{IsLayflat(record) ? "Hole Diameter (inches)" : "Gate Opening (inches)",
+                                                 "First Station (feet)", "Last Station (feet)", "Number of Holes"}};
   for (std::size_t i = 0; i < std::min({sizes.size(), stations.size(), counts.size()}); ++i) {
     constexpr std::string_view kBetween = " - ";
     const std::size_t dash = stations[i].find(kBetween);

@@ -5,6 +5,7 @@
 #include "display/cell_texts.h"
 #include "display/hole_summary.h"
 #include "reports/print_frame.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -35,8 +36,8 @@ void PrintFigures(DocumentWriter& writer, const Program& program) {
 std::string HoleText(const Program& program, int i) {
   const DesignRecord& record = program.record;
   const std::string count = Format(record.HolesPerFurrow[i], "##");
-  if (record.PipeKind == "L") return count + " Ea. -  " + ChosenSizeName(program, i);
-  const bool one_blank = record.DesignType == kComputerHoles && program.main.txtDefault[11].text() == "R";
+  if (IsLayflat(record)) return count + " Ea. -  " + ChosenSizeName(program, i);
+  const bool one_blank = record.DesignType == kComputerHoles && HasRectangularGates(program.main);
   return count + (one_blank ? " Ea. - " : " Ea. -  ") + Format(GateOpening(program, i), "#.###");
 }
 

@@ -6,6 +6,7 @@
 #include "base/format.h"
 #include "base/numbers.h"
 #include "base/version.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -81,10 +82,9 @@ void PrintColumnHeadings(DocumentWriter& writer, bool rods, double y) {
   for (const ColumnHeading& heading : kLastHeadings) PrintHeading(writer, heading, y);
 }
 
-std::string SurveyKindText(std::string_view kind) {
-  if (kind == "R") return "Designed using Rod Readings";
-  if (kind == "E") return "Designed using Elevations";
-  return "";
+std::string SurveyKindText(const MainScreen& main) {
+  if (ReadsRods(main)) return "Designed using Rod Readings";
+  return ReadsElevations(main) ? "Designed using Elevations" : "";
 }
 
 }  // namespace
@@ -94,7 +94,7 @@ std::string DesignLine(const DesignRecord& record, std::string_view limited_name
   const std::string_view name = record.DesignType == kLimitedHoles
                                     ? limited_name
                                     : kDesignNames.at(static_cast<std::size_t>(record.DesignType - kPlanned));
-  return std::string(name) + (record.PipeKind == "L" ? " using Layflat Pipe" : " using Rigid Pipe");
+  return std::string(name) + (IsLayflat(record) ? " using Layflat Pipe" : " using Rigid Pipe");
 }
 
 void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view limited_name) {
@@ -146,7 +146,7 @@ void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {
   PrintTitle(writer, record, kLimitedInDesignReports);
   writer.SetFontSize(10);
   writer.Text(kLeft, 1.1, "Saved as " + record.DisplayFileName, kWholeRoom);
-  writer.Text(kLeft, 1.4, "Name: " + program.main.txtInfo[0].text(), kLeftRoom);
+  writer.Text(kLeft, 1.4, "Name: " + TextOf(program.main, InfoField::kDesignName), kLeftRoom);
   if (writer.page() < 2) {
     const double top = static_cast<double>(y);
     writer.SetDrawWidth(3);
@@ -155,7 +155,7 @@ void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {
     y = Store32(AppliedWaterRow(top, static_cast<int>(kAppliedWater.size()) - 1));
   }
   y = Store32(static_cast<double>(y) + 0.3);
-  PrintColumnHeadings(writer, program.main.txtInfo[5].text() == "R", static_cast<double>(y));
+  PrintColumnHeadings(writer, ReadsRods(program.main), static_cast<double>(y));
 }
 
 void PrintDesignData(DocumentWriter& writer, const Program& program) {
@@ -165,11 +165,11 @@ void PrintDesignData(DocumentWriter& writer, const Program& program) {
   PrintPageHeader(writer, program, y);
   const auto left = [&](double at, const std::string& text) { writer.Text(kLeft, at, text, kLeftRoom); };
   const auto right = [&](double at, const std::string& text) { writer.Text(kRight, at, text, kRightRoom); };
-  right(1.4, "Date: " + main.txtInfo[1].text());
-  left(1.6, "Location: " + main.txtInfo[4].text());
-  right(1.6, SurveyKindText(main.txtInfo[5].text()));
-  left(1.8, "Target Head: " + main.txtInfo[3].text());
-  right(1.8, "GPM: " + main.txtInfo[2].text());
+  right(1.4, "Date: " + TextOf(main, InfoField::kDate));
+  left(1.6, "Location: " + TextOf(main, InfoField::kLocation));
+  right(1.6, SurveyKindText(main));
+  left(1.8, "Target Head: " + TextOf(main, InfoField::kTargetHead));
+  right(1.8, "GPM: " + TextOf(main, InfoField::kGpm));
   left(2.0, "Maximum Head: " + Pattern(record.MaxHead, "##.00"));
   right(2.0, "Maximum Head Station: " + GeneralText(record.MaxHeadStation));
   left(2.2, "Minimum Head: " + Pattern(record.MinHead, "##.00"));

@@ -7,6 +7,7 @@
 #include "display/cell_texts.h"
 #include "display/colour_meanings.h"
 #include "display/hole_summary.h"
+#include "screen/fields.h"
 #include "search/design_commands.h"
 #include "shell/commands.h"
 #include "shell/start_up.h"
@@ -39,8 +40,8 @@ void Lay(const ScenarioInput& input, Program& program) {
   for (std::size_t i = 0; i < input.fields.size(); ++i) LayText(main.txtInfo.at(i), input.fields.at(i));
   main.Grid1.cells() = input.sheet;
   record.PipeKind = input.pipe_kind;
-  main.mnuLayflatPipe.ticked = input.pipe_kind == "L";
-  main.mnuRigidPipe.ticked = input.pipe_kind == "R";
+  main.mnuLayflatPipe.ticked = IsLayflat(record);
+  main.mnuRigidPipe.ticked = IsRigid(record);
   main.listHolesSelected.Clear();
   for (const std::string& size : input.hole_sizes) main.listHolesSelected.Add(size);
   main.listSoils.Deselect();
@@ -129,7 +130,7 @@ void TakeFigures(const Program& program, ScenarioResult& result) {
   result.flow = record.AccumGPM;
   result.acres = record.TotalAcres;
   result.hours_for_inch = record.HoursOneInch;
-  result.target_head = program.main.txtInfo[3].text();
+  result.target_head = TextOf(program.main, InfoField::kTargetHead);
   TakeSlope(record, result);
   CountHoles(program, result);
 }

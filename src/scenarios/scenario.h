@@ -28,7 +28,7 @@ struct ScenarioInput {
   TextGrid sheet;                           // the survey, headings included
   std::array<std::string, 6> fields;        // `txtInfo`
   std::array<std::string, 16> preferences;  // `txtDefault`
-  std::string pipe_kind = "L";              // "L" or "R"
+  std::string pipe_kind = "L";              // see record/kinds.h
   std::vector<std::string> hole_sizes;      // `listHolesSelected`
   ChosenSoil soil;
   // What the record has taken from the fields, which keeps its value where a field holds no number that fits.

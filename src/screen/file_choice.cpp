@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "screen/fields.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -21,7 +22,7 @@ std::string KindOfDesign(const Program& program) {
 
 // A name that the design has no file for yet. What parts folders can't stand in it.
 std::string NameOfDesign(const Program& program) {
-  std::string name = program.main.txtInfo[0].text();
+  std::string name = TextOf(program.main, InfoField::kDesignName);
   std::replace_if(
       name.begin(), name.end(), [](char c) { return c == '/' || c == '\\' || c == ':'; }, '-');
   const std::string kind = KindOfDesign(program);

@@ -10,6 +10,7 @@
 #include "display/design_display.h"
 #include "engine/best_holes.h"
 #include "engine/plan_task.h"
+#include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -47,7 +48,7 @@ std::optional<PlanLimits> ReadLimits(Program& program) {
     Tell(program, words::kLeastHeadTooLow);
     return StayAt(program, kLeastHeadField);
   }
-  const double target_head = Val(program.main.txtInfo[3].text());
+  const double target_head = Val(TextOf(program.main, InfoField::kTargetHead));
   const std::string& highest = fields[kHighestHeadField].text();
   limits.highest_head = highest.empty() ? target_head : Val(highest);
   if (!(limits.highest_head > limits.least_head && limits.highest_head <= kMostHead)) {
@@ -61,8 +62,8 @@ std::optional<PlanLimits> ReadLimits(Program& program) {
 // The plans that a limited selection tries at its heads, down from the highest of the preferences.
 std::vector<HolePlan> ClassicPlans(Program& program, const PlanTask& task) {
   DesignRecord& record = program.record;
-  const double step = Val(program.main.txtDefault[14].text());
-  double head = Val(program.main.txtDefault[13].text());
+  const double step = Val(TextOf(program.main, Preference::kHeadStep));
+  double head = Val(TextOf(program.main, Preference::kHighestHead));
   std::vector<HolePlan> plans;
   for (int i = 0; i < kMostClassicHeads && step > 0 && !record.CancelFlag; ++i) {
     head = Val(Format(head - step, "##.##"));
@@ -139,7 +140,7 @@ bool RunBestHoles(Program& program, PlanLimits& limits) {
     const DesignRecord& record = program.record;
     const int sizes = program.main.listHolesSelected.count();
     for (int i = 0; i < sizes; ++i) limits.sizes.push_back(record.SelectedHoleValue[i]);
-    const PlanTask task = PlanTaskOf(record, program.main.txtInfo[5].text() == "E", limits);
+    const PlanTask task = PlanTaskOf(record, ReadsElevations(program.main), limits);
     found = Look(program, task);
     if (program.main.closed) return false;
     if (found.best) return MarchPlan(program, task, *found.best, tries);

@@ -9,6 +9,7 @@
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -143,7 +144,7 @@ void Finish(Program& program, int tries) {
 // The second selection starts as the first did and repeats it.
 void SelectHoles(Program& program) {
   MultiHoleSize(program);
-  if (Narrow(Val(program.main.txtInfo[3].text())) < program.record.MaxHead) MultiHoleSize(program);
+  if (Narrow(Val(TextOf(program.main, InfoField::kTargetHead))) < program.record.MaxHead) MultiHoleSize(program);
 }
 
 // Calculates by design type. False where the run ends there.

@@ -8,6 +8,7 @@
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -31,7 +32,7 @@ void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& e
   MainScreen& main = program.main;
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = false;
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   TickDesign(program, &entry);
   program.record.DesignType = design_type;
   main.title = title;
@@ -113,7 +114,7 @@ void mnuDesignConstSlope_Click(Program& program) {
   program.record.SlopeDelta = 0;
   main.title = "TORVALE   Constant Slope Design";
   main.cmdInterpolate.visible = false;
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   LockForSearch(program);
   TickDesign(program, &main.mnuDesignConstSlope);
   cmdInterpolate_Click(program);
@@ -129,7 +130,7 @@ void mnuDesignDualSlope_Click(Program& program) {
   MainScreen& main = program.main;
   program.record.SlopeDelta = 0;
   main.title = "TORVALE   Dual Slope Design";
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   LockForSearch(program);
   TickDesign(program, &main.mnuDesignDualSlope);
   main.cmdInterpolate.visible = false;
@@ -150,7 +151,7 @@ void mnuComputerHoleSelection_Click(Program& program) {
   program.record.DesignOK = "True";
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = false;
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   TickDesign(program, &main.mnuComputerHoleSelection);
   program.record.DesignType = kComputerHoles;
   main.title = "TORVALE   Computer Selected Hole Design";
@@ -167,7 +168,7 @@ void mnuManHoleSelection_Click(Program& program) {
   DesignRecord& record = program.record;
   record.MissingData = 0;
   record.DesignOK = "True";
-  record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
+  record.ManualTargetHead = Store32(Val(TextOf(main, InfoField::kTargetHead)));
   record.BestUniformity = 0;
   if (const SpokenSentence missing = EmptyFieldSentence(program); !missing.empty()) {
     main.busy = false;
@@ -237,9 +238,9 @@ void mnuWindowInfo_Click(Program& program) {
 void cmdInterpolate_Click(Program& program) {
   MainScreen& main = program.main;
   program.running.input.clear();  // what is filled in here is nothing that the user changed
-  const SurveyEnd end =
-      InterpolateSurvey(program.record, main.Grid1.cells(),
-                        {main.txtDefault[6].text(), main.txtDefault[7].text(), main.txtDefault[8].text()});
+  const SurveyEnd end = InterpolateSurvey(
+      program.record, main.Grid1.cells(),
+      {TextOf(main, Preference::kFurrowSpacing), TextOf(main, Preference::kHoleCount), TextOf(main, Preference::kMil)});
   if (end.cursor) main.Grid1.SetCurrent(end.cursor->row, end.cursor->column);
   switch (end.way) {
     case SurveyEnd::Way::kFault:

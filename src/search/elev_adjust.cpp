@@ -6,6 +6,7 @@
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -17,7 +18,7 @@ void LayBrokenLine(Program& program) {
   const int middle = ToWhole(record.HoleRows / 2.0 + 1);
   record.DualBreakStation = Int(static_cast<double>(record.Station[middle]));
   const int break_row = ToWhole(Int(record.HoleRows / 2.0 + 0.5));
-  const bool rods = program.main.txtInfo[5].text() == "R";
+  const bool rods = ReadsRods(program.main);
   const double slope = static_cast<double>(record.CrownSlope);
   for (int i = 2; i <= break_row + 1; ++i) {
     if (!(record.SurveyHoleDia[i] >= 0)) continue;
@@ -45,7 +46,7 @@ double Below(const DesignRecord& record, int row, bool elevations) {
 
 void LiftCrown(Program& program) {
   DesignRecord& record = program.record;
-  const bool elevations = program.main.txtInfo[5].text() == "E";
+  const bool elevations = ReadsElevations(program.main);
   double lift = 0;
   if (record.DesignType == kConstantSlope || record.DesignType == kDualSlope) {
     for (int i = 1; i <= record.HoleRows; ++i) {

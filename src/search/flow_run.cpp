@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "engine/acres.h"
 #include "engine/flow_calc.h"
+#include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
 
@@ -31,7 +32,8 @@ void TellTryLimit(Program& program, int fail_row) {
 void Calculate(Program& program, EngineHost& host, int& tries) {
   MainScreen& main = program.main;
   const FlowEnd end =
-      FlowCalc(program.record, {main.Grid1.cells(), main.txtInfo[3].text(), main.txtInfo[5].text()}, host);
+      FlowCalc(program.record,
+               {main.Grid1.cells(), TextOf(main, InfoField::kTargetHead), TextOf(main, InfoField::kSurveyKind)}, host);
   tries = end.tries;
   if (end.acres_failed) Tell(program, words::kAcresFault);
   switch (end.way) {

@@ -9,6 +9,7 @@
 #include "display/design_display.h"
 #include "display/input_screen.h"
 #include "engine/hydraulics.h"
+#include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -34,6 +35,8 @@ constexpr PassKind kListPass = {kLimitedHoles, false, words::kListSelectionFault
 struct PassFlow {
   float average;  // gallons per minute
   double factor;  // of friction
+  bool rods;      // by the letters of the survey kind; with any other letter neither
+  bool elevations;
 };
 
 // One row of the pass's march: the flow that the furrow wants, the hole that would give it, and the friction of the
@@ -57,20 +60,17 @@ double UpstreamHead(const DesignRecord& record, int row, bool elevations, double
 }
 
 // Whether the head was lost at `row`. The element ahead of row 1 is no row and is not looked at.
-bool HeadLost(const DesignRecord& record, int row, std::string_view survey_kind, const PassKind& kind) {
-  const bool upstream_lost = row >= 2 && record.Head[row - 1] <= 0;
-  if (survey_kind == "E") return upstream_lost;
-  if (survey_kind == "R") return kind.watches_own_head ? record.Head[row] <= 0 : upstream_lost;
-  return false;
+bool HeadLost(const DesignRecord& record, int row, const PassFlow& pass, const PassKind& kind) {
+  if (pass.rods && kind.watches_own_head) return record.Head[row] <= 0;
+  return (pass.rods || pass.elevations) && row >= 2 && record.Head[row - 1] <= 0;
 }
 
 // Marches the wanted flows up the line. False where the run was cancelled.
 bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
   DesignRecord& record = program.record;
-  const std::string survey_kind = program.main.txtInfo[5].text();
-  const bool elevations = survey_kind == "E";
   const PassFlow pass = {AverageFlow(record.TargetGPM, record.WateredFurrows),
-                         FrictionFactorOrNone(static_cast<double>(record.HazenWilliamsC))};
+                         FrictionFactorOrNone(static_cast<double>(record.HazenWilliamsC)), ReadsRods(program.main),
+                         ReadsElevations(program.main)};
   double dia_power = 0;
   float diameter = 0;
   double friction = 0;  // a row without holes keeps the friction of the last row that had them
@@ -82,8 +82,8 @@ bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
       dia_power = DiameterPowerOrNone(static_cast<double>(diameter));
     }
     if (record.HoleDia[row] > 0) friction = WorkRow(record, row, pass, dia_power, flow);
-    record.Head[row - 1] = UpstreamHead(record, row, elevations, friction);
-    if (HeadLost(record, row, survey_kind, kind)) {
+    record.Head[row - 1] = UpstreamHead(record, row, pass.elevations, friction);
+    if (HeadLost(record, row, pass, kind)) {
       record.Head[record.HoleRows] += 0.1;
       record.AccumGPM = 0;
       row = record.HoleRows + 1;
@@ -144,7 +144,7 @@ void KeepBestHead(DesignRecord& record, double head) {
 
 // One target head. False where the loop is over.
 bool TryHead(Program& program, float increment) {
-  TextField& field = program.main.txtInfo[3];
+  TextField& field = program.main.txtInfo[InfoField::kTargetHead];
   program.main.busy = true;
   LowerTargetHead(field, increment);
   program.host.Yield(1);
@@ -173,7 +173,7 @@ void MultiHoleSize(Program& program) {
   DesignRecord& record = program.record;
   record.HoleSizeIdeal.Clear();
   record.FlowCalcStatus.clear();
-  const double target_head = Finite(Val(program.main.txtInfo[3].text()));
+  const double target_head = Finite(Val(TextOf(program.main, InfoField::kTargetHead)));
   record.SeedEndHead = Store32(target_head);
   record.MaxHead = 0;
   record.Head[record.HoleRows] = target_head;
@@ -189,22 +189,22 @@ bool EfficAdjust(Program& program) {
   const Calculating calculating(program.running);
   DesignRecord& record = program.record;
   const MainScreen& main = program.main;
-  const float increment = Narrow(Val(main.txtDefault[14].text()));
-  const double highest = Val(main.txtDefault[13].text());
+  const float increment = Narrow(Val(TextOf(main, Preference::kHeadStep)));
+  const double highest = Val(TextOf(main, Preference::kHighestHead));
   if (!(increment > 0) || !std::isfinite(increment)) {
     Say(program, words::kIncrementTooSmall);
     return false;
   }
   record.BestHeadFound = 0;
-  program.main.txtInfo[3].Set(main.txtDefault[13].text());
+  program.main.txtInfo[InfoField::kTargetHead].Set(TextOf(main, Preference::kHighestHead));
   // The counter only counts the passes.
   for (double counter = 0.5; counter <= highest; counter += static_cast<double>(increment)) {
-    const double head = Val(main.txtInfo[3].text());
+    const double head = Val(TextOf(main, InfoField::kTargetHead));
     if (!TryHead(program, increment)) return false;
     // With two decimals a small increment leaves the head where it is: all passes to come would be this one again.
-    if (Val(main.txtInfo[3].text()) == head) break;
+    if (Val(TextOf(main, InfoField::kTargetHead)) == head) break;
   }
-  program.main.txtInfo[3].Set(Trim(GeneralText(record.BestHeadFound)));
+  program.main.txtInfo[InfoField::kTargetHead].Set(Trim(GeneralText(record.BestHeadFound)));
   Cal_Dsign_Var(program);
   if (record.MissingData == -1) return false;
   DisplayDesign(program);

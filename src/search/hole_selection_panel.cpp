@@ -7,6 +7,7 @@
 #include "engine/stations.h"
 #include "engine/uniformity.h"
 #include "record/hole_sizes.h"
+#include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -36,7 +37,7 @@ void AbandonDesign(Program& program) {
   TickDesign(program, nullptr);
   record.DesignType = kNoDesign;
   record.SpacingWarningOff = 0;
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   main.title = "TORVALE   ";
   main.cmdInterpolate.visible = false;
 }
@@ -64,7 +65,7 @@ void TakeSelectedSizes(Program& program) {
 
 // The best head seldom is the one that was typed.
 void TellHead(Program& program, const std::string& typed) {
-  const std::string& found = program.main.txtInfo[3].text();
+  const std::string& found = TextOf(program.main, InfoField::kTargetHead);
   if (Val(typed) == Val(found)) return;
   SayToo(program, words::kBestHead(typed, found));
 }
@@ -94,12 +95,12 @@ void BeginListedDesign(Program& program, const Control& entry, std::string_view 
   DesignRecord& record = program.record;
   main.busy = true;
   record.CalcProblem.clear();
-  record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
+  record.ManualTargetHead = Store32(Val(TextOf(main, InfoField::kTargetHead)));
   record.DesignType = kLimitedHoles;
   record.BestUniformity = 0;
   record.BestHeadFound = 0;
   TakeSelectedSizes(program);
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   TickDesign(program, &entry);
   main.title = title;
   main.lblCrownSlope.visible = false;
@@ -150,7 +151,7 @@ void cmdExitHoleSelect_Click(Program& program) {
   DesignRecord& record = program.record;
   main.busy = true;
   record.CalcProblem.clear();
-  record.ManualTargetHead = Store32(Val(main.txtInfo[3].text()));
+  record.ManualTargetHead = Store32(Val(TextOf(main, InfoField::kTargetHead)));
   if (main.listHolesSelected.count() == 0) {
     AbandonDesign(program);
     return;
@@ -162,7 +163,7 @@ void cmdExitHoleSelect_Click(Program& program) {
     return;
   }
   main.busy = false;
-  const std::string typed_head = main.txtInfo[3].text();
+  const std::string typed_head = TextOf(main, InfoField::kTargetHead);
   if (EfficAdjust(program)) {
     DisplayDesign(program);
     TellHead(program, typed_head);

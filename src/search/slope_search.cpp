@@ -12,6 +12,7 @@
 #include "engine/hydraulics.h"
 #include "engine/slope_trials.h"
 #include "engine/uniformity.h"
+#include "screen/fields.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/elev_adjust.h"
@@ -37,10 +38,10 @@ void CaptionUniformity(Program& program) {
 
 void CaptionHeads(Program& program) {
   auto& labels = program.main.frmDisplayLbl;
-  labels[1].caption = Format(static_cast<double>(program.record.MaxHead), "##.00");
-  labels[5].caption = Format(static_cast<double>(program.record.MinHead), "##.00");
-  labels[5].visible = true;
-  labels[1].visible = true;
+  labels[Figure::kMaxHead].caption = Format(static_cast<double>(program.record.MaxHead), "##.00");
+  labels[Figure::kMinHead].caption = Format(static_cast<double>(program.record.MinHead), "##.00");
+  labels[Figure::kMinHead].visible = true;
+  labels[Figure::kMaxHead].visible = true;
 }
 
 // Where the search stands, in one line at the foot of the screen.
@@ -66,8 +67,8 @@ void ShowBestSlope(Program& program) {
   program.main.lblCrownSlope.caption =
       "          Calculating Best Slope: " + Format(static_cast<double>(program.record.CrownSlope) * 100, "##.###") +
       " Per 100 Feet";
-  program.main.frmDisplayLbl[1].visible = true;
-  program.main.frmDisplayLbl[3].visible = true;
+  program.main.frmDisplayLbl[Figure::kMaxHead].visible = true;
+  program.main.frmDisplayLbl[Figure::kMaxHeadStation].visible = true;
 }
 
 void CalculateUniformity(Program& program) {
@@ -210,7 +211,8 @@ bool RunTrials(Program& program, CrownDirection direction) {
   DesignRecord& record = program.record;
   if (!MoreHeadToSpend(record) || record.CancelFlag) return RunTrialsOnRecord(program, direction);
   SlopeField field;
-  PrepareSlopeField(record, Finite(Val(program.main.txtInfo[3].text())), program.main.txtInfo[5].text(), field);
+  PrepareSlopeField(record, Finite(Val(TextOf(program.main, InfoField::kTargetHead))),
+                    TextOf(program.main, InfoField::kSurveyKind), field);
   const LevelMarch level = {record.MinHead, record.Head[record.HoleRows], record.AccumGPM};
   TrialListener listener(program, direction);
   SlopeTrial last;
@@ -287,7 +289,7 @@ void LayCrown(Program& program, float slope) {
   for (int i = 2; i <= record.HoleRows; ++i) {
     span[static_cast<std::size_t>(i)] = SpanInFeet(record.Station[i], record.Station[i - 1]);
   }
-  LayCrownAt(slope, span.data(), record.HoleRows, program.main.txtInfo[5].text() == "R", record.DesignElev.data());
+  LayCrownAt(slope, span.data(), record.HoleRows, ReadsRods(program.main), record.DesignElev.data());
 }
 
 void GradeEfficAdj(Program& program, float& /*ratio*/) {
@@ -316,7 +318,7 @@ void BestFitHead(Program& program) {
   DesignRecord& record = program.record;
   ResetExtremes(record);
   const float factor = Store32(FrictionFactor(static_cast<double>(record.HazenWilliamsC)));
-  const double discharge_coef = Val(program.main.txtDefault[2].text());
+  const double discharge_coef = Val(TextOf(program.main, Preference::kDischargeCoef));
   double run_flow = 0;
   int furrow = 0;
   record.FrictionLoss.Clear();

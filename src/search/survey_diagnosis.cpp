@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "engine/survey.h"
+#include "screen/fields.h"
 #include "screen/words.h"
 
 namespace torvale {
@@ -15,14 +16,14 @@ constexpr std::array<std::string_view, kSurveyColumns> kColumnNames = {
     "hole size", "number of holes",          "mil",           "planted furrow width"};
 
 struct NeededField {
-  std::size_t index;
+  InfoField::Index field;
   Sentence<0> sentence;
 };
 
 constexpr std::array<NeededField, 3> kNeededFields = {{
-    {2, words::kGpmMissing},
-    {3, words::kTargetHeadMissing},
-    {5, words::kSurveyKindMissing},
+    {InfoField::kGpm, words::kGpmMissing},
+    {InfoField::kTargetHead, words::kTargetHeadMissing},
+    {InfoField::kSurveyKind, words::kSurveyKindMissing},
 }};
 
 // The first survey row that stands at or before the row above it, or 0.
@@ -73,8 +74,8 @@ SpokenSentence LengthSentence(const DesignRecord& record) {
 }  // namespace
 
 SpokenSentence EmptyFieldSentence(const Program& program) {
-  for (const NeededField& field : kNeededFields) {
-    if (program.main.txtInfo[field.index].text().empty()) return field.sentence;
+  for (const NeededField& needed : kNeededFields) {
+    if (TextOf(program.main, needed.field).empty()) return needed.sentence;
   }
   return {};
 }

@@ -4,6 +4,8 @@
 #include <array>
 #include <optional>
 
+#include "screen/fields.h"
+
 namespace torvale {
 namespace {
 

@@ -16,6 +16,7 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "input/info_fields.h"
+#include "screen/fields.h"
 #include "search/best_holes_panel.h"
 #include "shell/history.h"
 #include "shell/recovery.h"
@@ -45,20 +46,20 @@ constexpr std::array<PlaceSetting, 4> kPlaceSettings = {{
 // What blank preferences begin with. These are not the factory defaults that the panel of defaults puts into a blank
 // field; they differ in several fields on purpose.
 struct StartValue {
-  std::size_t preference;
+  Preference::Index preference;
   std::string_view text;
 };
 
 constexpr std::array<StartValue, 9> kStartValues = {{
-    {2, "0.65"},
-    {3, "140"},
-    {9, "E"},
-    {10, "2"},
-    {11, "R"},
-    {12, "1.2"},
-    {13, "3.5"},
-    {14, ".5"},
-    {15, "*.*"},
+    {Preference::kDischargeCoef, "0.65"},
+    {Preference::kHazenWilliamsC, "140"},
+    {Preference::kSurveyKind, kElevations},
+    {Preference::kTargetHead, "2"},
+    {Preference::kGateForm, kRectangular},
+    {Preference::kGateSize, "1.2"},
+    {Preference::kHighestHead, "3.5"},
+    {Preference::kHeadStep, ".5"},
+    {Preference::kOpenFilter, "*.*"},
 }};
 
 // The whole number of twips nearest to a setting, or `missing` where it is no number that fits.
@@ -137,16 +138,16 @@ void Form_Load(Program& program) {
   PlacePanels(main);
   main.mnuLayflatPipe.ticked = true;
   record.FileVersion = ProgramVersion();
-  record.PipeKind = "L";
+  record.PipeKind = kLayflat;
   main.lblOpenFilter.caption = "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)";
   if (record.StationInterval == 0) record.StationInterval = 100;
   FillBlankPreferences(main);
   ResetBestHoleLimits(main);
   record.LowQuarter = 0.25F;
-  main.txtInfo[1].Set(program.host.Today());
+  main.txtInfo[InfoField::kDate].Set(program.host.Today());
   LabelColorSet(program);
   UntickDesigns(main);
-  main.frmDisplayLbl[15].caption.clear();
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   main.title = "TORVALE   ";
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = true;
@@ -163,7 +164,7 @@ void Form_Resize(Program& program) {
 }
 
 void Form_Activate(Program& program) {
-  MoveFocus(program, "txtInfo(0)");
+  MoveFocus(program, NameOf(InfoField::kDesignName));
   OfferLastWork(program);
 }
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string_view>
+
+#include "record/design_record.h"
+
+namespace torvale {
+
+// What the letters of a design stand for. A letter is compared exactly; where a field holds any other text, both
+// questions about it are answered with no, and each procedure that asks says by which question it goes.
+
+// The survey kind: larger rod readings are lower ground.
+inline constexpr std::string_view kRods = "R";
+inline constexpr std::string_view kElevations = "E";
+inline bool ReadsRods(std::string_view survey_kind) {
+  return survey_kind == kRods;
+}
+inline bool ReadsElevations(std::string_view survey_kind) {
+  return survey_kind == kElevations;
+}
+
+// The kind of pipe.
+inline constexpr std::string_view kLayflat = "L";
+inline constexpr std::string_view kRigid = "R";
+inline bool IsLayflat(const DesignRecord& record) {
+  return record.PipeKind == kLayflat;
+}
+inline bool IsRigid(const DesignRecord& record) {
+  return record.PipeKind == kRigid;
+}
+
+// The form of the gates of rigid pipe.
+inline constexpr std::string_view kRectangular = "R";
+inline constexpr std::string_view kCircular = "C";
+inline bool IsRectangular(std::string_view gate_form) {
+  return gate_form == kRectangular;
+}
+inline bool IsCircular(std::string_view gate_form) {
+  return gate_form == kCircular;
+}
+
+}  // namespace torvale
