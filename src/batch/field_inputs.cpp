@@ -11,6 +11,7 @@
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "record/hole_sizes.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "search/design_commands.h"
 #include "shell/commands.h"
@@ -19,13 +20,15 @@
 namespace torvale {
 namespace {
 
-constexpr std::array<std::string_view, 7> kDesignFiles = {".PFD", ".CSD", ".DSD", ".CSH", ".XFD", ".LHD", ".DAT"};
+constexpr std::string_view kSurveyFile = ".DAT";
 constexpr std::string_view kTooLarge = "is a larger number than the program holds";
 
 bool IsDesignFile(std::string_view name) {
   const std::string upper = UpperCase(name);
-  return std::any_of(kDesignFiles.begin(), kDesignFiles.end(),
-                     [&](std::string_view extension) { return upper.ends_with(extension); });
+  const auto kinds = DesignKinds();
+  return upper.ends_with(kSurveyFile) || std::any_of(kinds.begin(), kinds.end(), [&](const DesignKind& kind) {
+           return upper.ends_with(kind.extension);
+         });
 }
 
 [[noreturn]] void Fail(const FieldRow& field, const std::string& words) {

@@ -8,6 +8,7 @@
 #include "batch/content_hash.h"
 #include "batch/csv_text.h"
 #include "scenarios/scenario.h"
+#include "screen/design_types.h"
 
 namespace torvale {
 namespace {
@@ -111,7 +112,7 @@ std::optional<Column> ColumnOf(std::string_view heading) {
 }
 
 std::optional<std::int16_t> DesignType(std::string_view word) {
-  for (const DesignKindName& kind : DesignKindNames()) {
+  for (const DesignKind& kind : DesignKinds()) {
     if (Same(word, kind.key) || word == std::to_string(kind.type)) return kind.type;
   }
   return std::nullopt;
@@ -119,7 +120,7 @@ std::optional<std::int16_t> DesignType(std::string_view word) {
 
 std::vector<std::int16_t> AllDesigns() {
   std::vector<std::int16_t> types;
-  for (const DesignKindName& kind : DesignKindNames()) types.push_back(kind.type);
+  for (const DesignKind& kind : DesignKinds()) types.push_back(kind.type);
   return types;
 }
 

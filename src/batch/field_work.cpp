@@ -12,6 +12,7 @@
 #include "batch/text_files.h"
 #include "files/design_files.h"
 #include "reports/csv.h"
+#include "screen/design_types.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 
@@ -78,10 +79,8 @@ std::string Joined(const std::vector<std::string>& sentences) {
 }
 
 std::string_view KeyOfDesign(std::int16_t type) {
-  for (const DesignKindName& kind : DesignKindNames()) {
-    if (kind.type == type) return kind.key;
-  }
-  return "";
+  const DesignKind* kind = FindDesignKind(type);
+  return kind == nullptr ? std::string_view() : kind->key;
 }
 
 Row StartOfRow(const FieldRow& field, std::int16_t type, std::string_view outcome) {

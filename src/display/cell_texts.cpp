@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "engine/hole_geometry.h"
 #include "record/hole_sizes.h"
+#include "record/kinds.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -36,22 +37,6 @@ std::string Pattern(float value, const NumberPattern& pattern) {
 }
 
 }  // namespace
-
-const RowArray<float>& ChosenHoleDia(const DesignRecord& record) {
-  switch (record.DesignType) {
-    case kComputerHoles:
-      return record.ComputerHoleDia;
-    case kLimitedHoles:
-      return record.LimitedHoleDia;
-    default:
-      return record.SurveyHoleDia;
-  }
-}
-
-const RowArray<float>& ShownCrown(const DesignRecord& record) {
-  const bool designed = record.DesignType == kConstantSlope || record.DesignType == kDualSlope;
-  return designed ? record.DesignElev : record.CrownElev;
-}
 
 int ChosenSizeIndex(const DesignRecord& record, int i) {
   return HoleSizeByValue(record, AtRow(record, ChosenHoleDia(record), i));
@@ -122,7 +107,7 @@ std::string CellText(const Program& program, ResultColumn column, int i, const R
     case kResultFurrowLength:
       return Format(AtRow(record, record.FurrowLength, i), kLength);
     case kResultCrown:
-      return Pattern(AtRow(record, ShownCrown(record), i), kElevation);
+      return Pattern(AtRow(record, CrownOfDesign(record), i), kElevation);
     case kResultHoleCount:
       return GeneralText(AtRow(record, record.HolesPerFurrow, i));
     case kResultMil:

@@ -17,13 +17,6 @@ T AtRow(const DesignRecord& record, const RowArray<T>& field, int i) {
   return i > record.HoleRows ? T{} : field[i];
 }
 
-// The hole size array that the design type works with: the computer's choice (type 4), the choice among the allowed
-// sizes (type 6), or the survey's.
-const RowArray<float>& ChosenHoleDia(const DesignRecord& record);
-
-// The crown array that the design type shows: the designed crown (types 2 and 3), or the existing one.
-const RowArray<float>& ShownCrown(const DesignRecord& record);
-
 // Index in the hole size table of the chosen size of row i, or 0 where the table has no such size.
 int ChosenSizeIndex(const DesignRecord& record, int i);
 

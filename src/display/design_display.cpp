@@ -47,7 +47,7 @@ void ShowCrownDifferential(Program& program) {
   MainScreen& main = program.main;
   const DesignRecord& record = program.record;
   Control& value = main.frmDisplayLbl[Figure::kCrownDifferential];
-  const bool slope_design = main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked;
+  const bool slope_design = IsSlopeDesign(record);
   main.frmDisplayLbl[Figure::kCrownDifferentialName].visible = slope_design;
   value.visible = slope_design;
   if (!slope_design) return;
@@ -79,7 +79,7 @@ void ShowFigures(Program& program) {
 }
 
 void ShowConstantSlope(Program& program) {
-  if (!program.main.mnuDesignConstSlope.ticked) return;
+  if (program.record.DesignType != kConstantSlope) return;
   program.main.lblCrownSlope.caption =
       "Crown Slope = " + Format(static_cast<double>(program.record.CrownSlope) * 100, "##.###") + " feet per 100 feet";
   program.main.lblCrownSlope.visible = true;
@@ -87,7 +87,7 @@ void ShowConstantSlope(Program& program) {
 
 // The dual slope is shown doubled, not times 100.
 void ShowDualSlope(Program& program) {
-  if (!program.main.mnuDesignDualSlope.ticked) return;
+  if (program.record.DesignType != kDualSlope) return;
   const double slope = static_cast<double>(program.record.CrownSlope);
   program.main.lblCrownSlope.caption = "Crown Slope = " + Format(slope + slope, "##.00") +
                                        " ft. /100 ft. from Station  0 to " +

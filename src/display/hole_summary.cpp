@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "base/run_time_fault.h"
 #include "display/cell_texts.h"
+#include "record/kinds.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -41,7 +42,7 @@ void StartTexts(Program& program) {
 void ShowProfileSlope(Program& program) {
   const MainScreen& main = program.main;
   Control& slope = program.profile.lblSlope;
-  slope.visible = main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked;
+  slope.visible = IsSlopeDesign(program.record);
   if (slope.visible) slope.caption = main.lblCrownSlope.caption;
 }
 

@@ -64,8 +64,8 @@ void ShowEquivalentHole(Program& program, MouseButton button) {
   const int i = OutletOfSelection(program);
   if (i == 0) return;
   // A limited selection, too, is read from the free choice of the computer.
-  const bool selection = record.DesignType == kComputerHoles || record.DesignType == kLimitedHoles;
-  const int size = HoleSizeByValue(record, selection ? record.ComputerHoleDia[i] : record.SurveyHoleDia[i]);
+  const int size =
+      HoleSizeByValue(record, IsHoleSelection(record) ? record.ComputerHoleDia[i] : record.SurveyHoleDia[i]);
   if (size == 0) return;
   const std::string gate = HasCircularGates(main) ? "Circular" : "Rectangular";
   main.frameHoleEquiv.visible = true;

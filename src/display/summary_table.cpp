@@ -5,6 +5,7 @@
 #include "display/table_row.h"
 #include "engine/survey.h"
 #include "record/hole_sizes.h"
+#include "record/kinds.h"
 
 namespace torvale {
 namespace {

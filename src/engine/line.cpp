@@ -1,6 +1,7 @@
 #include "engine/line.h"
 
 #include "engine/hydraulics.h"
+#include "record/kinds.h"
 
 namespace torvale {
 namespace {
@@ -9,8 +10,7 @@ namespace {
 float Opening(const DesignRecord& record, int row) {
   const double holes = record.HolesPerFurrow[row];
   if (!IsHoleSelection(record)) return Store32(AreaByFeet(static_cast<double>(record.HoleDia[row]), holes));
-  const float inches = record.DesignType == kComputerHoles ? record.ComputerHoleDia[row] : record.LimitedHoleDia[row];
-  return Store32(AreaByInches(static_cast<double>(inches), holes));
+  return Store32(AreaByInches(static_cast<double>(ChosenHoleDia(record)[row]), holes));
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ void PrepareLine(const DesignRecord& record, bool elevations, Line& line) {
                             ? line.dia_power[i - 1]
                             : DiameterPowerOrNone(static_cast<double>(diameter));
   }
-  LayOnLine(IsSlopeDesign(record) ? record.DesignElev.data() : record.CrownElev.data(), elevations, line);
+  LayOnLine(CrownOfDesign(record).data(), elevations, line);
 }
 
 void LayOnLine(const float* crown, bool elevations, Line& line) {

@@ -21,6 +21,7 @@
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/file_choice.h"
 #include "screen/message_box.h"
@@ -32,29 +33,6 @@ namespace torvale {
 namespace {
 
 constexpr double kSoilVersion = 6;  // first version that recommended a furrow flow
-
-struct DesignKind {
-  std::int16_t type;
-  std::string_view extension;
-  std::string_view title;
-  Control MainScreen::*entry;
-};
-
-constexpr std::array<DesignKind, 6> kKinds = {{
-    {kPlanned, ".PFD", "TORVALE   Planned Field Design", &MainScreen::mnuDesignField},
-    {kConstantSlope, ".CSD", "TORVALE   Constant Slope Design", &MainScreen::mnuDesignConstSlope},
-    {kDualSlope, ".DSD", "TORVALE   Dual Slope Design", &MainScreen::mnuDesignDualSlope},
-    {kComputerHoles, ".CSH", "TORVALE   Computer Selected Hole Design", &MainScreen::mnuComputerHoleSelection},
-    {kExistingField, ".XFD", "TORVALE   Existing Field Conditions Design", &MainScreen::mnuExistingDesign},
-    {kLimitedHoles, ".LHD", "TORVALE   Limited Computer Hole Selection Design", &MainScreen::mnuManHoleSelection},
-}};
-
-const DesignKind* KindOf(std::int16_t type) {
-  for (const DesignKind& kind : kKinds) {
-    if (kind.type == type) return &kind;
-  }
-  return nullptr;
-}
 
 // Where the last character of a text begins.
 std::size_t LastCharacter(std::string_view text) {
@@ -141,17 +119,14 @@ void TickPipe(Program& program) {
   program.main.mnuRigidPipe.ticked = !layflat;
 }
 
-// The tick of an existing field design is left to the next design command.
-void TickKind(Program& program) {
+// Brings the title and the tick of the type that was read, and works out anew the holes that no file holds.
+void ShowType(Program& program) {
   MainScreen& main = program.main;
-  for (Control* entry : {&main.mnuDesignConstSlope, &main.mnuDesignField, &main.mnuComputerHoleSelection,
-                         &main.mnuManHoleSelection, &main.mnuDesignDualSlope, &main.mnuBestHoles}) {
-    entry->ticked = false;
-  }
-  const DesignKind* kind = KindOf(program.record.DesignType);
+  UntickDesignsOnTheWayBack(program);
+  const DesignKind* kind = FindDesignKind(program.record.DesignType);
   if (kind == nullptr) return;
-  (main.*kind->entry).ticked = true;
-  main.title = kind->title;
+  FindControl(program, kind->entry)->ticked = true;
+  main.title = TitleWith(kind->opened_title);
   if (kind->type != kLimitedHoles) main.listHolesSelected.Clear();
   if (kind->type == kComputerHoles) mnuComputerHoleSelection_Click(program);
 }
@@ -169,7 +144,7 @@ void ShowOpened(Program& program, int sizes) {
   for (int i = 0; i < sizes; ++i) main.listHolesSelected.Add(record.SelectedHoleName[i]);
   TickPipe(program);
   const bool made_anew = record.DesignType == kComputerHoles;
-  TickKind(program);
+  ShowType(program);
   if (made_anew && GaveUp(record)) {
     mnuWindowInfo_Click(program);
     btnDefaultExit_Click(program);
@@ -204,15 +179,14 @@ void FallBackToDefaults(Program& program) {
 }  // namespace
 
 std::string_view ExtensionOf(std::int16_t design_type) {
-  const DesignKind* kind = KindOf(design_type);
+  const DesignKind* kind = FindDesignKind(design_type);
   return kind == nullptr ? std::string_view() : kind->extension;
 }
 
 std::string_view KindName(std::int16_t design_type) {
-  constexpr std::string_view kProgram = "TORVALE   ";
   if (design_type == kSurveyOnly) return "Survey";
-  const DesignKind* kind = KindOf(design_type);
-  return kind == nullptr ? std::string_view() : kind->title.substr(kProgram.size());
+  const DesignKind* kind = FindDesignKind(design_type);
+  return kind == nullptr ? std::string_view() : kind->opened_title;
 }
 
 std::string WithoutExtension(std::string_view name) {

@@ -11,6 +11,7 @@
 #include "files/file_store.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -18,40 +19,47 @@ namespace {
 
 constexpr int kShownRecent = 4;
 
-constexpr std::string_view kOpenFilters =
-    "Limit Computer Hole Selection (*.LHD)|*.LHD|Planned Design (*.PFD)|*.PFD|Constant Slope (*.CSD)|*.CSD|"
-    "Dual Slope Crown (*.DSD)|*.DSD|Computer Selected Holes (*.CSH)|*.CSH|Existing Field Design (*.XFD)|*.XFD|"
-    " All file types (*.*) | *.*";
+constexpr std::string_view kAllFiles = "*.*";
 
-// The texts of the open filter's preference, in the order of the filters. Any other text stands for the first.
-constexpr std::array<std::string_view, 7> kFilterNames = {"LHD", "PFD", "CSD", "DSD", "CSH", "XFD", "*.*"};
-
-// The save dialog's filter by design type, from 1.
-constexpr std::array<std::string_view, 6> kSaveFilters = {
-    "Planned Field Design(*.PFD)|*.PFD",     "Constant Slope(*.CSD)|*.CSD",
-    "Dual Slope Crown(*.DSD)|*.DSD",         "Computer Selected Holes(*.CSH)|*.CSH",
-    "Existing Field Condition(*.XFD)|*.XFD", "Limit Computer Hole Selection(*.LHD)|*.LHD"};
+// A survey that is saved before any design was run.
 constexpr std::string_view kSurveyFilter = "Limit Computer Hole Selection(*.DAT)|*.DAT";
+
+// The types in the order of the open dialog's filters.
+constexpr std::array<std::int16_t, 6> kOpenOrder = {kLimitedHoles, kPlanned,       kConstantSlope,
+                                                    kDualSlope,    kComputerHoles, kExistingField};
+
+std::string OpenFilters() {
+  std::string filters;
+  for (const std::int16_t type : kOpenOrder) {
+    const DesignKind& kind = *FindDesignKind(type);
+    filters.append(kind.open_filter).append(" (*").append(kind.extension).append(")|*");
+    filters.append(kind.extension).append("|");
+  }
+  return filters + " All file types (*.*) | *.*";
+}
 
 std::string RecentPath(Program& program) {
   return program.host.ProgramFolder() + "/" + std::string(kRecentFile);
 }
 
+// The one that the preference names by its extension, from 1. Any other text stands for the first.
 int OpenFilter(const Program& program) {
   const std::string& wanted = TextOf(program.main, Preference::kOpenFilter);
-  for (std::size_t i = 0; i < kFilterNames.size(); ++i) {
-    if (wanted == kFilterNames.at(i)) return static_cast<int>(i) + 1;
-  }
-  return 1;
+  if (wanted == kAllFiles) return static_cast<int>(kOpenOrder.size()) + 1;
+  const auto* const found = std::find_if(kOpenOrder.begin(), kOpenOrder.end(), [&](std::int16_t type) {
+    return wanted == FindDesignKind(type)->extension.substr(1);
+  });
+  return found == kOpenOrder.end() ? 1 : static_cast<int>(found - kOpenOrder.begin()) + 1;
 }
 
 // A survey can be saved before any design was run; it then counts as a kind of its own.
-std::string_view SaveFilter(Program& program) {
-  const std::int16_t type = program.record.DesignType;
-  if (type >= kPlanned && type <= kLimitedHoles) return kSaveFilters.at(static_cast<std::size_t>(type - kPlanned));
+std::string SaveFilter(Program& program) {
+  if (const DesignKind* kind = FindDesignKind(program.record.DesignType)) {
+    return std::string(kind->save_filter).append("(*").append(kind->extension).append(")|*").append(kind->extension);
+  }
   if (!program.main.Grid1.control.visible || program.main.Grid2.control.visible) return "";
   program.record.DesignType = kSurveyOnly;
-  return kSurveyFilter;
+  return std::string(kSurveyFilter);
 }
 
 void ShowRecent(Program& program, int index) {
@@ -104,7 +112,7 @@ void OpenNamedFile(Program& program, std::string_view path) {
 }
 
 void mnuFileOpen_Click(Program& program) {
-  const auto name = program.host.OpenDialog({"Open", std::string(kOpenFilters), OpenFilter(program), "", {}});
+  const auto name = program.host.OpenDialog({"Open", OpenFilters(), OpenFilter(program), "", {}});
   if (name && !name->empty()) OpenNamedFile(program, *name);
 }
 
@@ -115,7 +123,7 @@ void mnuFileSave_Click(Program& program) {
 
 void mnuFileSaveAs_Click(Program& program) {
   DesignRecord& record = program.record;
-  const std::string filter(SaveFilter(program));
+  const std::string filter = SaveFilter(program);
   record.OpenedFileName = WithoutExtension(record.OpenedFileName);
   if (const std::string_view extension = ExtensionOf(record.DesignType); !extension.empty()) {
     record.SaveFileName = record.OpenedFileName + std::string(extension);

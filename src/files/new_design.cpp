@@ -7,6 +7,7 @@
 #include "engine/survey.h"
 #include "files/preferences.h"
 #include "input/info_fields.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/status_line.h"
 #include "search/best_holes_panel.h"
@@ -33,15 +34,12 @@ void SetFirstRowCell(Program& program, const FirstRowDefault& cell) {
 }
 
 // The screen goes back to the sheet; Planned is the marked kind.
-void ShowEmptySheet(MainScreen& main) {
+void ShowEmptySheet(Program& program) {
+  MainScreen& main = program.main;
   main.mnuWindowInfo.enabled = false;
-  main.mnuDesignField.ticked = true;
   main.mnuSurveyCopy.enabled = true;
-  for (Control* entry : {&main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign,
-                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuBestHoles}) {
-    entry->ticked = false;
-  }
-  main.title = "TORVALE   ";
+  TickDesign(program, kPlanned);
+  main.title = TitleWith("");
 }
 
 }  // namespace
@@ -60,7 +58,7 @@ void mnuFileNew_Click(Program& program) {
   GridSet(program);
   ForgetDesign(program);
   ForgetNews(program);
-  ShowEmptySheet(main);
+  ShowEmptySheet(program);
   for (TextField& field : main.txtInfo) field.Set("");
   ResetBestHoleLimits(main);
   main.txtInfo[InfoField::kDate].Set(program.host.Today());

@@ -40,8 +40,9 @@ void NameCrown(Program& program, std::string_view rods, std::string_view elevati
 
 // The survey kind is limited after its own first change, the other fields after the first change of any of them.
 void SetLongestTexts(Program& program, int index) {
-  const int first = index == InfoField::kSurveyKind ? InfoField::kSurveyKind : 0;
-  const int last = index == InfoField::kSurveyKind ? InfoField::kSurveyKind : InfoField::kSurveyKind - 1;
+  const bool is_kind = index == kLastField;
+  const int first = is_kind ? kLastField : 0;
+  const int last = is_kind ? kLastField : kLastField - 1;
   for (int i = first; i <= last; ++i) Field(program, i).max_length = kLongestText.at(static_cast<std::size_t>(i));
 }
 

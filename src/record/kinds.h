@@ -29,6 +29,18 @@ inline bool IsRigid(const DesignRecord& record) {
   return record.PipeKind == kRigid;
 }
 
+// The hole sizes that the design goes by, inches: the choice of the computer (type 4), that among the allowed sizes
+// (type 6), or those of the survey.
+inline const RowArray<float>& ChosenHoleDia(const DesignRecord& record) {
+  if (record.DesignType == kComputerHoles) return record.ComputerHoleDia;
+  return record.DesignType == kLimitedHoles ? record.LimitedHoleDia : record.SurveyHoleDia;
+}
+
+// The crown that the pipe lies on: the designed one for slope designs, the existing one for the others.
+inline const RowArray<float>& CrownOfDesign(const DesignRecord& record) {
+  return IsSlopeDesign(record) ? record.DesignElev : record.CrownElev;
+}
+
 // The form of the gates of rigid pipe.
 inline constexpr std::string_view kRectangular = "R";
 inline constexpr std::string_view kCircular = "C";

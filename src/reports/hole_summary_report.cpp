@@ -127,7 +127,7 @@ void PrintHeads(DocumentWriter& writer, const DesignRecord& record, double y) {
 
 Document HoleSummaryReport(Program& program) {
   DocumentWriter writer("Hole Summary");
-  PrintTitle(writer, program.record, kLimitedInHoleSummary);
+  PrintTitle(writer, program.record, &DesignKind::in_hole_report);
   PrintFigures(writer, program);
   double y = 0;
   PrintSizeTable(writer, program, y);

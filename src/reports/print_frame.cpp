@@ -17,9 +17,6 @@ constexpr double kLeftRoom = 3.4;   // up to the second column
 constexpr double kRightRoom = 3.9;  // up to the edge of the table
 constexpr double kWholeRoom = 7.4;  // from the first column to that edge
 
-constexpr std::array<std::string_view, 5> kDesignNames = {
-    "Planned Design", "Constant Slope Design", "Dual Slope Design", "Multiple Hole Design", "Existing Slope Design"};
-
 struct AppliedWaterLine {
   std::string_view inches;
   float DesignRecord::*hours;
@@ -89,22 +86,20 @@ std::string SurveyKindText(const MainScreen& main) {
 
 }  // namespace
 
-std::string DesignLine(const DesignRecord& record, std::string_view limited_name) {
-  if (record.DesignType < kPlanned || record.DesignType > kLimitedHoles) return "";
-  const std::string_view name = record.DesignType == kLimitedHoles
-                                    ? limited_name
-                                    : kDesignNames.at(static_cast<std::size_t>(record.DesignType - kPlanned));
-  return std::string(name) + (IsLayflat(record) ? " using Layflat Pipe" : " using Rigid Pipe");
+std::string DesignLine(const DesignRecord& record, std::string_view DesignKind::*name) {
+  const DesignKind* kind = FindDesignKind(record.DesignType);
+  if (kind == nullptr) return "";
+  return std::string(kind->*name) + (IsLayflat(record) ? " using Layflat Pipe" : " using Rigid Pipe");
 }
 
-void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view limited_name) {
+void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view DesignKind::*name) {
   writer.Text(6.5, 0.2, "Page " + GeneralText(writer.page()));
   writer.SetFontSize(14);
   writer.Centred(0.2, "Kelmar Programming");
   writer.Centred(0.4, " TORVALE Version " + ProgramVersion());
   writer.SetFontSize(12);
   writer.Centred(0.6, "Gated Line And Crown Planning Aid");
-  writer.Centred(0.8, DesignLine(record, limited_name));
+  writer.Centred(0.8, DesignLine(record, name));
 }
 
 double AppliedWaterRow(double y, int row) {
@@ -143,7 +138,7 @@ void PrintSoil(DocumentWriter& writer, const Program& program, double y) {
 
 void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {
   const DesignRecord& record = program.record;
-  PrintTitle(writer, record, kLimitedInDesignReports);
+  PrintTitle(writer, record, &DesignKind::in_reports);
   writer.SetFontSize(10);
   writer.Text(kLeft, 1.1, "Saved as " + record.DisplayFileName, kWholeRoom);
   writer.Text(kLeft, 1.4, "Name: " + TextOf(program.main, InfoField::kDesignName), kLeftRoom);
@@ -178,9 +173,7 @@ void PrintDesignData(DocumentWriter& writer, const Program& program) {
   right(2.4, "Minimum Furrow Flow(GPM): " + Pattern(record.MinFurrowFlow, "##.00"));
   left(2.6, "Distribution Efficiency = " + GeneralText(record.Uniformity));
   right(2.6, "Acres = " + Pattern(record.TotalAcres, "###0.0"));
-  if (main.mnuDesignConstSlope.ticked || main.mnuDesignDualSlope.ticked) {
-    writer.Text(kLeft, 2.8, main.lblCrownSlope.caption, kWholeRoom);
-  }
+  if (IsSlopeDesign(record)) writer.Text(kLeft, 2.8, main.lblCrownSlope.caption, kWholeRoom);
   writer.SetDrawWidth(3);
 }
 

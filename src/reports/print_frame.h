@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "reports/document_writer.h"
+#include "screen/design_types.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -16,15 +17,11 @@ inline constexpr std::array<double, 13> kTableRules = {0.1,  0.87, 1.47, 2.07, 2
                                                        4.57, 5.22, 5.92, 6.37, 7.02, 7.9};
 inline constexpr double kRuleGap = 0.02;  // between a text and the rule behind it
 
-// Name of a limited selection of holes; the two wordings differ on purpose.
-inline constexpr std::string_view kLimitedInDesignReports = "Limited Computer Hole Selection Design";
-inline constexpr std::string_view kLimitedInHoleSummary = "Limited Computer Selected Hole Design";
-
-// The kind of design and of pipe, as a report names it. Empty before any design.
-std::string DesignLine(const DesignRecord& record, std::string_view limited_name);
+// The type of design, by the name that the report has for it, and the kind of pipe. Empty before any design.
+std::string DesignLine(const DesignRecord& record, std::string_view DesignKind::*name);
 
 // The page's number, then the program's lines and the design line, centred. Leaves font size 12.
-void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view limited_name);
+void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_view DesignKind::*name);
 
 // Box of hours and days that apply 0.5 to 3 gross inches, its top at y, at font size 10. The box is drawn in the line
 // width in force.

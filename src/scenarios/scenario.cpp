@@ -7,6 +7,8 @@
 #include "display/cell_texts.h"
 #include "display/colour_meanings.h"
 #include "display/hole_summary.h"
+#include "record/kinds.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "search/design_commands.h"
 #include "shell/commands.h"
@@ -58,9 +60,7 @@ void Lay(const ScenarioInput& input, Program& program) {
 }
 
 void ClickDesign(Program& program, std::int16_t design_type) {
-  for (const DesignKindName& kind : DesignKindNames()) {
-    if (kind.type == design_type) Click(program, kind.entry);
-  }
+  if (const DesignKind* kind = FindDesignKind(design_type)) Click(program, kind->entry);
   // The limited selection opens its panel of hole sizes, whose button begins the design.
   if (design_type == kLimitedHoles) Click(program, kHoleSelectionExit);
 }
@@ -166,18 +166,6 @@ ScenarioInput InputOf(const Program& program) {
   input.survey_rows = record.SurveyRows;
   input.spacing_warning_off = record.SpacingWarningOff;
   return input;
-}
-
-const std::array<DesignKindName, 6>& DesignKindNames() {
-  static constexpr std::array<DesignKindName, 6> kKinds = {{
-      {kPlanned, "planned", "Planned", "mnuDesignField"},
-      {kConstantSlope, "constant", "Constant Slope", "mnuDesignConstSlope"},
-      {kDualSlope, "dual", "Dual Slope", "mnuDesignDualSlope"},
-      {kComputerHoles, "computer", "Computer Selected Holes", "mnuComputerHoleSelection"},
-      {kExistingField, "existing", "Existing Field", "mnuExistingDesign"},
-      {kLimitedHoles, "limited", "Limited Computer Hole Selection", "mnuManHoleSelection"},
-  }};
-  return kKinds;
 }
 
 QuietProgram::QuietProgram(const std::string& data_folder) : host_(data_folder), program_(host_) {

@@ -43,16 +43,6 @@ struct ScenarioInput {
 // The inputs as they stand in a program. Nothing of the program is touched.
 ScenarioInput InputOf(const Program& program);
 
-// A type of design as it is called and asked for.
-struct DesignKindName {
-  std::int16_t type;
-  std::string_view key;    // one word, for tables and command lines
-  std::string_view name;   // as the menu has it
-  std::string_view entry;  // the control whose click begins it
-};
-// The six types in the order of their numbers.
-const std::array<DesignKindName, 6>& DesignKindNames();
-
 enum class ScenarioOutcome {
   kDone,
   kRefused,    // the program said why in `words`

@@ -10,6 +10,7 @@
 #include "display/design_display.h"
 #include "engine/best_holes.h"
 #include "engine/plan_task.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
@@ -184,7 +185,7 @@ void cmdFindBestHoles_Click(Program& program) {
   std::optional<PlanLimits> limits = ReadLimits(program);
   if (!limits) return;
   main.listSortSelectedHoles.Clear();
-  BeginListedDesign(program, main.mnuBestHoles, "TORVALE   Best Holes Design");
+  BeginListedDesign(program, BestHolesKind());
   main.cmdCancel.enabled = true;
   if (RunBestHoles(program, *limits)) {
     DisplayDesign(program);

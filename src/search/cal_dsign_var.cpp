@@ -136,9 +136,7 @@ void Finish(Program& program, int tries) {
   ScreenEngineHost host(program);
   DistributionEffic(record, host);
   // The other types show their designs from their own commands.
-  const bool shown_here =
-      record.DesignType != kConstantSlope && record.DesignType != kDualSlope && record.DesignType != kLimitedHoles;
-  if (shown_here) DisplayDesign(program);
+  if (!IsSlopeDesign(record) && record.DesignType != kLimitedHoles) DisplayDesign(program);
 }
 
 // The second selection starts as the first did and repeats it.

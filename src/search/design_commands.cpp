@@ -8,6 +8,7 @@
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
@@ -28,14 +29,14 @@ bool GaveUp(const DesignRecord& record) {
 }
 
 // The two designs that march the input holes over the existing crown differ in their titles and marks alone.
-void StartOnExistingCrown(Program& program, std::int16_t design_type, Control& entry, std::string_view title) {
+void StartOnExistingCrown(Program& program, std::int16_t design_type) {
   MainScreen& main = program.main;
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = false;
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  TickDesign(program, &entry);
+  TickDesign(program, design_type);
   program.record.DesignType = design_type;
-  main.title = title;
+  main.title = TitleOfRun(design_type);
   main.busy = true;
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);
@@ -87,24 +88,12 @@ void LockForSearch(Program& program) {
 
 }  // namespace
 
-void TickDesign(Program& program, const Control* ticked) {
-  MainScreen& main = program.main;
-  for (Control* entry :
-       {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope, &main.mnuExistingDesign,
-        &main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuBestHoles}) {
-    entry->ticked = entry == ticked;
-  }
-  main.lblBestHoles.visible = false;
-}
-
 void mnuDesignField_Click(Program& program) {
-  program.main.title = "TORVALE   Planned Design";
-  StartOnExistingCrown(program, kPlanned, program.main.mnuDesignField, "TORVALE   Planned Design");
+  StartOnExistingCrown(program, kPlanned);
 }
 
 void mnuExistingDesign_Click(Program& program) {
-  program.main.title = "TORVALE   Existing Field Conditions Design";
-  StartOnExistingCrown(program, kExistingField, program.main.mnuExistingDesign, "TORVALE   Existing Field Design");
+  StartOnExistingCrown(program, kExistingField);
 }
 
 // This command alone leaves the crown slope's label as it stands.
@@ -112,11 +101,11 @@ void mnuDesignConstSlope_Click(Program& program) {
   MainScreen& main = program.main;
   program.record.DesignType = kConstantSlope;
   program.record.SlopeDelta = 0;
-  main.title = "TORVALE   Constant Slope Design";
+  main.title = TitleOfRun(kConstantSlope);
   main.cmdInterpolate.visible = false;
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   LockForSearch(program);
-  TickDesign(program, &main.mnuDesignConstSlope);
+  TickDesign(program, kConstantSlope);
   cmdInterpolate_Click(program);
   main.busy = true;
   Cal_Dsign_Var(program);
@@ -129,10 +118,10 @@ void mnuDesignConstSlope_Click(Program& program) {
 void mnuDesignDualSlope_Click(Program& program) {
   MainScreen& main = program.main;
   program.record.SlopeDelta = 0;
-  main.title = "TORVALE   Dual Slope Design";
+  main.title = TitleOfRun(kDualSlope);
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   LockForSearch(program);
-  TickDesign(program, &main.mnuDesignDualSlope);
+  TickDesign(program, kDualSlope);
   main.cmdInterpolate.visible = false;
   main.lblCrownSlope.visible = false;
   program.record.DesignType = kDualSlope;
@@ -147,14 +136,13 @@ void mnuDesignDualSlope_Click(Program& program) {
 
 void mnuComputerHoleSelection_Click(Program& program) {
   MainScreen& main = program.main;
-  main.title = "TORVALE  Computer Selected Hole Design";
   program.record.DesignOK = "True";
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = false;
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  TickDesign(program, &main.mnuComputerHoleSelection);
+  TickDesign(program, kComputerHoles);
   program.record.DesignType = kComputerHoles;
-  main.title = "TORVALE   Computer Selected Hole Design";
+  main.title = TitleOfRun(kComputerHoles);
   main.busy = true;
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);
@@ -217,14 +205,10 @@ void cmdCancel_Click(Program& program) {
 
 void ShowInputScreen(Program& program) {
   MainScreen& main = program.main;
-  main.title = "TORVALE   ";
+  main.title = TitleWith("");
   GiveUpDesign(program);
   main.mnuWindowInfo.visible = false;
-  // The mark of an existing field design stays until the next design command takes it away.
-  for (Control* entry : {&main.mnuDesignField, &main.mnuDesignConstSlope, &main.mnuDesignDualSlope,
-                         &main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuBestHoles}) {
-    entry->ticked = false;
-  }
+  UntickDesignsOnTheWayBack(program);
   program.record.DesignType = kNoDesign;
   program.record.SpacingWarningOff = 0;
   program.record.CancelFlag = false;

@@ -17,7 +17,4 @@ void mnuWindowInfo_Click(Program& program);             // back to the input scr
 void ShowInputScreen(Program& program);                 // the same, the sheet left as it is
 void cmdInterpolate_Click(Program& program);            // completes the survey sheet
 
-// Ticks one of the six design entries and takes the ticks of the others away; nullptr for none.
-void TickDesign(Program& program, const Control* ticked);
-
 }  // namespace torvale

@@ -48,7 +48,7 @@ void LiftCrown(Program& program) {
   DesignRecord& record = program.record;
   const bool elevations = ReadsElevations(program.main);
   double lift = 0;
-  if (record.DesignType == kConstantSlope || record.DesignType == kDualSlope) {
+  if (IsSlopeDesign(record)) {
     for (int i = 1; i <= record.HoleRows; ++i) {
       const double below = Below(record, i, elevations);
       lift = std::max(lift, below);
@@ -63,7 +63,7 @@ void LiftCrown(Program& program) {
 }
 
 void ElevAdjust(Program& program) {
-  if (program.main.mnuDesignDualSlope.ticked) LayBrokenLine(program);
+  if (program.record.DesignType == kDualSlope) LayBrokenLine(program);
   LiftCrown(program);
 }
 

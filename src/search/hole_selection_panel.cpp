@@ -7,6 +7,7 @@
 #include "engine/stations.h"
 #include "engine/uniformity.h"
 #include "record/hole_sizes.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
@@ -34,11 +35,11 @@ void AbandonDesign(Program& program) {
   ForgetNews(program);
   ShowInput(program);
   main.mnuWindowInfo.visible = false;
-  TickDesign(program, nullptr);
+  TickDesign(program, kNoDesign);
   record.DesignType = kNoDesign;
   record.SpacingWarningOff = 0;
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  main.title = "TORVALE   ";
+  main.title = TitleWith("");
   main.cmdInterpolate.visible = false;
 }
 
@@ -90,7 +91,7 @@ bool MarchAgain(Program& program) {
 
 }  // namespace
 
-void BeginListedDesign(Program& program, const Control& entry, std::string_view title) {
+void BeginListedDesign(Program& program, const DesignKind& kind) {
   MainScreen& main = program.main;
   DesignRecord& record = program.record;
   main.busy = true;
@@ -101,8 +102,8 @@ void BeginListedDesign(Program& program, const Control& entry, std::string_view 
   record.BestHeadFound = 0;
   TakeSelectedSizes(program);
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  TickDesign(program, &entry);
-  main.title = title;
+  TickDesign(program, &kind);
+  main.title = TitleWith(kind.title);
   main.lblCrownSlope.visible = false;
   main.lblBestHoles.caption.clear();
   main.cmdInterpolate.visible = false;
@@ -156,7 +157,7 @@ void cmdExitHoleSelect_Click(Program& program) {
     AbandonDesign(program);
     return;
   }
-  BeginListedDesign(program, main.mnuManHoleSelection, "TORVALE   Limited Computer Selected Hole Design");
+  BeginListedDesign(program, *FindDesignKind(kLimitedHoles));
   if (record.DesignOK == "False" || record.MissingData == -1) {
     // The panel was left open while another run failed; the screen must not stay locked.
     BackToInput(program);

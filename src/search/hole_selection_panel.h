@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string_view>
-
+#include "screen/design_types.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -19,7 +18,7 @@ void cmdExitHoleSelect_Click(Program& program);
 
 // What every design from the list begins with: it is of type 6 and has the list's sizes in the record in ascending
 // order, its entry is ticked and its title stands, the screen is locked, the survey completed, and the panel closed.
-void BeginListedDesign(Program& program, const Control& entry, std::string_view title);
+void BeginListedDesign(Program& program, const DesignKind& kind);
 // The way out of one that came to nothing: the screen is unlocked and the sheet comes back.
 void BackToInput(Program& program);
 

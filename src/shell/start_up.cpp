@@ -16,6 +16,7 @@
 #include "files/preferences_panel.h"
 #include "files/soils.h"
 #include "input/info_fields.h"
+#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "search/best_holes_panel.h"
 #include "shell/history.h"
@@ -105,14 +106,6 @@ void FillBlankPreferences(MainScreen& main) {
   }
 }
 
-void UntickDesigns(MainScreen& main) {
-  for (Control* entry :
-       {&main.mnuManHoleSelection, &main.mnuComputerHoleSelection, &main.mnuDesignField, &main.mnuDesignConstSlope,
-        &main.mnuDesignDualSlope, &main.mnuExistingDesign, &main.mnuBestHoles}) {
-    entry->ticked = false;
-  }
-}
-
 void SetIfEmpty(Grid& sheet, int column, std::string_view text) {
   if (sheet.Text(1, column).empty()) sheet.Set(1, column, text);
 }
@@ -146,9 +139,9 @@ void Form_Load(Program& program) {
   record.LowQuarter = 0.25F;
   main.txtInfo[InfoField::kDate].Set(program.host.Today());
   LabelColorSet(program);
-  UntickDesigns(main);
+  TickDesign(program, kNoDesign);
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  main.title = "TORVALE   ";
+  main.title = TitleWith("");
   main.lblCrownSlope.visible = false;
   main.cmdInterpolate.visible = true;
   SetIfEmpty(main.Grid1, kCrownColumn, kFirstCrown);

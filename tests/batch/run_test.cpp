@@ -13,6 +13,7 @@
 #include "files/code_page.h"
 #include "files/design_files.h"
 #include "scenarios/fields_by_hand.h"
+#include "screen/design_types.h"
 
 namespace torvale {
 namespace {
@@ -101,7 +102,7 @@ bool CanBeSaid(const Program& program) {
 
 // The design by hand in the same program: as the menu and the panel give it.
 void DesignByHand(ByHand& hand, std::int16_t type) {
-  for (const DesignKindName& kind : DesignKindNames()) {
+  for (const DesignKind& kind : DesignKinds()) {
     if (kind.type == type) Click(hand.program, kind.entry);
   }
   if (type == kLimitedHoles) Click(hand.program, "cmdExitHoleSelect");

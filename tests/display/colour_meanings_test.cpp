@@ -44,7 +44,7 @@ TEST(ColourMeanings, OfTheLabels) {
   SmallLine line;
   line.AddHole(0, kQuarterInch, 100);
   line.AddSurvey("0", "1/4");
-  line.main.mnuDesignConstSlope.ticked = true;
+  line.record.DesignType = kConstantSlope;
   line.record.DesignElev[1] = 9;
   ScreenEngineHost engine(line.program);
   const auto show = [&](float highest, float lowest, float uniformity) {

@@ -117,9 +117,9 @@ TEST(DisplayDesign, ShowsTheCrownDifferentialOfSlopeDesigns) {
   EXPECT_FALSE(planned.Label(15).visible);
   EXPECT_EQ(planned.Label(15).back, std::nullopt);
 
-  for (Control MainScreen::*entry : {&MainScreen::mnuDesignConstSlope, &MainScreen::mnuDesignDualSlope}) {
+  for (const std::int16_t type : {kConstantSlope, kDualSlope}) {
     FinishedDesign design;
-    (design.main.*entry).ticked = true;
+    design.record.DesignType = type;
     DisplayDesign(design.program);
     EXPECT_TRUE(design.Label(14).visible);
     EXPECT_TRUE(design.Label(15).visible);
@@ -128,7 +128,7 @@ TEST(DisplayDesign, ShowsTheCrownDifferentialOfSlopeDesigns) {
   }
 
   FinishedDesign rising;
-  rising.main.mnuDesignConstSlope.ticked = true;
+  rising.record.DesignType = kConstantSlope;
   rising.record.DesignElev[2] = 63;
   DisplayDesign(rising.program);
   EXPECT_EQ(rising.Label(15).caption, "-1.50 ft.");
@@ -146,7 +146,7 @@ TEST(DisplayDesign, ComparesTheDifferentialWithTheLimitAsTyped) {
   for (const Case& c : {Case{1.2F, 0, "1.2", kYellow}, Case{61.5F, 60.25F, "1.25", std::nullopt},
                         Case{61.5F, 60.25F, "1.249", kYellow}}) {
     FinishedDesign design;
-    design.main.mnuDesignDualSlope.ticked = true;
+    design.record.DesignType = kDualSlope;
     design.record.DesignElev[1] = c.first;
     design.record.DesignElev[2] = c.last;
     design.main.txtDefault[4].Set(c.limit);
@@ -157,7 +157,7 @@ TEST(DisplayDesign, ComparesTheDifferentialWithTheLimitAsTyped) {
 
 TEST(DisplayDesign, NamesTheSlopeOfAConstantSlope) {
   FinishedDesign design;
-  design.main.mnuDesignConstSlope.ticked = true;
+  design.record.DesignType = kConstantSlope;
   design.main.lblCrownSlope.visible = false;
   DisplayDesign(design.program);
   EXPECT_TRUE(design.main.lblCrownSlope.visible);
@@ -167,7 +167,7 @@ TEST(DisplayDesign, NamesTheSlopeOfAConstantSlope) {
 // Twice 0.00125 is 0.0025, ".00" in two decimals: the sum is shown, not times 100.
 TEST(DisplayDesign, NamesTheSlopesOfADualSlope) {
   FinishedDesign design;
-  design.main.mnuDesignDualSlope.ticked = true;
+  design.record.DesignType = kDualSlope;
   design.main.lblCrownSlope.visible = false;
   DisplayDesign(design.program);
   EXPECT_TRUE(design.main.lblCrownSlope.visible);

@@ -310,13 +310,12 @@ TEST_F(CrownProfileTest, TheSlopeStandsOnTheProfileOfSlopeDesignsAlone) {
   AddLine({10, 10});
   record.DesignType = kConstantSlope;
   record.CrownSlope = 0.00125F;
-  main.mnuDesignConstSlope.ticked = true;
   mnuProfile_Click(program);
   EXPECT_TRUE(program.profile.lblSlope.visible);
   // The summary of holes is made ahead of the slope's own label: the caption is the one of the display before.
   DisplayDesign(program);
   EXPECT_EQ(program.profile.lblSlope.caption, "Crown Slope = .125 feet per 100 feet");
-  main.mnuDesignConstSlope.ticked = false;
+  record.DesignType = kPlanned;
   DisplayDesign(program);
   EXPECT_FALSE(program.profile.lblSlope.visible);
 }

@@ -240,13 +240,13 @@ TEST_F(ReportsTest, DesignLinesByTypeAndPipe) {
   for (std::int16_t type = 1; type <= 6; ++type) {
     record.DesignType = type;
     record.PipeKind = "L";
-    EXPECT_EQ(DesignLine(record, kLimitedInDesignReports), std::string(names[type]) + " using Layflat Pipe");
+    EXPECT_EQ(DesignLine(record, &DesignKind::in_reports), std::string(names[type]) + " using Layflat Pipe");
     record.PipeKind = "R";
-    EXPECT_EQ(DesignLine(record, kLimitedInDesignReports), std::string(names[type]) + " using Rigid Pipe");
+    EXPECT_EQ(DesignLine(record, &DesignKind::in_reports), std::string(names[type]) + " using Rigid Pipe");
   }
-  EXPECT_EQ(DesignLine(record, kLimitedInHoleSummary), "Limited Computer Selected Hole Design using Rigid Pipe");
+  EXPECT_EQ(DesignLine(record, &DesignKind::in_hole_report), "Limited Computer Selected Hole Design using Rigid Pipe");
   record.DesignType = 0;
-  EXPECT_EQ(DesignLine(record, kLimitedInDesignReports), "");
+  EXPECT_EQ(DesignLine(record, &DesignKind::in_reports), "");
 }
 
 }  // namespace

@@ -55,8 +55,6 @@ struct ReportKinds : ::testing::TestWithParam<Kind>, SmallLine {
     main.listHolesSelected.Add("3/8");
     record.DesignType = GetParam().type;
     record.PipeKind = GetParam().pipe;
-    main.mnuDesignConstSlope.ticked = GetParam().type == kConstantSlope;
-    main.mnuDesignDualSlope.ticked = GetParam().type == kDualSlope;
   }
 };
 

@@ -10,6 +10,7 @@
 #include "base/format.h"
 #include "display/cell_texts.h"
 #include "input/info_fields.h"
+#include "record/kinds.h"
 #include "scenarios/fields_by_hand.h"
 #include "script/record_fields.h"
 

@@ -1,6 +1,7 @@
 #include "search/design_commands.h"
 
 #include "base/format.h"
+#include "screen/design_types.h"
 #include "search_program.h"
 
 namespace torvale {
@@ -39,7 +40,7 @@ class DesignCommandTest : public SearchTest, public testing::WithParamInterface<
 
 TEST_P(DesignCommandTest, EndsOnTheShownDesign) {
   LevelLine();
-  TickDesign(program, &main.mnuManHoleSelection);
+  TickDesign(program, kLimitedHoles);
   main.frmDisplayLbl[15].caption = "1.50 ft.";
   GetParam().run(program);
   EXPECT_THAT(host.messages, IsEmpty());
@@ -217,7 +218,7 @@ TEST_F(OpenPanelTest, OpensThePanelAndNothingElse) {
   record.DesignOK = "False";
   record.BestUniformity = 88;
   record.DesignType = kComputerHoles;
-  TickDesign(program, &main.mnuComputerHoleSelection);
+  TickDesign(program, kComputerHoles);
   main.listHolesSelected.Add("1/4");
   main.listSortSelectedHoles.Add(" .25");
   main.frameHoleSelection.visible = false;

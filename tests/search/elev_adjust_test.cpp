@@ -14,7 +14,6 @@ class ElevAdjustTest : public SearchTest {
   void LaidLine(int rows, const std::string& kind = "E", float slope = kSlope) {
     TypeInfo("10", "2", kind);
     record.DesignType = kDualSlope;
-    TickDesign(program, &main.mnuDesignDualSlope);
     record.HoleRows = static_cast<std::int16_t>(rows);
     record.CrownSlope = slope;
     const bool rods = kind == "R";
@@ -86,10 +85,9 @@ TEST_F(ElevAdjustTest, TurnsTheSlopeIntoFeetPer100Feet) {
   EXPECT_EQ(main.lblCrownSlope.caption, "Crown Slope = .0009765625 feet per 100 feet");
 }
 
-// The tick decides, not the design type.
 TEST_F(ElevAdjustTest, LaysNoBrokenLineForAConstantSlope) {
   LaidLine(4);
-  TickDesign(program, &main.mnuDesignConstSlope);
+  record.DesignType = kConstantSlope;
   record.DualBreakStation.reset();
   main.lblCrownSlope.caption = "before";
   ElevAdjust(program);
