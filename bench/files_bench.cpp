@@ -6,7 +6,7 @@
 
 #include "base/version.h"
 #include "bench_line.h"
-#include "files/design_file.h"
+#include "files/design_format.h"
 #include "files/design_files.h"
 #include "search/design_commands.h"
 

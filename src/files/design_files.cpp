@@ -14,7 +14,7 @@
 #include "engine/stations.h"
 #include "engine/survey.h"
 #include "files/code_page.h"
-#include "files/design_file.h"
+#include "files/design_format.h"
 #include "files/earlier_versions.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
@@ -181,12 +181,6 @@ void FallBackToDefaults(Program& program) {
 std::string_view ExtensionOf(std::int16_t design_type) {
   const DesignKind* kind = FindDesignKind(design_type);
   return kind == nullptr ? std::string_view() : kind->extension;
-}
-
-std::string_view KindName(std::int16_t design_type) {
-  if (design_type == kSurveyOnly) return "Survey";
-  const DesignKind* kind = FindDesignKind(design_type);
-  return kind == nullptr ? std::string_view() : kind->opened_title;
 }
 
 std::string WithoutExtension(std::string_view name) {

@@ -22,9 +22,6 @@ void OpenFile(Program& program);
 // The extension of a design type (".PFD"), empty for a type that has none.
 std::string_view ExtensionOf(std::int16_t design_type);
 
-// What a design of that type is called ("Planned Field Design"); empty for a type that has no name.
-std::string_view KindName(std::int16_t design_type);
-
 // The name without its last four characters, where a point stands ahead of the last three.
 std::string WithoutExtension(std::string_view name);
 

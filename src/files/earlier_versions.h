@@ -20,6 +20,9 @@ struct VersionLimits {
   std::size_t bytes = std::size_t{200} << 20U;
 };
 
+// The name that a file is kept under: its own, wherever it is called from, so that one file has one folder.
+std::string TruePath(const std::string& path);
+
 // A save is about to put `bytes` into the file: keeps what the file holds, unless it holds the same. Gives back a
 // sentence for the status bar where there is something to say: that the file held a design of another name, or that
 // its content could not be kept; else nothing. The save goes on in any case.
@@ -29,13 +32,5 @@ SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std
 // Every version that is kept, file by file, the file that was saved last ahead, the newest version first. What can't be
 // read is left out.
 std::vector<EarlierVersion> EarlierVersions(Host& host);
-
-// Shows the list, the versions of the open design's file ahead.
-void mnuFileEarlier_Click(Program& program);
-// Opens the version of the current row as a copy: its names are of its own, so that no save goes over the file.
-void btnOpenVersion_Click(Program& program);
-void btnCloseVersions_Click(Program& program);
-// The cursor of the list has moved.
-void ShowVersionPath(Program& program);
 
 }  // namespace torvale

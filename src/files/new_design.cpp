@@ -6,7 +6,7 @@
 #include "display/input_screen.h"
 #include "engine/survey.h"
 #include "files/preferences.h"
-#include "input/info_fields.h"
+#include "input/focus.h"
 #include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/status_line.h"

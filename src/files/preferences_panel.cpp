@@ -9,6 +9,7 @@
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "files/preferences.h"
+#include "input/focus.h"
 #include "record/hole_sizes.h"
 #include "screen/fields.h"
 

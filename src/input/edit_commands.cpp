@@ -6,8 +6,7 @@
 #include "base/numbers.h"
 #include "input/block_clipboard.h"
 #include "input/clipboard_text.h"
-#include "input/field_marks.h"
-#include "input/info_fields.h"
+#include "input/focus.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 

@@ -5,9 +5,7 @@
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
-#include "input/info_fields.h"
 #include "record/kinds.h"
-#include "screen/status_line.h"
 #include "screen/words.h"
 
 namespace torvale {
@@ -110,15 +108,6 @@ void TakeNumber(TextField& field, float& place) {
   } catch (const RunTimeFault&) {
     GiveMark(field, words::kTooLargeFormerStays(Shown(field.text())));
     if (!told) throw;
-  }
-}
-
-void TellMark(Program& program, std::string_view field, const std::string& before) {
-  const Control& control = FindField(program, field)->control;
-  if (!control.mark.empty()) {
-    SayMark(program, control);
-  } else if (!before.empty() && News(program) == before) {
-    Say(program, FocusHint(program, field));
   }
 }
 

@@ -28,8 +28,4 @@ void MarkField(TextField& field, FieldForm form);
 // in its mark.
 void TakeNumber(TextField& field, float& place);
 
-// The user changed the text of a field whose mark was `before`: the status bar tells what is wrong with it, or what it
-// is for where it has just been mended.
-void TellMark(Program& program, std::string_view field, const std::string& before);
-
 }  // namespace torvale

@@ -14,6 +14,7 @@
 #include "display/colour_meanings.h"
 #include "qt/fitted_text.h"
 #include "qt/grid_view.h"
+#include "qt/tips.h"
 
 namespace torvale {
 namespace {
@@ -306,20 +307,6 @@ void FitFrame(ControlView& frame, std::span<ControlView> controls) {
   }
   frame.inside->resize(room.width(), height);
   area.setFocusPolicy(height > room.height() ? Qt::TabFocus : Qt::NoFocus);
-}
-
-std::string InLines(std::initializer_list<std::string_view> texts) {
-  std::string lines;
-  for (const std::string_view text : texts) {
-    if (!lines.empty() && !text.empty()) lines += '\n';
-    lines += text;
-  }
-  return lines;
-}
-
-QString TipText(std::string_view text) {
-  if (text.empty()) return {};
-  return "<p style='white-space: pre-wrap'>" + ToQt(text).toHtmlEscaped() + "</p>";
 }
 
 }  // namespace torvale

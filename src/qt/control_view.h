@@ -2,7 +2,6 @@
 
 #include <QLineEdit>
 #include <QWidget>
-#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,11 +45,5 @@ Qt::Alignment AlignmentOf(TextPlace place);
 
 // What is selected in a field's widget, or where its caret stands.
 TextSelection SelectionOf(const QLineEdit& edit);
-
-// The texts that aren't empty, each on a line of its own.
-std::string InLines(std::initializer_list<std::string_view> texts);
-
-// A tool tip that wraps and keeps its blanks.
-QString TipText(std::string_view text);
 
 }  // namespace torvale

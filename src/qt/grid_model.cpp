@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "display/colour_meanings.h"
-#include "qt/control_view.h"
 #include "qt/scale.h"
+#include "qt/tips.h"
 
 namespace torvale {
 

@@ -20,9 +20,9 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/help.h"
+#include "shell/main_form.h"
 #include "shell/panel_drag.h"
 #include "shell/recovery.h"
-#include "shell/start_up.h"
 
 namespace torvale {
 namespace {

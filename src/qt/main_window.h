@@ -22,7 +22,7 @@
 #include "qt/tool_bar_view.h"
 #include "qt/window_place.h"
 #include "screen/program.h"
-#include "shell/start_up.h"
+#include "shell/main_form.h"
 
 namespace torvale {
 

@@ -11,7 +11,7 @@
 
 #include "qt/main_window.h"
 #include "shell/commands.h"
-#include "shell/start_up.h"
+#include "shell/main_form.h"
 #include "shell/tool_bar.h"
 
 namespace torvale {

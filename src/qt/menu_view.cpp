@@ -6,6 +6,7 @@
 
 #include "qt/control_view.h"
 #include "qt/scale.h"
+#include "qt/tips.h"
 #include "shell/commands.h"
 
 namespace torvale {

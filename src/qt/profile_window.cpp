@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "qt/control_view.h"
+#include "qt/tips.h"
 #include "shell/commands.h"
 #include "shell/help.h"
 

@@ -4,6 +4,8 @@
 
 #include "qt/control_view.h"
 #include "qt/own_icons.h"
+#include "qt/tips.h"
+#include "shell/commands.h"
 
 namespace torvale {
 namespace {

@@ -1,12 +1,19 @@
 #include "record/design_record.h"
 
-#include "record/hole_sizes.h"
+#include "record/hole_size_table.h"
 
 namespace torvale {
 
 DesignRecord::DesignRecord() {
   FillHoleSizes(*this);
   GridClipboard.Resize(kClipboardRows, kClipboardColumns);
+}
+
+void FillHoleSizes(DesignRecord& record) {
+  for (int row = 0; row <= kHoleSizes; ++row) {
+    record.HoleSizeName[row] = ListedSizeName(row);
+    record.HoleSizeValue[row] = ListedSizeValue(row);
+  }
 }
 
 void ClearRowArrays(DesignRecord& record) {

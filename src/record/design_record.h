@@ -181,6 +181,9 @@ inline bool IsHoleSelection(const DesignRecord& record) {
   return record.DesignType == kComputerHoles || record.DesignType == kLimitedHoles;
 }
 
+// Fills `HoleSizeName` and `HoleSizeValue`: see record/hole_size_table.h.
+void FillHoleSizes(DesignRecord& record);
+
 // Empties the row arrays that a new design starts without. The other fields keep their values.
 void ClearRowArrays(DesignRecord& record);
 

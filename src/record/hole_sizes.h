@@ -6,10 +6,6 @@
 
 namespace torvale {
 
-// Fills `HoleSizeName` and `HoleSizeValue`, rows 0 to 50: the vocabulary of every hole size in the program. Row 0 is
-// "0" with the value 0; the rows rise by 1/32 of an inch to row 3 and by 1/16 from row 4 on.
-void FillHoleSizes(DesignRecord& record);
-
 // First row 1 to 50 whose name equals `name` exactly, or 0 where there is none. A trailing blank makes another name.
 int HoleSizeByName(const DesignRecord& record, std::string_view name);
 

@@ -101,6 +101,12 @@ const DesignKind* FindDesignKind(std::int16_t design_type) {
   return nullptr;
 }
 
+std::string_view NameOfKind(std::int16_t design_type) {
+  if (design_type == kSurveyOnly) return "Survey";
+  const DesignKind* kind = FindDesignKind(design_type);
+  return kind == nullptr ? std::string_view() : kind->opened_title;
+}
+
 std::string TitleWith(std::string_view words) {
   return std::string(kProgramTitle).append("   ").append(words);
 }

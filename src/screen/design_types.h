@@ -32,6 +32,9 @@ const DesignKind* FindDesignKind(std::int16_t design_type);
 // own.
 const DesignKind& BestHolesKind();
 
+// What a design of that type is called in a list ("Planned Field Design"), a survey among them; empty for no type.
+std::string_view NameOfKind(std::int16_t design_type);
+
 // The title of the main screen with these words behind the program's name, and that of a run of one of the six types.
 std::string TitleWith(std::string_view words);
 std::string TitleOfRun(std::int16_t design_type);

@@ -1,8 +1,8 @@
 #include "script/show.h"
 
 #include "base/numbers.h"
+#include "record/record_fields.h"
 #include "script/quoting.h"
-#include "script/record_fields.h"
 #include "shell/events.h"
 
 namespace torvale {

@@ -17,8 +17,4 @@ void MultiHoleSize(Program& program);
 void MultiHoleOne(Program& program);
 void ManHoleCalSelected(Program& program);
 
-// The head loop of type 6: tries target heads downward from the highest one of the preferences and runs the best. False
-// where the run ended without a design to show: a trial failed, its input was refused, or the screen was closed.
-bool EfficAdjust(Program& program);
-
 }  // namespace torvale

@@ -15,7 +15,7 @@
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
 #include "search/flow_run.h"
-#include "search/hole_selection.h"
+#include "search/head_loop.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {

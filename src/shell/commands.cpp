@@ -3,29 +3,30 @@
 #include <algorithm>
 
 #include "display/design_display.h"
-#include "files/earlier_versions.h"
 #include "files/file_commands.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
+#include "files/version_commands.h"
 #include "input/edit_commands.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "input/survey_paste.h"
 #include "reports/crown_profile.h"
 #include "reports/print_commands.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/best_holes_panel.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
 #include "shell/about.h"
 #include "shell/csv_export.h"
-#include "shell/event_end.h"
 #include "shell/events.h"
 #include "shell/help.h"
 #include "shell/history.h"
+#include "shell/main_form.h"
 #include "shell/recovery.h"
 #include "shell/splash.h"
-#include "shell/start_up.h"
 #include "shell/tool_bar.h"
 
 namespace torvale {
@@ -158,6 +159,18 @@ std::string_view MenuOf(std::string_view name) {
   return facts != nullptr && facts->kind == ControlKind::kMenu ? facts->parent : std::string_view();
 }
 
+// Says so where there is nothing to print.
+bool ResultsShown(Program& program) {
+  const bool shown = program.main.Grid2.control.visible;
+  if (!shown) Say(program, words::kNothingToPrint);
+  return shown;
+}
+
+void PrintNow(Program& program, Report report) {
+  if (!ResultsShown(program)) return;
+  Guarded(program, [&] { PrintAtOnce(program, report); });
+}
+
 }  // namespace
 
 std::span<const Command> Commands() {
@@ -190,6 +203,30 @@ Reach Click(Program& program, std::string_view name) {
     });
   }
   return reach;
+}
+
+bool HasToolCommand(const ControlFacts& button) {
+  return PrintsAtOnce(button).has_value() || HasCommand(button.name);
+}
+
+void ScreenKey(Program& program, const KeyStroke& stroke) {
+  if (stroke.key != Key::kPrint || !ResultsShown(program)) return;
+  const bool complete = program.main.cmdDesignToggle.caption == "Complete Design";
+  Click(program, complete ? "mnuPrintComplete" : "mnuPrintSummary");
+}
+
+Reach tbToolBar_ButtonClick(Program& program, std::string_view key) {
+  const std::vector<const ControlFacts*> buttons = ToolButtons();
+  const auto found =
+      std::find_if(buttons.begin(), buttons.end(), [&](const ControlFacts* b) { return b->tool.key == key; });
+  if (found == buttons.end()) return Reach::kUsable;
+  const ControlFacts& button = **found;
+  const Reach reach = ReachOfToolButton(program, button);
+  if (reach != Reach::kUsable) return reach;
+  const std::optional<Report> report = PrintsAtOnce(button);
+  if (!report) return Click(program, button.name);
+  PrintNow(program, *report);
+  return Reach::kUsable;
 }
 
 }  // namespace torvale

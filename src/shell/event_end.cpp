@@ -5,10 +5,8 @@
 #include "base/numbers.h"
 #include "display/input_screen.h"
 #include "engine/survey.h"
-#include "input/info_fields.h"
+#include "input/focus.h"
 #include "screen/status_line.h"
-#include "search/design_commands.h"
-#include "shell/events.h"
 
 namespace torvale {
 namespace {
@@ -56,15 +54,6 @@ void MarkFirstStation(Grid& sheet) {
 }
 
 }  // namespace
-
-void RunAlone(Program& program, const std::function<void()>& command) {
-  if (program.running.calculations == 0) {
-    Guarded(program, command);
-    return;
-  }
-  cmdCancel_Click(program);
-  program.running.waiting.push_back(command);
-}
 
 void EndInnerEvent(Program& program) {
   if (program.running.calculations > 0 && !program.record.CancelFlag) program.main.cmdCancel.visible = true;

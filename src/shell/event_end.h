@@ -1,16 +1,10 @@
 #pragma once
 
-#include <functional>
-
 #include "screen/program.h"
 
 namespace torvale {
 
 // What is settled when events end, whatever came in them.
-
-// A command that starts a calculation, or empties or replaces the design, ends a running calculation first, as Cancel
-// would, and runs when that has unwound. Where none runs it runs at once.
-void RunAlone(Program& program, const std::function<void()>& command);
 
 // The end of an event inside a calculation: as long as that goes on it can be cancelled.
 void EndInnerEvent(Program& program);

@@ -15,11 +15,12 @@
 #include "files/soils.h"
 #include "input/clipboard_text.h"
 #include "input/edit_commands.h"
-#include "input/field_marks.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
+#include "search/design_commands.h"
 #include "shell/csv_export.h"
 #include "shell/event_end.h"
 #include "shell/history.h"
@@ -150,6 +151,15 @@ void Guarded(Program& program, const std::function<void()>& work) {
     EndInnerEvent(program);
   }
   --program.events.open;
+}
+
+void RunAlone(Program& program, const std::function<void()>& command) {
+  if (program.running.calculations == 0) {
+    Guarded(program, command);
+    return;
+  }
+  cmdCancel_Click(program);
+  program.running.waiting.push_back(command);
 }
 
 std::string_view CharacterOf(const KeyStroke& stroke) {

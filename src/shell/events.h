@@ -20,6 +20,10 @@ namespace torvale {
 // it does then. The history takes what the event changed then, too.
 void Guarded(Program& program, const std::function<void()>& work);
 
+// A command that starts a calculation, or empties or replaces the design, ends a running calculation first, as Cancel
+// would, and runs when that has unwound. Where none runs it runs at once.
+void RunAlone(Program& program, const std::function<void()>& command);
+
 enum class Key {
   kCharacter,
   kEnter,

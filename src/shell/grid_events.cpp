@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "base/utf8.h"
-#include "files/earlier_versions.h"
 #include "files/soils.h"
+#include "files/version_commands.h"
 #include "input/edit_commands.h"
-#include "input/info_fields.h"
+#include "input/focus.h"
 #include "input/sheet.h"
 #include "input/tab_order.h"
 #include "screen/status_line.h"

@@ -5,6 +5,7 @@
 
 #include "files/file_fault.h"
 #include "files/file_store.h"
+#include "input/focus.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
 #include "shell/help_pages.h"

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "files/preferences_panel.h"
-#include "input/info_fields.h"
+#include "input/focus.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/design_commands.h"
@@ -184,11 +184,6 @@ void OfferSteps(Program& program, const History& history) {
   Offer(program.main.mnuEditRedo, "&Redo", history.undone.empty() ? nullptr : &history.undone.back());
 }
 
-bool DesignIsShown(const MainScreen& main) {
-  return main.Grid2.control.visible || main.frmDisplay.visible || main.cmdReCalc.visible || main.mnuProfile.visible ||
-         main.lblActiveInactive.caption == "Active Design";
-}
-
 // A design stays on the screen where these are the very inputs that it was worked out from.
 void LeaveStaleDesign(Program& program, const History& history) {
   if (TopNumber(history) != history.table_step) LeaveDesign(program);
@@ -230,13 +225,6 @@ void Restore(Program& program, History& history, const std::vector<InputChange>&
 
 }  // namespace
 
-bool RunsAlone(Program& program, std::initializer_list<std::string_view> commands) {
-  const std::string& cause = program.history->cause;
-  if (std::find(commands.begin(), commands.end(), cause) != commands.end()) return true;
-  Say(program, words::kCalculationRuns);
-  return false;
-}
-
 void StartHistory(Program& program) {
   program.history = std::make_shared<History>();
   History& history = *program.history;
@@ -246,14 +234,6 @@ void StartHistory(Program& program) {
   history.place = ActivePlace(program);
   OfferSteps(program, history);
   StartRecovery(program);
-}
-
-void LeaveDesign(Program& program) {
-  MainScreen& main = program.main;
-  if (!DesignIsShown(main)) return;
-  ShowInputScreen(program);
-  main.frameShowLimitedHoles.visible = false;
-  main.frameHoleEquiv.visible = false;
 }
 
 void NameCause(Program& program, std::string_view control) {

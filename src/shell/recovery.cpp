@@ -7,7 +7,7 @@
 
 #include "screen/status_line.h"
 #include "screen/words.h"
-#include "shell/history.h"
+#include "shell/history_state.h"
 #include "shell/journal.h"
 
 namespace torvale {

@@ -4,8 +4,7 @@
 #include "display/grid_layout.h"
 #include "files/file_commands.h"
 #include "files/new_design.h"
-#include "record/hole_sizes.h"
-#include "shell/start_up.h"
+#include "shell/main_form.h"
 
 namespace torvale {
 namespace {

@@ -7,18 +7,4 @@ namespace torvale {
 // Brings the program up: connects the fields, loads the splash screen, and with it the main screen.
 void StartProgram(Program& program);
 
-// Loads the main screen: window place, panels, blank fields, first row of the sheet.
-void Form_Load(Program& program);
-// The main screen was resized by the user or the desktop: a normal window goes back to its fixed width and top.
-void Form_Resize(Program& program);
-// The main screen became active: the first information field has the focus.
-void Form_Activate(Program& program);
-// The main screen closes: its place is saved, unless it is minimised, and the program ends. A running calculation is
-// cancelled. Closing a closed screen does nothing.
-void Form_Unload(Program& program);
-void mnuFileExit_Click(Program& program);
-
-// One scale factor for the whole screen, percent; remembered for the next start.
-void SetZoom(Program& program, int percent);
-
 }  // namespace torvale

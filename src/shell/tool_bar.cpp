@@ -2,12 +2,6 @@
 
 #include <algorithm>
 
-#include "reports/print_commands.h"
-#include "screen/status_line.h"
-#include "screen/words.h"
-#include "shell/commands.h"
-#include "shell/events.h"
-
 namespace torvale {
 namespace {
 
@@ -32,18 +26,6 @@ const PrintButton* PrintButtonOf(const ControlFacts& button) {
   return found == std::end(kPrintButtons) ? nullptr : found;
 }
 
-// Says so where there is nothing to print.
-bool ResultsShown(Program& program) {
-  const bool shown = program.main.Grid2.control.visible;
-  if (!shown) Say(program, words::kNothingToPrint);
-  return shown;
-}
-
-void PrintNow(Program& program, Report report) {
-  if (!ResultsShown(program)) return;
-  Guarded(program, [&] { PrintAtOnce(program, report); });
-}
-
 }  // namespace
 
 std::vector<const ControlFacts*> ToolButtons() {
@@ -56,8 +38,9 @@ std::vector<const ControlFacts*> ToolButtons() {
   return buttons;
 }
 
-bool HasToolCommand(const ControlFacts& button) {
-  return PrintButtonOf(button) != nullptr || HasCommand(button.name);
+std::optional<Report> PrintsAtOnce(const ControlFacts& button) {
+  const PrintButton* print = PrintButtonOf(button);
+  return print == nullptr ? std::nullopt : std::optional<Report>(print->report);
 }
 
 std::string ToolButtonName(std::string_view key) {
@@ -88,26 +71,6 @@ std::string ToolTipOf(const ControlFacts& button) {
   std::string tip(button.tool_tip);
   if (!button.shortcut.empty()) tip.append(" (").append(button.shortcut).append(")");
   return tip;
-}
-
-void ScreenKey(Program& program, const KeyStroke& stroke) {
-  if (stroke.key != Key::kPrint || !ResultsShown(program)) return;
-  const bool complete = program.main.cmdDesignToggle.caption == "Complete Design";
-  Click(program, complete ? "mnuPrintComplete" : "mnuPrintSummary");
-}
-
-Reach tbToolBar_ButtonClick(Program& program, std::string_view key) {
-  const std::vector<const ControlFacts*> buttons = ToolButtons();
-  const auto found =
-      std::find_if(buttons.begin(), buttons.end(), [&](const ControlFacts* b) { return b->tool.key == key; });
-  if (found == buttons.end()) return Reach::kUsable;
-  const ControlFacts& button = **found;
-  const Reach reach = ReachOfToolButton(program, button);
-  if (reach != Reach::kUsable) return reach;
-  const PrintButton* print = PrintButtonOf(button);
-  if (print == nullptr) return Click(program, button.name);
-  PrintNow(program, print->report);
-  return Reach::kUsable;
 }
 
 }  // namespace torvale

@@ -6,7 +6,7 @@
 #include "base/numbers.h"
 #include "base/version.h"
 #include "file_program.h"
-#include "files/design_file.h"
+#include "files/design_format.h"
 #include "files/fields.h"
 #include "search/hole_selection_panel.h"
 

@@ -2,7 +2,7 @@
 #include <map>
 
 #include "file_program.h"
-#include "files/design_file.h"
+#include "files/design_format.h"
 
 namespace torvale {
 namespace {

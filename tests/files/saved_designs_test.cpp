@@ -7,7 +7,7 @@
 #include "base/numbers.h"
 #include "engine/survey.h"
 #include "file_program.h"
-#include "files/design_file.h"
+#include "files/design_format.h"
 #include "files/fields.h"
 #include "files/new_design.h"
 #include "search/cal_dsign_var.h"

@@ -5,6 +5,7 @@
 #include "files/new_design.h"
 #include "files/soils.h"
 #include "input/edit_commands.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 
 namespace torvale {

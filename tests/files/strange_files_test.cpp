@@ -7,7 +7,7 @@
 #include <random>
 
 #include "file_program.h"
-#include "files/design_file.h"
+#include "files/design_format.h"
 #include "files/fields.h"
 #include "files/file_fault.h"
 

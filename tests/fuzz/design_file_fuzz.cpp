@@ -8,8 +8,8 @@
 #include <string>
 
 #include "files/code_page.h"
-#include "files/design_file.h"
 #include "files/design_files.h"
+#include "files/design_format.h"
 #include "files/file_fault.h"
 #include "script/session.h"
 

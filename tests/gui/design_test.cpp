@@ -2,6 +2,7 @@
 #include <QScrollBar>
 
 #include "gui/window_test.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 
 namespace torvale {

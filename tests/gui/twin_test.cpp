@@ -5,7 +5,8 @@
 #include <fstream>
 
 #include "gui/hand_driver.h"
-#include "script/record_fields.h"
+#include "record/record_fields.h"
+#include "shell/main_form.h"
 #include "shell/start_up.h"
 #include "support/source_folder.h"
 #include "support/without_folder.h"

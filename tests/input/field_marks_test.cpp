@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/fault_of.h"
+#include "input/focus.h"
 #include "input/input_program.h"
 
 namespace torvale {

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "base/fault_of.h"
+#include "input/focus.h"
 #include "input/input_program.h"
 #include "search/design_commands.h"
 

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "properties/random.h"
+#include "record/record_fields.h"
 #include "screen/program.h"
-#include "script/record_fields.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/start_up.h"

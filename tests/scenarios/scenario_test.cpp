@@ -9,10 +9,11 @@
 
 #include "base/format.h"
 #include "display/cell_texts.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 #include "record/kinds.h"
+#include "record/record_fields.h"
 #include "scenarios/fields_by_hand.h"
-#include "script/record_fields.h"
 
 namespace torvale {
 namespace {

@@ -8,8 +8,8 @@
 #include <sstream>
 
 #include "files/preferences.h"
+#include "record/record_fields.h"
 #include "script/quoting.h"
-#include "script/record_fields.h"
 #include "script/session.h"
 #include "shell/commands.h"
 #include "shell/events.h"

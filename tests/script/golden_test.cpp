@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "script/record_fields.h"
+#include "record/record_fields.h"
 #include "script/runner.h"
 #include "support/elsewhere.h"
 #include "support/source_folder.h"

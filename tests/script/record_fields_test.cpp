@@ -1,4 +1,4 @@
-#include "script/record_fields.h"
+#include "record/record_fields.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

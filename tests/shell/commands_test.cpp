@@ -8,6 +8,7 @@
 #include <set>
 
 #include "shell/events.h"
+#include "shell/main_form.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
 

@@ -13,6 +13,7 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/history.h"
+#include "shell/main_form.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
 #include "support/long_runs.h"

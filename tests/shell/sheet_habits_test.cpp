@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "files/soils.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "shell/commands.h"

@@ -6,6 +6,7 @@
 
 #include "base/fault_of.h"
 #include "base/version.h"
+#include "shell/main_form.h"
 #include "support/fake_host.h"
 
 namespace torvale {

@@ -1,4 +1,4 @@
-#include "files/design_file.h"
+#include "files/design_format.h"
 
 #include <algorithm>
 #include <optional>

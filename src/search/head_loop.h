@@ -1,0 +1,11 @@
+#pragma once
+
+#include "screen/program.h"
+
+namespace torvale {
+
+// The head loop of type 6: tries target heads downward from the highest one of the preferences and runs the best. False
+// where the run ended without a design to show: a trial failed, its input was refused, or the screen was closed.
+bool EfficAdjust(Program& program);
+
+}  // namespace torvale

@@ -1,0 +1,179 @@
+#include "shell/main_form.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/arithmetic.h"
+#include "base/numbers.h"
+#include "base/version.h"
+#include "display/design_display.h"
+#include "display/grid_layout.h"
+#include "engine/survey.h"
+#include "files/file_commands.h"
+#include "files/new_design.h"
+#include "files/preferences.h"
+#include "files/preferences_panel.h"
+#include "files/soils.h"
+#include "input/focus.h"
+#include "screen/design_types.h"
+#include "screen/fields.h"
+#include "search/best_holes_panel.h"
+#include "shell/recovery.h"
+
+namespace torvale {
+namespace {
+
+constexpr std::string_view kZoomKey = "MainZoom";
+constexpr int kPlainZoom = 100;
+
+// The saved place of the main screen, by the key of each value.
+struct PlaceSetting {
+  std::string_view key;
+  int Place::*value;
+  int missing;  // twips where the setting is missing or no length
+  bool is_size;
+};
+
+constexpr std::array<PlaceSetting, 4> kPlaceSettings = {{
+    {"MainLeft", &Place::left, 1000, false},
+    {"MainTop", &Place::top, 1000, false},
+    {"MainWidth", &Place::width, 6500, true},
+    {"MainHeight", &Place::height, 6500, true},
+}};
+
+// What blank preferences begin with. These are not the factory defaults that the panel of defaults puts into a blank
+// field; they differ in several fields on purpose.
+struct StartValue {
+  Preference::Index preference;
+  std::string_view text;
+};
+
+constexpr std::array<StartValue, 9> kStartValues = {{
+    {Preference::kDischargeCoef, "0.65"},
+    {Preference::kHazenWilliamsC, "140"},
+    {Preference::kSurveyKind, kElevations},
+    {Preference::kTargetHead, "2"},
+    {Preference::kGateForm, kRectangular},
+    {Preference::kGateSize, "1.2"},
+    {Preference::kHighestHead, "3.5"},
+    {Preference::kHeadStep, ".5"},
+    {Preference::kOpenFilter, "*.*"},
+}};
+
+// The whole number of twips nearest to a setting, or `missing` where it is no number that fits.
+int Twips(const std::optional<std::string>& setting, const PlaceSetting& place) {
+  if (!setting || !IsNumber(*setting)) return place.missing;
+  try {
+    const int twips = ToWhole(static_cast<double>(Store32(Val(*setting))));
+    return place.is_size && twips <= 0 ? place.missing : twips;
+  } catch (const RunTimeFault&) {
+    return place.missing;
+  }
+}
+
+void PlaceMainScreen(Program& program) {
+  for (const PlaceSetting& place : kPlaceSettings) {
+    program.main.window.*place.value = Twips(program.host.Setting(place.key), place);
+  }
+}
+
+void ShowZoom(MainScreen& main, int percent) {
+  main.zoom = percent;
+  for (std::size_t i = 0; i < kZoomSteps.size(); ++i) main.mnuZoomTo[i].ticked = kZoomSteps[i] == percent;
+}
+
+void LoadZoom(Program& program) {
+  const double saved = Val(program.host.Setting(kZoomKey).value_or(""));
+  const auto* const step = std::find(kZoomSteps.begin(), kZoomSteps.end(), saved);
+  ShowZoom(program.main, step == kZoomSteps.end() ? kPlainZoom : *step);
+}
+
+void PlacePanels(MainScreen& main) {
+  main.Frame1.place.left = 10000;
+  main.Frame1.place.top = 700;
+  main.frameHoleSelection.place.left = 2040;
+  main.frameHoleSelection.place.top = 360;
+  main.frmDisplay.place = {8840, 3280, 1770, 6010};
+  main.lblEffic.place.top = 1900;
+}
+
+void FillBlankPreferences(MainScreen& main) {
+  for (const StartValue& value : kStartValues) {
+    if (main.txtDefault[value.preference].text().empty()) main.txtDefault[value.preference].Set(value.text);
+  }
+}
+
+void SetIfEmpty(Grid& sheet, int column, std::string_view text) {
+  if (sheet.Text(1, column).empty()) sheet.Set(1, column, text);
+}
+
+}  // namespace
+
+void Form_Load(Program& program) {
+  MainScreen& main = program.main;
+  DesignRecord& record = program.record;
+  SetGrd_Soils_FurrowFlow(program);
+  OpenSoils(program);
+  GridSet(program);
+  PlaceMainScreen(program);
+  LoadZoom(program);
+  EnablePrinting(main, false);
+  PlacePanels(main);
+  main.mnuLayflatPipe.ticked = true;
+  record.FileVersion = ProgramVersion();
+  record.PipeKind = kLayflat;
+  main.lblOpenFilter.caption = "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)";
+  if (record.StationInterval == 0) record.StationInterval = 100;
+  FillBlankPreferences(main);
+  ResetBestHoleLimits(main);
+  record.LowQuarter = 0.25F;
+  main.txtInfo[InfoField::kDate].Set(program.host.Today());
+  LabelColorSet(program);
+  TickDesign(program, kNoDesign);
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
+  main.title = TitleWith("");
+  main.lblCrownSlope.visible = false;
+  main.cmdInterpolate.visible = true;
+  SetIfEmpty(main.Grid1, kCrownColumn, kFirstCrown);
+  SetIfEmpty(main.Grid1, kFurrowLengthColumn, "1320");
+  FillFirstRow(program);
+  TakeDefaultFields(program);
+}
+
+void Form_Resize(Program& program) {
+  if (program.main.state != WindowState::kNormal) return;
+  program.main.window.width = 10000;
+  program.main.window.top = 500;
+}
+
+void Form_Activate(Program& program) {
+  MoveFocus(program, NameOf(InfoField::kDesignName));
+  OfferLastWork(program);
+}
+
+void Form_Unload(Program& program) {
+  MainScreen& main = program.main;
+  if (main.closed) return;
+  if (main.state != WindowState::kMinimized) {
+    for (const PlaceSetting& place : kPlaceSettings) {
+      program.host.SaveSetting(place.key, GeneralText(main.window.*place.value));
+    }
+  }
+  EndWork(program);
+  program.record.CancelFlag = true;
+  program.record.DesignOK = "False";
+  main.closed = true;
+}
+
+void mnuFileExit_Click(Program& program) {
+  btnDefaultExit_Click(program);
+  Form_Unload(program);
+}
+
+void SetZoom(Program& program, int percent) {
+  ShowZoom(program.main, percent);
+  program.host.SaveSetting(kZoomKey, GeneralText(percent));
+}
+
+}  // namespace torvale
