@@ -9,6 +9,9 @@ itself and everything below it. src/qt stands on scenarios and is the only folde
 for many fields has the headers of two small libraries, and headers of an operating system stand in
 src/base/platform_*.cpp alone. The drawing has
 a room for each folder, and an arrow from it to each folder that its line names.
+
+Inside a folder the arrows form no circle either, a header and its .cpp file taken as one. A header without a .cpp file
+that all its readers in the folder share with one file (a table laid apart, say) belongs to that file.
 """
 
 import argparse
@@ -104,6 +107,37 @@ def find_cycle(graph):
     return next((ring for ring in map(visit, sorted(graph)) if ring), None)
 
 
+def units_of(graph):
+    """File -> the name under which it and its other half are one; a header that is a part of one file has its name."""
+    unit = {file: pathlib.PurePosixPath(file).with_suffix("").as_posix() for file in graph}
+    readers = {}
+    for file, included in graph.items():
+        for target in included:
+            if same_room(file, target):
+                readers.setdefault(target, set()).add(file)
+    sources = {unit[file] for file in graph if file.endswith(".cpp")}
+    parts = {}
+    for file in graph:
+        owners = {unit[reader] for reader in readers.get(file, ())}
+        if unit[file] not in sources and len(owners) == 1:
+            parts[unit[file]] = owners.pop()
+    return {file: parts.get(name, name) for file, name in unit.items()}
+
+
+def same_room(file, other):
+    return pathlib.PurePosixPath(file).parent == pathlib.PurePosixPath(other).parent
+
+
+def find_circle(graph):
+    """A list of files of one room that need each other in a circle, or None."""
+    unit = units_of(graph)
+    needs = {}
+    for file, included in graph.items():
+        inside = [target for target in included if target in unit and same_room(file, target)]
+        needs.setdefault(unit[file], set()).update({unit[target] for target in inside} - {unit[file]})
+    return find_cycle({name: sorted(others) for name, others in needs.items()})
+
+
 def check(root):
     """The list of complaints about the tree at root, and the number of files read."""
     tower = read_tower(root)
@@ -139,6 +173,9 @@ def check(root):
     ring = find_cycle(graph)
     if ring:
         complaints.append("a ring of includes: " + " -> ".join(ring))
+    circle = find_circle(graph)
+    if circle and not ring:
+        complaints.append("a circle inside a room: " + " -> ".join(circle))
     return complaints + check_drawing(root), len(files)
 
 
@@ -185,6 +222,9 @@ def self_test():
         ("intrinsics elsewhere", {"engine/f.cpp": "#include <immintrin.h>\n"}, "standard library"),
         ("intrinsics in a wide folder", {"base/wide_march_avx.cpp": "#include <immintrin.h>\n"}, "standard library"),
         ("a ring", {"base/a.h": '#include "base/c.h"\n', "base/c.h": '#include "base/a.h"\n'}, "ring"),
+        ("two files that need each other", {"base/b.h": "", "base/b.cpp": '#include "base/a.h"\n', "base/a.cpp": '#include "base/b.h"\n'}, "circle"),
+        ("a table of one file laid apart", {"base/rows.h": '#include "base/a.h"\n', "base/a.cpp": '#include "base/rows.h"\n'}, None),
+        ("a table laid apart that two files read", {"base/rows.h": '#include "base/a.h"\n', "base/a.cpp": '#include "base/rows.h"\n', "base/b.cpp": '#include "base/rows.h"\n'}, "circle"),
         ("a file that is not there", {"engine/f.cpp": '#include "base/none.h"\n'}, "no file"),
         ("a way round through ..", {"base/b.cpp": '#include "base/../engine/e.h"\n'}, "no file"),
         ("a folder outside the tower", {"attic/x.cpp": "\n"}, "not a folder"),

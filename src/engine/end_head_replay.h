@@ -2,7 +2,7 @@
 // judge, which may know it for certain or guess.
 #pragma once
 
-#include "engine/end_head.h"
+#include "engine/end_head_step.h"
 
 namespace torvale {
 

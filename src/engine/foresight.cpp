@@ -5,7 +5,7 @@
 
 #include "base/arithmetic.h"
 #include "base/power_table.h"
-#include "engine/end_head.h"
+#include "engine/end_head_step.h"
 #include "engine/hydraulics.h"
 
 namespace torvale {

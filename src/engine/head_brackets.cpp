@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "base/power.h"
-#include "engine/end_head.h"
+#include "engine/end_head_step.h"
 #include "engine/hydraulics.h"
 
 namespace torvale {

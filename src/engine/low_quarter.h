@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "engine/slope_trials.h"
-#include "engine/wide_march.h"
+#include "engine/slope_field.h"
+#include "engine/wide_lines.h"
 
 namespace torvale {
 

@@ -2,7 +2,7 @@
 // file of each instruction set with its own flags. As in wide_march_body.h, nothing here is seen from elsewhere.
 #pragma once
 
-#include "engine/wide_march.h"
+#include "engine/wide_lines.h"
 
 namespace torvale {
 namespace {

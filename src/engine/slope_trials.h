@@ -4,13 +4,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <string_view>
 #include <vector>
 
 #include "base/arithmetic.h"
 #include "base/platform_processor.h"
 #include "engine/end_head.h"
-#include "record/design_record.h"
+#include "engine/slope_field.h"
 
 namespace torvale {
 
@@ -19,34 +18,6 @@ inline constexpr float kLeastHead = 0.1F;      // feet; a 32-bit constant
 
 // Falling crowns carry water toward the far end, rising ones raise the head near the first row.
 enum class CrownDirection { kFalling, kRising };
-
-// What all trials of a search share. The `rise` of the line belongs to the trial.
-struct SlopeField {
-  Line line;
-  float target = 0;             // gallons per minute
-  double first_head = 0;        // feet; where each search on the far-end head begins
-  float crown_beyond = 0;       // the element ahead of row 1, which counts as upstream of it
-  float first_crown = 0;        // of row 1, where every crown is laid from
-  std::vector<float> span;      // feet from the row before, in 32 bits; rows 2 and up
-  bool grows_downward = false;  // rod readings, by the letter "R": larger is lower ground, when a crown is laid
-  bool elevations = false;      // by the letter "E": when it is marched
-  std::vector<std::int16_t> furrow_length;  // feet
-  std::vector<float> flow_ratio;
-  float low_quarter = 0;
-  float average_flow = 0;  // gallons per minute
-};
-
-// The field of the record, for design types 2 and 3. What can't be read is a RunTimeFault.
-void PrepareSlopeField(const DesignRecord& record, double first_head, std::string_view survey_kind, SlopeField& field);
-
-// Feet from one station to the next as a crown is laid by: in 32 bits.
-inline float SpanInFeet(float station, float station_before) {
-  return Narrow(static_cast<double>(station) - static_cast<double>(station_before));
-}
-
-// Lays a crown of `rows` rows from `crown[1]` on, falling where `slope` is above 0. Product and sum are rounded to 32
-// bits at each row; beyond them is a RunTimeFault. Row 1 and the element ahead of it stay.
-void LayCrownAt(float slope, const float* span, int rows, bool grows_downward, float* crown);
 
 // One trial: a search on the far-end head over one crown, and its uniformity.
 struct SlopeTrial {

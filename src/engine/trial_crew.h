@@ -8,6 +8,7 @@
 
 #include "engine/end_head_quest.h"
 #include "engine/low_quarter.h"
+#include "engine/slope_trials.h"
 #include "engine/wide_march.h"
 
 namespace torvale {

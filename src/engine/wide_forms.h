@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/wide_march.h"
+#include "engine/wide_lines.h"
 
 namespace torvale {
 

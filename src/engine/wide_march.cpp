@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cfloat>
 #include <cmath>
 #include <cstdint>
 
@@ -77,10 +76,6 @@ WideForm FormOf(VectorLanes lanes) {
       break;
   }
   return {VectorLanes::kOne, kOneJobs, kOneSlots, kOneJobs, March, MarchOneCrown, LowestSumOf};
-}
-
-void FlowPowersOutside(const float* flow, double* power, int count) {
-  for (int i = 0; i < count; ++i) power[i] = flow[i] > 0 && flow[i] <= FLT_MAX ? FlowPower(flow[i]) : 0;
 }
 
 }  // namespace torvale

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "base/power_table.h"
-#include "engine/wide_march.h"
+#include "engine/wide_lines.h"
 
 namespace torvale {
 namespace {

@@ -34,7 +34,8 @@ int LastFilledRow(const Grid& grid) {
   return 0;
 }
 
-// The entries of a column of the hole summary, its heading left out.
+// The entries of a column of the hole summary, its heading left out. They are read off the texts that are shown, which
+// stay as they are when a preference changes that openings are worked out with.
 std::vector<std::string> Entries(std::string_view column) {
   std::vector<std::string> entries;
   column.remove_prefix(std::min(column.find('\n') + 1, column.size()));

@@ -99,8 +99,7 @@ bool MoreHeadToSpend(const DesignRecord& record) {
   return kLeastHead < record.MinHead;
 }
 
-void ShowTrial(Program& program, CrownDirection direction) {
-  ShowBestSlope(program);
+void CaptionTrial(Program& program, CrownDirection direction) {
   CaptionSlope(program, direction == CrownDirection::kFalling ? kFallingCaption : kRisingCaption);
   CaptionUniformity(program);
   TellProgress(program);
@@ -112,8 +111,8 @@ bool TryOnRecord(Program& program, CrownDirection direction) {
   LayCrown(program, program.record.SlopeDelta);
   if (program.record.CancelFlag) return false;
   CalculateUniformity(program);
-  KeepBest(program.record);
-  ShowTrial(program, direction);
+  GradeEfficAdj(program);
+  CaptionTrial(program, direction);
   return true;
 }
 
@@ -180,7 +179,8 @@ class TrialListener {
  private:
   void Show() {
     ScreenEngineHost(program_).UniformityChanged();
-    ShowTrial(program_, direction_);
+    ShowBestSlope(program_);
+    CaptionTrial(program_, direction_);
     CaptionHeads(program_);
     shown_ = true;
   }
@@ -292,7 +292,7 @@ void LayCrown(Program& program, float slope) {
   LayCrownAt(slope, span.data(), record.HoleRows, ReadsRods(program.main), record.DesignElev.data());
 }
 
-void GradeEfficAdj(Program& program, float& /*ratio*/) {
+void GradeEfficAdj(Program& program) {
   KeepBest(program.record);
   ShowBestSlope(program);
 }

@@ -17,9 +17,9 @@ void BestFitHead(Program& program);
 // at the slope found before.
 void BestGradeEffic(Program& program);
 
-// Keeps the trial in `SlopeDelta` where it is strictly better than the best so far. The ratio of highest head to line
-// length is handed on and not used.
-void GradeEfficAdj(Program& program, float& ratio);
+// After a trial on the record: keeps its slope, `SlopeDelta`, where it is strictly better than the best so far, and
+// shows the best.
+void GradeEfficAdj(Program& program);
 
 // Lays `DesignElev` from row 1 on at `slope` feet per foot, falling where above 0. Row 1 stays.
 void LayCrown(Program& program, float slope);
