@@ -6,8 +6,8 @@
 
 #include "base/version.h"
 #include "bench_line.h"
-#include "files/design_format.h"
 #include "files/design_files.h"
+#include "files/design_format.h"
 #include "search/design_commands.h"
 
 namespace torvale {

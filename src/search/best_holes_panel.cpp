@@ -159,19 +159,6 @@ void ResetBestHoleLimits(MainScreen& main) {
   for (std::size_t i = 0; i < kFirstLimits.size(); ++i) main.txtBest.at(i).Set(kFirstLimits.at(i));
 }
 
-void OfferBestHoles(MainScreen& main, bool offered) {
-  for (Control& label : main.lblBest) label.visible = offered;
-  for (TextField& field : main.txtBest) field.control.visible = offered;
-  main.cmdFindBestHoles.visible = offered;
-  main.cmdCloseBestHoles.visible = offered;
-  main.cmdExitHoleSelect.visible = !offered;
-}
-
-void mnuBestHoles_Click(Program& program) {
-  mnuManHoleSelection_Click(program);
-  if (program.record.MissingData == 0) OfferBestHoles(program.main, true);
-}
-
 void cmdCloseBestHoles_Click(Program& program) {
   program.main.frameHoleSelection.visible = false;
 }

@@ -15,11 +15,7 @@ inline constexpr std::size_t kHighestHeadField = 2;  // feet; empty for the Targ
 
 // The limits that a new design begins with.
 void ResetBestHoleLimits(MainScreen& main);
-// Whether the panel's fields stand there for this command; a limited selection hides them.
-void OfferBestHoles(MainScreen& main, bool offered);
 
-// Opens the panel. A missing information field is told as for a limited selection.
-void mnuBestHoles_Click(Program& program);
 // Closes the panel without a design.
 void cmdCloseBestHoles_Click(Program& program);
 // Reads the limits, looks for the plan and shows it with its bound, in `lblBestHoles` and the status bar. A limit that

@@ -13,7 +13,6 @@
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
-#include "search/best_holes_panel.h"
 #include "search/cal_dsign_var.h"
 #include "search/survey_diagnosis.h"
 
@@ -84,6 +83,15 @@ void RefuseRowWithData(Program& program, int row) {
 void LockForSearch(Program& program) {
   ScreenControlsOff(program);
   program.main.cmdCancel.enabled = true;
+}
+
+// Whether the fields for the limits of the best holes stand on the panel; a limited selection hides them.
+void OfferBestHoles(MainScreen& main, bool offered) {
+  for (Control& label : main.lblBest) label.visible = offered;
+  for (TextField& field : main.txtBest) field.control.visible = offered;
+  main.cmdFindBestHoles.visible = offered;
+  main.cmdCloseBestHoles.visible = offered;
+  main.cmdExitHoleSelect.visible = !offered;
 }
 
 }  // namespace
@@ -170,6 +178,11 @@ void mnuManHoleSelection_Click(Program& program) {
   main.frameHoleSelection.visible = true;
   OfferBestHoles(main, false);
   main.listSortSelectedHoles.Clear();
+}
+
+void mnuBestHoles_Click(Program& program) {
+  mnuManHoleSelection_Click(program);
+  if (program.record.MissingData == 0) OfferBestHoles(program.main, true);
 }
 
 void cmdReCalc_Click(Program& program) {

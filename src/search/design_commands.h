@@ -11,6 +11,7 @@ void mnuDesignConstSlope_Click(Program& program);       // Constant Slope
 void mnuDesignDualSlope_Click(Program& program);        // Dual Slope
 void mnuComputerHoleSelection_Click(Program& program);  // Computer Selected Holes
 void mnuManHoleSelection_Click(Program& program);       // opens the panel of a limited selection
+void mnuBestHoles_Click(Program& program);              // opens it with the limits of the best holes
 void cmdReCalc_Click(Program& program);                 // the current design once more
 void cmdCancel_Click(Program& program);                 // sets the flags that the running calculation looks at
 void mnuWindowInfo_Click(Program& program);             // back to the input screen, the sheet completed

@@ -1,6 +1,7 @@
 #include "search/best_holes_panel.h"
 
 #include "base/format.h"
+#include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
 #include "search_program.h"
 
