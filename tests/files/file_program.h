@@ -14,6 +14,7 @@
 #include "files/design_files.h"
 #include "files/preferences.h"
 #include "files/soils.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 #include "search/design_commands.h"
 #include "support/fake_host.h"

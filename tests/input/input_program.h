@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "display/grid_layout.h"
+#include "input/focus.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "support/fake_host.h"
