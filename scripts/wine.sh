@@ -24,6 +24,8 @@ fi
   flock 9
   if [ ! -f "$WINEPREFIX/made" ]; then
     "$kWine" wineboot -i >"$WINEPREFIX/made.log" 2>&1
+    # The oldest that the program asks for; Wine would take an older one.
+    "$kWine" winecfg -v win10 >>"$WINEPREFIX/made.log" 2>&1
     # Where Wine looks for the disks of other machines.
     mkdir -p "$WINEPREFIX/dosdevices/unc/torvale" "$WINEPREFIX/share"
     ln -sfn "$WINEPREFIX/share" "$WINEPREFIX/dosdevices/unc/torvale/share"

@@ -46,6 +46,12 @@ def wine(*arguments):
 class WineDesk(Desk):
     """A display on which programs for Windows are seen by the titles of their windows."""
 
+    def __enter__(self):
+        super().__enter__()
+        # What the toolkit of this system is told would be taken as said to the one of Windows.
+        os.environ.pop("QT_QPA_PLATFORM")
+        return self
+
     def start_there(self, *command):
         self.program = subprocess.Popen([WINE, *map(str, command)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                         cwd=self.folder)
@@ -346,6 +352,10 @@ def main():
     failed = 0
     with tempfile.TemporaryDirectory() as prefix:
         os.environ["TORVALE_WINE"] = prefix
+        # Wine lets the user's folders lead to those of this system.
+        home = pathlib.Path(prefix) / "home"
+        home.mkdir()
+        os.environ["HOME"] = str(home)
         for title, check in checks:
             try:
                 check()
