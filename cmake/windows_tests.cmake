@@ -28,7 +28,10 @@ foreach(folder base record engine screen display search input files reports shel
     add_executable(${target} ${fitting})
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_include_directories(${target} SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/headers)
-    target_link_libraries(${target} PRIVATE torvale_batch_lib torvale_script_lib torvale_source_folder gmock gtest_main torvale_options)
+    target_link_libraries(${target} PRIVATE torvale_batch_lib torvale_script_lib torvale_source_folder gmock gtest_main
+      torvale_options)
+    # A test is compiled far oftener than it works hard.
+    target_compile_options(${target} PRIVATE -O1)
     add_test(NAME ${folder} COMMAND ${target})
     set_tests_properties(${folder} PROPERTIES TIMEOUT 900)
   endif()
