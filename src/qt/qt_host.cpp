@@ -161,11 +161,13 @@ void QtHost::Beep() {
   QApplication::beep();
 }
 
-// The folder of the last file dialog, at first that of the user's documents.
+// The folder of the last file dialog, at first that of the user's documents, where there is one: a dialog takes a
+// folder that is not there for the name of a file.
 QString QtHost::DialogFolder() {
   const QString last = ToQt(Setting(kFolderKey).value_or(""));
   if (!last.isEmpty() && QDir(last).exists()) return last;
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
 void QtHost::KeepDialogFolder(const QString& chosen) {

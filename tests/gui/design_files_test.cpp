@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include "gui/window_test.h"
+#include "qt/scale.h"
 
 namespace torvale {
 namespace {
@@ -36,6 +37,27 @@ class DesignFilesWindowTest : public WindowTest {
     });
     Choose("mnuFileOpen");
     return folder;
+  }
+
+  // What a file dialog shows; it is cancelled there.
+  struct Seen {
+    QString title;
+    QStringList filters;
+    QString selected;
+    QString name;
+    bool saves = false;
+  };
+  Seen LookAtDialogOf(const char* entry) {
+    Seen seen;
+    QTimer::singleShot(0, qApp, [&seen] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      seen = {dialog->windowTitle(), dialog->nameFilters(), dialog->selectedNameFilter(),
+              dialog->findChild<QLineEdit*>("fileNameEdit")->text(), dialog->acceptMode() == QFileDialog::AcceptSave};
+      dialog->reject();
+    });
+    Choose(entry);
+    return seen;
   }
 };
 
@@ -69,6 +91,41 @@ TEST_F(DesignFilesWindowTest, WhoHasDesignsOpensWhereTheDesktopBegins) {
   ASSERT_TRUE(QDir(data_.path()).mkdir("samples"));
   window_->OpenDesign(SavedSurvey());
   EXPECT_FALSE(OpenBeginsIn().startsWith(data_.path()));
+}
+
+TEST_F(DesignFilesWindowTest, OpenShowsItsTitleItsFiltersAndThePreferredOne) {
+  main().txtDefault[15].Set("CSD");
+  const Seen seen = LookAtDialogOf("mnuFileOpen");
+  EXPECT_EQ(seen.title, "Open");
+  // Each pattern in small letters too: files from other systems may be named so.
+  EXPECT_EQ(seen.filters, QStringList({"Limit Computer Hole Selection (*.LHD *.lhd)", "Planned Design (*.PFD *.pfd)",
+                                       "Constant Slope (*.CSD *.csd)", "Dual Slope Crown (*.DSD *.dsd)",
+                                       "Computer Selected Holes (*.CSH *.csh)", "Existing Field Design (*.XFD *.xfd)",
+                                       "All file types (*)"}));
+  EXPECT_EQ(seen.selected, "Constant Slope (*.CSD *.csd)");
+  EXPECT_EQ(seen.name, "");
+  EXPECT_FALSE(seen.saves);
+}
+
+TEST_F(DesignFilesWindowTest, SaveAsShowsTheFilterOfTheDesignAndTheNameOfTheOpenedOne) {
+  const std::pair<int, const char*> filters[] = {{kPlanned, "Planned Field Design (*.PFD *.pfd)"},
+                                                 {kConstantSlope, "Constant Slope (*.CSD *.csd)"},
+                                                 {kDualSlope, "Dual Slope Crown (*.DSD *.dsd)"},
+                                                 {kComputerHoles, "Computer Selected Holes (*.CSH *.csh)"},
+                                                 {kExistingField, "Existing Field Condition (*.XFD *.xfd)"},
+                                                 {kLimitedHoles, "Limit Computer Hole Selection (*.LHD *.lhd)"},
+                                                 {kNoDesign, "Limit Computer Hole Selection (*.DAT *.dat)"}};
+  for (const auto& [type, filter] : filters) {
+    record().DesignType = static_cast<std::int16_t>(type);
+    record().OpenedFileName = data_.filePath("field.ABC").toStdString();
+    record().SaveFileName = "";
+    const Seen seen = LookAtDialogOf("mnuFileSaveAs");
+    EXPECT_EQ(seen.title, "Save As");
+    EXPECT_EQ(seen.filters, QStringList(filter));
+    EXPECT_EQ(seen.selected, filter);
+    EXPECT_TRUE(seen.saves);
+    EXPECT_EQ(seen.name, type == kNoDesign ? "" : "field" + ToQt(ExtensionOf(static_cast<std::int16_t>(type))));
+  }
 }
 
 // A name typed without its extension: the file that it comes to is the one that the question is about.

@@ -63,5 +63,20 @@ TEST_F(PreferencesTest, ThePanelIsMovedByItsBackground) {
   EXPECT_NEAR(main().Frame1.place.top, before.top - 300, 15);
 }
 
+// The panel goes with the pointer. Let go outside of the window it goes back to where it was.
+TEST_F(PreferencesTest, APanelLetGoOutsideOfTheWindowGoesBack) {
+  Choose("mnuPreference");
+  QWidget& frame = Find<QWidget>("Frame1");
+  QWidget& inside = *Preference(0).parentWidget();
+  const QRect before = frame.geometry();
+  QTest::mousePress(&inside, Qt::LeftButton, {}, {4, 4});
+  QTest::mouseMove(&inside, {4 - 60, 4 - 20});
+  EXPECT_EQ(frame.pos(), before.topLeft() + QPoint(-60, -20)) << "seen on the way";
+  const QPoint outside = inside.mapFromGlobal(window_->mapToGlobal(QPoint(-400, -300)));
+  QTest::mouseMove(&inside, outside);
+  QTest::mouseRelease(&inside, Qt::LeftButton, {}, outside);
+  EXPECT_EQ(frame.geometry(), before);
+}
+
 }  // namespace
 }  // namespace torvale

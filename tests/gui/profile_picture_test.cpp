@@ -1,5 +1,7 @@
 // The picture of the crown profile, and the boxes that its buttons bring up.
 #include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
 
 #include "gui/pdf_pages.h"
 #include "gui/window_test.h"
@@ -68,6 +70,30 @@ TEST_F(ProfilePictureTest, IsExportedAsADocumentOfOnePage) {
   // The margin of half an inch.
   EXPECT_EQ(DarkDots(pages[0], QRect(0, 0, 1100, 45)), 0);
   EXPECT_EQ(DarkDots(pages[0], QRect(1055, 0, 45, 850)), 0);
+}
+
+// The printer that the dialog speaks of prints into a file here.
+TEST_F(ProfilePictureTest, IsPrintedInLandscapeAndThePaperIsUprightAgainAfterwards) {
+  if (!CanRenderPdf()) GTEST_SKIP() << "pdftoppm is not installed";
+  const QString path = data_.filePath("printed.pdf");
+  QPrinter* printer = nullptr;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    printer = dialog->printer();
+    dialog->reject();
+  });
+  EXPECT_EQ(host_->PrinterDialog(), std::nullopt);
+  ASSERT_NE(printer, nullptr);
+  printer->setOutputFormat(QPrinter::PdfFormat);
+  printer->setOutputFileName(path);
+  ASSERT_TRUE(host_->PrintProfile());
+  EXPECT_EQ(printer->pageLayout().orientation(), QPageLayout::Portrait);
+  EXPECT_EQ(printer->pageLayout().pageSize().id(), QPageSize::Letter);
+  const std::vector<QImage> pages = PagesOf(path);
+  ASSERT_EQ(pages.size(), 1U);
+  EXPECT_EQ(pages[0].size(), QSize(1100, 850));
+  ExpectProfile(pages[0]);
 }
 
 TEST_F(ProfilePictureTest, AFolderThatIsNotThereIsToldOfOverTheProfile) {

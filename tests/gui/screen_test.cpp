@@ -199,6 +199,21 @@ TEST_F(ScreenTest, ExitClosesTheWindow) {
   EXPECT_FALSE(window_->isVisible());
 }
 
+// The window that comes up gives the focus to the name. One that comes back to the front leaves the user where he was.
+TEST_F(ScreenTest, LaterActivationsLeaveTheFocusAlone) {
+  EXPECT_TRUE(Info(0).hasFocus());
+  Info(3).setFocus();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  EXPECT_FALSE(window_->isActiveWindow());
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  EXPECT_TRUE(Info(3).hasFocus());
+  EXPECT_EQ(main().focus, "txtInfo(3)");
+}
+
 TEST_F(ScreenTest, BusyPointerDoesNotOutliveItsCommand) {
   main().busy = true;
   window_->Sync();

@@ -119,6 +119,7 @@ std::string DifferencesOf(Program& script, Program& window, Differences all) {
   CompareScreens(all, script.profile, window.profile);
   CompareScreens(all, script.splash, window.splash);
   CompareScreens(all, script.help, window.help);
+  CompareScreens(all, script.versions, window.versions);
   all.Compare("focus", script.main.focus, window.main.focus);
   all.Compare("title", script.main.title, window.main.title);
   all.Compare("zoom", script.main.zoom, window.main.zoom);
