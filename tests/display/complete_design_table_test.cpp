@@ -127,6 +127,17 @@ TEST(CompleteDesignTable, NamesTheSurveyHoleWhereThereIsNoOutlet) {
   EXPECT_EQ(line.main.Grid2.Back(2, kResultFlowRatio), kRed);
 }
 
+// With flow such a row has its furrow's length, too.
+TEST(CompleteDesignTable, ARowWithFlowButNoHoleHasItsLength) {
+  SmallLine line;
+  line.AddHole(0, kQuarterInch, 95);
+  line.record.HoleDia[line.AddHole(10, kQuarterInch, 95)] = 0;
+  line.AddHole(20, kQuarterInch, 95);
+  for (const std::string_view station : {"0", "10", "20"}) line.AddSurvey(station, "1/4");
+  CompleteDesignTable(line.program);
+  EXPECT_EQ(line.Row(2), "10|1/4||95.00|2.50|.95|1100|60.00||10|15|");
+}
+
 // A furrow without a hole is watered by nothing: supply line, whatever its length.
 TEST(CompleteDesignTable, ARowWithALengthButNoHoleIsSupplyLine) {
   SmallLine line;

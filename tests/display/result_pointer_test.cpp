@@ -96,6 +96,7 @@ TEST(Grid2MouseMove, ReturnsToTheTotalWithNoButtonDown) {
 TEST(Grid2MouseMove, CarriesTheEquivalentHoleAlong) {
   Field field;
   field.main.frameHoleEquiv.visible = false;
+  field.main.frameHoleEquiv.place.left = 5;
   Grid2_MouseMove(field.program, MouseButton::kNone, 300, 2000);
   EXPECT_EQ(field.main.frameHoleEquiv.place.left, 1680);
   EXPECT_EQ(field.main.frameHoleEquiv.place.top, 3460);

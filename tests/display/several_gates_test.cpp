@@ -64,6 +64,15 @@ TEST(SeveralGatesTest, ATipGoesWithItsTable) {
   EXPECT_EQ(line.main.Grid2.Tip(2, kResultOpening), "");
 }
 
+TEST(SeveralGatesTest, AShorterTableHasNoTipsOfALongerOne) {
+  SeveralGates line("R", 1.2, 2);
+  ASSERT_NE(line.Tip(), "");
+  ASSERT_NE(line.main.Grid2.Tip(2, kResultOpening), "");
+  line.record.HoleRows = 1;
+  EXPECT_NE(line.Tip(), "");
+  EXPECT_EQ(line.main.Grid2.Tip(2, kResultOpening), "");
+}
+
 // No gate has an opening for a height of nothing; the tip is left out.
 TEST(SeveralGatesTest, AnOpeningThatCannotBeWorkedOutIsNotTold) {
   SeveralGates line("R", 1.2, 2);

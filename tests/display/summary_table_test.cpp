@@ -204,6 +204,18 @@ TEST(SummaryTable, PassesAFaultOfAGateToItsCaller) {
   EXPECT_THROW(SummaryTable(line.program), RunTimeFault);
 }
 
+// The first outlet stands at its own station. Where there is none the sheet's station is named.
+TEST(SummaryTable, TheFirstOutletNamesItsOwnStation) {
+  for (const bool hole : {true, false}) {
+    SmallLine line;
+    AddTwoSizes(line);
+    if (!hole) line.record.HoleDia[1] = 0;
+    line.main.Grid1.Set(1, 0, "7");
+    SummaryTable(line.program);
+    EXPECT_EQ(line.main.Grid2.Text(1, 0), hole ? "0" : "7");
+  }
+}
+
 // Holes that draw air, at each place of the table. The first row says supply line by its flow in columns 2 and 3, and
 // keeps its length and the number of its holes; the opening stands at the last row alone, by its size.
 TEST(SummaryTable, RowsWithHolesButNoFlow) {

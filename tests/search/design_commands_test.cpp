@@ -142,6 +142,7 @@ TEST_F(InputScreenTest, ComesBackAsItWas) {
   record.SpacingWarningOff = 1;
   record.CancelFlag = true;
   main.lblAvgFurrowFlow.visible = true;
+  main.lblActiveInactive.fore = kWhite;
   mnuWindowInfo_Click(program);
   EXPECT_EQ(main.title, "TORVALE   ");
   EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");

@@ -221,6 +221,10 @@ TEST_F(PanelTest, ALineThatIsNoSizeAddsNone) {
   EXPECT_EQ(record.SelectedHoleValue[0], 0.25F);
   EXPECT_EQ(record.SelectedHoleValue[1], 0.375F);
   EXPECT_EQ(record.SelectedHoleValue[2], 0);
+  // The name at the place of the line that is no size is the one that its line had.
+  EXPECT_EQ(record.SelectedHoleName[0], "1/4");
+  EXPECT_EQ(record.SelectedHoleName[1], "3/8");
+  EXPECT_EQ(record.SelectedHoleName[2], "1/4");
   for (int i = 1; i <= record.HoleRows; ++i) {
     EXPECT_TRUE(record.LimitedHoleDia[i] == 0.25F || record.LimitedHoleDia[i] == 0.375F) << i;
   }

@@ -83,6 +83,23 @@ TEST_F(ReCalcTest, RunsTheConstantSlopeCommandWhole) {
   EXPECT_EQ(main.title, "TORVALE   Constant Slope Design");
 }
 
+TEST_F(ReCalcTest, RunsTheConstantSlopeCommandOnce) {
+  LevelLine();
+  mnuDesignConstSlope_Click(program);
+  const long once = host.yields;
+  cmdReCalc_Click(program);
+  EXPECT_EQ(host.yields, 2 * once);
+}
+
+TEST_F(ReCalcTest, SaysThatTheTableIsThatOfTheDesignBefore) {
+  LevelLine();
+  mnuDesignField_Click(program);
+  main.txtInfo[3].Set("");
+  cmdReCalc_Click(program);
+  EXPECT_EQ(Status(), "The Target Head is missing: enter it in feet. The table is that of the design before.");
+  EXPECT_TRUE(main.Grid2.control.visible);
+}
+
 // A dual slope is searched again without its command: the screen is not locked, and the search itself starts the slope
 // at 0.
 TEST_F(ReCalcTest, SearchesADualSlopeWithoutLockingTheScreen) {
