@@ -60,7 +60,9 @@ TEST_F(SheetCursorTest, MovingToTheSameCellLeavesItsTextAndDropsTheSelection) {
   At(4, 1);
   sheet().Set(4, 1, "9");
   ExtendSelection(program, 6, 3);
+  program.main.sbStatusBar.caption.clear();
   MoveCursor(program, 4, 1);
+  EXPECT_EQ(program.main.sbStatusBar.caption, ColumnHint(1));
   EXPECT_EQ(Text(4, 1), "9");
   EXPECT_EQ(sheet().row_sel, 4);
   EXPECT_EQ(sheet().column_sel, 1);

@@ -31,6 +31,17 @@ TEST_F(SheetRowsTest, InsertRowMovesTheRowsBelowAndKeepsThePlantedWidths) {
   EXPECT_EQ(Cursor(), "2,4");
 }
 
+TEST_F(SheetRowsTest, InsertAndDeleteLeaveTheCursorAlone) {
+  for (const auto& command : {mnuInsertRow_Click, mnuDeleteRow_Click}) {
+    At(2, 4);
+    sheet().SetSelection(5, 6);
+    command(program);
+    EXPECT_EQ(Cursor(), "2,4");
+    EXPECT_EQ(sheet().row_sel, 2);
+    EXPECT_EQ(sheet().column_sel, 4);
+  }
+}
+
 TEST_F(SheetRowsTest, InsertRowAtTheFootOnlyEmptiesIt) {
   sheet().Set(318, 0, "318");
   for (int column = 0; column < 9; ++column) sheet().Set(319, column, "x");
