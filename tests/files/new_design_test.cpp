@@ -58,6 +58,24 @@ TEST_F(NewDesignTest, WithoutAFileTheFieldsAreAppliedAsTheyStand) {
   EXPECT_TRUE(host.messages.empty());
 }
 
+// The sheet is laid out ahead of the file, with the hole size of before; what the file says stands in the end.
+TEST_F(NewDesignTest, TheFirstHoleSizeIsThatOfTheFile) {
+  program.record.DesignType = kNoDesign;
+  program.main.txtDefault[1].Set("3/8");
+  host.WriteFile(kDefaultsFile, "100\r\n5/8\r\n");
+  mnuFileNew_Click(program);
+  EXPECT_EQ(FirstRow(5), "5/8");
+}
+
+TEST_F(NewDesignTest, AnOpenProfileGoesWithItsDesign) {
+  program.profile.CrownProfile.visible = true;
+  program.record.ProfileTitle = "Complete Design";
+  program.main.cmdDesignToggle.caption = "Summary";
+  mnuFileNew_Click(program);
+  EXPECT_FALSE(program.profile.CrownProfile.visible);
+  EXPECT_EQ(program.main.cmdDesignToggle.caption, "Complete Design");
+}
+
 // 1E39 is past 32 bits. The step fails in silence and the ones after it are made.
 TEST_F(NewDesignTest, ACoefficientThatDoesNotFitIsPassedOver) {
   host.WriteFile(kDefaultsFile, "100\r\n5/8\r\n1E39\r\n140\r\n");

@@ -1,4 +1,5 @@
 #include "display/colour_meanings.h"
+#include "engine/survey.h"
 #include "small_file.h"
 
 namespace torvale {
@@ -183,6 +184,53 @@ TEST_F(OpenFileTest, ThePipeKindIsTicked) {
   EXPECT_EQ(record.PipeKind, "L");
   EXPECT_TRUE(main.mnuLayflatPipe.ticked);
   EXPECT_FALSE(main.mnuRigidPipe.ticked);
+}
+
+// The widths of the survey's rows stand as those of a typed sheet do.
+TEST_F(OpenFileTest, PlantedWidthsAreCentred) {
+  TypeSurvey();
+  mnuDesignField_Click(program);
+  ASSERT_EQ(Save(Path("x")), "");
+  FileProgram later;
+  ASSERT_EQ(later.Open(Path("x.PFD")), "");
+  EXPECT_EQ(later.main.Grid1.AlignOf(2, kPlantedWidthColumn), Align::kCentreBottom);
+  EXPECT_EQ(later.main.Grid1.AlignOf(2, kMilColumn), Align::kGeneral);
+}
+
+// Each opening counts as a moment at which all that is on the screen is in a file.
+TEST_F(OpenFileTest, WhatWasOpenedIsStored) {
+  const std::uint64_t before = program.stored_count;
+  ASSERT_EQ(OpenSmall({}), "");
+  EXPECT_GT(program.stored_count, before);
+}
+
+TEST_F(OpenFileTest, SizesOfTheListBeforeGo) {
+  main.listHolesSelected.Add("1/2");
+  SmallFile small;
+  small.type = kLimitedHoles;
+  small.sizes = {"1/4"};
+  ASSERT_EQ(OpenSmall(small), "");
+  ASSERT_EQ(main.listHolesSelected.count(), 1);
+  EXPECT_EQ(main.listHolesSelected.Line(0), "1/4");
+}
+
+// A design of computer holes whose run is refused, for want of a flow: the sheet is shown, and the panel of preferences
+// that was open is closed as after any opening.
+TEST_F(OpenFileTest, ComputerHolesWhoseRunIsRefusedLeaveTheSheet) {
+  TypeSurvey();
+  mnuComputerHoleSelection_Click(program);
+  main.txtInfo[2].Set("");
+  ASSERT_EQ(Save(Path("x")), "");
+  main.Frame1.visible = true;
+  Open(Path("x.CSH"));
+  EXPECT_EQ(host.messages,
+            (std::vector<Shown>{{"Some Information Data is missing(i.e. GPM, Target Head)", "Missing Data"}}));
+  EXPECT_FALSE(main.Frame1.visible);
+  EXPECT_TRUE(main.Grid1.control.visible);
+  EXPECT_FALSE(main.Grid2.control.visible);
+  EXPECT_EQ(main.lblActiveInactive.caption, "Inactive Design");
+  EXPECT_EQ(main.title, "TORVALE   ");
+  EXPECT_EQ(record.DesignType, kNoDesign);
 }
 
 // A design of computer holes is selected anew: what the file holds of the last run gives way to a run of its survey.

@@ -44,6 +44,18 @@ TEST_F(SoilsTest, TheEditorIsLaidOut) {
   for (const int row : {1, 99}) EXPECT_EQ(grid.AlignOf(row, 1), Align::kCentreBottom);
 }
 
+TEST_F(SoilsTest, TheEditorIsLaidOutAnewEachTimeItOpens) {
+  Soils(kThreeSoils);
+  grid.Set(0, 1, "x");
+  grid.fixed_back.reset();
+  grid.fixed_fore.reset();
+  mnuSoils_and_Furrow_Click(program);
+  EXPECT_EQ(grid.Text(0, 1), "Rec Furrow Flow");
+  EXPECT_EQ(grid.fixed_back, kTeal);
+  EXPECT_EQ(grid.fixed_fore, kWhite);
+  EXPECT_TRUE(program.soils.visible);
+}
+
 TEST_F(SoilsTest, TheFileFillsTheGridTheListAndTheTable) {
   Soils(kThreeSoils);
   OpenSoils(program);
@@ -220,8 +232,10 @@ TEST_F(SoilsTest, TheLookUpFindsAnEmptyTextAlone) {
   Recommended_Furror_Flow(program);
   EXPECT_EQ(record.RecFurrowFlow, 5);
   main.listSoils.Deselect();
+  record.SoilName = "Sand";
   Recommended_Furror_Flow(program);
   EXPECT_EQ(record.RecFurrowFlow, 44);
+  EXPECT_EQ(record.SoilName, "");
 }
 
 // Saving

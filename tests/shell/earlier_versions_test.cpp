@@ -227,6 +227,69 @@ TEST_F(EarlierVersionsTest, AVersionOpensAsACopyAndTheFileStays) {
   EXPECT_NE(Bytes(program.record.SaveFileName).find("Dunn"), std::string::npos);
 }
 
+// The file saved over last stands first, but for the one that is open, which leads.
+TEST_F(EarlierVersionsTest, FilesStandByTheirLastSaveBehindTheOpenOne) {
+  const std::vector<std::string> names = {"a.DAT", "b.DAT", "c.DAT", "d.DAT", "e.DAT", "f.DAT"};
+  for (const std::string& name : names) {
+    host.now += kHour;
+    Save(Path(name), "one");
+    Save(Path(name), "two");
+  }
+  const auto listed = [&] {
+    Click(program, "mnuFileEarlier");
+    std::vector<std::string> files;
+    for (const EarlierVersion& version : program.versions.versions) {
+      files.push_back(std::filesystem::path(version.file).filename().string());
+    }
+    return files;
+  };
+  EXPECT_EQ(listed(), (std::vector<std::string>{"f.DAT", "e.DAT", "d.DAT", "c.DAT", "b.DAT", "a.DAT"}));
+  program.record.SaveFileName = Path("b.DAT");
+  EXPECT_EQ(listed(), (std::vector<std::string>{"b.DAT", "f.DAT", "e.DAT", "d.DAT", "c.DAT", "a.DAT"}));
+}
+
+TEST_F(EarlierVersionsTest, TheListIsLaidOutAnewEachTime) {
+  SaveDesign("East", Path("a"));
+  SaveDesign("West", Path("a"));
+  Click(program, "mnuFileEarlier");
+  Grid& list = program.versions.Grd_EarlierVersions;
+  const Grid first = list;
+  EXPECT_EQ(first.fixed_back, kTeal);
+  EXPECT_EQ(first.fixed_fore, kWhite);
+  EXPECT_EQ(first.heading_height, 360);
+  list.fixed_back.reset();
+  list.fixed_fore.reset();
+  list.heading_height = 0;
+  for (GridColumn& column : list.columns) column.width = 0;
+  list.Resize(9, list.column_count());
+  list.Set(8, 0, "old");
+  list.SetCurrent(8, 2);
+  list.top_row = 5;
+  Click(program, "btnCloseVersions");
+  Click(program, "mnuFileEarlier");
+  EXPECT_EQ(list.rows(), first.rows());
+  EXPECT_EQ(list.fixed_back, kTeal);
+  EXPECT_EQ(list.fixed_fore, kWhite);
+  EXPECT_EQ(list.heading_height, 360);
+  for (std::size_t c = 0; c < list.columns.size(); ++c) EXPECT_EQ(list.columns[c].width, first.columns[c].width);
+  EXPECT_EQ(list.columns[0].width, 2900);
+  EXPECT_EQ(list.row, 1);
+  EXPECT_EQ(list.column, 0);
+  EXPECT_EQ(list.top_row, 1);
+}
+
+// Opened as a copy, it begins a new design, and the status bar says where a save goes.
+TEST_F(EarlierVersionsTest, AVersionBeginsANewDesignAndSaysWhereASaveGoes) {
+  SaveDesign("East", Path("a"));
+  SaveDesign("West", Path("a"));
+  program.record.HoleSizeIdeal[4000] = 1;  // in no file
+  Click(program, "mnuFileEarlier");
+  Click(program, "btnOpenVersion");
+  EXPECT_EQ(program.record.HoleSizeIdeal[4000], 0.0F);
+  EXPECT_EQ(program.main.sbStatusBar.caption,
+            "An earlier version is open as a copy. Save writes it to " + program.record.SaveFileName);
+}
+
 TEST_F(EarlierVersionsTest, AnEmptyListSaysSoAndOpensNothing) {
   Click(program, "mnuFileEarlier");
   EXPECT_EQ(program.versions.lblVersionFile.caption,
