@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QToolBar>
 #include <algorithm>
 
@@ -145,6 +146,25 @@ TEST_F(ScreenTest, AFieldIsSelectedWholeAndTypingReplacesIt) {
   EXPECT_EQ(main().txtInfo[3].SelectedText(), "2.5");
   Type(Info(3), "3");
   EXPECT_EQ(main().txtInfo[3].text(), "3");
+}
+
+// Nothing is out of the user's reach where the desktop is small: what a design brings up is scrolled to.
+TEST_F(ScreenTest, AWindowSmallerThanTheResultsScrollsToTheirEdge) {
+  auto* area = qobject_cast<QScrollArea*>(window_->centralWidget());
+  ASSERT_NE(area, nullptr);
+  window_->resize(700, 500);
+  QTest::qWait(1);
+  main().Grid2.control.visible = true;
+  main().frameShowLimitedHoles.visible = true;
+  window_->Sync();
+  const QWidget& frame = Find<QWidget>("frameShowLimitedHoles");
+  EXPECT_GT(Canvas().width(), frame.geometry().right());
+  QScrollBar& bar = *area->horizontalScrollBar();
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_EQ(bar.maximum(), Canvas().width() - area->viewport()->width());
+  bar.setValue(bar.maximum());
+  EXPECT_TRUE(
+      area->viewport()->rect().contains(QRect(frame.mapTo(area->viewport(), QPoint()), QSize(frame.width(), 1))));
 }
 
 TEST_F(ScreenTest, TypingFlowReachesTheRecordAtOnce) {
