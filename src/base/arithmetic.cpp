@@ -18,9 +18,12 @@ Whole StoreWhole(double x) {
 double RoundHalfEven(double x) {
   // On the magnitude the part behind the point is exact, so that the comparison with one half is exact too.
   const double magnitude = std::fabs(x);
-  const double below = std::floor(magnitude);
+  constexpr double kAllWhole = 0x1p52;  // from here on, and no number at all
+  if (!(magnitude < kAllWhole)) return x;
+  const auto whole = static_cast<std::int64_t>(magnitude);
+  const auto below = static_cast<double>(whole);
   const double part = magnitude - below;
-  const bool below_is_odd = std::floor(below / 2) * 2 != below;
+  const bool below_is_odd = whole % 2 != 0;
   const bool up = part > 0.5 || (part == 0.5 && below_is_odd);
   return std::copysign(up ? below + 1 : below, x);
 }

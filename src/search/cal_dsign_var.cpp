@@ -139,12 +139,6 @@ void Finish(Program& program, int tries) {
   if (!IsSlopeDesign(record) && record.DesignType != kLimitedHoles) DisplayDesign(program);
 }
 
-// The second selection starts as the first did and repeats it.
-void SelectHoles(Program& program) {
-  MultiHoleSize(program);
-  if (Narrow(Val(TextOf(program.main, InfoField::kTargetHead))) < program.record.MaxHead) MultiHoleSize(program);
-}
-
 // Calculates by design type. False where the run ends there.
 bool Calculate(Program& program, int& tries) {
   switch (program.record.DesignType) {
@@ -158,7 +152,7 @@ bool Calculate(Program& program, int& tries) {
       break;
     case kComputerHoles:
     case kLimitedHoles:
-      SelectHoles(program);
+      MultiHoleSizeTwice(program);
       break;
     default:
       return true;

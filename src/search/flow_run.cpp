@@ -29,7 +29,9 @@ void TellTryLimit(Program& program, int fail_row) {
              GeneralText(Hundredths(record.Head[fail_row])), Format(static_cast<double>(record.AccumGPM), "####0")));
 }
 
-void Calculate(Program& program, EngineHost& host, int& tries) {
+}  // namespace
+
+void RunFlowCalc(Program& program, EngineHost& host, int& tries) {
   MainScreen& main = program.main;
   const FlowEnd end =
       FlowCalc(program.record,
@@ -53,16 +55,14 @@ void Calculate(Program& program, EngineHost& host, int& tries) {
   }
 }
 
-}  // namespace
-
 void RunFlowCalc(Program& program, int& tries) {
   ScreenEngineHost host(program);
-  Calculate(program, host, tries);
+  RunFlowCalc(program, host, tries);
 }
 
 void RunFlowCalcQuietly(Program& program, int& tries) {
   QuietEngineHost host(program);
-  Calculate(program, host, tries);
+  RunFlowCalc(program, host, tries);
 }
 
 void RunAcreCalc(Program& program) {

@@ -7,6 +7,8 @@ namespace torvale {
 // `FlowCalc` over the program's record, sheet and fields, with the words for the way it ended: a message where it gave
 // up, failed, or could not work out the acres. `tries` as in FlowEnd.
 void RunFlowCalc(Program& program, int& tries);
+// The same with a host of the caller's own.
+void RunFlowCalc(Program& program, EngineHost& host, int& tries);
 // The same without a yield.
 void RunFlowCalcQuietly(Program& program, int& tries);
 

@@ -60,7 +60,7 @@ bool HeadLost(const DesignRecord& record, int row, const PassFlow& pass, const P
 }
 
 // Marches the wanted flows up the line. False where the run was cancelled.
-bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
+bool MarchWantedFlows(Program& program, const PassKind& kind, EngineHost& host, FitFlow& flow) {
   DesignRecord& record = program.record;
   const PassFlow pass = {AverageFlow(record.TargetGPM, record.WateredFurrows),
                          FrictionFactorOrNone(static_cast<double>(record.HazenWilliamsC)), ReadsRods(program.main),
@@ -81,7 +81,7 @@ bool MarchWantedFlows(Program& program, const PassKind& kind, FitFlow& flow) {
       record.Head[record.HoleRows] += 0.1;
       record.AccumGPM = 0;
       row = record.HoleRows + 1;
-      program.host.Yield(1);
+      host.Yield(1);
     }
     --row;
     if (record.CancelFlag) return false;
@@ -108,7 +108,7 @@ void Fit(Program& program, const PassKind& kind, FitFlow flow) {
   }
 }
 
-void RunPass(Program& program, const PassKind& kind) {
+void RunPass(Program& program, const PassKind& kind, EngineHost& host) {
   DesignRecord& record = program.record;
   record.HoleSizeIdeal.Clear();
   record.ComputerHoleDia.Clear();
@@ -116,7 +116,7 @@ void RunPass(Program& program, const PassKind& kind) {
   record.HoleSizeIndexLimit = 0;
   try {
     FitFlow flow;
-    if (!MarchWantedFlows(program, kind, flow)) return;
+    if (!MarchWantedFlows(program, kind, host, flow)) return;
     Fit(program, kind, flow);
     record.SeedEndHead = Store32(record.Head[record.HoleRows]);
   } catch (const RunTimeFault&) {
@@ -124,29 +124,68 @@ void RunPass(Program& program, const PassKind& kind) {
   }
 }
 
-}  // namespace
+// Counts the yields of a selection and keeps what was last answered: how many of those to come would do nothing.
+class CountingHost final : public ScreenEngineHost {
+ public:
+  using ScreenEngineHost::ScreenEngineHost;
+  long Yield(long due) override {
+    yields_ += due;
+    idle_ = ScreenEngineHost::Yield(due);
+    return idle_;
+  }
+  long yields() const { return yields_; }
+  long idle() const { return idle_; }
 
-void MultiHoleOne(Program& program) {
-  RunPass(program, kTablePass);
-}
+ private:
+  long yields_ = 0;
+  long idle_ = 0;
+};
 
-void ManHoleCalSelected(Program& program) {
-  RunPass(program, kListPass);
-}
-
-void MultiHoleSize(Program& program) {
+void Select(Program& program, EngineHost& host) {
   DesignRecord& record = program.record;
+  const MainScreen& main = program.main;
   record.HoleSizeIdeal.Clear();
   record.FlowCalcStatus.clear();
-  const double target_head = Finite(Val(TextOf(program.main, InfoField::kTargetHead)));
+  const double target_head = Finite(Val(TextOf(main, InfoField::kTargetHead)));
   record.SeedEndHead = Store32(target_head);
   record.MaxHead = 0;
   record.Head[record.HoleRows] = target_head;
   int status = 0;
   while (record.FlowCalcStatus < "Ok" && !record.CancelFlag) {
-    if (record.DesignType == kComputerHoles) MultiHoleOne(program);
-    if (record.DesignType == kLimitedHoles) ManHoleCalSelected(program);
-    RunFlowCalc(program, status);
+    if (record.DesignType == kComputerHoles) RunPass(program, kTablePass, host);
+    if (record.DesignType == kLimitedHoles) RunPass(program, kListPass, host);
+    RunFlowCalc(program, host, status);
+  }
+}
+
+}  // namespace
+
+void MultiHoleOne(Program& program) {
+  ScreenEngineHost host(program);
+  RunPass(program, kTablePass, host);
+}
+
+void ManHoleCalSelected(Program& program) {
+  ScreenEngineHost host(program);
+  RunPass(program, kListPass, host);
+}
+
+void MultiHoleSize(Program& program) {
+  ScreenEngineHost host(program);
+  Select(program, host);
+}
+
+void MultiHoleSizeTwice(Program& program) {
+  DesignRecord& record = program.record;
+  const std::int16_t furrows = record.WateredFurrows;
+  CountingHost host(program);
+  Select(program, host);
+  if (!(Narrow(Val(TextOf(program.main, InfoField::kTargetHead))) < record.MaxHead)) return;
+  const bool to_the_end = record.FlowCalcStatus == "Ok" && record.DesignOK != "False" && !record.CancelFlag;
+  if (to_the_end && record.WateredFurrows == furrows && host.idle() >= host.yields()) {
+    program.host.Yield(host.yields());
+  } else {
+    MultiHoleSize(program);
   }
 }
 

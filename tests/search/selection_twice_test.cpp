@@ -1,0 +1,118 @@
+// The second selection of hole sizes, which repeats the first: passed over where nobody would see it.
+#include <random>
+
+#include "search/hole_selection.h"
+#include "search/hole_selection_panel.h"
+#include "search_program.h"
+
+namespace torvale {
+namespace {
+
+class SelectionTwiceTest : public SearchTest {
+ protected:
+  // A line with a bend in its crown, some of it supply line, on a random field.
+  void RandomLine(unsigned seed) {
+    std::mt19937 random(seed);
+    const auto whole = [&](int low, int high) { return low + static_cast<int>(random() % (high - low + 1)); };
+    const int spacing = whole(5, 40);
+    const int spans = whole(1, 3);
+    std::vector<SurveyRow> rows;
+    int station = 0;
+    int crown = 10000;  // hundredths of a foot
+    for (int row = 0; row <= spans; ++row) {
+      const std::string level = std::to_string(crown / 100) + "." + std::to_string(100 + crown % 100).substr(1);
+      const bool supply = row == 0 && whole(0, 3) == 0;
+      rows.push_back(supply ? SupplyRow("0", level)
+                            : WateredRow(std::to_string(station), level, std::to_string(whole(300, 1300)),
+                                         std::to_string(spacing)));
+      station += spacing * whole(2, 12);
+      crown += whole(-60, 40);
+    }
+    TypeInfo(std::to_string(whole(20, 300)), std::to_string(whole(1, 30)) + ".5", whole(0, 1) == 0 ? "E" : "R");
+    if (whole(0, 1) == 0) main.txtInfo[3].Set("1." + std::to_string(whole(0, 9)));
+    FillSheet(rows);
+  }
+  void Select(bool by_list) {
+    if (!by_list) return mnuComputerHoleSelection_Click(program);
+    mnuManHoleSelection_Click(program);
+    for (const char* size : {"1/4", "3/8", "1/2", "3/4", "1"}) main.listHolesSelected.Add(size);
+    cmdExitHoleSelect_Click(program);
+  }
+};
+class Watched : public SelectionTwiceTest {
+  void TestBody() override {}
+
+ public:
+  using SearchTest::host;
+  using SearchTest::main;
+  using SearchTest::record;
+  using SelectionTwiceTest::RandomLine;
+  using SelectionTwiceTest::Select;
+  void Watch() {
+    WatchYields([] {});
+  }
+};
+
+template <typename T>
+std::vector<T> All(const RowArray<T>& rows) {
+  return std::vector<T>(rows.data(), rows.data() + kLastRow + 1);
+}
+
+// Where an event may come at each yield, both selections are made; where none is ahead, the second is counted alone.
+// All that they leave must be the same, and the yields that were counted.
+TEST(SelectionTwice, LeavesTheSameWhetherItIsMadeOrNot) {
+  int repeated = 0;
+  for (unsigned seed = 0; seed < 100; ++seed) {
+    for (const bool by_list : {false, true}) {
+      Watched quiet;
+      Watched watched;
+      for (Watched* one : {&quiet, &watched}) one->RandomLine(seed);
+      watched.Watch();
+      for (Watched* one : {&quiet, &watched}) one->Select(by_list);
+      const DesignRecord& a = quiet.record;
+      const DesignRecord& b = watched.record;
+      SCOPED_TRACE(seed);
+      ASSERT_EQ(quiet.host.yields, watched.host.yields);
+      ASSERT_EQ(quiet.host.messages.size(), watched.host.messages.size());
+      ASSERT_EQ(All(a.Head), All(b.Head));
+      ASSERT_EQ(All(a.FurrowFlow), All(b.FurrowFlow));
+      ASSERT_EQ(All(a.HoleArea), All(b.HoleArea));
+      ASSERT_EQ(All(a.HoleSizeIdeal), All(b.HoleSizeIdeal));
+      ASSERT_EQ(All(a.ComputerHoleDia), All(b.ComputerHoleDia));
+      ASSERT_EQ(All(a.LimitedHoleDia), All(b.LimitedHoleDia));
+      ASSERT_EQ(All(a.NormFurrowFlow), All(b.NormFurrowFlow));
+      ASSERT_EQ(a.DesignOK, b.DesignOK);
+      ASSERT_EQ(a.WateredFurrows, b.WateredFurrows);
+      ASSERT_EQ(a.Uniformity, b.Uniformity);
+      ASSERT_EQ(a.BestHeadFound, b.BestHeadFound);
+      ASSERT_EQ(a.SeedEndHead, b.SeedEndHead);
+      ASSERT_EQ(a.AccumGPM, b.AccumGPM);
+      ASSERT_EQ(a.MaxHead, b.MaxHead);
+      const float target = static_cast<float>(Val(quiet.main.txtInfo[3].text()));
+      if (a.DesignOK == "True" && target < a.MaxHead) ++repeated;
+    }
+  }
+  EXPECT_GT(repeated, 20);
+}
+
+// Cancel in the middle of the second selection ends that one: what was called idle reaches no further than the click.
+TEST_F(SelectionTwiceTest, IsMadeWhereAClickComes) {
+  RandomLine(1);
+  ASSERT_NO_FATAL_FAILURE(Select(false));
+  const long all = host.yields;
+  ASSERT_EQ(record.DesignOK, "True");
+  ASSERT_LT(static_cast<float>(Val(main.txtInfo[3].text())), record.MaxHead);
+  ASSERT_TRUE(main.Grid2.control.visible);
+  bool clicked = false;
+  host.event_at = host.yields + all - 3;
+  host.event = [&] {
+    clicked = true;
+    cmdCancel_Click(program);
+  };
+  Select(false);
+  EXPECT_TRUE(clicked);
+  EXPECT_FALSE(main.Grid2.control.visible);
+}
+
+}  // namespace
+}  // namespace torvale
