@@ -13,14 +13,19 @@
 namespace torvale {
 namespace {
 
-constexpr double kFewPlans = 170000;          // looked at one by one
-constexpr double kEstimateError = 0.3;        // percent by which Estimate and Judge can differ, rounding included
-constexpr int kHeadsTried = 60;               // far-end heads that candidates are made at
-constexpr std::size_t kJudged = 16;           // of the best estimates
-constexpr std::size_t kMoved = 6;             // candidates that are moved stretch by stretch
-constexpr int kMoveTrials = 1500;             // for each of them
-constexpr int kBoxes = 16000;                 // of the proof
-constexpr double kGaps[] = {0.5, 0.25, 0.1};  // percent above the best, tried to be proven in turn
+constexpr double kFewPlans = 170000;        // looked at one by one
+constexpr double kEstimateError = 0.3;      // percent by which Estimate and Judge can differ, rounding included
+constexpr int kHeadsTried = 60;             // far-end heads that candidates are made at
+constexpr std::size_t kJudged = 16;         // of the best estimates
+constexpr std::size_t kMoved = 6;           // candidates that are moved stretch by stretch
+constexpr int kMoveTrials = 1500;           // for each of them
+constexpr int kSettleRounds = 12;           // of moves judged one by one
+constexpr double kBoxRows = 20000.0 * 264;  // boxes of the proof times furrows in each, which is its work
+constexpr int kFewestBoxes = 2000;
+constexpr int kMostBoxes = 60000;
+// Points of uniformity above the best plan that are tried to be proven in turn, as designs show them.
+constexpr double kGaps[] = {0.5, 0.3, 0.2, 0.1, 0};
+constexpr double kShownWithin = 0.049;  // of a tenth: what is above it is shown as the next one
 
 bool Better(const FoundPlan& a, const FoundPlan& b) {
   if (a.outcome.uniformity != b.outcome.uniformity) return a.outcome.uniformity > b.outcome.uniformity;
@@ -53,12 +58,15 @@ class Search {
   bool stopped() const { return stopped_; }
   const std::optional<FoundPlan>& best() const { return best_; }
 
-  void TakeIfBetter(const HolePlan& plan) {
-    if (StretchesOf(plan) > task_.stretches) return;
+  // Whether it was.
+  bool TakeIfBetter(const HolePlan& plan) {
+    if (StretchesOf(plan) > task_.stretches) return false;
     const std::optional<PlanOutcome> outcome = judge_.Judge(plan);
-    if (!outcome) return;
+    if (!outcome) return false;
     FoundPlan found{plan, *outcome};
-    if (!best_ || Better(found, *best_)) best_ = std::move(found);
+    if (best_ && !Better(found, *best_)) return false;
+    best_ = std::move(found);
+    return true;
   }
 
   // Every plan with at most that many stretches, furrow by furrow.
@@ -79,6 +87,9 @@ class Search {
 
   // Moves the ends of the stretches, their sizes and their halves as long as that helps.
   void Improve(Candidate& candidate, int stretches, int trials);
+
+  // The same with the best plan, by what designs show instead of by estimates.
+  void Settle();
 
  private:
   void TryFrom(HolePlan& plan, std::size_t furrow, int stretches, double all, double& tried, double& end_head);
@@ -155,6 +166,20 @@ void Search::Improve(Candidate& candidate, int stretches, int trials) {
   }
 }
 
+void Search::Settle() {
+  bool moved = best_.has_value();
+  for (int round = 0; moved && round < kSettleRounds && !stopped_; ++round) {
+    moved = false;
+    for (const HolePlan& move : Moves(best_->plan, task_.sizes.size())) {
+      if (StretchesOf(move) > task_.stretches) continue;
+      double end_head = best_->outcome.end_head;
+      const std::optional<double> estimate = judge_.Estimate(move, end_head);
+      if (!estimate || *estimate < static_cast<double>(best_->outcome.uniformity) - kEstimateError) continue;
+      moved = TakeIfBetter(move) || moved;
+    }
+  }
+}
+
 // Heads of the line where every furrow takes just what it wants. False where the head is lost on the way.
 bool EvenHeads(const PlanTask& task, double end_head, std::vector<double>& heads) {
   const Line& line = task.line;
@@ -219,7 +244,7 @@ struct LessBound {
 
 // Tries to show that no plan is above `wanted` percent; what it shows instead is the greatest bound of the boxes left.
 // A plan met on the way that is better than all before raises `estimate`.
-double Prove(Search& search, const PlanTask& task, double wanted, int& boxes, double& estimate) {
+double Prove(Search& search, const PlanTask& task, double wanted, int all_boxes, int& boxes, double& estimate) {
   PlanBounds bounds(task);
   std::priority_queue<PlanBox, std::vector<PlanBox>, LessBound> open;
   std::set<HolePlan> seen;
@@ -242,7 +267,7 @@ double Prove(Search& search, const PlanTask& task, double wanted, int& boxes, do
         }
       }
     }
-    if (boxes % 64 < 2 && !search.Tell(1 - 0.8 * boxes / kBoxes)) break;
+    if (boxes % 64 < 2 && !search.Tell(1 - 0.8 * boxes / all_boxes)) break;
   }
   return open.empty() ? wanted : std::max(wanted, open.top().bound);
 }
@@ -296,11 +321,16 @@ BestHoles FindBestHoles(const PlanTask& task, const std::vector<HolePlan>& known
       estimate =
           std::max(estimate, LookForPlans(search, fewer, share * (fewer.stretches - 1), share * fewer.stretches));
     }
+    search.Settle();
     double bound = 100;
-    int boxes = kBoxes;
+    const int all_boxes =
+        std::clamp(static_cast<int>(kBoxRows / static_cast<double>(task.furrows.size())), kFewestBoxes, kMostBoxes);
+    int boxes = all_boxes;
     for (const double gap : kGaps) {
       if (search.stopped() || boxes <= 0) break;
-      bound = std::min(bound, Prove(search, task, estimate + gap, boxes, estimate));
+      const double best = search.best() ? static_cast<double>(search.best()->outcome.uniformity) : 0;
+      bound = std::min(bound, Prove(search, task, best + gap + kShownWithin, all_boxes, boxes, estimate));
+      if (search.best() && static_cast<double>(search.best()->outcome.uniformity) > best) search.Settle();
     }
     found.bound = Shown(bound);
   }

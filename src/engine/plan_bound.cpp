@@ -12,11 +12,12 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kFirstPrice = 0.15;
-constexpr double kPriceStep = 0.02;
-constexpr double kLevelWeight = 1;
-constexpr int kPrices = 5;                // tried for a box
-constexpr double kHeadStray = 1e-9;       // feet that a sum of heads can stray
-constexpr double kRoundingPoints = 1e-4;  // percent that the stores of single values can add
+constexpr double kLevelWeight = 0.5;
+constexpr int kPrices = 5;                 // sets of prices tried for a box
+constexpr double kPriceAim = 0.02;         // percent below what is wanted that the steps of the prices aim at
+constexpr std::size_t kPowerSteps = 8192;  // of the flow, at which its power is kept
+constexpr double kHeadStray = 1e-9;        // feet that a sum of heads can stray
+constexpr double kRoundingPoints = 1e-4;   // percent that the stores of single values can add
 
 Range Meet(const Range& a, const Range& b) {
   return {std::max(a.low, b.low), std::min(a.high, b.high)};
@@ -52,8 +53,14 @@ PlanBounds::PlanBounds(const PlanTask& task)
       best_(stretches_ * sizes_),
       next_best_(stretches_ * sizes_),
       from_(task.furrows.size() * stretches_ * sizes_),
-      plan_(task.furrows.size()) {
+      power_scale_(static_cast<double>(kPowerSteps) / (most_flow_ * (1 + slack_))),
+      power_at_(kPowerSteps + 1),
+      plan_(task.furrows.size()),
+      marks_({task.furrows.size() * 3 / 4, task.furrows.size() / 2, task.furrows.size() / 4, 0}) {
   for (const float size : task.sizes) area_.push_back(AreaByInches(static_cast<double>(size), 1));
+  for (std::size_t step = 0; step <= kPowerSteps; ++step) {
+    power_at_[step] = FlowPower(static_cast<float>(static_cast<double>(step) / power_scale_));
+  }
   least_ratio_ = kInfinity;
   for (std::size_t i = task.furrows.size(); i-- > 0;) {
     const PlanFurrow& furrow = task.furrows[i];
@@ -75,8 +82,9 @@ PlanBox PlanBounds::Whole(double wanted) const {
   box.level = {least_level, most_level};
   box.end_head = {task_.least_head, task_.highest_head};
   box.flow.fill({0, most_flow_});
+  box.flow.back() = {least_flow_, most_flow_};
   box.head.fill({task_.least_head, task_.highest_head});
-  box.price = kFirstPrice;
+  box.prices.back() = kFirstPrice;
   box.bound = Empty(box.level) || Empty(box.end_head) ? 0 : 100;
   return box;
 }
@@ -110,48 +118,47 @@ void PlanBounds::SetFlows(std::size_t furrow, double least_head, double highest_
 
 bool PlanBounds::MarchUpstream(PlanBox& box, double wanted) {
   const Line& line = task_.line;
-  const std::size_t count = task_.furrows.size();
-  const std::array<std::size_t, 3> marks = {count * 3 / 4, count / 2, count / 4};
   // Heads are compared with their limits in 32 bits.
   const Range limits{task_.least_head * (1 - slack_), task_.highest_head * (1 + slack_)};
   Range head = box.end_head;
   Range flow{0, 0};
   for (int row = line.rows; row >= 1; --row) {
     head = Meet(head, limits);
-    if (row == 1) box.head[3] = head = Meet(head, box.head[3]);
+    if (row == 1) box.head.back() = head = Meet(head, box.head.back());
     const auto i = static_cast<std::size_t>(row);
     if (furrow_at_[i] >= 0) {
       const auto furrow = static_cast<std::size_t>(furrow_at_[i]);
-      for (std::size_t mark = 0; mark < marks.size(); ++mark) {
-        if (furrow == marks[mark]) box.head[mark] = head = Meet(head, box.head[mark]);
+      for (std::size_t mark = 0; mark + 1 < kFlowMarks; ++mark) {
+        if (furrow == marks_[mark]) box.head[mark] = head = Meet(head, box.head[mark]);
       }
       if (Empty(head)) return false;
       flow.low += Outflow(furrow, 0, head.low) * (1 - slack_);
       flow.high += Outflow(furrow, sizes_ - 1, head.high) * (1 + slack_);
-      flow = Meet(flow, FlowOfLevel(box.level, wanted, furrow));
-      for (std::size_t mark = 0; mark < marks.size(); ++mark) {
-        if (furrow == marks[mark]) box.flow[mark] = flow = Meet(flow, box.flow[mark]);
+      flow = Meet(Meet(flow, {0, most_flow_}), FlowOfLevel(box.level, wanted, furrow));
+      for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
+        if (furrow == marks_[mark]) box.flow[mark] = flow = Meet(flow, box.flow[mark]);
       }
     }
     if (Empty(head) || Empty(flow)) return false;
     head_at_[i] = head;
     flow_at_[i] = flow;
     if (row == 1) break;
-    const auto friction = [&](double gpm) {
-      return SpanFriction(line.length[i], FlowPower(static_cast<float>(gpm)) / line.dia_power[i], line.friction_factor);
+    const auto friction = [&](double power) {
+      return SpanFriction(line.length[i], power / line.dia_power[i], line.friction_factor);
     };
-    friction_at_[i] = {friction(std::max(flow.low, 0.0)) * (1 - 4 * slack_), friction(flow.high) * (1 + 4 * slack_)};
+    const auto below = static_cast<std::size_t>(std::max(flow.low, 0.0) * power_scale_);
+    const auto above = std::min(static_cast<std::size_t>(flow.high * power_scale_) + 1, kPowerSteps);
+    friction_at_[i] = {friction(power_at_[below]) * (1 - 4 * slack_), friction(power_at_[above]) * (1 + 4 * slack_)};
     head.low = head.low - line.rise[i] + friction_at_[i].low;
     head.high = head.high - line.rise[i] + friction_at_[i].high;
   }
-  return flow.high >= least_flow_ && flow.low <= most_flow_;
+  return true;
 }
 
 // What is known upstream narrows what lies downstream.
 bool PlanBounds::MarchDownstream(PlanBox& box) {
   const Line& line = task_.line;
   const double stray = slack_ * most_flow_;  // of a sum in 32 bits
-  flow_at_[1] = Meet(flow_at_[1], {least_flow_, most_flow_});
   for (int row = 1; row <= line.rows; ++row) {
     const auto i = static_cast<std::size_t>(row);
     Range& head = head_at_[i];
@@ -168,8 +175,15 @@ bool PlanBounds::MarchDownstream(PlanBox& box) {
       flow = Meet(flow, {flow_at_[i - 1].low - given.high - stray, flow_at_[i - 1].high - given.low + stray});
     }
     if (Empty(head) || Empty(flow)) return false;
-    if (furrow_at_[i] >= 0) SetFlows(static_cast<std::size_t>(furrow_at_[i]), head.low, head.high);
+    if (furrow_at_[i] < 0) continue;
+    const auto furrow = static_cast<std::size_t>(furrow_at_[i]);
+    SetFlows(furrow, head.low, head.high);
+    for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
+      if (furrow == marks_[mark]) box.flow[mark] = flow;
+      if (furrow == marks_[mark] && mark + 1 < kFlowMarks) box.head[mark] = head;
+    }
   }
+  box.head.back() = head_at_[1];
   box.end_head = head_at_[static_cast<std::size_t>(line.rows)];
   return true;
 }
@@ -179,77 +193,98 @@ bool PlanBounds::MarchRanges(PlanBox& box, double wanted) {
 }
 
 // The cost of each size at a furrow, and the flow that it is least at. Loss falls with the flow up to the level and
-// then jumps to nothing, the price rises with it: the least is at the level or at an end of the range.
+// then jumps to nothing, the price is linear: the least is at the level or at an end of the range.
 void PlanBounds::CostFurrow(std::size_t furrow, const Range& level, double price) {
   const double ratio = task_.furrows[furrow].ratio;
+  const double met = level.low * ratio;
+  const double loss = ratio > 0 ? level.high : 0;
+  const double slope = ratio > 0 ? price - 1 / ratio : 0;  // of the cost below the level
+  const double* const lows = &flow_low_[furrow * sizes_];
+  const double* const highs = &flow_high_[furrow * sizes_];
+  double* const chosen = &chosen_flow_[furrow * sizes_];
   for (std::size_t size = 0; size < sizes_; ++size) {
-    const std::size_t at = furrow * sizes_ + size;
-    const double low = flow_low_[at];
-    const double high = flow_high_[at];
-    const double met = level.low * ratio;
-    const auto cost = [&](double flow) { return (flow < met ? level.high - flow / ratio : 0.0) + price * flow; };
-    const double full = high >= met ? std::max(met, low) : high;
-    const bool starved = cost(low) < cost(full);
-    chosen_flow_[at] = starved ? low : full;
-    cost_[size] = cost(chosen_flow_[at]);
+    const double low = lows[size];
+    const double high = highs[size];
+    // The best flow that meets the level, and the best that doesn't.
+    const double full = price < 0 ? high : std::max(met, low);
+    const double starved = slope < 0 ? std::min(met, high) : low;
+    const double full_cost = high >= met ? price * full : kInfinity;
+    const double starved_cost = low < met ? loss + slope * starved : kInfinity;
+    const bool starves = starved_cost < full_cost;
+    chosen[size] = starves ? starved : full;
+    cost_[size] = starves ? starved_cost : full_cost;
   }
 }
 
 // best_[s, k]: the least cost of the furrows from this one to the far end, where it has size k and s changes of size
 // follow downstream of it.
 void PlanBounds::StepUpstream(std::size_t furrow) {
-  std::uint8_t* const from = &from_[furrow * stretches_ * sizes_];
-  for (std::size_t s = 0; s < stretches_; ++s) {
+  std::uint8_t* from = &from_[furrow * stretches_ * sizes_];
+  const double* here = best_.data();
+  double* next = next_best_.data();
+  for (std::size_t s = 0; s < stretches_; ++s, from += sizes_, here += sizes_, next += sizes_) {
     // The least and the second least of one change fewer, of which each size takes the one that isn't itself.
-    std::size_t least = sizes_;
-    std::size_t second = sizes_;
+    std::size_t least = 0;
+    std::size_t second = 0;
+    double least_cost = kInfinity;
+    double second_cost = kInfinity;
     if (s > 0) {
-      const double* const fewer = &best_[(s - 1) * sizes_];
+      const double* const fewer = here - sizes_;
       for (std::size_t k = 0; k < sizes_; ++k) {
-        if (least == sizes_ || fewer[k] < fewer[least]) {
+        const double cost = fewer[k];
+        if (cost < least_cost) {
           second = least;
+          second_cost = least_cost;
           least = k;
-        } else if (second == sizes_ || fewer[k] < fewer[second]) {
+          least_cost = cost;
+        } else if (cost < second_cost) {
           second = k;
+          second_cost = cost;
         }
       }
     }
     for (std::size_t k = 0; k < sizes_; ++k) {
-      double value = best_[s * sizes_ + k];
-      from[s * sizes_ + k] = static_cast<std::uint8_t>(k);
-      const std::size_t other = least == k ? second : least;
-      if (other < sizes_ && best_[(s - 1) * sizes_ + other] < value) {
-        value = best_[(s - 1) * sizes_ + other];
-        from[s * sizes_ + k] = static_cast<std::uint8_t>(other);
-      }
-      next_best_[s * sizes_ + k] = value + cost_[k];
+      const bool is_least = k == least;
+      const double changed = is_least ? second_cost : least_cost;
+      const bool changes = changed < here[k];
+      next[k] = (changes ? changed : here[k]) + cost_[k];
+      from[k] = static_cast<std::uint8_t>(changes ? (is_least ? second : least) : k);
     }
   }
   best_.swap(next_best_);
 }
 
-// The plan of the least cost into plan_; the sum of its flows.
-double PlanBounds::TakeBack() {
+// The first mark, from the far end, that stands at the furrow or upstream of it.
+std::size_t PlanBounds::MarkAbove(std::size_t furrow) const {
+  std::size_t mark = 0;
+  while (furrow < marks_[mark]) ++mark;
+  return mark;
+}
+
+// The plan of the least cost into plan_, the flows that it draws above the marks into drawn_.
+void PlanBounds::TakeBack() {
   const auto least = std::min_element(best_.begin(), best_.end());
   const auto place = static_cast<std::size_t>(least - best_.begin());
   std::size_t s = place / sizes_;
   std::size_t k = place % sizes_;
-  double flow = 0;
+  drawn_ = {};
   for (std::size_t furrow = 0; furrow < plan_.size(); ++furrow) {
     plan_[furrow] = static_cast<std::uint16_t>(k);
-    flow += chosen_flow_[furrow * sizes_ + k];
+    drawn_[MarkAbove(furrow)] += chosen_flow_[furrow * sizes_ + k];
     const std::size_t next = from_[(furrow * stretches_ + s) * sizes_ + k];
     if (next != k) --s;
     k = next;
   }
-  return flow;
+  for (std::size_t mark = 1; mark < kFlowMarks; ++mark) drawn_[mark] += drawn_[mark - 1];
 }
 
-double PlanBounds::LeastCost(const Range& level, double price, double& flow) {
+double PlanBounds::LeastCost(const Range& level, const FlowPrices& prices) {
+  FlowPrices price_at = prices;  // of the furrows downstream of each mark
+  for (std::size_t mark = kFlowMarks - 1; mark > 0; --mark) price_at[mark - 1] += price_at[mark];
   std::fill(best_.begin(), best_.end(), kInfinity);
   std::fill_n(best_.begin(), sizes_, 0.0);
   for (std::size_t furrow = plan_.size(); furrow-- > 0;) {
-    CostFurrow(furrow, level, price);
+    CostFurrow(furrow, level, price_at[MarkAbove(furrow)]);
     if (furrow + 1 == plan_.size()) {
       std::uint8_t* const from = &from_[furrow * stretches_ * sizes_];
       for (std::size_t place = 0; place < stretches_ * sizes_; ++place) {
@@ -260,9 +295,8 @@ double PlanBounds::LeastCost(const Range& level, double price, double& flow) {
       StepUpstream(furrow);
     }
   }
-  const double cost = *std::min_element(best_.begin(), best_.end());
-  flow = TakeBack();
-  return cost;
+  TakeBack();
+  return *std::min_element(best_.begin(), best_.end());
 }
 
 // How many points of the bound come from the width of the level, and how many from the ranges of the flows.
@@ -283,33 +317,40 @@ void PlanBounds::Blur(PlanBox& box) const {
 bool PlanBounds::Bound(PlanBox& box, double wanted, HolePlan& plan) {
   if (quarter_ == 0 || !MarchRanges(box, wanted)) return false;
   const double points = 100 / (quarter_ * static_cast<double>(task_.average));
+  FlowPrices prices = box.prices;
   double least = kInfinity;
-  double best_price = 0;
-  double cheap = 0;  // at this price the plan draws too much
-  double dear = 1 / least_ratio_;
-  double price = box.price;
-  const auto at_price = [&] {
-    double flow = 0;
-    const double cost = LeastCost(box.level, price, flow);
-    const double bound = (quarter_ * box.level.high + price * most_flow_ - cost) * points + kRoundingPoints;
+  double boldness = 1;
+  for (int i = 0; i < kPrices; ++i) {
+    double sum = quarter_ * box.level.high - LeastCost(box.level, prices);
+    FlowPrices excess{};
+    double square = 0;
+    for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
+      const Range& flow = box.flow[mark];
+      const double priced = prices[mark] > 0   ? flow.high
+                            : prices[mark] < 0 ? flow.low
+                                               : std::clamp(drawn_[mark], flow.low, flow.high);
+      sum += prices[mark] * priced;
+      excess[mark] = drawn_[mark] - priced;
+      square += excess[mark] * excess[mark];
+    }
+    const double bound = sum * points + kRoundingPoints;
     if (bound < least) {
       least = bound;
-      best_price = price;
+      box.prices = prices;
+      plan = plan_;
       Blur(box);
+    } else {
+      boldness /= 2;
     }
-    (flow > most_flow_ ? cheap : dear) = price;
-    return least > wanted;
-  };
-  for (int i = 0; i < kPrices; ++i) {
-    if (!at_price()) return false;
-    if (dear == 0) break;  // the target binds nothing
-    // Close to the price that the box came with at first, then in the middle.
-    const double step = kPriceStep * static_cast<double>(1 << i);
-    price = std::clamp(cheap == price ? price + step : price - step, cheap, dear);
-    if (cheap > 0 && dear < 1 / least_ratio_) price = (cheap + dear) / 2;
+    if (least <= wanted) return false;
+    if (square == 0) break;
+    // As far as would bring a linear bound down to what is wanted, but no price past 0, where its range's end changes.
+    const double step = boldness * (bound - wanted + kPriceAim) / points / square;
+    for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
+      const double next = prices[mark] + step * excess[mark];
+      prices[mark] = next * prices[mark] < 0 ? 0 : next;
+    }
   }
-  plan = plan_;
-  box.price = best_price;
   box.bound = std::min(box.bound, least);
   return true;
 }
@@ -334,7 +375,7 @@ std::pair<PlanBox, PlanBox> PlanBounds::Split(const PlanBox& box) const {
       kind = kHead;
     }
   }
-  for (std::size_t i = 0; i < box.flow.size(); ++i) {
+  for (std::size_t i = 0; i + 1 < kFlowMarks; ++i) {
     const double blur = 0.1 * (box.flow[i].high - box.flow[i].low) / static_cast<double>(task_.target);
     if (blur > most) {
       most = blur;
@@ -356,8 +397,9 @@ void PlanBounds::BestAtHeads(const std::vector<double>& heads, double level, dou
     const double head = heads[static_cast<std::size_t>(task_.furrows[i].row)];
     SetFlows(i, head, head);
   }
-  double flow = 0;
-  LeastCost({level, level}, price, flow);
+  FlowPrices prices{};
+  prices.back() = price;
+  LeastCost({level, level}, prices);
   plan = plan_;
 }
 

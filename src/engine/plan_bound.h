@@ -14,34 +14,42 @@ struct Range {
   double high = 0;
 };
 
+// Furrows at which the flow in the pipe is looked at: those at a quarter, half and three quarters of them from the far
+// end, and the one at the head of the line, where it is the flow of all holes.
+inline constexpr std::size_t kFlowMarks = 4;
+using FlowPrices = std::array<double, kFlowMarks>;
+
 // Some of all plans: those whose line, once it meets the target, has its heads, flows and low quarter in these ranges.
 struct PlanBox {
-  Range end_head;  // feet at the far end
-  Range level;     // the largest normalised flow of the low quarter, gallons per minute
-  // At a quarter, half and three quarters of the furrows from the far end: flow in the pipe and head; head at row 1.
-  std::array<Range, 3> flow;
-  std::array<Range, 4> head;
-  double price = 0;       // that proved best where the box came from
-  double level_blur = 0;  // gallons per minute of the bound that come from the width of the level ...
-  double flow_blur = 0;   // ... and from the widths of the flows
-  double bound = 0;       // percent: no plan of the box has a greater uniformity before it is rounded
+  Range end_head;                      // feet at the far end
+  Range level;                         // the largest normalised flow of the low quarter, gallons per minute
+  std::array<Range, kFlowMarks> flow;  // in the pipe above a mark
+  std::array<Range, kFlowMarks> head;  // at a mark; the last one is that of row 1
+  FlowPrices prices{};                 // that proved best where the box came from
+  double level_blur = 0;               // gallons per minute of the bound that come from the width of the level ...
+  double flow_blur = 0;                // ... and from the widths of the flows
+  double bound = 0;                    // percent: no plan of the box has a greater uniformity before it is rounded
 };
 
 // Bounds the plans of a box by three facts.
 //
 // 1. Heads. Upstream head grows with the far-end head and with every flow, so marching the least and the greatest that
-//    the ranges allow gives each row a range of heads, and each size at each furrow a range of flows q. A plan worth
+//    the ranges allow gives each row a range of heads, and each size at each furrow a range of flows q. The same sums
+//    solved for what lies downstream narrow the ranges once more from the head of the line to its far end. A plan worth
 //    looking for has a uniformity above `wanted`, which leaves its low quarter little to lack: with p furrows in the
 //    quarter, average wanted flow a, ratio r_i and level t, all furrows together lack at most
 //    B(t) = p (t - wanted a / 100) of t each. So the flow in the pipe above any row is at least t R - B max r, with R
 //    the ratios of the furrows below it, and at most the target less the same for those upstream.
-// 2. Low quarter. The sum of the p least of z_i = q_i / r_i is at most p t - sum of max(0, t - z_i) for every t, with
-//    equality at t = the p-th least. With t somewhere in [t0, t1], it is at most p t1 - the sum of (t1 - z_i) over the
-//    furrows with z_i < t0, since at most p furrows lie below the p-th least.
-// 3. Target. All flows add up to at most T+ = 1.0005 of the target. For a price u >= 0 of flow the sum in 2 is thus at
-//    most p t1 + u T+ - min over plans of sum (c_i(q_i) + u q_i), with c_i the loss of furrow i; each q_i takes the
-//    best value of its range by itself, so the least is found furrow by furrow along the line, by size and by
-//    stretches left. The best price is looked for; any gives a bound.
+// 2. Low quarter. Let t, the p-th least of z_i = q_i / r_i, lie in [t0, t1]. The furrows with z_i < t0 are among the p
+//    least, and the others of the p least are at most t1. So the sum of the p least is at most p t1 - the sum of
+//    (t1 - z_i) over the furrows with z_i < t0.
+// 3. Flow in the pipe. Let Q_j be the flow above mark j, which the box holds in a range; that of the last mark lies
+//    within 1.0005 and 0.9995 of the target. For any prices v_j, of either sign, the sum of v_j Q_j is at most that of
+//    v_j times the end of the range that v_j takes it to, and it equals the sum of u_i q_i, where u_i is the sum of the
+//    prices of the marks at furrow i or upstream of it. So the sum in 2 is at most
+//    p t1 + (the former) - min over plans of sum (c_i(q_i) + u_i q_i), with c_i the loss of furrow i in 2. Each q_i
+//    takes the best value of its range by itself, so the least is found furrow by furrow along the line, by size and by
+//    stretches left. Good prices are looked for by steps against the excess of the plan found; any give a bound.
 //
 // All ranges are kept a little wider than the arithmetic of 32 bits can stray.
 class PlanBounds {
@@ -68,10 +76,11 @@ class PlanBounds {
   double Outflow(std::size_t furrow, std::size_t size, double head) const;
   Range FlowOfLevel(const Range& level, double wanted, std::size_t furrow) const;
   void SetFlows(std::size_t furrow, double least_head, double highest_head);
-  double LeastCost(const Range& level, double price, double& flow);
+  double LeastCost(const Range& level, const FlowPrices& prices);
   void StepUpstream(std::size_t furrow);
   void CostFurrow(std::size_t furrow, const Range& level, double price);
-  double TakeBack();
+  void TakeBack();
+  std::size_t MarkAbove(std::size_t furrow) const;
   void Blur(PlanBox& box) const;
 
   const PlanTask& task_;
@@ -96,7 +105,11 @@ class PlanBounds {
   std::vector<double> best_;         // by stretches begun and size
   std::vector<double> next_best_;
   std::vector<std::uint8_t> from_;  // by furrow, stretches begun and size: the size of the next furrow downstream
+  double power_scale_;              // steps of the table below in a gallon per minute
+  std::vector<double> power_at_;    // flow to the power of the friction, step by step: bounds for what lies between
   HolePlan plan_;
+  std::array<double, kFlowMarks> drawn_{};     // above the marks, by the plan and its chosen flows
+  std::array<std::size_t, kFlowMarks> marks_;  // furrows
 };
 
 }  // namespace torvale
