@@ -127,6 +127,7 @@ void Show(Program& program) {
   main.cmdReCalc.visible = true;
   ShowConstantSlope(program);
   main.lblBestHoles.visible = main.mnuBestHoles.ticked && !main.lblBestHoles.caption.empty();
+  main.frameBestCurve.visible = main.lblBestHoles.visible && !main.lblCurve[0].caption.empty();
   LayOut(program);
   if (main.cmdDesignToggle.caption == "Complete Design") {
     CompleteDesignTable(program);

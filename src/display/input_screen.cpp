@@ -20,6 +20,13 @@ void MarkInactive(Control& label) {
 
 }  // namespace
 
+void ForgetBestHoles(MainScreen& main) {
+  main.lblBestHoles.caption.clear();
+  main.lblBestHoles.visible = false;
+  for (Control& column : main.lblCurve) column.caption.clear();
+  main.frameBestCurve.visible = false;
+}
+
 bool DesignStands(const Program& program) {
   return program.main.lblActiveInactive.caption == kActiveDesign;
 }
@@ -27,9 +34,10 @@ bool DesignStands(const Program& program) {
 void ShowInput(Program& program) {
   MainScreen& main = program.main;
   if (DesignStands(program)) MarkInactive(main.lblActiveInactive);
-  for (Control* results : {&main.Grid2.control, &main.GridInchesApplied.control, &main.lblEffic, &main.lblCrownSlope,
-                           &main.lblBestHoles, &main.lblHeadCount, &main.lblAvgFurrowFlow, &main.frmDisplay,
-                           &main.cmdDesignToggle, &main.cmdReCalc, &main.mnuProfile, &main.cmdCancel}) {
+  for (Control* results :
+       {&main.Grid2.control, &main.GridInchesApplied.control, &main.lblEffic, &main.lblCrownSlope, &main.lblBestHoles,
+        &main.frameBestCurve, &main.lblHeadCount, &main.lblAvgFurrowFlow, &main.frmDisplay, &main.cmdDesignToggle,
+        &main.cmdReCalc, &main.mnuProfile, &main.cmdCancel}) {
     results->visible = false;
   }
   program.record.TotalAcres = 0;
@@ -52,7 +60,7 @@ void ForgetDesign(Program& program) {
   main.lblEffic.caption.clear();
   main.lblEffic.back = kLightGrey;
   main.lblCrownSlope.caption.clear();
-  main.lblBestHoles.caption.clear();
+  ForgetBestHoles(main);
   main.lblAvgFurrowFlow.caption.clear();
   main.lblHeadCount.caption.clear();
   main.frameShowLimitedHoles.visible = false;

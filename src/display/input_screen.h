@@ -34,4 +34,7 @@ void LeaveRun(Program& program);
 // buttons, else the sheet.
 void ShowBehindPreferences(Program& program);
 
+// Takes away what is told of the best holes: the bound and the curve were those of another line.
+void ForgetBestHoles(MainScreen& main);
+
 }  // namespace torvale

@@ -1,6 +1,7 @@
 #include "engine/best_holes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <queue>
 #include <set>
@@ -14,6 +15,7 @@ namespace torvale {
 namespace {
 
 constexpr double kFewPlans = 170000;        // looked at one by one
+constexpr double kFewForCurve = 20000;      // the same, of the plans with one number of stretches
 constexpr double kEstimateError = 0.3;      // percent by which Estimate and Judge can differ, rounding included
 constexpr int kHeadsTried = 60;             // far-end heads that candidates are made at
 constexpr std::size_t kJudged = 16;         // of the best estimates
@@ -22,7 +24,7 @@ constexpr int kMoveTrials = 1500;           // for each of them
 constexpr int kSettleRounds = 12;           // of moves judged one by one
 constexpr double kBoxRows = 20000.0 * 264;  // boxes of the proof times furrows in each, which is its work
 constexpr int kFewestBoxes = 2000;
-constexpr int kMostBoxes = 60000;
+constexpr int kMostBoxes = 40000;
 // Points of uniformity above the best plan that are tried to be proven in turn, as designs show them.
 constexpr double kGaps[] = {0.5, 0.3, 0.2, 0.1, 0};
 constexpr double kShownWithin = 0.049;  // of a tenth: what is above it is shown as the next one
@@ -56,13 +58,22 @@ class Search {
     return !stopped_;
   }
   bool stopped() const { return stopped_; }
+  // The best uniformity judged of plans with at most 1, 2, ... stretches, 0 for none.
+  std::vector<float> ByStretches() const {
+    std::vector<float> best(judged_.begin() + 1, judged_.begin() + 1 + task_.stretches);
+    for (std::size_t i = 1; i < best.size(); ++i) best[i] = std::max(best[i], best[i - 1]);
+    return best;
+  }
   const std::optional<FoundPlan>& best() const { return best_; }
 
   // Whether it was.
-  bool TakeIfBetter(const HolePlan& plan) {
+  bool TakeIfBetter(const HolePlan& plan) { return TakeIfBetter(plan, task_.first_head); }
+  bool TakeIfBetter(const HolePlan& plan, double first_head) {
     if (StretchesOf(plan) > task_.stretches) return false;
-    const std::optional<PlanOutcome> outcome = judge_.Judge(plan);
+    const std::optional<PlanOutcome> outcome = judge_.Judge(plan, first_head);
     if (!outcome) return false;
+    float& judged = judged_.at(static_cast<std::size_t>(outcome->stretches));
+    judged = std::max(judged, outcome->uniformity);
     FoundPlan found{plan, *outcome};
     if (best_ && !Better(found, *best_)) return false;
     best_ = std::move(found);
@@ -98,6 +109,7 @@ class Search {
   PlanJudge judge_;
   const BestHolesWatch& watch_;
   std::optional<FoundPlan> best_;
+  std::array<float, kMostStretches + 1> judged_{};  // the best uniformity by stretches
   bool stopped_ = false;
 };
 
@@ -296,7 +308,7 @@ std::optional<FoundPlan> FindPlan(const PlanTask& task, int stretches, const Bes
   PlanTask limited = task;
   limited.stretches = stretches;
   Search search(limited, watch);
-  if (CountPlans(limited) <= kFewPlans) {
+  if (CountPlans(limited) <= kFewForCurve) {
     search.TryAll();
   } else {
     LookForPlans(search, limited, 0, 1);
@@ -304,10 +316,38 @@ std::optional<FoundPlan> FindPlan(const PlanTask& task, int stretches, const Bes
   return search.best();
 }
 
-BestHoles FindBestHoles(const PlanTask& task, const std::vector<HolePlan>& known, const BestHolesWatch& watch) {
+std::vector<float> BestByStretches(const PlanTask& task, const BestHoles& found, int most,
+                                   const BestHolesWatch& watch) {
+  std::vector<float> best;
+  float so_far = 0;
+  bool stopped = false;
+  const BestHolesWatch listener = [&](const BestHolesProgress& at) {
+    stopped = stopped || (watch && !watch(at));
+    return !stopped;
+  };
+  for (int stretches = 1; stretches <= most; ++stretches) {
+    const auto known = static_cast<std::size_t>(stretches) - 1;
+    if (known < found.by_stretches.size()) {
+      so_far = std::max(so_far, found.by_stretches[known]);
+    } else if (const auto plan = FindPlan(task, stretches, listener)) {
+      so_far = std::max(so_far, plan->outcome.uniformity);
+    }
+    if (stopped) break;
+    if (found.best && found.best->outcome.stretches <= stretches) {
+      so_far = std::max(so_far, found.best->outcome.uniformity);
+    }
+    best.push_back(so_far);
+  }
+  return best;
+}
+
+BestHoles FindBestHoles(const PlanTask& task, const std::vector<KnownPlan>& known, const BestHolesWatch& watch) {
   Search search(task, watch);
   BestHoles found;
-  for (const HolePlan& plan : known) search.TakeIfBetter(plan);
+  for (const KnownPlan& plan : known) {
+    search.TakeIfBetter(plan.plan);
+    search.TakeIfBetter(plan.plan, plan.first_head);
+  }
   if (CountPlans(task) <= kFewPlans) {
     search.TryAll();
     found.every_plan = !search.stopped();
@@ -333,6 +373,7 @@ BestHoles FindBestHoles(const PlanTask& task, const std::vector<HolePlan>& known
       if (search.best() && static_cast<double>(search.best()->outcome.uniformity) > best) search.Settle();
     }
     found.bound = Shown(bound);
+    found.by_stretches = search.ByStretches();
   }
   found.stopped = search.stopped();
   found.best = search.best();

@@ -88,14 +88,14 @@ float PlanJudge::UniformityOfFlows() {
   return UniformityOf(low, places, task_.average);
 }
 
-std::optional<PlanOutcome> PlanJudge::Judge(const HolePlan& plan) {
+std::optional<PlanOutcome> PlanJudge::Judge(const HolePlan& plan, double first_head) {
   try {
     Open(plan);
-    head_[static_cast<std::size_t>(line_.rows)] = task_.first_head;
+    head_[static_cast<std::size_t>(line_.rows)] = first_head;
     EndHeadSearch search;
     SolveEndHead(line_, task_.target, {head_.data(), flow_.data(), area_.data()}, {}, EndHeadForm::kPlain, search);
     if (search.outcome != EndHeadSearch::Outcome::kConverged || !HeadsWithinLimits(0)) return std::nullopt;
-    return PlanOutcome{UniformityOfFlows(), *std::max_element(head_.begin() + 1, head_.end()), head_.back(),
+    return PlanOutcome{UniformityOfFlows(), *std::max_element(head_.begin() + 1, head_.end()), first_head, head_.back(),
                        StretchesOf(plan)};
   } catch (const RunTimeFault&) {
     return std::nullopt;

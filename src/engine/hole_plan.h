@@ -44,7 +44,8 @@ int StretchesOf(const HolePlan& plan);
 struct PlanOutcome {
   float uniformity = 0;     // percent, one decimal, as every design shows it
   double highest_head = 0;  // feet
-  double end_head = 0;      // feet at the far end
+  double first_head = 0;    // feet at the far end that the search for the head began with ...
+  double end_head = 0;      // ... and those that it ended with
   int stretches = 0;
 };
 
@@ -54,8 +55,10 @@ class PlanJudge {
   explicit PlanJudge(const PlanTask& task);
 
   // What FlowCalc, the sort and the uniformity make of the plan. Nothing where the head leaves its limits, the target
-  // is not met within the limit of tries, or the arithmetic faults.
-  std::optional<PlanOutcome> Judge(const HolePlan& plan);
+  // is not met within the limit of tries, or the arithmetic faults. The search for the head begins at the task's first
+  // head, or at another one: it ends a little elsewhere then within its tolerance, which can turn the last decimal.
+  std::optional<PlanOutcome> Judge(const HolePlan& plan) { return Judge(plan, task_.first_head); }
+  std::optional<PlanOutcome> Judge(const HolePlan& plan, double first_head);
 
   // The same with the target met to two parts in a million, and the uniformity in percent before it is rounded: a
   // quarter of the work, and within about 0.1 of Judge. Heads may be past their limits by half a percent. `end_head` is

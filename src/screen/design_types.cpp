@@ -123,6 +123,7 @@ void TickDesign(Program& program, const DesignKind* ticked) {
   for (const DesignKind& kind : kKinds) Tick(program, kind, &kind == ticked);
   Tick(program, kBestHoles, &kBestHoles == ticked);
   program.main.lblBestHoles.visible = false;
+  program.main.frameBestCurve.visible = false;
 }
 
 void TickDesign(Program& program, std::int16_t design_type) {

@@ -91,6 +91,9 @@ struct MainScreen {
   Control frmDisplay;
   std::array<Control, 16> frmDisplayLbl;
   Control frameShowLimitedHoles, lblSumHoleDia, lblSumStation, lblSumlNumHoles;
+  // Best uniformity by stretches of one size: numbers of stretches, uniformities, bars
+  Control frameBestCurve;
+  std::array<Control, 3> lblCurve;
   Control frameHoleEquiv, lblHoleEquiv;
 
   // One line of buttons below the menus; its buttons are the keys of menu entries

@@ -16,6 +16,10 @@ inline constexpr std::string_view kHeadTip =
 inline constexpr std::string_view kStationFeetTip = "Feet from the head of the line";
 inline constexpr std::string_view kFlowTip = "Gallons per minute";
 
+inline constexpr std::string_view kCurveTip =
+    "The best uniformity that was found with at most so many stretches of one hole size: what one more change of punch "
+    "buys";
+
 inline constexpr int kLineLetters = 11;  // pixels, as the sheets have them
 inline constexpr TextLook kResultLook{TextPlace::kCentre, 0, true, true};
 inline constexpr TextLook kTitleLook{TextPlace::kFoot};
@@ -121,6 +125,14 @@ inline constexpr ControlRow<MainScreen> kResults[] = {
                                       {.look = kLinesLook}),
     Label<&MainScreen::lblSumlNumHoles>("lblSumlNumHoles", "frameShowLimitedHoles", {2665, 90, 1535, 6980}, "", "",
                                         {.look = kLinesLook}),
+    Frame<&MainScreen::frameBestCurve>("frameBestCurve", {10920, 6600, 4415, 2700}, "",
+                                       {.visible = false, .spoken = "Best uniformity by stretches of one size"}),
+    Label<&MainScreen::lblCurve, 0>("lblCurve(0)", "frameBestCurve", {15, 60, 900, 2600}, "", kCurveTip,
+                                    {.look = kLinesLook}),
+    Label<&MainScreen::lblCurve, 1>("lblCurve(1)", "frameBestCurve", {915, 60, 1000, 2600}, "", kCurveTip,
+                                    {.look = kLinesLook}),
+    Label<&MainScreen::lblCurve, 2>("lblCurve(2)", "frameBestCurve", {1915, 60, 2470, 2600}, "", kCurveTip,
+                                    {.look = kLinesLook}),
     Frame<&MainScreen::frameHoleEquiv>("frameHoleEquiv", {1680, 3660, 7200, 420}, "", {.visible = false}),
     Label<&MainScreen::lblHoleEquiv>("lblHoleEquiv", "frameHoleEquiv", {60, 75, 7080, 270}),
     Row<&MainScreen::tbToolBar, kWhole>(ControlKind::kToolBar, "tbToolBar", "", {}, "", "", {}),

@@ -1,5 +1,6 @@
 #include "search/best_holes_panel.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -26,6 +27,7 @@ namespace torvale {
 namespace {
 
 constexpr std::array<std::string_view, 3> kFirstLimits = {"4", "0.5", ""};
+constexpr int kCurveStretches = 8;
 constexpr double kMostHead = 100;  // feet
 constexpr int kMostClassicHeads = 200;
 
@@ -61,17 +63,19 @@ std::optional<PlanLimits> ReadLimits(Program& program) {
 }
 
 // The plans that a limited selection tries at its heads, down from the highest of the preferences.
-std::vector<HolePlan> ClassicPlans(Program& program, const PlanTask& task) {
+std::vector<KnownPlan> ClassicPlans(Program& program, const PlanTask& task) {
   DesignRecord& record = program.record;
   const double step = Val(TextOf(program.main, Preference::kHeadStep));
   double head = Val(TextOf(program.main, Preference::kHighestHead));
-  std::vector<HolePlan> plans;
+  std::vector<KnownPlan> plans;
   for (int i = 0; i < kMostClassicHeads && step > 0 && !record.CancelFlag; ++i) {
     head = Val(Format(head - step, "##.##"));
     if (!(head > 0)) break;
     record.Head[record.HoleRows] = head;
     ManHoleCalSelected(program);
-    if (auto plan = LaidPlan(task, record)) plans.push_back(std::move(*plan));
+    if (auto plan = LaidPlan(task, record)) {
+      plans.push_back({std::move(*plan), static_cast<double>(record.SeedEndHead)});
+    }
   }
   return plans;
 }
@@ -110,11 +114,35 @@ void ShowBound(Program& program, const BestHoles& found) {
   }
 }
 
+// A bar as long as the uniformity is above that of the shortest, which has one block.
+std::string Bar(double uniformity, double least) {
+  constexpr double kLongest = 16;  // blocks, for a hundred percent
+  const double blocks = least < 100 ? 1 + (kLongest - 1) * (uniformity - least) / (100 - least) : kLongest;
+  std::string bar;
+  for (int i = 0; i < static_cast<int>(std::round(blocks)); ++i) bar += "\u2588";
+  return bar;
+}
+
+// What one more change of the punch buys.
+void ShowCurve(MainScreen& main, const std::vector<float>& curve) {
+  const auto any = std::find_if(curve.begin(), curve.end(), [](float uniformity) { return uniformity > 0; });
+  if (any == curve.end()) return;
+  const auto least = static_cast<double>(*any);
+  main.lblCurve[0].caption = "Stretches";
+  main.lblCurve[1].caption = "Uniformity";
+  main.lblCurve[2].caption = " ";
+  for (std::size_t i = 0; i < curve.size(); ++i) {
+    main.lblCurve[0].caption += "\n" + GeneralText(static_cast<double>(i + 1));
+    main.lblCurve[1].caption += "\n" + (curve[i] > 0 ? Points(curve[i]) : "none");
+    main.lblCurve[2].caption += "\n" + (curve[i] > 0 ? Bar(static_cast<double>(curve[i]), least) : " ");
+  }
+}
+
 // The sizes of the list and the limits as the record's line has them.
-BestHoles Look(Program& program, const PlanTask& task) {
-  const std::vector<HolePlan> classic = ClassicPlans(program, task);
+BestHoles Look(Program& program, const PlanTask& task, const BestHolesWatch& watch) {
+  const std::vector<KnownPlan> classic = ClassicPlans(program, task);
   if (program.record.CancelFlag) return {};
-  return FindBestHoles(task, classic, [&program](const BestHolesProgress& at) { return GoOn(program, at); });
+  return FindBestHoles(task, classic, watch);
 }
 
 // The line with the plan's holes, as a limited selection leaves it.
@@ -122,7 +150,7 @@ bool MarchPlan(Program& program, const PlanTask& task, const FoundPlan& found, i
   DesignRecord& record = program.record;
   LayPlan(task, found.plan, record);
   record.HoleSizeIdeal.Clear();
-  record.SeedEndHead = Narrow(task.first_head);
+  record.SeedEndHead = Narrow(found.outcome.first_head);
   record.CancelFlag = false;
   record.DesignOK = "True";
   RunFlowCalcQuietly(program, tries);
@@ -137,19 +165,29 @@ void TellNone(Program& program, const PlanLimits& limits) {
 // One run: the plan is looked for and marched. False where there is none to show.
 bool RunBestHoles(Program& program, PlanLimits& limits) {
   BestHoles found;
+  std::vector<float> curve;
+  const BestHolesWatch watch = [&program](const BestHolesProgress& at) { return GoOn(program, at); };
   RunDesign(program, [&](int& tries) {
     const DesignRecord& record = program.record;
     const int sizes = program.main.listHolesSelected.count();
     for (int i = 0; i < sizes; ++i) limits.sizes.push_back(record.SelectedHoleValue[i]);
     const PlanTask task = PlanTaskOf(record, ReadsElevations(program.main), limits);
-    found = Look(program, task);
+    found = Look(program, task, watch);
     if (program.main.closed) return false;
-    if (found.best) return MarchPlan(program, task, *found.best, tries);
+    if (found.best) {
+      if (!found.stopped) {
+        curve = BestByStretches(task, found, kCurveStretches, watch);
+        // Cancelled so late, the search itself stands.
+        if (curve.size() < static_cast<std::size_t>(kCurveStretches)) curve.clear();
+      }
+      return MarchPlan(program, task, *found.best, tries);
+    }
     if (!record.CancelFlag) TellNone(program, limits);
     return false;
   });
   if (!found.best || program.record.CancelFlag || program.record.MissingData == -1 || program.main.closed) return false;
   ShowBound(program, found);
+  ShowCurve(program.main, curve);
   return true;
 }
 

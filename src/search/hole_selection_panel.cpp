@@ -76,7 +76,7 @@ bool MarchAgain(Program& program) {
   const Calculating calculating(program.running);
   DesignRecord& record = program.record;
   record.CancelFlag = false;
-  program.main.lblBestHoles.caption.clear();  // its bound was that of the other pipe
+  ForgetBestHoles(program.main);
   ShareFlow(record);
   FlowRatio(record);
   int tries = 0;
@@ -105,7 +105,7 @@ void BeginListedDesign(Program& program, const DesignKind& kind) {
   TickDesign(program, &kind);
   main.title = TitleWith(kind.title);
   main.lblCrownSlope.visible = false;
-  main.lblBestHoles.caption.clear();
+  ForgetBestHoles(main);
   main.cmdInterpolate.visible = false;
   ScreenControlsOff(program);
   main.busy = true;

@@ -250,6 +250,73 @@ TEST(BestHoles, ProvesABoundForALongLine) {
   }
 }
 
+// Each number of stretches allows the plans of the one before it, too. Of so few furrows every plan is looked at, so
+// that each figure is the best of all plans with as many stretches.
+TEST(BestHoles, TellsWhatOneMoreStretchBuys) {
+  Random random(8);
+  int rounds_with_plans = 0;
+  for (int round = 0; round < 12; ++round) {
+    const PlanTask task = RandomField(random, 9, 3, 3);
+    PlanJudge judge(task);
+    std::vector<float> all(5, 0);
+    PlanTask wide = task;
+    wide.stretches = 5;
+    EveryPlan(wide, [&](const HolePlan& plan) {
+      const auto outcome = judge.Judge(plan);
+      if (!outcome) return;
+      for (auto i = static_cast<std::size_t>(outcome->stretches - 1); i < all.size(); ++i) {
+        all[i] = std::max(all[i], outcome->uniformity);
+      }
+    });
+    rounds_with_plans += all.back() > 0;
+    EXPECT_EQ(BestByStretches(task, FindBestHoles(task, {}, {}), 5, {}), all) << round;
+  }
+  EXPECT_GT(rounds_with_plans, 6);
+}
+
+// On a long line the search itself leaves the figures for its own numbers of stretches.
+TEST(BestHoles, KeepsTheBestByStretchesOfALongLine) {
+  Random random(4);
+  const PlanTask task = RandomField(random, 90, 5, 3);
+  const BestHoles found = FindBestHoles(task, {}, {});
+  ASSERT_TRUE(found.best.has_value());
+  ASSERT_EQ(found.by_stretches.size(), 3U);
+  const std::vector<float> best = BestByStretches(task, found, 5, {});
+  ASSERT_EQ(best.size(), 5U);
+  EXPECT_TRUE(std::is_sorted(best.begin(), best.end()));
+  EXPECT_GE(best[2], found.best->outcome.uniformity);
+  // A plan known beforehand says nothing of fewer stretches than it has.
+  const BestHoles knowing = FindBestHoles(task, {{found.best->plan, task.first_head}}, {});
+  ASSERT_GT(found.best->outcome.stretches, 1);
+  EXPECT_EQ(knowing.by_stretches[0], found.by_stretches[0]);
+  EXPECT_LT(knowing.by_stretches[0], found.best->outcome.uniformity);
+  int told = 0;
+  EXPECT_LT(BestByStretches(task, {}, 5, [&](const BestHolesProgress&) { return ++told < 3; }).size(), 5U);
+}
+
+// Where the search for the head begins turns the last decimal of some plans. Whatever head a known plan is known at,
+// the plan found is not below it.
+TEST(BestHoles, AreNeverBelowAKnownPlan) {
+  Random random(9);
+  int apart = 0;
+  for (int round = 0; round < 40; ++round) {
+    const PlanTask task = RandomField(random, 12, 2, 2);
+    PlanJudge judge(task);
+    const HolePlan plain(12, static_cast<std::uint16_t>(round % 2));
+    const double head = random.Real(0.5, 3);
+    const auto known = judge.Judge(plain, head);
+    if (!known) continue;
+    apart += known->uniformity != judge.Judge(plain)->uniformity;
+    const BestHoles found = FindBestHoles(task, {{plain, head}}, {});
+    ASSERT_TRUE(found.best.has_value()) << round;
+    EXPECT_GE(found.best->outcome.uniformity, known->uniformity) << round;
+    EXPECT_GE(found.bound, found.best->outcome.uniformity) << round;
+    const auto again = judge.Judge(found.best->plan, found.best->outcome.first_head);
+    EXPECT_EQ(again->uniformity, found.best->outcome.uniformity) << round;
+  }
+  EXPECT_GT(apart, 0);
+}
+
 TEST(BestHoles, StopsWhenItIsTold) {
   Random random(5);
   const PlanTask task = RandomTask(random, 60, 5, 4);

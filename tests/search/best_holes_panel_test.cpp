@@ -1,5 +1,7 @@
 #include "search/best_holes_panel.h"
 
+#include <sstream>
+
 #include "base/format.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
@@ -164,6 +166,25 @@ TEST_F(BestHolesTest, CancelShowsTheBestSoFar) {
   EXPECT_TRUE(main.Grid2.control.visible);
   EXPECT_EQ(record.DesignOK, "True");
   EXPECT_FALSE(record.CancelFlag);
+}
+
+// One line for each number of stretches under a heading; the figure for the stretches of the plan is the plan's.
+TEST_F(BestHolesTest, TellsWhatOneMoreStretchBuys) {
+  Prepare({"5/16", "3/8", "7/16"}, "2");
+  cmdFindBestHoles_Click(program);
+  ASSERT_TRUE(main.frameBestCurve.visible);
+  EXPECT_EQ(main.lblCurve[0].caption, "Stretches\n1\n2\n3\n4\n5\n6\n7\n8");
+  EXPECT_THAT(main.lblCurve[1].caption, StartsWith("Uniformity\n"));
+  std::vector<std::string> lines;
+  std::istringstream text(main.lblCurve[1].caption);
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  ASSERT_EQ(lines.size(), 9U);
+  EXPECT_EQ(lines[2], Format(static_cast<double>(record.Uniformity), "##0.0"));
+  for (std::size_t i = 2; i < lines.size(); ++i) EXPECT_GE(Val(lines[i]), Val(lines[i - 1]));
+  // The shortest bar has one block, of three bytes.
+  EXPECT_THAT(main.lblCurve[2].caption, StartsWith(" \n\u2588\n\u2588"));
+  MarchShownSelection(program);
+  EXPECT_FALSE(main.frameBestCurve.visible);
 }
 
 // Re-calculate opens the panel as the command that the shown design came from does.
