@@ -2,6 +2,7 @@
 
 #include "display/grid_layout.h"
 #include "engine/survey.h"
+#include "screen/desk.h"
 
 namespace torvale {
 namespace {
@@ -14,6 +15,8 @@ struct Meaning {
   Colour back;
   std::string_view words;
 };
+
+constexpr std::string_view kBest = "Green: the best of the column.";
 
 constexpr Meaning kMeanings[] = {
     {"lblEffic", kNoColumn, kBrightGreen, "Green: the uniformity is 90 percent or more."},
@@ -31,6 +34,15 @@ constexpr Meaning kMeanings[] = {
     {"Grid2", kResultFlowRatio, kPaleYellow, "Pale yellow: 5 to 10 percent off the flow that the furrow needs."},
     {"Grid2", kResultFlowRatio, kYellow, "Yellow: within 10 percent of the flow that the furrow needs."},
     {"Grid2", kResultFlowRatio, kRed, "Red: more than 10 percent off the flow that the furrow needs."},
+    {"Comparison", kComparedUniformity, kBestBack, kBest},
+    {"Comparison", kComparedHighestHead, kBestBack, kBest},
+    {"Comparison", kComparedLowestHead, kBestBack, kBest},
+    {"Comparison", kComparedLeastFlow, kBestBack, kBest},
+    {"Comparison", kComparedGreatestFlow, kBestBack, kBest},
+    {"Comparison", kComparedSizes, kBestBack, kBest},
+    {"Comparison", kComparedChanges, kBestBack, kBest},
+    {"Comparison", kComparedFill, kBestBack, kBest},
+    {"Comparison", kComparedHours, kBestBack, kBest},
 };
 
 }  // namespace

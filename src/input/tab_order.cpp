@@ -24,6 +24,8 @@ bool TakesFocus(const NamedControl& control) {
 
 std::string NextInTabOrder(Program& program, std::string_view control, bool back) {
   std::vector<NamedControl> order = ControlsOf(program.main);
+  const std::vector<NamedControl> desk = ControlsOf(program.desk);
+  order.insert(order.end(), desk.begin(), desk.end());
   if (back) std::reverse(order.begin(), order.end());
   auto from = std::find_if(order.begin(), order.end(), [&](const NamedControl& c) { return c.name == control; });
   if (from == order.end()) return std::string(control);

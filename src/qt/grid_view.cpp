@@ -51,6 +51,10 @@ GridView::GridView(const std::string& name, Grid& grid, QWidget* parent) : QTabl
 
 void GridView::Connect(GridEvents events) {
   events_ = std::move(events);
+  if (events_.heading) {
+    heading_->setSectionsClickable(true);
+    connect(heading_, &QHeaderView::sectionClicked, this, [this](int column) { events_.heading(column); });
+  }
   if (!events_.widen) return;
   heading_->setSectionResizeMode(QHeaderView::Interactive);
   connect(heading_, &QHeaderView::sectionResized, this, [this](int column, int /*before*/, int now) {
@@ -86,7 +90,7 @@ void GridView::SetColumnWidths(int room) {
   const int count = model_->columnCount();
   const bool widened =
       std::any_of(grid_.columns.begin(), grid_.columns.end(), [](const GridColumn& c) { return c.widened > 0; });
-  const bool scrolls = widened && scale_.Pixels(grid_.EdgeOf(count)) > room;
+  const bool scrolls = (widened || grid_.scrolls_sideways) && scale_.Pixels(grid_.EdgeOf(count)) > room;
   setHorizontalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
   laying_out_ = true;
   for (int c = 0; c < count; ++c) {

@@ -19,6 +19,7 @@ struct GridEvents {
   std::function<void(int row, int column, bool extend)> point;
   std::function<void(MouseAction, MouseButton, int x, int y)> mouse;
   std::function<void(int row, int column, const QPoint& at)> menu;  // `at` on the desktop
+  std::function<void(int column)> heading;                          // a click on a heading
   std::function<void(int column, int width)> widen;                 // twips; 0 for the layout's own
 };
 

@@ -41,14 +41,28 @@ MainWindow::MainWindow(Program& program)
     : program_(program),
       area_(new QScrollArea(this)),
       canvas_(new QWidget),
+      desk_(new DeskView(
+          program, [this](const std::function<void()>& work) { Run(work); },
+          [this](const std::string& name, Qt::FocusReason reason) { WidgetEntered(name, reason); }, this)),
       status_(new QLabel(this)),
-      place_(*this, program.main, [this] { Guarded(program_, [this] { Form_Resize(program_); }); }) {
+      place_(*this, program.main, [this] { Guarded(program_, [this] { Form_Resize(program_); }); }),
+      comparison_(program, [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { TakeNews(); }, Qt::QueuedConnection);
+      }) {
+  area_->setObjectName("screens");
   area_->setFrameShape(QFrame::NoFrame);
   area_->setFocusPolicy(Qt::NoFocus);
   area_->setWidget(canvas_);
   canvas_->setObjectName("canvas");
   canvas_->setMouseTracking(true);
-  setCentralWidget(area_);
+  auto* halves = new QWidget(this);
+  halves_ = new QBoxLayout(QBoxLayout::TopToBottom, halves);
+  halves_->setContentsMargins(0, 0, 0, 0);
+  halves_->setSpacing(0);
+  halves_->addWidget(area_, 1);
+  halves_->addWidget(desk_);
+  setCentralWidget(halves);
   setAcceptDrops(true);
   status_->setTextFormat(Qt::PlainText);
   status_->setObjectName("sbStatusBar");
@@ -89,7 +103,13 @@ void MainWindow::KeepOn() {
 // Whatever the user does comes through here: no fault gets out, and the window shows at once what came of it.
 void MainWindow::Run(const std::function<void()>& work) {
   Guarded(program_, work);
+  comparison_.Follow();
   Sync();
+}
+
+// What was worked out beside the screen. The call may come when the window is closing.
+void MainWindow::TakeNews() {
+  if (!program_.main.closed && comparison_.Take()) Sync();
 }
 
 void MainWindow::RunClick(const std::string& name) {
@@ -143,6 +163,7 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
   place_.Resized();
   QMainWindow::resizeEvent(event);
+  PlaceDesk();
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -170,6 +191,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::MouseMove:
       MouseMoved(watched, static_cast<QMouseEvent&>(*event));
+      break;
+    case QEvent::Resize:
+      if (watched == area_->viewport()) RoomChanged();
       break;
     case QEvent::Wheel: {
       const auto& wheel = static_cast<QWheelEvent&>(*event);

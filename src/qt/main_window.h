@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QMainWindow>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "qt/control_view.h"
+#include "qt/desk_view.h"
 #include "qt/earlier_versions_window.h"
 #include "qt/grid_view.h"
 #include "qt/help_window.h"
@@ -21,6 +23,7 @@
 #include "qt/soils_window.h"
 #include "qt/tool_bar_view.h"
 #include "qt/window_place.h"
+#include "scenarios/comparison.h"
 #include "screen/program.h"
 #include "shell/main_form.h"
 
@@ -73,6 +76,7 @@ class MainWindow final : public QMainWindow {
   void WidgetEntered(const std::string& name, Qt::FocusReason reason);
   void StepZoom(int steps);
   void KeepOn();
+  void TakeNews();
   bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
   void ShowGridMenu(const std::string& name, int row, int column, const QPoint& at);
   bool TypedWithAlt(const QObject* watched, const QKeyEvent& event) const;
@@ -86,12 +90,17 @@ class MainWindow final : public QMainWindow {
   void DrawGrid(const ControlView& view);
   void DrawFocus();
   void DrawBusy();
+  QSize NeededRoom() const;
   void FitCanvas();
+  void PlaceDesk();
+  void RoomChanged();
   ControlView* ViewOf(std::string_view name);
 
   Program& program_;
   QScrollArea* area_;
   QWidget* canvas_;
+  DeskView* desk_;
+  QBoxLayout* halves_;  // the screens, and the desk beside or below them
   QLabel* status_;
   QShortcut* cancel_key_ = nullptr;
   SoilsWindow* soils_ = nullptr;
@@ -102,7 +111,9 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<MenuView> menus_;
   std::unique_ptr<ToolBarView> tools_;
   WindowPlace place_;
+  LiveComparison comparison_;
   int drawn_zoom_ = 0;
+  int bars_ = 0;          // pixels of height that the place of the window does not count
   bool syncing_ = false;  // focus and text changes are ours, not the user's
   bool busy_shown_ = false;
   bool activated_ = false;

@@ -4,13 +4,19 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "qt/main_window.h"
 
 namespace torvale {
 namespace {
 
-constexpr int kMargin = 8;  // pixels around what stands on the screen, at 100 percent
+constexpr int kMargin = 8;         // pixels around what stands on the screen, at 100 percent
+constexpr int kWorthGrowing = 60;  // pixels at 100 percent
+
+// What shows more where it is longer.
+constexpr std::array<std::string_view, 3> kGrowing = {"Grid1", "Grid2", "frameShowLimitedHoles"};
 
 void SetTextSize(QWidget& widget, int pixels) {
   QFont font = widget.font();
@@ -41,6 +47,7 @@ void MainWindow::Sync() {
     refit = refit || redrawn.needs_room || redrawn.in_frame;
   }
   if (refit) FitCanvas();
+  if (desk_->Sync() || refit) PlaceDesk();
   for (ControlView& view : controls_) DrawGrid(view);
   menus_->Draw();
   tools_->Draw(Scale(program_.main.zoom));
@@ -63,8 +70,6 @@ void MainWindow::DrawZoom() {
   for (QMenu* menu : menuBar()->findChildren<QMenu*>()) SetTextSize(*menu, pixels);
   SetTextSize(*status_, pixels);
   tools_->Draw(Scale(drawn_zoom_));
-  place_.SetBarHeight(tools_->Height());
-  if (isVisible() && program_.main.state == WindowState::kNormal) place_.Apply();
 }
 
 void MainWindow::DrawGrid(const ControlView& view) {
@@ -82,22 +87,65 @@ void MainWindow::DrawGrid(const ControlView& view) {
   area_->ensureVisible(middle.x(), middle.y(), cursor.width() / 2 + kMargin, cursor.height() / 2 + kMargin);
 }
 
-void MainWindow::FitCanvas() {
+// The room that what stands on the screen takes as the structure has it.
+QSize MainWindow::NeededRoom() const {
   QSize needed;
-  for (ControlView& view : controls_) {
-    if (view.named.kind == ControlKind::kFrame) FitFrame(view, controls_);
+  for (const ControlView& view : controls_) {
     if (!view.named.parent.empty() || !view.named.control->visible) continue;
-    const QRect place = view.widget->geometry();
+    const QRect place = Scale(program_.main.zoom).Rect(view.named.control->place);
     needed = needed.expandedTo({place.right() + 1, place.bottom() + 1});
   }
   const int margin = Scale(program_.main.zoom).Zoomed(kMargin);
-  canvas_->resize(needed + QSize(margin, margin));
+  return needed + QSize(margin, margin);
+}
+
+// A window that is clearly higher than the screen shows more rows: the tables and the hole summary reach down to its
+// foot.
+void MainWindow::FitCanvas() {
+  const Scale scale(program_.main.zoom);
+  const QSize needed = NeededRoom();
+  const int free = area_->viewport()->height() - needed.height();
+  const int longer = free >= scale.Zoomed(kWorthGrowing) ? free : 0;
+  for (ControlView& view : controls_) {
+    const bool grows = std::find(kGrowing.begin(), kGrowing.end(), view.named.name) != kGrowing.end();
+    const QRect place = scale.Rect(view.named.control->place);
+    if (grows) view.widget->resize(place.width(), place.height() + longer);
+    if (view.named.kind == ControlKind::kFrame) FitFrame(view, controls_);
+  }
+  canvas_->resize(needed.width(), needed.height() + longer);
+}
+
+// Beside the screens where the window has room for both, else below them; then a normal window is so much higher.
+void MainWindow::PlaceDesk() {
+  const bool open = desk_->isVisibleTo(centralWidget());
+  const bool beside = open && centralWidget()->width() >= canvas_->width() + desk_->NarrowestBeside();
+  const bool below = open && !beside;
+  halves_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  halves_->setStretchFactor(desk_, beside ? 1 : 0);
+  halves_->setStretchFactor(area_, beside ? 0 : 1);
+  area_->setMinimumWidth(beside ? canvas_->width() : 0);
+  desk_->StandUpright(beside);
+  desk_->setMinimumHeight(below ? desk_->HeightBelow() : 0);
+  desk_->setMaximumHeight(below ? desk_->HeightBelow() : QWIDGETSIZE_MAX);
+  const int bars = tools_->Height() + (below ? desk_->HeightBelow() : 0);
+  if (std::exchange(bars_, bars) == bars) return;
+  place_.SetBarHeight(bars);
+  if (isVisible() && program_.main.state == WindowState::kNormal) place_.Apply();
+}
+
+// The window gives the screens more room or less.
+void MainWindow::RoomChanged() {
+  if (syncing_) return;
+  FitCanvas();
+  for (ControlView& view : controls_) DrawGrid(view);
+  desk_->Sync();
 }
 
 void MainWindow::DrawFocus() {
   ControlView* view = ViewOf(program_.main.focus);
   const QWidget* now = focusWidget();
-  const bool elsewhere = now != nullptr && !canvas_->isAncestorOf(now);
+  const bool elsewhere = now != nullptr && !centralWidget()->isAncestorOf(now);
+  if (view == nullptr && !elsewhere) desk_->TakeFocus(program_.main.focus);
   if (view == nullptr || view->widget == now || elsewhere || !view->widget->isEnabled()) return;
   view->widget->setFocus(Qt::OtherFocusReason);
   if (view->named.kind == ControlKind::kGrid) return;

@@ -6,6 +6,7 @@
 #include "base/run_time_fault.h"
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
+#include "reports/stale_mark.h"
 #include "screen/file_choice.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
@@ -15,7 +16,7 @@ namespace {
 
 constexpr std::string_view kPdfFilter = "PDF document(*.pdf)|*.pdf";
 
-Document MakeReport(Program& program, Report report) {
+Document MakePlainReport(Program& program, Report report) {
   switch (report) {
     case Report::kSummary:
       return SummaryReport(program);
@@ -25,6 +26,12 @@ Document MakeReport(Program& program, Report report) {
       break;
   }
   return HoleSummaryReport(program);
+}
+
+Document MakeReport(Program& program, Report report) {
+  Document document = MakePlainReport(program, report);
+  MarkStalePages(program, document);
+  return document;
 }
 
 // A report that is only looked at, or written to a file, leaves the screen as it was.
@@ -67,7 +74,7 @@ void PrintCopies(Program& program, Report report, int copies) {
 }
 
 void PrintWithDialog(Program& program, Report report) {
-  if (!NeedPrinter(program)) return;
+  if (!NeedPrinter(program) || !GoOnThoughStale(program)) return;
   const std::optional<int> copies = program.host.PrinterDialog();
   if (copies) PrintCopies(program, report, *copies);
 }
@@ -87,14 +94,16 @@ void mnuPrtHoleSummary_Click(Program& program) {
 }
 
 void PrintAtOnce(Program& program, Report report) {
-  if (NeedPrinter(program)) PrintCopies(program, report, 1);
+  if (NeedPrinter(program) && GoOnThoughStale(program)) PrintCopies(program, report, 1);
 }
 
 void mnuPreview_Click(Program& program, int index) {
+  if (!GoOnThoughStale(program)) return;
   Guard(program, [&] { program.host.Preview(MakeReportAside(program, static_cast<Report>(index))); });
 }
 
 void mnuExportPdf_Click(Program& program, int index) {
+  if (!GoOnThoughStale(program)) return;
   Guard(program, [&] {
     const Document document = MakeReportAside(program, static_cast<Report>(index));
     const auto path = ChooseExport(program, {"Export as PDF", kPdfFilter, document.title, {".pdf"}});

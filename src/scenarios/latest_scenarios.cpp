@@ -4,7 +4,8 @@
 
 namespace torvale {
 
-LatestScenarios::LatestScenarios() : thread_([this](const std::stop_token& end) { Work(end); }) {}
+LatestScenarios::LatestScenarios(std::function<void()> on_result)
+    : on_result_(std::move(on_result)), thread_([this](const std::stop_token& end) { Work(end); }) {}
 
 LatestScenarios::~LatestScenarios() {
   {
@@ -51,6 +52,7 @@ void LatestScenarios::WorkOut(QuietProgram& quiet, const Question& question) {
   for (std::size_t i = 0; i < question.design_types.size(); ++i) {
     const bool last = i + 1 == question.design_types.size();
     if (!Keep(question, quiet.Run(question.input, question.design_types[i], {question.stop, {}}), last)) return;
+    if (on_result_) on_result_();
   }
 }
 

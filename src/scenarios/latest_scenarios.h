@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <stop_token>
@@ -16,7 +17,8 @@ namespace torvale {
 // of its calculation, and nothing of the older one is heard of again. All functions are for one thread, the asking one.
 class LatestScenarios {
  public:
-  LatestScenarios();
+  // `on_result` is called on that thread whenever there is more to look at.
+  explicit LatestScenarios(std::function<void()> on_result = {});
   // Cancels what is being worked out and waits for the thread, which takes as long as the stretch between two yields.
   ~LatestScenarios();
   LatestScenarios(const LatestScenarios&) = delete;
@@ -44,6 +46,7 @@ class LatestScenarios {
   void WorkOut(QuietProgram& quiet, const Question& question);
   bool Keep(const Question& question, ScenarioResult result, bool complete);
 
+  std::function<void()> on_result_;
   std::mutex mutex_;  // over all that follows but the thread
   std::condition_variable_any asked_;
   std::optional<Question> next_;

@@ -7,9 +7,11 @@
 #include "display/cell_texts.h"
 #include "display/colour_meanings.h"
 #include "display/hole_summary.h"
+#include "input/focus.h"
 #include "record/kinds.h"
 #include "screen/design_types.h"
 #include "screen/fields.h"
+#include "screen/status_line.h"
 #include "search/design_commands.h"
 #include "shell/commands.h"
 #include "shell/start_up.h"
@@ -136,12 +138,14 @@ void TakeFigures(const Program& program, ScenarioResult& result) {
 }
 
 // What was said in boxes, then what the status bar says, which names the cell.
-std::vector<std::string> RefusalWords(const std::vector<Told>& told, const std::string& status,
+std::vector<std::string> RefusalWords(const Program& program, const std::vector<Told>& told,
                                       const std::string& status_before) {
+  const std::string& status = News(program);
+  const bool news = !status.empty() && status != status_before && !(FocusHint(program, program.main.focus) == status);
   std::vector<std::string> words;
   words.reserve(told.size() + 1);
   for (const Told& message : told) words.push_back(message.body);
-  if (!status.empty() && status != status_before) words.push_back(status);
+  if (news) words.push_back(status);
   if (words.empty()) words.emplace_back(kEndedInSilence);
   return words;
 }
@@ -200,7 +204,7 @@ ScenarioResult QuietProgram::Run(const ScenarioInput& input, std::int16_t design
     TakeFigures(program_, result);
     TakeWarnings(program_, host_.told, result);
   } else {
-    result.words = RefusalWords(host_.told, program_.main.sbStatusBar.caption, status);
+    result.words = RefusalWords(program_, host_.told, status);
     result.cell = program_.main.refused;
   }
   return result;

@@ -149,10 +149,11 @@ class Grid {
   int heading_height = 0;            // twips
   std::optional<Colour> fixed_back;  // the heading row
   std::optional<Colour> fixed_fore;
-  int top_row = 1;       // first row below the headings that is in view; a window moves it as the user scrolls
-  int left_column = 0;   // first column in view, the same way
-  int rows_in_view = 0;  // as a window shows them; 0: as many as the grid's place has room for
-  int row = 1;           // the current cell ...
+  int top_row = 1;                // first row below the headings that is in view; a window moves it as the user scrolls
+  int left_column = 0;            // first column in view, the same way
+  bool scrolls_sideways = false;  // where it has less room than its columns take, as after the user widened one
+  int rows_in_view = 0;           // as a window shows them; 0: as many as the grid's place has room for
+  int row = 1;                    // the current cell ...
   int column = 0;
   int row_sel = 1;  // ... and the far corner of the selection
   int column_sel = 0;

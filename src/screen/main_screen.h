@@ -54,8 +54,9 @@ struct MainScreen {
       mnuExistingDesign, mnuManHoleSelection, mnuBestHoles;
   Control mnuTypeOfPipe, mnuLayflatPipe, mnuRigidPipe;
   Control mnuView, mnuZoom;
+  std::array<Control, 3> mnuDesk;  // by section of the desk
   std::array<Control, 7> mnuZoomTo;
-  Control mnuWindowInfo, mnuProfile, mnuHelp, mnuHelpContents, mnuHelpScreen, mnuHelpAbout;
+  Control mnuWindowInfo, mnuProfile, mnuHelp, mnuHelpContents, mnuHelpScreen, mnuHelpFirstSteps, mnuHelpAbout;
 
   // Information fields and their labels
   std::array<TextField, 6> txtInfo;
@@ -82,6 +83,10 @@ struct MainScreen {
   // Buttons
   Control cmdInterpolate, cmdCancel, cmdReCalc, cmdDesignToggle;
   Control cmdBringBack;  // on the empty screen, while there is work to bring back
+
+  // The first steps, in the free half of the empty screen
+  Control frameFirstSteps, lblFirstSteps, cmdOpenSample, cmdWorkedExample, cmdCloseFirstSteps;
+  std::array<Control, 3> lblFirstStep;
 
   // Sheets
   Grid Grid1, Grid2, GridInchesApplied;

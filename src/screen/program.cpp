@@ -44,6 +44,7 @@ std::vector<Entry> MakeDirectory() {
   Enter<&Program::splash>(all);
   Enter<&Program::help>(all);
   Enter<&Program::versions>(all);
+  Enter<&Program::desk>(all);
   std::sort(all.begin(), all.end(), [](const Entry& a, const Entry& b) { return a.facts->name < b.facts->name; });
   for (Entry& entry : all) entry.parent = Find(all, entry.facts->parent);
   return all;

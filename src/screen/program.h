@@ -9,12 +9,14 @@
 #include "engine/engine_host.h"
 #include "record/design_record.h"
 #include "screen/crown_profile_screen.h"
+#include "screen/desk.h"
 #include "screen/earlier_versions_screen.h"
 #include "screen/help_screen.h"
 #include "screen/host.h"
 #include "screen/main_screen.h"
 #include "screen/running.h"
 #include "screen/splash_screen.h"
+#include "screen/survey_remark.h"
 
 namespace torvale {
 
@@ -22,9 +24,10 @@ struct History;
 
 // What the end of an event needs to know of those before it.
 struct EventsInWork {
-  int open = 0;            // events being worked on, one inside the other while a calculation lets events run
-  std::string focus;       // the active control, and ...
-  std::string_view panel;  // ... the panel that was open, when the last outermost event ended; empty for none
+  int open = 0;                   // events being worked on, one inside the other while a calculation lets events run
+  std::string focus;              // the active control, and ...
+  std::string_view panel;         // ... the panel that was open, when the last outermost event ended; empty for none
+  std::uint64_t first_steps = 0;  // revision of the sheet's cells to which the card of the first steps belongs
 };
 
 // The whole program: the record, the screens, and the desktop it runs on. One instance, owned by the program's start.
@@ -42,12 +45,15 @@ struct Program {
   SplashScreen splash;
   HelpScreen help;
   EarlierVersionsScreen versions;
+  DeskScreen desk;
+  SurveyRemarks remarks;  // what is wrong with the survey, in words
   Running running;
   EventsInWork events;
   // Count the moments at which all that is on the screen was in a file of its own or dropped on purpose (a design saved
   // or opened, a new one begun), and at which the preferences were.
   std::uint64_t stored_count = 0;
   std::uint64_t preferences_count = 0;
+  std::uint64_t inputs_count = 1;    // moves when an event has changed what the user put in
   std::shared_ptr<History> history;  // what can be undone, see shell/history.h; none until the program has started
   std::string offered_cells;         // what a copy of the sheet or the results last put on the desktop's clipboard
   Host& host;

@@ -65,6 +65,8 @@ inline constexpr Sentence<6> kSlopeProgress{
 inline constexpr Sentence<0> kIncrementTooSmall{
     "The increment of the limited hole selection must be a number above 0: see the preferences."};
 inline constexpr Sentence<2> kBestHead{"The Target Head went from {} to {}, the best of the heads that were tried."};
+inline constexpr Sentence<1> kFiguresAreFor{"The figures shown are for {}: press Re-Calculate."};
+inline constexpr Question<1> kGoOnWithStaleFigures{"{} Go on with the figures as they are?", "Not Re-Calculated"};
 inline constexpr Sentence<0> kFormerTable{"The table is that of the design before."};
 inline constexpr Sentence<1> kFirstStationTaken{
     "First Crown Station must be Zero: this design was worked out from station {}, the sheet says 0 from here on. "

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "scenarios/comparison.h"
 #include "screen/program.h"
 #include "script/headless_host.h"
 
@@ -18,6 +19,7 @@ struct Session {
   std::ostream& transcript;
   HeadlessHost host;
   Program program;
+  LiveComparison comparison{program};
 };
 
 // The program ends as if its power had gone, without a word or a write, and starts anew with what is on the disk.

@@ -330,6 +330,7 @@ void RunStatement(Session& session, const std::string& line, ScriptLines& lines)
   });
   if (statement == std::end(kStatements)) throw ScriptError("not a statement: " + tokens.front().text);
   statement->run(session, Arguments(std::span(tokens).subspan(1)), lines);
+  session.comparison.Settle();
 }
 
 }  // namespace torvale

@@ -21,7 +21,10 @@
 #include "search/hole_selection_panel.h"
 #include "shell/about.h"
 #include "shell/csv_export.h"
+#include "shell/desk.h"
+#include "shell/event_end.h"
 #include "shell/events.h"
+#include "shell/first_steps.h"
 #include "shell/help.h"
 #include "shell/history.h"
 #include "shell/main_form.h"
@@ -50,6 +53,11 @@ void mnuPreviewAt_Click(Program& program) {
 template <int kReport>
 void mnuExportPdfAt_Click(Program& program) {
   mnuExportPdf_Click(program, kReport);
+}
+
+template <std::size_t kSection>
+void mnuDeskAt_Click(Program& program) {
+  ToggleDeskSection(program, kSection);
 }
 
 constexpr bool kAlone = true;
@@ -127,10 +135,20 @@ constexpr Command kCommands[] = {
     {"mnuZoomTo(4)", mnuZoomTo_Click<4>},
     {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
     {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
+    {"mnuDesk(0)", mnuDeskAt_Click<0>},
+    {"mnuDesk(1)", mnuDeskAt_Click<1>},
+    {"mnuDesk(2)", mnuDeskAt_Click<2>},
+    {"btnCloseComparison", mnuDeskAt_Click<0>},
+    {"btnCloseRemarks", mnuDeskAt_Click<1>},
+    {"btnCloseChart", mnuDeskAt_Click<2>},
     {"mnuWindowInfo", mnuWindowInfo_Click, kAlone},
     {"mnuProfile", mnuProfile_Click},
     {"mnuHelpContents", mnuHelpContents_Click},
     {"mnuHelpScreen", mnuHelpScreen_Click},
+    {"mnuHelpFirstSteps", mnuHelpFirstSteps_Click},
+    {"cmdOpenSample", cmdOpenSample_Click, kAlone},
+    {"cmdWorkedExample", cmdWorkedExample_Click},
+    {"cmdCloseFirstSteps", cmdCloseFirstSteps_Click},
     {"mnuHelpAbout", mnuHelpAbout_Click},
     {"btnPrintProfile", btnPrintProfile_Click},
     {"btnExportPicture", btnExportPicture_Click},

@@ -7,6 +7,7 @@
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "reports/csv.h"
+#include "reports/stale_mark.h"
 #include "screen/file_choice.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
@@ -28,10 +29,12 @@ void ExportCsv(Program& program, std::string_view title, std::string_view conten
 }  // namespace
 
 void mnuExportCsv_Click(Program& program) {
+  if (!GoOnThoughStale(program)) return;
   ExportCsv(program, "Export Table", "Table", ResultTableCsv(program));
 }
 
 void mnuExportHoleCsv_Click(Program& program) {
+  if (!GoOnThoughStale(program)) return;
   ExportCsv(program, "Export Hole Summary", "Hole Summary", HoleSummaryCsv(program));
 }
 

@@ -7,6 +7,9 @@
 #include "engine/survey.h"
 #include "input/focus.h"
 #include "screen/status_line.h"
+#include "shell/desk.h"
+#include "shell/desk_chart.h"
+#include "shell/first_steps.h"
 
 namespace torvale {
 namespace {
@@ -65,6 +68,9 @@ void EndOutermostEvent(Program& program) {
   KeepAGrid(main);
   OfferInterpolation(program);
   MarkFirstStation(main.Grid1);
+  KeepFirstSteps(program);
+  ShowRemarks(program);
+  ShowDeskChart(program);
 }
 
 void TellWhereTheUserIs(Program& program) {

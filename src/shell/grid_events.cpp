@@ -12,6 +12,8 @@
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "shell/commands.h"
+#include "shell/desk.h"
+#include "shell/desk_rows.h"
 #include "shell/events.h"
 #include "shell/grid_keys.h"
 #include "shell/history.h"
@@ -44,6 +46,9 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
   } else if (grid == kVersionsGrid) {
     PointPlainly(program.versions.Grd_EarlierVersions, to, false);
     ShowVersionPath(program);
+  } else if (IsDeskGrid(grid)) {
+    PointPlainly(*FindGrid(program, grid), to, false);
+    ShowComparison(program.desk);
   } else if (extend) {
     ExtendSelection(program, to.row, to.column);
   } else {
@@ -53,7 +58,9 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
 
 // The grid that takes keys and clicks under that name, while the user can reach it.
 Grid* LiveGrid(Program& program, std::string_view name) {
-  if (name != "Grid1" && name != "Grid2" && name != kSoilsGrid && name != kVersionsGrid) return nullptr;
+  const bool takes_keys =
+      name == "Grid1" || name == "Grid2" || name == kSoilsGrid || name == kVersionsGrid || IsDeskGrid(name);
+  if (!takes_keys) return nullptr;
   return ReachOf(program, name) == Reach::kUsable ? FindGrid(program, name) : nullptr;
 }
 
@@ -121,7 +128,7 @@ bool IsSelected(const Grid& grid, Cell cell) {
 
 // Moves by Tab, or on to the next control. The results have nothing to type in, so Tab leads past them.
 void Tab(Program& program, std::string_view name, const Grid& grid, bool back, bool leave) {
-  const auto to = leave || name == "Grid2" ? std::nullopt : TabTargetOf(grid, back);
+  const auto to = leave || name == "Grid2" || IsDeskGrid(name) ? std::nullopt : TabTargetOf(grid, back);
   if (to) {
     Point(program, name, *to, false);
   } else if (name != kSoilsGrid) {
@@ -182,6 +189,8 @@ void RunGridKey(Program& program, std::string_view name, Grid& grid, const KeySt
     Point(program, name, *to, stroke.shift);
   } else if (name == "Grid1" && !CharacterOf(stroke).empty()) {
     Grid1_KeyPress(program, CharacterOf(stroke));
+  } else if (name == "Comparison" && CharacterOf(stroke) == " ") {
+    SortComparisonBy(program, grid.column);
   } else if (name == kSoilsGrid && !CharacterOf(stroke).empty()) {
     Grd_Soils_KeyPress(program, CharacterOf(stroke));
   }
@@ -192,6 +201,7 @@ void RunGridKey(Program& program, std::string_view name, Grid& grid, const KeySt
 void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
   Grid* cells = LiveGrid(program, grid);
   if (cells == nullptr || stroke.alt) return;
+  if (IsDeskGrid(grid) && stroke.key == Key::kEnter) return UseDeskRow(program, grid);
   Guarded(program, [&] { RunGridKey(program, grid, *cells, stroke); });
   if (stroke.key != Key::kSelectAll) cells->BringIntoView(cells->row_sel, cells->column_sel);
 }
@@ -199,6 +209,7 @@ void GridKey(Program& program, std::string_view grid, const KeyStroke& stroke) {
 void GridPoint(Program& program, std::string_view grid, int row, int column, bool extend) {
   Grid* cells = LiveGrid(program, grid);
   if (cells == nullptr) return;
+  if (IsDeskGrid(grid)) return extend ? void() : DeskPoint(program, grid, row, column);
   Guarded(program, [&] {
     NameCause(program, grid);
     Activate(program, grid);

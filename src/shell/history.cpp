@@ -9,6 +9,7 @@
 #include "screen/words.h"
 #include "search/design_commands.h"
 #include "shell/recovery.h"
+#include "shell/stale.h"
 
 namespace torvale {
 namespace {
@@ -165,6 +166,7 @@ void NoteResults(Program& program, History& history) {
   if (std::exchange(history.table_revision, revision) == revision) return;
   if (IsTyping(history.cause) || MakesNoResults(history.cause)) return;
   history.table_step = TopNumber(history);
+  history.shown = history.now;
 }
 
 // Whoever goes to another place has done with typing.
@@ -244,9 +246,12 @@ void EndOfEvent(Program& program) {
   if (!program.history) return;
   History& history = *program.history;
   NoteStored(program);
-  const bool changed = Record(program, history, history.cause);
-  KeepWork(program, std::exchange(history.restored, false) || changed);
+  const bool restored = std::exchange(history.restored, false);
+  const bool changed = Record(program, history, history.cause) || restored;
+  if (changed) ++program.inputs_count;
+  KeepWork(program, changed);
   NoteResults(program, history);
+  MarkStale(program, history.shown, history.now);
   CloseTyping(program, history);
   OfferSteps(program, history);
   history.cause.clear();

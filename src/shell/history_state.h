@@ -37,6 +37,7 @@ struct History {
   std::string cause;                 // what the event in work is: the control or command that came first in it
   std::uint64_t table_revision = 0;  // of the results when the last event ended ...
   std::uint64_t table_step = 0;      // ... and the step on top when they were worked out
+  InputTexts shown;                  // what they were worked out from
 
   // What recovery.h keeps of it on disk
   Journal journal;

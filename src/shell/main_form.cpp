@@ -19,6 +19,7 @@
 #include "screen/design_types.h"
 #include "screen/fields.h"
 #include "search/best_holes_panel.h"
+#include "shell/desk.h"
 #include "shell/recovery.h"
 
 namespace torvale {
@@ -118,6 +119,7 @@ void Form_Load(Program& program) {
   GridSet(program);
   PlaceMainScreen(program);
   LoadZoom(program);
+  OpenDesk(program);
   EnablePrinting(main, false);
   PlacePanels(main);
   main.mnuLayflatPipe.ticked = true;
@@ -139,6 +141,8 @@ void Form_Load(Program& program) {
   SetIfEmpty(main.Grid1, kFurrowLengthColumn, "1320");
   FillFirstRow(program);
   TakeDefaultFields(program);
+  main.frameFirstSteps.visible = true;
+  program.events.first_steps = main.Grid1.cells().revision();
 }
 
 void Form_Resize(Program& program) {

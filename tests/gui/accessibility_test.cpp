@@ -147,7 +147,8 @@ TEST_F(AccessibilityTest, TabGoesThroughTheInputScreenAndBack) {
   Info(0).setFocus();
   EXPECT_EQ(TabRound(*window_),
             (std::vector<std::string>{"txtInfo(0)", "txtInfo(1)", "txtInfo(2)", "txtInfo(3)", "txtInfo(4)",
-                                      "txtInfo(5)", "Grid1", "cmdInterpolate", "listSoils"}));
+                                      "txtInfo(5)", "Grid1", "cmdInterpolate", "cmdOpenSample", "cmdWorkedExample",
+                                      "cmdCloseFirstSteps", "listSoils"}));
 }
 
 TEST_F(AccessibilityTest, TabGoesThroughTheResultsAndBack) {

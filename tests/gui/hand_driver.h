@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -46,6 +47,7 @@ class HandDriver {
       if (NeedsHand(tokens)) missed += line + "\n";
       RunStatement(session, line, lines);
     }
+    SettleComparison();
     window_.Sync();
   }
 
@@ -54,6 +56,13 @@ class HandDriver {
   std::string missed;  // statements that a hand should have done and didn't
 
  private:
+  // The window waits for the designs side by side, a script does not.
+  void SettleComparison() {
+    if (!session.program.desk.frmComparison.visible) return;
+    session.program.desk.compared_inputs = 0;
+    session.comparison.Settle();
+  }
+
   // Whether it is an event at a control that the user can reach and a widget shows. The mouse over the results goes by
   // twips, which only the program itself can be given exactly.
   bool NeedsHand(const std::vector<Token>& tokens) {
@@ -133,6 +142,10 @@ class HandDriver {
   static bool PointByHand(QWidget& widget, const std::vector<Token>& tokens) {
     auto* grid = qobject_cast<QTableView*>(&widget);
     if (grid == nullptr) return false;
+    if (widget.objectName() == "Comparison" && tokens[2].text == "0") {
+      emit grid->horizontalHeader()->sectionClicked(WholeNumber(tokens[3].text));
+      return true;
+    }
     for (std::size_t i = 2; i + 1 < tokens.size(); i += 2) {
       const QModelIndex cell = grid->model()->index(WholeNumber(tokens[i].text) - 1, WholeNumber(tokens[i + 1].text));
       if (!cell.isValid()) return false;  // a heading

@@ -53,7 +53,7 @@ TEST_F(ScreenTest, EveryVisibleControlStandsInItsPlace) {
 TEST_F(ScreenTest, ANormalWindowShowsTheWholeScreen) {
   main().frameShowLimitedHoles.visible = true;
   window_->Sync();
-  auto* area = qobject_cast<QScrollArea*>(window_->centralWidget());
+  auto* area = window_->findChild<QScrollArea*>("screens");
   ASSERT_NE(area, nullptr);
   EXPECT_LE(Canvas().width(), area->viewport()->width());
   EXPECT_LE(Canvas().height(), area->viewport()->height());
@@ -150,7 +150,7 @@ TEST_F(ScreenTest, AFieldIsSelectedWholeAndTypingReplacesIt) {
 
 // Nothing is out of the user's reach where the desktop is small: what a design brings up is scrolled to.
 TEST_F(ScreenTest, AWindowSmallerThanTheResultsScrollsToTheirEdge) {
-  auto* area = qobject_cast<QScrollArea*>(window_->centralWidget());
+  auto* area = window_->findChild<QScrollArea*>("screens");
   ASSERT_NE(area, nullptr);
   window_->resize(700, 500);
   QTest::qWait(1);

@@ -87,6 +87,7 @@ TEST_F(PrintCommandsTest, AFaultOfTheReportIsTold) {
   Design();
   program.record.PipeKind = "R";
   program.main.txtDefault[12].Set("0");
+  host.answers = {true};  // the figures are those of the pipe before
   Click(program, "mnuPrtHoleSummary");
   ASSERT_EQ(host.messages.size(), 1U);
   EXPECT_EQ(host.messages[0].body, "A number was to be divided by zero. print Error");

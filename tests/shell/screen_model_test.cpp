@@ -118,6 +118,8 @@ struct ModelledUser : StartedProgramTest {
       host.event_at = host.yields + 1;
       host.event = [this] { Click(program, "cmdCancel"); };
     }
+    const bool stale = !program.main.cmdReCalc.mark.empty();
+    host.answers.assign(stale ? 1 : 0, true);  // a report of stale figures asks first
     const Reach reach = Click(program, control);
     host.event = nullptr;
     EXPECT_EQ(reach == Reach::kUsable, reachable) << control;

@@ -1,0 +1,202 @@
+#include "qt/supply_chart_view.h"
+
+#include <QMouseEvent>
+#include <algorithm>
+#include <utility>
+
+namespace torvale {
+namespace {
+
+constexpr int kChartLetters = 10;  // pixels at 100 percent
+constexpr double kRoom = 0.06;     // of the range, above and below its lines
+constexpr int kGap = 4;            // pixels
+constexpr double kLineWidth = 1.6;
+
+struct Look {
+  QColor on_light;
+  QColor on_dark;
+  Qt::PenStyle line;
+};
+const Look kHead{QColor(0, 70, 180), QColor(130, 180, 255), Qt::SolidLine};
+const Look kFlow{QColor(0, 120, 60), QColor(110, 220, 150), Qt::SolidLine};
+const Look kWanted{QColor(0, 120, 60), QColor(110, 220, 150), Qt::DashLine};
+const Look kSafe{QColor(190, 0, 0), QColor(255, 120, 120), Qt::DashDotLine};
+const Look kSizes{QColor(120, 70, 0), QColor(240, 190, 110), Qt::SolidLine};
+
+QVector<double> ToQt(const std::vector<double>& values) {
+  return QVector<double>(values.begin(), values.end());
+}
+
+// All that a line shows, with some room, and at least so much that a level line stands in the middle.
+QCPRange RangeOf(const std::vector<double>& values, std::optional<double> also, bool from_zero) {
+  if (values.empty()) return {0, 1};
+  auto [low, high] = std::minmax_element(values.begin(), values.end());
+  double least = from_zero ? 0 : std::min(*low, also.value_or(*low));
+  double most = std::max(*high, also.value_or(*high));
+  const double room = std::max((most - least) * kRoom, 0.05);
+  return {from_zero ? 0 : least - room, most + room};
+}
+
+}  // namespace
+
+SupplyChartView::SupplyChartView(QWidget* parent, std::function<void(double)> point)
+    : QCustomPlot(parent), point_(std::move(point)) {
+  setObjectName("SupplyChart");
+  setAccessibleName("Head and flow along the line");
+  plotLayout()->clear();
+  upper_ = new QCPAxisRect(this);
+  lower_ = new QCPAxisRect(this);
+  upper_->setupFullAxesBox(false);
+  plotLayout()->addElement(0, 0, upper_);
+  plotLayout()->addElement(1, 0, lower_);
+  plotLayout()->setRowStretchFactor(0, 2);
+  plotLayout()->setRowStretchFactor(1, 1);
+  plotLayout()->setRowSpacing(0);
+  upper_->setMinimumMargins({kGap, kGap, kGap, 0});
+  lower_->setMinimumMargins({kGap, kGap, kGap, 0});
+  auto* group = new QCPMarginGroup(this);
+  for (QCPAxisRect* rect : {upper_, lower_}) {
+    rect->setMarginGroup(QCP::msLeft | QCP::msRight, group);
+    for (QCPAxis* axis : rect->axes()) {
+      axis->setLayer("axes");
+      axis->grid()->setLayer("grid");
+    }
+  }
+  upper_->axis(QCPAxis::atTop)->setVisible(false);
+  upper_->axis(QCPAxis::atBottom)->setTickLabels(false);
+  upper_->axis(QCPAxis::atRight)->setTickLabels(true);
+  upper_->axis(QCPAxis::atLeft)->setLabel("Head, ft");
+  upper_->axis(QCPAxis::atRight)->setLabel("Flow, GPM");
+  lower_->axis(QCPAxis::atLeft)->setLabel("Hole, in");
+  lower_->axis(QCPAxis::atLeft)->ticker()->setTickCount(2);
+  for (const auto side : {QCPAxis::atLeft, QCPAxis::atRight}) upper_->axis(side)->ticker()->setTickCount(3);
+  lower_->axis(QCPAxis::atBottom)->setLabel("Station, ft");
+  QCPAxis* along = upper_->axis(QCPAxis::atBottom);
+  head_ = addGraph(along, upper_->axis(QCPAxis::atLeft));
+  flow_ = addGraph(along, upper_->axis(QCPAxis::atRight));
+  wanted_ = addGraph(along, upper_->axis(QCPAxis::atRight));
+  safe_ = addGraph(along, upper_->axis(QCPAxis::atLeft));
+  sizes_ = addGraph(lower_->axis(QCPAxis::atBottom), lower_->axis(QCPAxis::atLeft));
+  sizes_->setLineStyle(QCPGraph::lsStepRight);
+  const auto line = [this](QCPAxisRect* rect) {
+    auto* item = new QCPItemStraightLine(this);
+    item->setClipAxisRect(rect);
+    for (QCPItemPosition* position : {item->point1, item->point2}) {
+      position->setType(QCPItemPosition::ptPlotCoords);
+      position->setAxisRect(rect);
+      position->setAxes(rect->axis(QCPAxis::atBottom), rect->axis(QCPAxis::atLeft));
+    }
+    return item;
+  };
+  lit_ = line(upper_);
+  lit_below_ = line(lower_);
+  UseColours();
+}
+
+void SupplyChartView::Show(const SupplyChart& chart, const Scale& scale) {
+  const int letters = scale.Zoomed(kChartLetters);
+  const bool same = drawn_ == chart.revision && drawn_row_ == chart.row && letters_ == letters;
+  if (same) return;
+  if (std::exchange(letters_, letters) != letters) UseLetters(scale);
+  if (std::exchange(drawn_, chart.revision) != chart.revision) DrawLines(chart);
+  drawn_row_ = chart.row;
+  DrawLit(chart);
+  replot(QCustomPlot::rpQueuedReplot);
+}
+
+void SupplyChartView::DrawLines(const SupplyChart& chart) {
+  const QVector<double> stations = ToQt(chart.stations);
+  head_->setData(stations, ToQt(chart.heads), true);
+  const auto with_holes = [&](QCPGraph* graph, const std::vector<double>& values) {
+    QVector<double> keys;
+    QVector<double> kept;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (values[i] <= 0) continue;
+      keys.append(chart.stations[i]);
+      kept.append(values[i]);
+    }
+    graph->setData(keys, kept, true);
+  };
+  with_holes(flow_, chart.flows);
+  with_holes(sizes_, chart.sizes);
+  const double first = chart.stations.empty() ? 0 : chart.stations.front();
+  const double last = chart.stations.empty() ? 1 : chart.stations.back();
+  const auto level = [&](QCPGraph* graph, const std::optional<double>& value) {
+    graph->setVisible(value.has_value() && !chart.stations.empty());
+    if (value) graph->setData({first, last}, {*value, *value}, true);
+  };
+  level(wanted_, chart.wanted_flow);
+  level(safe_, chart.safe_head);
+  for (QCPAxisRect* rect : {upper_, lower_}) rect->axis(QCPAxis::atBottom)->setRange(first, std::max(last, first + 1));
+  upper_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.heads, chart.safe_head, true));
+  upper_->axis(QCPAxis::atRight)->setRange(RangeOf(chart.flows, chart.wanted_flow, true));
+  lower_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.sizes, std::nullopt, true));
+}
+
+void SupplyChartView::DrawLit(const SupplyChart& chart) {
+  const bool lit = chart.row > 0 && chart.row <= static_cast<int>(chart.stations.size());
+  for (QCPItemStraightLine* line : {lit_, lit_below_}) {
+    line->setVisible(lit);
+    if (!lit) continue;
+    const double station = chart.stations[static_cast<std::size_t>(chart.row - 1)];
+    line->point1->setCoords(station, 0);
+    line->point2->setCoords(station, 1);
+  }
+}
+
+void SupplyChartView::UseLetters(const Scale& scale) {
+  QFont font = this->font();
+  font.setPixelSize(std::max(1, scale.Zoomed(kChartLetters)));
+  for (QCPAxisRect* rect : {upper_, lower_}) {
+    for (QCPAxis* axis : rect->axes()) {
+      axis->setTickLabelFont(font);
+      axis->setLabelFont(font);
+    }
+  }
+}
+
+void SupplyChartView::UseColours() {
+  const QColor ground = palette().color(QPalette::Base);
+  const QColor ink = palette().color(QPalette::Text);
+  const bool dark = ground.lightness() < ink.lightness();
+  QColor faint = ink;
+  faint.setAlphaF(0.15F);
+  setBackground(ground);
+  for (QCPAxisRect* rect : {upper_, lower_}) {
+    for (QCPAxis* axis : rect->axes()) {
+      for (const auto set : {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) (axis->*set)(ink);
+      axis->setTickLabelColor(ink);
+      axis->setLabelColor(ink);
+      axis->grid()->setPen(QPen(faint, 1));
+      axis->grid()->setZeroLinePen(QPen(faint, 1));
+    }
+  }
+  const auto pen = [&](QCPGraph* graph, const Look& look) {
+    graph->setPen(QPen(dark ? look.on_dark : look.on_light, kLineWidth, look.line));
+  };
+  pen(head_, kHead);
+  pen(flow_, kFlow);
+  pen(wanted_, kWanted);
+  pen(safe_, kSafe);
+  pen(sizes_, kSizes);
+  // Each scale is written in the colour of its line.
+  upper_->axis(QCPAxis::atLeft)->setLabelColor(head_->pen().color());
+  upper_->axis(QCPAxis::atRight)->setLabelColor(flow_->pen().color());
+  lower_->axis(QCPAxis::atLeft)->setLabelColor(sizes_->pen().color());
+  for (QCPItemStraightLine* line : {lit_, lit_below_}) line->setPen(QPen(ink, 1, Qt::DotLine));
+}
+
+void SupplyChartView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  point_(upper_->axis(QCPAxis::atBottom)->pixelToCoord(event->position().x()));
+}
+
+void SupplyChartView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    UseColours();
+    replot(QCustomPlot::rpQueuedReplot);
+  }
+  QCustomPlot::changeEvent(event);
+}
+
+}  // namespace torvale
