@@ -11,6 +11,21 @@
 
 namespace torvale {
 
+// The furrows of these lengths, feet, one at each row, and the quarter of them that waters least.
+inline void AddFurrows(PlanTask& task, const std::vector<double>& lengths) {
+  double total = 0;
+  for (const double length : lengths) total += length;
+  const auto furrows = static_cast<double>(lengths.size());
+  for (const double length : lengths) {
+    PlanFurrow furrow;
+    furrow.row = static_cast<int>(task.furrows.size()) + 1;
+    furrow.ratio = static_cast<double>(static_cast<float>(length / (total / furrows)));
+    furrow.normal_length = static_cast<int>(std::nearbyint(length / furrow.ratio));
+    task.furrows.push_back(furrow);
+  }
+  task.quarter = static_cast<float>(0.25 * total);
+}
+
 // A line with a hole at each row, furrows of about 1000 feet, and some neighbouring sizes around the one that would let
 // the average flow out under 1.3 feet.
 inline PlanTask RandomTask(Random& random, int furrows, int sizes, int stretches) {
@@ -28,19 +43,9 @@ inline PlanTask RandomTask(Random& random, int furrows, int sizes, int stretches
   line.discharge_coef = 0.65;
   task.target = static_cast<float>(gpm);
   task.average = AverageFlow(task.target, furrows);
-  double total = 0;
   std::vector<double> lengths;
   for (int i = 0; i < furrows; ++i) lengths.push_back(random.Whole(800, 1200));
-  for (const double length : lengths) total += length;
-  for (int i = 0; i < furrows; ++i) {
-    const double length = lengths[static_cast<std::size_t>(i)];
-    PlanFurrow furrow;
-    furrow.row = i + 1;
-    furrow.ratio = static_cast<double>(static_cast<float>(length / (total / furrows)));
-    furrow.normal_length = static_cast<int>(std::nearbyint(length / furrow.ratio));
-    task.furrows.push_back(furrow);
-  }
-  task.quarter = static_cast<float>(0.25 * total);
+  AddFurrows(task, lengths);
   task.least_head = 0.2;
   task.highest_head = random.Real(2, 6);
   task.first_head = 2;
@@ -92,19 +97,9 @@ inline PlanTask RandomField(Random& random, int furrows, int sizes, int stretche
   task.average = AverageFlow(task.target, furrows);
   const double first = random.Real(600, 1320);
   const double last = first * random.Real(0.7, 1.3);
-  double total = 0;
   std::vector<double> lengths;
   for (int i = 0; i < furrows; ++i) lengths.push_back(std::floor(first + (last - first) * i / furrows));
-  for (const double length : lengths) total += length;
-  for (int i = 0; i < furrows; ++i) {
-    const double length = lengths[static_cast<std::size_t>(i)];
-    PlanFurrow furrow;
-    furrow.row = i + 1;
-    furrow.ratio = static_cast<double>(static_cast<float>(length / (total / furrows)));
-    furrow.normal_length = static_cast<int>(std::nearbyint(length / furrow.ratio));
-    task.furrows.push_back(furrow);
-  }
-  task.quarter = static_cast<float>(0.25 * total);
+  AddFurrows(task, lengths);
   task.least_head = 0.5;
   task.highest_head = random.Real(2.5, 4);
   task.first_head = 2;
