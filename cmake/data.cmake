@@ -1,5 +1,6 @@
 # The files of data/ that come with the program.
-set(user_data ${PROJECT_SOURCE_DIR}/data/Default50.TVL ${PROJECT_SOURCE_DIR}/data/SoilsName.txt)
+set(user_data ${PROJECT_SOURCE_DIR}/data/Default50.TVL ${PROJECT_SOURCE_DIR}/data/SoilsName.txt
+    ${PROJECT_SOURCE_DIR}/data/SafeHeads.txt)
 file(GLOB data_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/*.*)
 file(GLOB help_pictures CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/help/*.*)
 file(GLOB sample_designs CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/samples/*.[PCDXL][FSH][DH])

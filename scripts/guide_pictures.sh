@@ -20,6 +20,10 @@ END
 QT_QPA_PLATFORM=offscreen:configfile=$kTemp/screen.json HOME=$kTemp build/release/torvale_pictures \
   data "$kTemp" tests/scripts/guide_*.script
 
+# The page for a phone, in a browser.
+tests/desktop/phone_page.py build/release/torvale_script "$kTemp/phone"
+convert "$kTemp/phone/phone-light-ticked.png" -resize 300x -bordercolor gray -border 1 "$kTemp/phone.png"
+
 for report in "$kTemp"/*.pdf; do
   pdftoppm -png -r 90 -singlefile "$report" "${report%.pdf}"
   convert "${report%.pdf}.png" -trim -bordercolor white -border 12 -bordercolor gray -border 1 "${report%.pdf}.png"

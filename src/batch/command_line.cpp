@@ -53,6 +53,8 @@ Papers PapersOf(const std::vector<std::string>& words) {
     papers.designs = papers.designs || word == "designs";
     papers.tables = papers.tables || word == "tables";
     papers.reports = papers.reports || word == "reports";
+    papers.phone = papers.phone || word == "phone";
+    papers.stakes = papers.stakes || word == "stakes";
   }
   return papers;
 }
@@ -64,9 +66,12 @@ struct CommandLine {
     app.footer(Footer());
     app.add_option("TABLE", table, "Table of fields (CSV)");
     app.add_option("-o,--out", out_folder, "Folder of the results; made where it is missing")->type_name("DIR");
-    app.add_option("-w,--write", papers, "For each design also: designs (design files), tables (CSV), reports (PDF)")
+    app.add_option(
+           "-w,--write", papers,
+           "For each design also: designs (design files), tables (CSV), reports (PDF), phone (HTML page), stakes "
+           "(of slope designs, CSV and PDF)")
         ->delimiter(',')
-        ->check(CLI::IsMember({"designs", "tables", "reports"}))
+        ->check(CLI::IsMember({"designs", "tables", "reports", "phone", "stakes"}))
         ->type_name("LIST");
     app.add_option("-j,--threads", threads, "Fields at a time; as many as there are processors where it is left out")
         ->check(CLI::Range(1, 1024))
@@ -78,7 +83,7 @@ struct CommandLine {
     app.add_option("--shard", shard, "Work the I-th of N parts of the table, into OUT/results-I-of-N.csv")
         ->type_name("I/N");
     app.add_option("--data", data_folder,
-                   "Folder of the defaults file and the list of soils; none where it is left out")
+                   "Folder of the defaults file, the list of soils and the safe heads; none where it is left out")
         ->check(CLI::ExistingDirectory)
         ->type_name("DIR");
     app.add_flag("--fresh", fresh, "Use nothing of an earlier run");

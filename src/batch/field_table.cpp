@@ -33,6 +33,8 @@ constexpr TextColumn kTextColumns[] = {
     {"furrow length", &FieldRow::furrow_length, "feet, of every row of a survey that has no such column"},
     {"pipe kind", &FieldRow::pipe, "L for layflat tubing, R for rigid gated pipe"},
     {"soil", &FieldRow::soil, "a name of the list of soils"},
+    {"stake interval", &FieldRow::stake_interval, "feet between stakes of slope designs; 100"},
+    {"crown width", &FieldRow::crown_width, "of the crown that is built, feet, for its earth"},
 };
 
 constexpr std::string_view kHolesColumn = "holes";

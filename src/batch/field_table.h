@@ -27,6 +27,8 @@ struct FieldRow {
   std::string furrow_length;  // of every row, where the survey has none
   std::string pipe;           // "L", "R" or empty
   std::string soil;
+  std::string stake_interval;  // feet between the stakes of slope designs
+  std::string crown_width;     // feet, for their earth
   std::vector<std::string> holes;
   std::vector<std::int16_t> designs;                             // all six where none are named
   std::vector<std::pair<std::size_t, std::string>> preferences;  // by index of `txtDefault`

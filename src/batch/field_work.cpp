@@ -15,6 +15,7 @@
 #include "screen/design_types.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/stakes.h"
 
 namespace torvale {
 namespace {
@@ -28,6 +29,10 @@ struct ReportFile {
 constexpr std::array<ReportFile, 3> kReports = {
     {{"mnuExportPdf(0)", "summary"}, {"mnuExportPdf(1)", "complete"}, {"mnuExportPdf(2)", "holes"}}};
 constexpr std::array<ReportFile, 2> kTables = {{{"mnuExportCsv", "table"}, {"mnuExportHoleCsv", "holes"}}};
+
+constexpr ReportFile kPhonePage = {"mnuExportPhone", "phone"};
+constexpr ReportFile kStakesTable = {"btnCsvStakes", "stakes"};
+constexpr ReportFile kStakesReport = {"btnPdfStakes", "stakes"};
 
 constexpr std::string_view kBetween = " / ";  // between sentences of a cell
 
@@ -122,7 +127,11 @@ Row RowWithout(const FieldRow& field, std::int16_t type, std::string_view outcom
 class PaperWriter {
  public:
   PaperWriter(QuietProgram& quiet, const FieldTask& task, const FieldRow& field, std::int16_t type)
-      : quiet_(quiet), task_(task), start_(FolderOf(field) + "/" + std::string(KeyOfDesign(type))), type_(type) {}
+      : quiet_(quiet),
+        task_(task),
+        field_(field),
+        start_(FolderOf(field) + "/" + std::string(KeyOfDesign(type))),
+        type_(type) {}
 
   void Write(FieldOutcome& outcome) {
     std::error_code error;
@@ -137,6 +146,8 @@ class PaperWriter {
     if (task_.papers.reports) {
       for (const ReportFile& report : kReports) Export(outcome, report, ".pdf");
     }
+    if (task_.papers.phone) Export(outcome, kPhonePage, ".html");
+    if (task_.papers.stakes && IsSlopeDesign(quiet_.program().record)) Stakes(outcome);
     for (const Told& message : quiet_.host().told) trouble.push_back(message.body);
   }
 
@@ -158,6 +169,16 @@ class PaperWriter {
     if (quiet_.host().told.empty()) Keep(outcome, program.record.DisplayFileName);
   }
 
+  void Stakes(FieldOutcome& outcome) {
+    StakesScreen& screen = quiet_.program().stakes;
+    screen.txtStakeInterval.Set(field_.stake_interval.empty() ? kUsualStakeInterval : field_.stake_interval);
+    screen.txtCrownWidth.Set(field_.crown_width);
+    Click(quiet_.program(), "mnuStakes");
+    Export(outcome, kStakesTable, ".csv");
+    Export(outcome, kStakesReport, ".pdf");
+    Click(quiet_.program(), "btnCloseStakes");
+  }
+
   void Export(FieldOutcome& outcome, const ReportFile& report, std::string_view extension) {
     const std::string name = start_ + " " + std::string(report.name) + std::string(extension);
     const std::size_t told = quiet_.host().told.size();
@@ -173,6 +194,7 @@ class PaperWriter {
 
   QuietProgram& quiet_;
   const FieldTask& task_;
+  const FieldRow& field_;
   std::string start_;
   std::int16_t type_;
 };

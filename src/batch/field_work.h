@@ -17,7 +17,9 @@ struct Papers {
   bool designs = false;  // the design file
   bool tables = false;   // the result table and the hole summary, CSV
   bool reports = false;  // the three reports, PDF
-  bool Any() const { return designs || tables || reports; }
+  bool phone = false;    // the crew's page for a phone, HTML
+  bool stakes = false;   // of slope designs, CSV and PDF
+  bool Any() const { return designs || tables || reports || phone || stakes; }
 };
 
 // What a run asks of every field.

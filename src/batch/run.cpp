@@ -8,6 +8,7 @@
 #include "batch/csv_text.h"
 #include "batch/journal.h"
 #include "batch/text_files.h"
+#include "files/pipe_strengths.h"
 #include "files/preferences.h"
 #include "files/soils.h"
 
@@ -24,11 +25,12 @@ std::uint64_t ContentOf(const BatchOptions& options) {
   ContentHash hash;
   hash.Add(ProgramVersion());
   hash.Add(ResultHeading());
-  for (const bool asked : {options.papers.designs, options.papers.tables, options.papers.reports}) {
+  for (const bool asked : {options.papers.designs, options.papers.tables, options.papers.reports, options.papers.phone,
+                           options.papers.stakes}) {
     hash.Add(asked ? "yes" : "no");
   }
   if (options.data_folder.empty()) return hash.value();
-  for (const std::string_view name : {kDefaultsFile, kSoilsFile}) {
+  for (const std::string_view name : {kDefaultsFile, kSoilsFile, kSafeHeadsFile}) {
     try {
       hash.Add(ReadTextFile(PathOf(options.data_folder) / PathOf(name)));
     } catch (const TextFileFault&) {

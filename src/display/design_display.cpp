@@ -1,11 +1,15 @@
 #include "display/design_display.h"
 
+#include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
 #include "display/applied_water.h"
+#include "display/cell_texts.h"
 #include "display/grid_layout.h"
 #include "display/hole_summary.h"
 #include "display/input_screen.h"
@@ -62,6 +66,24 @@ void ColourHeads(Program& program) {
   const float target = Narrow(Val(TextOf(main, InfoField::kTargetHead)));
   main.frmDisplayLbl[Figure::kMaxHead].back = target > program.record.MaxHead ? kStrongGreen : kYellow;
   main.frmDisplayLbl[Figure::kMinHead].back = program.record.MinHead >= kLowestHead ? kStrongGreen : kYellow;
+}
+
+SpokenSentence OverloadSentence(const DesignRecord& record, const Overload& worst) {
+  return words::kHeadTooHigh(Format(worst.head, "##0.00"), StationText(record, worst.row), Format(worst.safe, "##0.00"),
+                             GeneralText(record.PipeDia[worst.pipe]), record.MilText[worst.pipe]);
+}
+
+// What a pipe gets more than it is to bear is told with the design, and stands in the mark of the highest head as long
+// as the design does.
+void WarnOfHead(Program& program) {
+  const DesignRecord& record = program.record;
+  std::string& mark = program.main.frmDisplayLbl[Figure::kMaxHead].mark;
+  const std::string told = std::exchange(mark, "");
+  const std::optional<Overload> worst = WorstOverload(record, program.pipe_strengths);
+  if (!worst) return;
+  const SpokenSentence sentence = OverloadSentence(record, *worst);
+  mark = sentence.text();
+  if (mark != told) SayToo(program, sentence);
 }
 
 void ShowFigures(Program& program) {
@@ -121,6 +143,7 @@ void Show(Program& program) {
   ScreenControlsOn(program);
   ShowCrownDifferential(program);
   ColourHeads(program);
+  WarnOfHead(program);
   ShowFigures(program);
   main.cmdInterpolate.visible = false;
   main.cmdDesignToggle.visible = true;

@@ -14,19 +14,22 @@ bool Flows(const DesignRecord& record, int i) {
   return record.FurrowFlow[i] > 0;
 }
 
-// `ended` is told the row at which each run ends, and the rows of the run.
-template <typename Ended>
-void FindRuns(DesignRecord& record, const RowArray<float>& field, const Ended& ended) {
-  record.HoleSumFurrowText.Clear();
+std::vector<HoleRun> FindRuns(const DesignRecord& record, const RowArray<float>& field) {
+  std::vector<HoleRun> runs;
   std::int16_t count = 0;
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!Flows(record, i)) continue;
     ++count;
     if (field[i] == AtRow(record, field, i + 1)) continue;
-    record.HoleSumFurrowText[i] = StationText(record, i + 1 - count) + " - " + StationText(record, i);
-    ended(i, count);
+    runs.push_back({i + 1 - count, i, count});
     count = 0;
   }
+  return runs;
+}
+
+void WriteStations(DesignRecord& record, const std::vector<HoleRun>& runs) {
+  record.HoleSumFurrowText.Clear();
+  for (const HoleRun& run : runs) record.HoleSumFurrowText[run.last] = RunStations(record, run);
 }
 
 void StartTexts(Program& program) {
@@ -76,13 +79,27 @@ std::string EachGateTip(const Program& program) {
 
 }  // namespace
 
+std::vector<HoleRun> SizeRuns(const DesignRecord& record) {
+  return FindRuns(record, ChosenHoleDia(record));
+}
+
+std::vector<HoleRun> SpacingRuns(const DesignRecord& record) {
+  return FindRuns(record, record.HoleSpacing);
+}
+
+std::string RunStations(const DesignRecord& record, const HoleRun& run) {
+  return StationText(record, run.first) + " - " + StationText(record, run.last);
+}
+
 void FindSizeRuns(DesignRecord& record) {
+  const std::vector<HoleRun> runs = SizeRuns(record);
+  WriteStations(record, runs);
   record.HoleSumCount.Clear();
-  FindRuns(record, ChosenHoleDia(record), [&](int i, std::int16_t count) { record.HoleSumCount[i] = count; });
+  for (const HoleRun& run : runs) record.HoleSumCount[run.last] = run.count;
 }
 
 void FindSpacingRuns(DesignRecord& record) {
-  FindRuns(record, record.HoleSpacing, [](int, std::int16_t) {});
+  WriteStations(record, SpacingRuns(record));
 }
 
 std::string ChosenSizeName(const Program& program, int i) {

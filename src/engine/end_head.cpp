@@ -67,6 +67,7 @@ class Search {
 
   void EndMarch(Delivery delivery) {
     CountTry(1);
+    if (!to_head_of_line_) search_.empty_row = 0;
     CorrectEndHead(profile_.head[line_.rows], search_.last_step, delivery);
     place_ = {line_.rows, 0};
     to_head_of_line_ = false;
@@ -160,6 +161,7 @@ class Search {
   // a rule comes out short and the far end is raised.
   void GoToHeadOfLine() {
     search_.fail_row = place_.row;
+    search_.empty_row = place_.row;
     place_ = {1, 0};
     profile_.head[1] = kHeadAfterNegative;
     to_head_of_line_ = true;

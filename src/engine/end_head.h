@@ -25,6 +25,7 @@ struct EndHeadSearch {
   int fail_row = 0;  // where the last counted try ended
   float flow = 0;    // gallons per minute in the pipe at the row worked last
   EndHeadStep last_step;
+  int empty_row = 0;  // where the last whole march ran into a negative head; 0 where it ran into none
 };
 
 // Finds the far-end head at which the line delivers `target`, from the head that stands in `profile` at the far end:

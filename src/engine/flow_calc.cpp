@@ -1,9 +1,12 @@
 #include "engine/flow_calc.h"
 
+#include <algorithm>
+
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "engine/acres.h"
 #include "engine/end_head.h"
+#include "engine/hydraulics.h"
 #include "engine/line.h"
 #include "engine/survey.h"
 #include "engine/uniformity.h"
@@ -65,6 +68,26 @@ void FindExtremes(DesignRecord& record) {
   }
 }
 
+// Gallons per minute out of all holes of a line under one head.
+double CapacityAt(const Line& line, double head) {
+  double flow = 0;
+  for (const float opening : line.opening) {
+    flow += OrificeFlow(static_cast<double>(opening), head, line.discharge_coef);
+  }
+  return flow;
+}
+
+GiveUpCause CauseOf(const DesignRecord& record, const TypedTexts& texts, int empty_row) {
+  Line line;
+  PrepareLine(record, ReadsElevations(texts.survey_kind), line);
+  GiveUpCause cause;
+  cause.head = std::max(0.0, Val(texts.target_head));
+  cause.capacity = CapacityAt(line, cause.head);
+  cause.wanted = static_cast<double>(record.TargetGPM);
+  if (empty_row > 0) cause.empty_station = static_cast<double>(record.Station[empty_row]);
+  return cause;
+}
+
 void GiveUp(DesignRecord& record) {
   record.DesignOK = "False";
   record.CancelFlag = true;
@@ -110,6 +133,7 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
     case EndHeadSearch::Outcome::kTryLimit:
       end.way = FlowEnd::Way::kTryLimit;
       end.fail_row = search.fail_row;
+      end.cause = CauseOf(record, texts, search.empty_row);
       GiveUp(record);
       return;
     case EndHeadSearch::Outcome::kConverged:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,12 +21,21 @@ struct TypedTexts {
 // The mark that `FlowCalc` leaves in its counter of tries.
 inline constexpr int kTriesAfterFault = 100;
 
+// What a calculation was up against that gave up after its tries.
+struct GiveUpCause {
+  double head = 0;                      // the target, feet
+  double capacity = 0;                  // gallons per minute that the holes would let out under that head
+  double wanted = 0;                    // gallons per minute that are pumped
+  std::optional<double> empty_station;  // where the line has no head left; nothing where it has
+};
+
 // How a `FlowCalc` ended.
 struct FlowEnd {
   enum class Way { kDone, kCancelled, kTryLimit, kFault };
   Way way = Way::kDone;
   int tries = 0;              // marches that ended at the head of the line or in a negative head
   int fail_row = 0;           // kTryLimit: the row at which the last try ended; 0 where none did
+  GiveUpCause cause;          // kTryLimit
   bool acres_failed = false;  // see AcreCalc
 };
 

@@ -78,6 +78,7 @@ std::size_t TypingPlace(const Grid& sheet) {
 
 void TypeCharacter(Program& program, std::string_view character) {
   Grid& sheet = program.main.Grid1;
+  sheet.SetFilled(sheet.row, sheet.column, false);
   std::string text = sheet.CurrentText();
   SetCurrentText(sheet, text.insert(TypingPlace(sheet), character));
   if (sheet.edit) ++sheet.edit->caret;
@@ -85,6 +86,7 @@ void TypeCharacter(Program& program, std::string_view character) {
 }
 
 void TakeCharacterBack(Grid& sheet) {
+  sheet.SetFilled(sheet.row, sheet.column, false);
   const std::size_t place = TypingPlace(sheet);
   const std::string text = sheet.CurrentText();
   const std::string kept = WithoutLastCharacter(text.substr(0, place));
@@ -175,7 +177,9 @@ bool RowCanMove(Program& program) {
 
 void CopyRow(Grid& sheet, int from, int to) {
   for (int column = 0; column < kMovingColumns; ++column) {
+    const bool filled = sheet.Filled(from, column);
     sheet.Set(to, column, std::string(sheet.Text(from, column)));
+    sheet.SetFilled(to, column, filled);
   }
 }
 
@@ -198,8 +202,10 @@ void LeaveCell(Program& program) {
   Grid& sheet = program.main.Grid1;
   const std::string_view pattern = TraitOf(sheet.column).leave;
   if (sheet.row == 0 || pattern.empty()) return;
+  const bool filled = sheet.Filled(sheet.row, sheet.column);
   try {
     SetCurrentText(sheet, FormatText(sheet.CurrentText(), pattern));
+    if (filled) sheet.SetFilled(sheet.row, sheet.column, true);
   } catch (const RunTimeFault&) {
     // The text stays as typed: a fault here would keep the cursor from ever leaving the cell.
   }
@@ -245,6 +251,36 @@ void mnuDeleteRow_Click(Program& program) {
   for (int row = sheet.row + 1; row < sheet.rows(); ++row) CopyRow(sheet, row, row - 1);
   EmptyRow(sheet, sheet.rows() - 1);
   sheet.SetCurrent(sheet.row, sheet.column);
+}
+
+namespace {
+
+// Calls `work` with row and column of every cell that the program filled in.
+template <typename Work>
+void ForEachFilled(const Grid& sheet, Work work) {
+  for (int row = 1; row < sheet.rows(); ++row) {
+    for (int column = 0; column < sheet.column_count(); ++column) {
+      if (sheet.Filled(row, column)) work(row, column);
+    }
+  }
+}
+
+}  // namespace
+
+void OfferClearFilled(Program& program) {
+  bool any = false;
+  ForEachFilled(program.main.Grid1, [&](int, int) { any = true; });
+  program.main.mnuClearFilled.enabled = any && ReachOf(program, "Grid1") == Reach::kUsable;
+}
+
+void mnuClearFilled_Click(Program& program) {
+  Grid& sheet = program.main.Grid1;
+  int cleared = 0;
+  ForEachFilled(sheet, [&](int row, int column) {
+    sheet.Set(row, column, "");
+    ++cleared;
+  });
+  Say(program, (cleared == 1 ? words::kFilledCellCleared : words::kFilledCellsCleared)(GeneralText(cleared)));
 }
 
 SpokenSentence ColumnHint(int column) {

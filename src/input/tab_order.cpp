@@ -23,9 +23,11 @@ bool TakesFocus(const NamedControl& control) {
 }  // namespace
 
 std::string NextInTabOrder(Program& program, std::string_view control, bool back) {
-  std::vector<NamedControl> order = ControlsOf(program.main);
+  const ControlFacts* facts = FactsOf(control);
+  const bool in_stakes = facts != nullptr && facts->parent == "frmStakes";
+  std::vector<NamedControl> order = in_stakes ? ControlsOf(program.stakes) : ControlsOf(program.main);
   const std::vector<NamedControl> desk = ControlsOf(program.desk);
-  order.insert(order.end(), desk.begin(), desk.end());
+  if (!in_stakes) order.insert(order.end(), desk.begin(), desk.end());
   if (back) std::reverse(order.begin(), order.end());
   auto from = std::find_if(order.begin(), order.end(), [&](const NamedControl& c) { return c.name == control; });
   if (from == order.end()) return std::string(control);

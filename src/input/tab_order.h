@@ -7,8 +7,8 @@
 
 namespace torvale {
 
-// The control of the main screen that Tab leads to from `control`, or with `back` Shift+Tab: the next in the order of
-// the screen that the user can reach, round the ends.
+// The control of the main screen or of the stakes that Tab leads to from `control`, or with `back` Shift+Tab: the next
+// in the order of the screen that the user can reach, round the ends.
 std::string NextInTabOrder(Program& program, std::string_view control, bool back);
 
 }  // namespace torvale

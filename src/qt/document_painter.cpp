@@ -20,6 +20,9 @@
 namespace torvale {
 namespace {
 
+constexpr double kPictureDotsPerInch = 128;  // 1,088 wide: sharp on a phone, small enough to send
+constexpr double kMetresPerInch = 0.0254;
+
 // Typefaces as narrow as the columns ask for; where none is there, the desktop's own is drawn narrower.
 const QStringList kTypefaces = {"Arial", "Liberation Sans", "Helvetica", "Nimbus Sans", "DejaVu Sans Condensed"};
 
@@ -232,7 +235,36 @@ class Drawing {
   std::vector<QRectF> ruled_;  // of the page
 };
 
+// Inches down to the foot of what stands lowest on a page.
+double FootOf(Operations page) {
+  double foot = 0;
+  for (const PrintOperation& operation : page) {
+    if (const auto* text = std::get_if<PrintedText>(&operation)) {
+      foot = std::max(foot, text->y + (kAscent + kDescent) * text->points / kPointsPerInch);
+    } else if (const auto* line = std::get_if<PrintedLine>(&operation)) {
+      foot = std::max({foot, line->y1, line->y2});
+    } else if (const auto* box = std::get_if<PrintedBox>(&operation)) {
+      foot = std::max({foot, box->y1, box->y2});
+    }
+  }
+  return foot;
+}
+
 }  // namespace
+
+QImage PictureOf(const Document& document) {
+  constexpr double kMargin = 0.3;  // inches below the last line
+  const Operations page = PagesOf(document).front();
+  const QSizeF inches(kSheetWidth, FootOf(page) + kMargin);
+  QImage picture((inches * kPictureDotsPerInch).toSize(), QImage::Format_RGB32);
+  picture.setDotsPerMeterX(qRound(kPictureDotsPerInch / kMetresPerInch));
+  picture.setDotsPerMeterY(qRound(kPictureDotsPerInch / kMetresPerInch));
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  Drawing(picture, painter).Page(page);
+  return picture;
+}
 
 void UseLetterPaper(QPagedPaintDevice& device) {
   device.setPageLayout(

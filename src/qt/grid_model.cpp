@@ -7,6 +7,12 @@
 #include "qt/tips.h"
 
 namespace torvale {
+namespace {
+
+constexpr std::string_view kFilledTip =
+    "Grey: the program filled this in. Type over it, or clear it from the Edit menu.";
+
+}  // namespace
 
 // The sizes are those of the last refresh: the grid may grow and shrink in the middle of a calculation, and the table
 // must not learn of it while it draws.
@@ -27,6 +33,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const auto back = grid_.Back(row, index.column());
   const std::string tip =
       InLines({grid_.Mark(row, index.column()), grid_.Tip(row, index.column()),
+               grid_.Filled(row, index.column()) ? kFilledTip : std::string_view(),
                back && !text.empty() ? MeaningOfCellColour(name_, index.column(), *back) : std::string_view()});
   if (tip.empty()) return {};
   // Longer words than those of a colour are to wrap.

@@ -17,6 +17,10 @@ constexpr int kHeadingStretch = 87;  // percent: headings are set narrow
 constexpr int kHeadingMargin = 2;    // pixels
 constexpr int kCellMargin = 3;       // pixels
 
+constexpr int kDarkBase = 128;  // of 255
+const QColor kFilledOnLight(0x6b, 0x6b, 0x6b);
+const QColor kFilledOnDark(0xa0, 0xa0, 0xa0);
+
 bool Between(int value, int one, int other) {
   return value >= std::min(one, other) && value <= std::max(one, other);
 }
@@ -55,6 +59,9 @@ QColor TextColour(const Grid& grid, int row, int column, const QPalette& palette
   const auto fore = grid.Fore(row, column) ? grid.Fore(row, column) : grid.control.fore;
   if (!grid.Mark(row, column).empty()) return ToQt(kBlack);
   if (BackOf(grid, row, column)) return ToQt(fore.value_or(kBlack));
+  // Grey, dark or light enough to be read, for what the program filled in.
+  if (grid.Filled(row, column))
+    return palette.color(QPalette::Base).lightness() < kDarkBase ? kFilledOnDark : kFilledOnLight;
   // Black on a cell without a colour of its own is the plain text colour, which a dark desktop turns light.
   return fore && *fore != kBlack ? ToQt(*fore) : palette.color(QPalette::Text);
 }

@@ -78,8 +78,12 @@ MainWindow::MainWindow(Program& program)
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
   profile_ = new ProfileWindow(
       program_, [this](const std::function<void()>& work) { Run(work); }, this);
-  versions_ = new EarlierVersionsWindow(
-      program_, [this](const std::function<void()>& work) { Run(work); }, this);
+  versions_ = new ListWindow(
+      program_, ControlsOf(program_.versions), "Grd_EarlierVersions", "btnCloseVersions",
+      [this](const std::function<void()>& work) { Run(work); }, this);
+  stakes_ = new ListWindow(
+      program_, ControlsOf(program_.stakes), "Grd_Stakes", "btnCloseStakes",
+      [this](const std::function<void()>& work) { Run(work); }, this);
   help_ = std::make_unique<HelpWindow>(
       program_, [this](const std::function<void()>& work) { Run(work); }, *this);
   MakeControls();
@@ -142,6 +146,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   soils_->Sync();
   profile_->Sync();
   versions_->Sync();
+  stakes_->Sync();
   help_->Sync();
   event->accept();
 }

@@ -15,9 +15,9 @@
 
 #include "qt/control_view.h"
 #include "qt/desk_view.h"
-#include "qt/earlier_versions_window.h"
 #include "qt/grid_view.h"
 #include "qt/help_window.h"
+#include "qt/list_window.h"
 #include "qt/menu_view.h"
 #include "qt/profile_window.h"
 #include "qt/soils_window.h"
@@ -105,7 +105,8 @@ class MainWindow final : public QMainWindow {
   QShortcut* cancel_key_ = nullptr;
   SoilsWindow* soils_ = nullptr;
   ProfileWindow* profile_ = nullptr;
-  EarlierVersionsWindow* versions_ = nullptr;
+  ListWindow* versions_ = nullptr;
+  ListWindow* stakes_ = nullptr;
   std::unique_ptr<HelpWindow> help_;
   std::vector<ControlView> controls_;
   std::unique_ptr<MenuView> menus_;

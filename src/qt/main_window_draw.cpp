@@ -54,6 +54,7 @@ void MainWindow::Sync() {
   soils_->Sync();
   profile_->Sync();
   versions_->Sync();
+  stakes_->Sync();
   help_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
   if (const QString text = ToQt(program_.main.sbStatusBar.caption); status_->text() != text) status_->setText(text);

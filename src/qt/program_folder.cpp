@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "files/pipe_strengths.h"
 #include "files/preferences.h"
 #include "files/soils.h"
 #include "qt/scale.h"
@@ -16,8 +17,8 @@ namespace {
 constexpr QFile::Permissions kAllRead = QFile::ReadOwner | QFile::ReadUser | QFile::ReadGroup | QFile::ReadOther;
 constexpr QFile::Permissions kOwnerWrites = kAllRead | QFile::WriteOwner | QFile::WriteUser;
 
-bool IsWrittenByTheProgram(const QString& name) {
-  return name == ToQt(kDefaultsFile) || name == ToQt(kSoilsFile);
+bool IsTheUsersOwn(const QString& name) {
+  return name == ToQt(kDefaultsFile) || name == ToQt(kSoilsFile) || name == ToQt(kSafeHeadsFile);
 }
 
 // A copy beside its programs holds those too.
@@ -53,7 +54,7 @@ void Fill(const QDir& user, const QDir& installed) {
   for (const QFileInfo& entry : installed.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
     const QString own = user.filePath(entry.fileName());
     if (IsAProgram(entry)) continue;
-    if (IsWrittenByTheProgram(entry.fileName())) {
+    if (IsTheUsersOwn(entry.fileName())) {
       CopyOnce(entry.filePath(), own);
     } else {
       Link(entry, own);

@@ -46,6 +46,7 @@ class QtHost final : public Host {
   bool Print(const Document& document) override;
   void Preview(const Document& document) override;
   bool WritePdf(const Document& document, const std::string& path) override;
+  bool WritePicture(const Document& document, const std::string& path) override;
   bool PrintProfile() override;
   bool WriteProfile(const std::string& path) override;
   std::string ClipboardText() override;

@@ -101,6 +101,12 @@ bool QtHost::WritePdf(const Document& document, const std::string& path) {
   return painted && WriteBuffer(buffer, path);
 }
 
+bool QtHost::WritePicture(const Document& document, const std::string& path) {
+  QBuffer buffer;
+  buffer.open(QBuffer::WriteOnly);
+  return PictureOf(document).save(&buffer, "PNG") && WriteBuffer(buffer, path);
+}
+
 bool QtHost::WriteBuffer(const QBuffer& buffer, const std::string& path) {
   const QByteArray& bytes = buffer.data();
   const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));

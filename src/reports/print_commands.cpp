@@ -63,10 +63,10 @@ bool NeedPrinter(Program& program) {
   return false;
 }
 
-void PrintCopies(Program& program, Report report, int copies) {
+void PrintCopies(Program& program, const MakeDocument& make, int copies) {
   Guard(program, [&] {
     for (int copy = 1; copy <= copies; ++copy) {
-      if (program.host.Print(MakeReport(program, report))) continue;
+      if (program.host.Print(make())) continue;
       Tell(program, words::kReportNotTaken);
       return;
     }
@@ -74,12 +74,16 @@ void PrintCopies(Program& program, Report report, int copies) {
 }
 
 void PrintWithDialog(Program& program, Report report) {
-  if (!NeedPrinter(program) || !GoOnThoughStale(program)) return;
-  const std::optional<int> copies = program.host.PrinterDialog();
-  if (copies) PrintCopies(program, report, *copies);
+  if (GoOnThoughStale(program)) PrintWithDialog(program, [&] { return MakeReport(program, report); });
 }
 
 }  // namespace
+
+void PrintWithDialog(Program& program, const MakeDocument& make) {
+  if (!NeedPrinter(program)) return;
+  const std::optional<int> copies = program.host.PrinterDialog();
+  if (copies) PrintCopies(program, make, *copies);
+}
 
 void mnuPrintSummary_Click(Program& program) {
   PrintWithDialog(program, Report::kSummary);
@@ -94,18 +98,28 @@ void mnuPrtHoleSummary_Click(Program& program) {
 }
 
 void PrintAtOnce(Program& program, Report report) {
-  if (NeedPrinter(program) && GoOnThoughStale(program)) PrintCopies(program, report, 1);
+  if (!NeedPrinter(program) || !GoOnThoughStale(program)) return;
+  PrintCopies(
+      program, [&] { return MakeReport(program, report); }, 1);
+}
+
+void PreviewDocument(Program& program, const MakeDocument& make) {
+  if (!GoOnThoughStale(program)) return;
+  Guard(program, [&] { program.host.Preview(make()); });
 }
 
 void mnuPreview_Click(Program& program, int index) {
-  if (!GoOnThoughStale(program)) return;
-  Guard(program, [&] { program.host.Preview(MakeReportAside(program, static_cast<Report>(index))); });
+  PreviewDocument(program, [&] { return MakeReportAside(program, static_cast<Report>(index)); });
 }
 
 void mnuExportPdf_Click(Program& program, int index) {
+  ExportPdf(program, [&] { return MakeReportAside(program, static_cast<Report>(index)); });
+}
+
+void ExportPdf(Program& program, const MakeDocument& make) {
   if (!GoOnThoughStale(program)) return;
   Guard(program, [&] {
-    const Document document = MakeReportAside(program, static_cast<Report>(index));
+    const Document document = make();
     const auto path = ChooseExport(program, {"Export as PDF", kPdfFilter, document.title, {".pdf"}});
     if (!path) return;
     if (program.host.WritePdf(document, *path)) {

@@ -1,8 +1,18 @@
 #pragma once
 
+#include <functional>
+
 #include "screen/program.h"
 
 namespace torvale {
+
+// Makes what is to be printed, anew for each copy.
+using MakeDocument = std::function<Document()>;
+
+// What each report does with a document: the printer dialog and the copies, the preview, a file that a dialog asks for.
+void PrintWithDialog(Program& program, const MakeDocument& make);
+void PreviewDocument(Program& program, const MakeDocument& make);
+void ExportPdf(Program& program, const MakeDocument& make);
 
 // The reports, in the order of their entries in the file menu.
 enum class Report : int { kSummary, kComplete, kHoleSummary };

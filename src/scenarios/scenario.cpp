@@ -118,6 +118,8 @@ void TakeWarnings(Program& program, const std::vector<Told>& told, ScenarioResul
     if (control == nullptr || !control->visible || control->back != kYellow) continue;
     result.warnings.push_back(WithoutColour(MeaningOfColour(name, kYellow)));
   }
+  if (const std::string& mark = program.main.frmDisplayLbl[Figure::kMaxHead].mark; !mark.empty())
+    result.warnings.push_back(mark);
 }
 
 void TakeFigures(const Program& program, ScenarioResult& result) {

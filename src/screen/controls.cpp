@@ -108,6 +108,7 @@ void Grid::Resize(int rows, int column_count) {
 
 void Grid::Clear() {
   cells_.Clear();
+  filled_ = TextGrid();
   std::fill(looks_.begin(), looks_.end(), CellLook{});
   ClearTips();
   ClearMarks();
@@ -226,6 +227,19 @@ void Grid::ClearTips() {
 
 void Grid::ClearMarks() {
   ClearNotes(&CellNote::mark);
+}
+
+bool Grid::Filled(int r, int c) const {
+  if (r >= filled_.rows() || c >= filled_.columns()) return false;
+  const std::string& text = filled_.Text(r, c);
+  return !text.empty() && text == cells_.Text(r, c);
+}
+
+void Grid::SetFilled(int r, int c, bool filled) {
+  if (!filled && (r >= filled_.rows() || c >= filled_.columns())) return;
+  if (filled) filled_.Resize(rows(), column_count());
+  filled_.Set(r, c, filled ? std::string_view(cells_.Text(r, c)) : std::string_view());
+  ++look_revision_;
 }
 
 }  // namespace torvale

@@ -215,6 +215,11 @@ class Grid {
   void ClearTips();
   void ClearMarks();
 
+  // Whether the text of a cell is one that the program filled in, and nobody has put another in its place.
+  bool Filled(int r, int c) const;
+  // Remembers that the text that stands in the cell was filled in, or forgets it.
+  void SetFilled(int r, int c, bool filled);
+
  private:
   struct CellLook {
     std::optional<Colour> back;
@@ -233,6 +238,7 @@ class Grid {
   void ClearNotes(std::string CellNote::*part);
 
   TextGrid cells_;
+  TextGrid filled_;  // what was filled in, cell by cell; without a cell while nothing was
   std::vector<CellLook> looks_;
   std::map<std::pair<int, int>, CellNote> notes_;  // few cells have one
   std::uint64_t look_revision_ = 0;

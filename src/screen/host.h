@@ -59,6 +59,10 @@ class Host {
   virtual bool PrintProfile() { return false; }
   virtual bool WriteProfile(const std::string& /*path*/) { return false; }
 
+  // Writes the first page of the document to a file as a PNG picture, as wide as the sheet and as long as what stands
+  // on it. False where the file can't be written, and on a desktop that draws nothing.
+  virtual bool WritePicture(const Document& /*document*/, const std::string& /*path*/) { return false; }
+
   // The desktop's clipboard as text, UTF-8, with line ends as the desktop has them; empty where it holds no text.
   virtual std::string ClipboardText() = 0;
   // Puts text on the clipboard in the place of what is there; an empty text empties it.

@@ -43,17 +43,17 @@ struct MainScreen {
   // Menus
   Control mnuFile, mnuFileNew, mnuFileOpen, mnuFileSave, mnuFileSaveAs, mnuFileEarlier, mnuFileBringBack, mnuFileBar3,
       mnuPrintComplete, mnuPrintSummary, mnuPrtHoleSummary, mnuPrintPreview, mnuExport, mnuExportCsv, mnuExportHoleCsv,
-      mnuFileExit;
+      mnuExportPhone, mnuExportPicture, mnuFileExit;
   // The summary, the complete design and the hole summary
   std::array<Control, 3> mnuPreview, mnuExportPdf;
   std::array<Control, 4> mnuFileList;
   Control mnuEdit, mnuEditUndo, mnuEditRedo, mnuEditCut, mnuEditCopy, mnuEditPaste, mnuInsertRow, mnuDeleteRow,
-      mnuSoils_and_Furrow, mnuSurveyCopy;
+      mnuClearFilled, mnuSoils_and_Furrow, mnuSurveyCopy;
   Control mnuPreference;
   Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
       mnuExistingDesign, mnuManHoleSelection, mnuBestHoles;
   Control mnuTypeOfPipe, mnuLayflatPipe, mnuRigidPipe;
-  Control mnuView, mnuZoom;
+  Control mnuView, mnuStakes, mnuZoom;
   std::array<Control, 3> mnuDesk;  // by section of the desk
   std::array<Control, 7> mnuZoomTo;
   Control mnuWindowInfo, mnuProfile, mnuHelp, mnuHelpContents, mnuHelpScreen, mnuHelpFirstSteps, mnuHelpAbout;

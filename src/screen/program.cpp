@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/format.h"
+#include "base/numbers.h"
 
 namespace torvale {
 namespace {
@@ -45,6 +46,7 @@ std::vector<Entry> MakeDirectory() {
   Enter<&Program::help>(all);
   Enter<&Program::versions>(all);
   Enter<&Program::desk>(all);
+  Enter<&Program::stakes>(all);
   std::sort(all.begin(), all.end(), [](const Entry& a, const Entry& b) { return a.facts->name < b.facts->name; });
   for (Entry& entry : all) entry.parent = Find(all, entry.facts->parent);
   return all;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "engine/engine_host.h"
+#include "engine/safe_head.h"
 #include "record/design_record.h"
 #include "screen/crown_profile_screen.h"
 #include "screen/desk.h"
@@ -16,6 +17,7 @@
 #include "screen/main_screen.h"
 #include "screen/running.h"
 #include "screen/splash_screen.h"
+#include "screen/stakes_screen.h"
 #include "screen/survey_remark.h"
 
 namespace torvale {
@@ -46,7 +48,9 @@ struct Program {
   HelpScreen help;
   EarlierVersionsScreen versions;
   DeskScreen desk;
-  SurveyRemarks remarks;  // what is wrong with the survey, in words
+  StakesScreen stakes;
+  PipeStrengths pipe_strengths;  // as the table in the program's folder has them
+  SurveyRemarks remarks;         // what is wrong with the survey, in words
   Running running;
   EventsInWork events;
   // Count the moments at which all that is on the screen was in a file of its own or dropped on purpose (a design saved

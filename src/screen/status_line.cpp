@@ -1,5 +1,7 @@
 #include "screen/status_line.h"
 
+#include "screen/fields.h"
+
 namespace torvale {
 
 void Say(Program& program, const SpokenSentence& sentence) {
@@ -18,6 +20,7 @@ void SayMark(Program& program, const Control& control) {
 
 void ForgetNews(Program& program) {
   program.main.sbStatusBar.caption.clear();
+  program.main.frmDisplayLbl[Figure::kMaxHead].mark.clear();
 }
 
 const std::string& News(const Program& program) {

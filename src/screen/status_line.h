@@ -16,7 +16,8 @@ void Say(Program& program, const SpokenSentence& sentence);
 void SayToo(Program& program, const SpokenSentence& sentence);
 // Tells what is wrong with a control, as its mark says.
 void SayMark(Program& program, const Control& control);
-// A run begins, or a design is gone: what was told of the one before is no longer true.
+// A run begins, or a design is gone: what was told of the one before, the warning of its highest head too, is no longer
+// true.
 void ForgetNews(Program& program);
 // What stands in the line.
 const std::string& News(const Program& program);

@@ -74,6 +74,19 @@ inline constexpr Sentence<1> kFirstStationTaken{
 inline constexpr Sentence<0> kTableCannotBeMade{
     "The table can not be made from the survey as it is now: see its stations, and run the design again."};
 
+inline constexpr Sentence<3> kHolesTooSmall{
+    "At the target head of {} feet the holes let {} GPM out, less than the {} GPM that are pumped: take larger holes "
+    "or "
+    "more of them, or pump less."};
+inline constexpr Sentence<2> kHolesTooLarge{
+    "The holes are too large for the flow: {} GPM would stand {} feet high over them. Take smaller holes or fewer of "
+    "them."};
+inline constexpr Sentence<1> kHeadLost{
+    "The line loses all its head by station {}, where the crown is too high for it: see the readings there, or raise "
+    "the Target Head."};
+inline constexpr Sentence<5> kHeadTooHigh{
+    "The head of {} feet at station {} is more than the {} feet that {}-inch tubing of {} mil is to bear."};
+
 // ---- best holes ----
 
 inline constexpr Message<0> kStretchesOutOfRange{"The number of stretches must be a whole number from 1 to 64.",
@@ -109,6 +122,39 @@ inline constexpr Sentence<1> kNeitherRectangleNorCircle{"{} is neither R nor C."
 inline constexpr Sentence<0> kStraightQuotes{"Straight quotation marks are saved as closing ones."};
 inline constexpr Sentence<0> kCaretInCell{
     "Left, Right, Home and End move in the cell, Delete takes the next character; Esc takes everything back"};
+
+inline constexpr Sentence<1> kFilledCellCleared{"{} cell that the program had filled in cleared"};
+inline constexpr Sentence<1> kFilledCellsCleared{"{} cells that the program had filled in cleared"};
+inline constexpr Sentence<0> kStakesTooNear{
+    "Stakes stand at least 1 foot apart: until a distance is entered, they stand 100 feet apart."};
+
+// ---- what is wrong with the survey, as the marks of its cells ----
+
+inline constexpr Sentence<3> kCellWrong{"Row {}, {}: {}"};
+inline constexpr Sentence<3> kCommaInCell{
+    "Row {}, {}: only the digits ahead of the comma are read. Write {} with a point."};
+inline constexpr Sentence<2> kNoSuchHoleSize{
+    "Row {}, hole size: {} is not among the hole sizes, and the row gets no hole. Take one with the keys + and -."};
+inline constexpr Sentence<0> kFirstRowNotZero{
+    "Row 1, station: it must be 0. Measure the stations from the head of the line."};
+inline constexpr Sentence<1> kStationTwice{
+    "Row {}, station: it is the same as in the row above. Correct it, or delete the row."};
+inline constexpr Sentence<3> kStationFalls{
+    "Row {}, station: {} lies ahead of {} in the row above. Stations must rise: correct it, or move the row."};
+inline constexpr Sentence<4> kReadingJumps{
+    "Row {}, {}: it is {} feet off the one before, more than the crown warning of {} feet. Check the reading, or the "
+    "limit in the preferences."};
+inline constexpr Sentence<2> kRowIsEmpty{
+    "Row {} is empty, so that the survey ends at station {}. Fill it, or delete it."};
+inline constexpr Sentence<1> kStationOfCellMissing{"Row {}, station: it is missing. Enter it, or empty the row."};
+inline constexpr Sentence<2> kRowEndsSurvey{
+    "Row {} has neither furrow length nor hole size, so that the survey ends at station {}. Enter a hole size, or 0 "
+    "where nothing is watered."};
+inline constexpr Sentence<1> kFirstRowMissing{"Row 1, {}: it is missing. Enter it; the rows below take it from here."};
+inline constexpr Sentence<1> kLengthOfRowMissing{
+    "Row {}, furrow length: it is missing. Enter it at the first watered row and wherever it changes."};
+inline constexpr Sentence<1> kWidthOfRowMissing{
+    "Row {}, planted furrow width: it is missing, so that acres and hours come out as 0."};
 
 // ---- clipboard ----
 
@@ -146,6 +192,9 @@ inline constexpr Message<1> kSoilsNotOpened{
     "Error number {} opening Soils and Rcommended furrow GPM file. Make sure the File SoilsName.txt is in the same "
     "folder as the TORVALE program"};
 inline constexpr Message<1> kSoilsNotSaved{"Error number {} while saving file. "};
+inline constexpr Message<2> kSafeHeadLeftOut{"Line {} of SafeHeads.txt is left out. {}"};
+inline constexpr Message<3> kSafeHeadsLeftOut{"Line {} of SafeHeads.txt is left out, and {} more below it. {}"};
+inline constexpr Message<1> kSafeHeadsNotRead{"SafeHeads.txt could not be read: {}. No safe heads are known."};
 inline constexpr Message<2> kTableNotWritten{"{} could not be written: {}."};
 inline constexpr Message<1> kReportNotWritten{"The report could not be written to {}.", "Export as PDF"};
 inline constexpr Message<1> kPictureNotWritten{

@@ -128,6 +128,12 @@ bool HeadlessHost::WritePdf(const Document& document, const std::string& path) {
   return true;
 }
 
+bool HeadlessHost::WritePicture(const Document& document, const std::string& path) {
+  transcript_ << "picture " << Quoted(document.title) << ' ' << Quoted(path) << '\n';
+  printed_.push_back(document);
+  return true;
+}
+
 bool HeadlessHost::PrintProfile() {
   transcript_ << "crown profile printed\n";
   return true;

@@ -70,6 +70,7 @@ class HeadlessHost final : public Host {
   bool Print(const Document& document) override;
   void Preview(const Document& document) override;
   bool WritePdf(const Document& document, const std::string& path) override;
+  bool WritePicture(const Document& document, const std::string& path) override;
   bool PrintProfile() override;
   bool WriteProfile(const std::string& path) override;
   std::string ClipboardText() override { return clipboard_; }

@@ -232,12 +232,36 @@ void mnuWindowInfo_Click(Program& program) {
   cmdInterpolate_Click(program);
 }
 
+namespace {
+
+// Which cells of the sheet hold nothing.
+std::vector<bool> EmptyCells(const Grid& sheet) {
+  std::vector<bool> empty;
+  for (int row = 0; row < sheet.rows(); ++row) {
+    for (int column = 0; column < sheet.column_count(); ++column) empty.push_back(sheet.Text(row, column).empty());
+  }
+  return empty;
+}
+
+void RememberFilled(Grid& sheet, const std::vector<bool>& were_empty) {
+  std::size_t place = 0;
+  for (int row = 0; row < sheet.rows(); ++row) {
+    for (int column = 0; column < sheet.column_count(); ++column, ++place) {
+      if (were_empty[place] && !sheet.Text(row, column).empty()) sheet.SetFilled(row, column, true);
+    }
+  }
+}
+
+}  // namespace
+
 void cmdInterpolate_Click(Program& program) {
   MainScreen& main = program.main;
   program.running.input.clear();  // what is filled in here is nothing that the user changed
+  const std::vector<bool> were_empty = EmptyCells(main.Grid1);
   const SurveyEnd end = InterpolateSurvey(
       program.record, main.Grid1.cells(),
       {TextOf(main, Preference::kFurrowSpacing), TextOf(main, Preference::kHoleCount), TextOf(main, Preference::kMil)});
+  RememberFilled(main.Grid1, were_empty);
   if (end.cursor) main.Grid1.SetCurrent(end.cursor->row, end.cursor->column);
   switch (end.way) {
     case SurveyEnd::Way::kFault:

@@ -1,6 +1,7 @@
 #include "search/flow_run.h"
 
 #include <limits>
+#include <string>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
@@ -9,6 +10,7 @@
 #include "engine/flow_calc.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
+#include "screen/status_line.h"
 #include "screen/words.h"
 
 namespace torvale {
@@ -20,6 +22,22 @@ class QuietEngineHost final : public ScreenEngineHost {
   using ScreenEngineHost::ScreenEngineHost;
   long Yield(long /*due*/) override { return std::numeric_limits<long>::max(); }
 };
+
+// Nothing is said where no cause can be found.
+void SayCause(Program& program, const GiveUpCause& cause) {
+  constexpr double kFilled = 0.05;  // feet: with less than that over its holes no line is filled
+  // The flow out of a hole goes with the root of the head.
+  const double share = cause.capacity > 0 ? cause.wanted / cause.capacity : 0;
+  const double level = cause.head * share * share;
+  const std::string wanted = Format(cause.wanted, "#####0");
+  if (cause.capacity < cause.wanted) {
+    Say(program, words::kHolesTooSmall(GeneralText(cause.head), Format(cause.capacity, "#####0"), wanted));
+  } else if (level < kFilled) {
+    Say(program, words::kHolesTooLarge(wanted, Format(level, "0.000")));
+  } else if (cause.empty_station) {
+    Say(program, words::kHeadLost(Format(*cause.empty_station, "####0")));
+  }
+}
 
 void TellTryLimit(Program& program, int fail_row) {
   const DesignRecord& record = program.record;
@@ -43,6 +61,7 @@ void RunFlowCalc(Program& program, EngineHost& host, int& tries) {
     case FlowEnd::Way::kCancelled:
       return;
     case FlowEnd::Way::kTryLimit:
+      SayCause(program, end.cause);
       TellTryLimit(program, end.fail_row);
       main.cmdCancel.visible = false;
       main.cmdInterpolate.visible = true;

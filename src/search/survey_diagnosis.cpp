@@ -73,6 +73,10 @@ SpokenSentence LengthSentence(const DesignRecord& record) {
 
 }  // namespace
 
+std::string_view SurveyColumnName(int column) {
+  return kColumnNames.at(static_cast<std::size_t>(column));
+}
+
 SpokenSentence EmptyFieldSentence(const Program& program) {
   for (const NeededField& needed : kNeededFields) {
     if (TextOf(program.main, needed.field).empty()) return needed.sentence;

@@ -28,8 +28,10 @@
 #include "shell/help.h"
 #include "shell/history.h"
 #include "shell/main_form.h"
+#include "shell/phone_export.h"
 #include "shell/recovery.h"
 #include "shell/splash.h"
+#include "shell/stakes.h"
 #include "shell/tool_bar.h"
 
 namespace torvale {
@@ -90,6 +92,8 @@ constexpr Command kCommands[] = {
     {"mnuPreview(2)", mnuPreviewAt_Click<2>},
     {"mnuExportCsv", mnuExportCsv_Click},
     {"mnuExportHoleCsv", mnuExportHoleCsv_Click},
+    {"mnuExportPhone", mnuExportPhone_Click},
+    {"mnuExportPicture", mnuExportPicture_Click},
     {"mnuExportPdf(0)", mnuExportPdfAt_Click<0>},
     {"mnuExportPdf(1)", mnuExportPdfAt_Click<1>},
     {"mnuExportPdf(2)", mnuExportPdfAt_Click<2>},
@@ -119,6 +123,7 @@ constexpr Command kCommands[] = {
     {"mnuSurveyCopy", mnuSurveyCopy_Click},
     {"mnuInsertRow", mnuInsertRow_Click},
     {"mnuDeleteRow", mnuDeleteRow_Click},
+    {"mnuClearFilled", mnuClearFilled_Click},
     {"mnuDesignField", mnuDesignField_Click, kAlone},
     {"mnuExistingDesign", mnuExistingDesign_Click, kAlone},
     {"mnuDesignConstSlope", mnuDesignConstSlope_Click, kAlone},
@@ -128,6 +133,12 @@ constexpr Command kCommands[] = {
     {"mnuBestHoles", mnuBestHoles_Click, kAlone},
     {"mnuLayflatPipe", mnuLayflatPipe_Click, kAlone},
     {"mnuRigidPipe", mnuRigidPipe_Click, kAlone},
+    {"mnuStakes", mnuStakes_Click},
+    {"btnPrintStakes", btnPrintStakes_Click},
+    {"btnPreviewStakes", btnPreviewStakes_Click},
+    {"btnPdfStakes", btnPdfStakes_Click},
+    {"btnCsvStakes", btnCsvStakes_Click},
+    {"btnCloseStakes", btnCloseStakes_Click},
     {"mnuZoomTo(0)", mnuZoomTo_Click<0>},
     {"mnuZoomTo(1)", mnuZoomTo_Click<1>},
     {"mnuZoomTo(2)", mnuZoomTo_Click<2>},

@@ -13,10 +13,9 @@
 #include "screen/words.h"
 
 namespace torvale {
-namespace {
 
-void ExportCsv(Program& program, std::string_view title, std::string_view content, const std::string& text) {
-  const auto path = ChooseExport(program, {title, "Comma separated values (*.csv)|*.csv", content, {".csv"}});
+void ExportText(Program& program, const Export& wanted, const std::string& text) {
+  const auto path = ChooseExport(program, wanted);
   if (!path) return;
   const int error = ErrorOf([&] { WriteBytes(program, *path, text); });
   if (error == 0) {
@@ -26,7 +25,9 @@ void ExportCsv(Program& program, std::string_view title, std::string_view conten
   Tell(program, words::kTableNotWritten(*path, std::generic_category().message(error)));
 }
 
-}  // namespace
+void ExportCsv(Program& program, std::string_view title, std::string_view content, const std::string& text) {
+  ExportText(program, {title, "Comma separated values (*.csv)|*.csv", content, {".csv"}}, text);
+}
 
 void mnuExportCsv_Click(Program& program) {
   if (!GoOnThoughStale(program)) return;
@@ -38,9 +39,11 @@ void mnuExportHoleCsv_Click(Program& program) {
   ExportCsv(program, "Export Hole Summary", "Hole Summary", HoleSummaryCsv(program));
 }
 
-void OfferCsvExport(Program& program) {
+void OfferExports(Program& program) {
   MainScreen& main = program.main;
-  main.mnuExportCsv.enabled = main.mnuExportHoleCsv.enabled = main.Grid2.control.visible;
+  for (Control* entry : {&main.mnuExportCsv, &main.mnuExportHoleCsv, &main.mnuExportPhone, &main.mnuExportPicture}) {
+    entry->enabled = main.Grid2.control.visible;
+  }
 }
 
 }  // namespace torvale

@@ -6,6 +6,7 @@
 #include "display/input_screen.h"
 #include "engine/survey.h"
 #include "input/focus.h"
+#include "input/survey_remarks.h"
 #include "screen/status_line.h"
 #include "shell/desk.h"
 #include "shell/desk_chart.h"
@@ -68,6 +69,7 @@ void EndOutermostEvent(Program& program) {
   KeepAGrid(main);
   OfferInterpolation(program);
   MarkFirstStation(main.Grid1);
+  MarkSurvey(program);
   KeepFirstSteps(program);
   ShowRemarks(program);
   ShowDeskChart(program);

@@ -24,6 +24,7 @@
 #include "shell/csv_export.h"
 #include "shell/event_end.h"
 #include "shell/history.h"
+#include "shell/stakes.h"
 
 namespace torvale {
 namespace {
@@ -280,8 +281,10 @@ void FocusGained(Program& program, std::string_view control) {
 }
 
 void MenuOpened(Program& program, std::string_view menu) {
+  if (menu == "mnuView") OfferStakes(program);
+  if (menu == "mnuEdit") OfferClearFilled(program);
   if (menu != "mnuFile") return;
-  OfferCsvExport(program);
+  OfferExports(program);
   Guarded(program, [&] { mnuFile_Click(program); });
 }
 

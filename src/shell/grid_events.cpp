@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -17,12 +18,14 @@
 #include "shell/events.h"
 #include "shell/grid_keys.h"
 #include "shell/history.h"
+#include "shell/stakes.h"
 
 namespace torvale {
 namespace {
 
 constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
 constexpr std::string_view kVersionsGrid = "Grd_EarlierVersions";
+constexpr std::string_view kStakesGrid = "Grd_Stakes";
 constexpr int kNarrowest = 240;  // twips of a column
 constexpr int kWidest = 15000;   // twips of a column
 constexpr int kWidenStep = 120;  // twips that a key gives or takes
@@ -49,6 +52,8 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
   } else if (IsDeskGrid(grid)) {
     PointPlainly(*FindGrid(program, grid), to, false);
     ShowComparison(program.desk);
+  } else if (grid == kStakesGrid) {
+    PointPlainly(program.stakes.Grd_Stakes, to, extend);
   } else if (extend) {
     ExtendSelection(program, to.row, to.column);
   } else {
@@ -58,9 +63,9 @@ void Point(Program& program, std::string_view grid, Cell to, bool extend) {
 
 // The grid that takes keys and clicks under that name, while the user can reach it.
 Grid* LiveGrid(Program& program, std::string_view name) {
-  const bool takes_keys =
-      name == "Grid1" || name == "Grid2" || name == kSoilsGrid || name == kVersionsGrid || IsDeskGrid(name);
-  if (!takes_keys) return nullptr;
+  constexpr std::array kLive = {std::string_view("Grid1"), std::string_view("Grid2"), kSoilsGrid, kVersionsGrid,
+                                kStakesGrid};
+  if (std::find(kLive.begin(), kLive.end(), name) == kLive.end() && !IsDeskGrid(name)) return nullptr;
   return ReachOf(program, name) == Reach::kUsable ? FindGrid(program, name) : nullptr;
 }
 
@@ -88,6 +93,7 @@ constexpr GridCommand kGridCommands[] = {
     {kSoilsGrid, Key::kPaste, "mnuPaste", mnuPaste_Click},
     {kVersionsGrid, Key::kEnter, "btnOpenVersion", btnOpenVersion_Click},
     {kVersionsGrid, Key::kEscape, "btnCloseVersions", btnCloseVersions_Click},
+    {kStakesGrid, Key::kEscape, "btnCloseStakes", btnCloseStakes_Click},
 };
 
 bool RunGridCommand(Program& program, std::string_view grid, Key key) {
@@ -126,9 +132,10 @@ bool IsSelected(const Grid& grid, Cell cell) {
   return cell.row >= top && cell.row <= bottom && cell.column >= left && cell.column <= right;
 }
 
-// Moves by Tab, or on to the next control. The results have nothing to type in, so Tab leads past them.
+// Moves by Tab, or on to the next control. The results and the stakes have nothing to type in, so Tab leads past them.
 void Tab(Program& program, std::string_view name, const Grid& grid, bool back, bool leave) {
-  const auto to = leave || name == "Grid2" || IsDeskGrid(name) ? std::nullopt : TabTargetOf(grid, back);
+  const bool past = leave || name == "Grid2" || name == kStakesGrid || IsDeskGrid(name);
+  const auto to = past ? std::nullopt : TabTargetOf(grid, back);
   if (to) {
     Point(program, name, *to, false);
   } else if (name != kSoilsGrid) {

@@ -12,6 +12,7 @@
 #include "engine/survey.h"
 #include "files/file_commands.h"
 #include "files/new_design.h"
+#include "files/pipe_strengths.h"
 #include "files/preferences.h"
 #include "files/preferences_panel.h"
 #include "files/soils.h"
@@ -116,6 +117,7 @@ void Form_Load(Program& program) {
   DesignRecord& record = program.record;
   SetGrd_Soils_FurrowFlow(program);
   OpenSoils(program);
+  ReadPipeStrengths(program);
   GridSet(program);
   PlaceMainScreen(program);
   LoadZoom(program);

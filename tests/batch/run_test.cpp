@@ -236,7 +236,7 @@ TEST_F(BatchTest, WorksTheSameTableWhateverTheNumberOfThreads) {
     const std::string out = "out" + std::to_string(threads);
     BatchOptions options = Options(folder, out);
     options.pool.threads = threads;
-    options.papers = {true, true, true};
+    options.papers = {true, true, true, true, true};
     EXPECT_EQ(RunAs(options).status, kBatchDone);
     const std::string results = folder.Read(out + "/results.csv");
     if (first.empty()) first = results;
@@ -246,6 +246,27 @@ TEST_F(BatchTest, WorksTheSameTableWhateverTheNumberOfThreads) {
               folder.Read("out1/00007-Field_7/existing complete.pdf"));
   }
   EXPECT_EQ(std::count(first.begin(), first.end(), '\n'), 1 + 10 * 3);
+}
+
+// A crown that dips: the design of one slope fills it up, the planned one lays no crown.
+TEST_F(BatchTest, WritesWhatTheCrewNeeds) {
+  folder.Write("dip.csv",
+               "0,100.00,1000,10,15,3/8,1,10,10\n50,99.90,1000,10,15,3/8,1,10,10\n"
+               "100,99.97,1100,10,15,3/8,1,10,10\n");
+  folder.Write("fields.csv",
+               "name,gpm,target head,survey kind,survey,designs,stake interval,crown width\n"
+               "<Dip>,6.6,2,E,dip.csv,planned constant,25,6\n");
+  BatchOptions options = Options(folder);
+  options.papers.phone = options.papers.stakes = true;
+  EXPECT_EQ(RunAs(options).status, kBatchDone);
+  const std::string field = "out/00001-_Dip_/";
+  EXPECT_THAT(folder.Read(field + "planned phone.html"), HasSubstr("<h1>&lt;Dip&gt;</h1>"));
+  EXPECT_FALSE(std::filesystem::exists(folder / (field + "planned stakes.csv")));
+  const std::string stakes = folder.Read(field + "constant stakes.csv");
+  EXPECT_THAT(stakes, testing::StartsWith("Station (feet),Existing Elevation (feet),"));
+  EXPECT_EQ(std::count(stakes.begin(), stakes.end(), '\n'), 1 + 5);  // 0, 25, 50, 75 and 100
+  EXPECT_THAT(stakes, HasSubstr("\r\n50,99.90,"));
+  EXPECT_THAT(folder.Read(field + "constant stakes.pdf"), testing::StartsWith("%PDF"));
 }
 
 TEST_F(BatchTest, DoesOnlyWhatIsMissingOrChanged) {

@@ -34,19 +34,20 @@ TEST(Statements, PrintsFieldsCellsAndControls) {
             "Grid1[2,0] = \"100\"\nGrid1[3,0] = \"\"\n");
 }
 
+// The grid of results, where nothing is said of a cell.
 TEST(Statements, FillWritesRowsOfCellsAsTheyStand) {
   const Result result = Replayed(
-      "cell Grid1 3 1 \"stays\"\n"
-      "fill Grid1 2 0\n"
+      "cell Grid2 3 1 \"stays\"\n"
+      "fill Grid2 2 0\n"
       "100\t5.2\t\"1320\"\n"
       "200\n"
       "\t#\n"
       "end\n"
-      "show Grid1[2,0] Grid1[2,1] Grid1[2,2] Grid1[3,0] Grid1[3,1] Grid1[4,1]\n");
+      "show Grid2[2,0] Grid2[2,1] Grid2[2,2] Grid2[3,0] Grid2[3,1] Grid2[4,1]\n");
   EXPECT_EQ(result.errors, "");
   EXPECT_EQ(result.transcript,
-            "Grid1[2,0] = \"100\"\nGrid1[2,1] = \"5.2\"\nGrid1[2,2] = \"\\\"1320\\\"\"\nGrid1[3,0] = \"200\"\n"
-            "Grid1[3,1] = \"stays\"\nGrid1[4,1] = \"#\"\n");
+            "Grid2[2,0] = \"100\"\nGrid2[2,1] = \"5.2\"\nGrid2[2,2] = \"\\\"1320\\\"\"\nGrid2[3,0] = \"200\"\n"
+            "Grid2[3,1] = \"stays\"\nGrid2[4,1] = \"#\"\n");
 }
 
 TEST(Statements, AHiddenControlRefusesAClick) {

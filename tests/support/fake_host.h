@@ -106,6 +106,11 @@ class FakeHost final : public Host {
     if (printer_works) pdfs[path] = document;
     return printer_works;
   }
+  std::map<std::string, Document> pictures;  // by path
+  bool WritePicture(const Document& document, const std::string& path) override {
+    if (printer_works) pictures[path] = document;
+    return printer_works;
+  }
   std::string clipboard;
   std::string ClipboardText() override { return clipboard; }
   void SetClipboardText(std::string_view text) override { clipboard = text; }

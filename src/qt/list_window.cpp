@@ -1,0 +1,154 @@
+#include "qt/list_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <algorithm>
+#include <utility>
+
+#include "qt/grid_view.h"
+#include "shell/commands.h"
+#include "shell/events.h"
+#include "shell/help.h"
+
+namespace torvale {
+
+ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close,
+                       Run run, QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      program_(program),
+      run_(std::move(run)),
+      grid_(std::move(grid)),
+      close_(std::move(close)) {
+  setWindowModality(Qt::WindowModal);
+  for (const NamedControl& named : controls) {
+    if (named.kind == ControlKind::kFrame) {
+      window_ = named.control;
+      setObjectName(ToQt(named.name));
+      continue;
+    }
+    controls_.push_back(MakeControlView(named, this));
+    Connect(controls_.back());
+  }
+  NameFields();
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  connect(help, &QShortcut::activated, this,
+          [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, grid_)); }); });
+}
+
+void ListWindow::Connect(const ControlView& view) {
+  const std::string name(view.named.name);
+  const ControlFacts& facts = *view.named.facts;
+  view.widget->setAccessibleName(ToQt(facts.spoken.empty() ? facts.caption : facts.spoken).remove('&'));
+  view.widget->installEventFilter(this);
+  if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
+    connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
+  } else if (auto* edit = qobject_cast<QLineEdit*>(view.widget)) {
+    ConnectField(*edit, name);
+  } else if (view.named.kind == ControlKind::kGrid) {
+    ConnectGrid(view);
+  } else if (auto* label = qobject_cast<QLabel*>(view.widget)) {
+    label->setWordWrap(true);
+  }
+}
+
+void ListWindow::ConnectField(QLineEdit& edit, const std::string& name) {
+  const auto select = [this, &edit, name] {
+    if (!syncing_ && edit.hasFocus()) SelectText(program_, name, SelectionOf(edit));
+  };
+  connect(&edit, &QLineEdit::textEdited, this, [this, name, select](const QString& text) {
+    if (syncing_) return;
+    run_([&] {
+      TypeText(program_, name, text.toStdString());
+      select();
+    });
+  });
+  connect(&edit, &QLineEdit::selectionChanged, this, select);
+  connect(&edit, &QLineEdit::cursorPositionChanged, this, select);
+}
+
+void ListWindow::ConnectGrid(const ControlView& view) {
+  const std::string name(view.named.name);
+  GridEvents events;
+  events.key = [this, name](const KeyStroke& stroke) { run_([&] { GridKey(program_, name, stroke); }); };
+  events.point = [this, name](int row, int column, bool extend) {
+    run_([&] { GridPoint(program_, name, row, column, extend); });
+  };
+  static_cast<GridView&>(*view.widget).Connect(std::move(events));
+}
+
+// A field is called what the label ahead of it in the table says.
+void ListWindow::NameFields() {
+  for (std::size_t i = 1; i < controls_.size(); ++i) {
+    if (controls_[i].named.kind != ControlKind::kField) continue;
+    controls_[i].widget->setAccessibleName(ToQt(controls_[i - 1].named.facts->caption).remove(':').trimmed());
+  }
+}
+
+void ListWindow::RunClick(const std::string& name) {
+  run_([&] { Click(program_, name); });
+}
+
+// Esc comes here from whatever has the focus, since nothing in the window takes it.
+void ListWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return RunClick(close_);
+  QWidget::keyPressEvent(event);
+}
+
+void ListWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  RunClick(close_);
+}
+
+bool ListWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn && !syncing_) {
+    run_([&] { FocusGained(program_, watched->objectName().toStdString()); });
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+// As large as what stands in it, with the same margin on every side.
+void ListWindow::FitSize() {
+  QRect all;
+  for (const ControlView& view : controls_) all = all.united(view.widget->geometry());
+  setFixedSize(all.right() + 1 + all.left(), all.bottom() + 1 + all.top());
+}
+
+void ListWindow::DrawControls() {
+  for (ControlView& view : controls_) {
+    DrawControl(view, program_.main.zoom);
+    if (view.named.kind == ControlKind::kGrid) static_cast<GridView&>(*view.widget).Draw(Scale(program_.main.zoom));
+  }
+  if (std::exchange(drawn_zoom_, program_.main.zoom) != program_.main.zoom) FitSize();
+}
+
+// What the program has moved the user to.
+void ListWindow::FollowFocus() {
+  for (const ControlView& view : controls_) {
+    if (view.named.name == program_.main.focus && !view.widget->hasFocus()) view.widget->setFocus();
+  }
+}
+
+void ListWindow::Sync() {
+  const bool shown = window_->visible && !program_.main.closed;
+  const bool was_syncing = std::exchange(syncing_, true);
+  if (shown) {
+    if (const QString title = ToQt(window_->caption); windowTitle() != title) setWindowTitle(title);
+    DrawControls();
+    if (isVisible()) FollowFocus();
+  }
+  syncing_ = was_syncing;
+  if (shown == isVisible()) return;
+  if (shown && parentWidget() != nullptr) move(parentWidget()->geometry().center() - rect().center());
+  setVisible(shown);
+  if (!shown) return;
+  activateWindow();
+  const auto first = std::find_if(controls_.begin(), controls_.end(),
+                                  [](const ControlView& view) { return TakesFocus(view.named.kind); });
+  first->widget->setFocus();
+}
+
+}  // namespace torvale

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "qt/control_view.h"
+#include "screen/program.h"
+
+namespace torvale {
+
+// A window of its own around a list, as the earlier versions and the stakes have one. It keeps the main window waiting
+// and shows what its screen in the program says.
+class ListWindow final : public QWidget {
+ public:
+  // What the user does is worked on inside `run`, which brings all windows up to date afterwards. `close` is the button
+  // that leaves the window, which its own cross and Esc do, too; F1 opens the guide at what it says of `grid`.
+  using Run = std::function<void(const std::function<void()>&)>;
+  ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close, Run run,
+             QWidget* parent);
+
+  // Applies what changed in the structure since the last call.
+  void Sync();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Connect(const ControlView& view);
+  void ConnectField(QLineEdit& edit, const std::string& name);
+  void ConnectGrid(const ControlView& view);
+  void RunClick(const std::string& name);
+  void NameFields();
+  void FitSize();
+  void DrawControls();
+  void FollowFocus();
+
+  Program& program_;
+  Run run_;
+  std::string grid_;
+  std::string close_;
+  const Control* window_ = nullptr;
+  std::vector<ControlView> controls_;
+  int drawn_zoom_ = 0;
+  bool syncing_ = false;
+};
+
+}  // namespace torvale

@@ -1,0 +1,31 @@
+#include "shell/phone_export.h"
+
+#include <string>
+
+#include "reports/phone_page.h"
+#include "reports/phone_picture.h"
+#include "screen/file_choice.h"
+#include "screen/message_box.h"
+#include "screen/words.h"
+#include "shell/csv_export.h"
+
+namespace torvale {
+
+void mnuExportPhone_Click(Program& program) {
+  ExportText(program,
+             {"Export Hole Summary for Phone", "Page for a phone (*.html)|*.html", "Hole Summary", {".html", ".htm"}},
+             PhonePage(CrewSheetOf(program)));
+}
+
+void mnuExportPicture_Click(Program& program) {
+  const auto path =
+      ChooseExport(program, {"Export Hole Summary as Picture", "PNG picture (*.png)|*.png", "Hole Summary", {".png"}});
+  if (!path) return;
+  if (program.host.WritePicture(PhonePicture(CrewSheetOf(program)), *path)) {
+    SayWritten(program, *path);
+    return;
+  }
+  Tell(program, words::kPictureNotWritten(*path));
+}
+
+}  // namespace torvale

@@ -1,0 +1,154 @@
+// The stakes, the pink and the grey cells, and the picture for a phone, with real keys in real windows.
+#include <QImage>
+#include <QTableView>
+
+#include "qt/document_painter.h"
+#include "shell/commands.h"
+#include "shell/events.h"
+#include "window_test.h"
+
+namespace torvale {
+namespace {
+
+struct StakesWindowTest : WindowTest {
+  QWidget& Window() { return *Find<QTableView>("Grd_Stakes").window(); }
+  QString Cell(const char* grid, int row, int column) {
+    return Find<QTableView>(grid).model()->index(row - 1, column).data().toString();
+  }
+  QString TipOf(int row, int column) {
+    return Sheet().model()->index(row - 1, column).data(Qt::ToolTipRole).toString();
+  }
+  void Fill(int row, std::initializer_list<const char*> cells) {
+    int column = 0;
+    for (const char* cell : cells) main().Grid1.Set(row, column++, cell);
+  }
+  // A crown that dips, graded to one slope.
+  void Design() {
+    TypeText(*program_, "txtInfo(2)", "6.6");
+    TypeText(*program_, "txtInfo(3)", "2");
+    TypeText(*program_, "txtInfo(5)", "E");
+    Fill(1, {"0", "100.00", "1000", "10", "15", "3/8", "1", "10", "10"});
+    Fill(2, {"50", "99.90", "1000", "10", "15", "3/8", "1", "10", "10"});
+    Fill(3, {"100", "99.97", "1100", "10", "15", "3/8", "1", "10", "10"});
+    Choose("mnuDesignConstSlope");
+    ASSERT_TRUE(main().Grid2.control.visible);
+  }
+  void Open() {
+    Guarded(*program_, [this] { MenuOpened(*program_, "mnuView"); });
+    window_->Sync();
+    Choose("mnuStakes");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+  }
+  // A picture for the eye, where a folder is named for it.
+  static void Picture(QWidget& widget, const QString& name) {
+    const QString folder = qEnvironmentVariable("TORVALE_PICTURES");
+    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
+  }
+};
+
+TEST_F(StakesWindowTest, TheTableFollowsTheKeys) {
+  Design();
+  Open();
+  auto& interval = Find<QLineEdit>("txtStakeInterval");
+  EXPECT_TRUE(interval.hasFocus());
+  EXPECT_EQ(interval.text(), "100");
+  EXPECT_EQ(Cell("Grd_Stakes", 3, 0), "100");
+  interval.selectAll();
+  Type(interval, "25");
+  EXPECT_EQ(Cell("Grd_Stakes", 2, 0), "25");
+  EXPECT_EQ(Cell("Grd_Stakes", 2, 5), "");
+  Key(interval, Qt::Key_Tab);
+  auto& width = Find<QLineEdit>("txtCrownWidth");
+  ASSERT_TRUE(width.hasFocus());
+  Type(width, "6");
+  EXPECT_NE(Cell("Grd_Stakes", 2, 5), "");
+  EXPECT_TRUE(Find<QLabel>("lblEarth").text().contains("crown 6 feet wide"));
+  // A caret in the middle stays there.
+  Type(interval, "0");
+  EXPECT_EQ(interval.text(), "250");
+  Key(interval, Qt::Key_Left, 2);
+  Type(interval, "1");
+  EXPECT_EQ(interval.text(), "2150");
+  EXPECT_EQ(interval.cursorPosition(), 2);
+}
+
+TEST_F(StakesWindowTest, TabLeadsRoundTheWindowAndEscOutOfIt) {
+  Design();
+  Open();
+  auto& table = Find<QTableView>("Grd_Stakes");
+  Key(Find<QLineEdit>("txtStakeInterval"), Qt::Key_Tab);
+  Key(Find<QLineEdit>("txtCrownWidth"), Qt::Key_Tab);
+  EXPECT_TRUE(table.hasFocus());
+  Key(table, Qt::Key_Down);
+  EXPECT_EQ(program_->stakes.Grd_Stakes.row, 2);
+  Key(table, Qt::Key_Tab);
+  EXPECT_TRUE(Find<QPushButton>("btnPrintStakes").hasFocus());
+  Key(Find<QPushButton>("btnPrintStakes"), Qt::Key_Tab, 1, Qt::ShiftModifier);
+  EXPECT_TRUE(table.hasFocus());
+  Key(table, Qt::Key_Escape);
+  EXPECT_FALSE(Window().isVisible());
+  EXPECT_EQ(main().focus, "Grid2");
+}
+
+TEST_F(StakesWindowTest, PicturesAtTwoSizes) {
+  Design();
+  Open();
+  TypeText(*program_, "txtStakeInterval", "25");
+  TypeText(*program_, "txtCrownWidth", "6");
+  window_->Sync();
+  Picture(Window(), "stakes.png");
+  torvale::Click(*program_, "mnuZoomTo(5)");
+  window_->Sync();
+  Picture(Window(), "stakes-200.png");
+  // Nothing is cut off: every control stands inside the window.
+  for (const char* name : {"Grd_Stakes", "lblEarth", "btnPrintStakes", "btnCloseStakes"}) {
+    EXPECT_TRUE(Window().rect().contains(Find<QWidget>(name).geometry())) << name;
+  }
+}
+
+TEST_F(StakesWindowTest, PinkAndGreyCellsSayWhatTheyAre) {
+  Design();
+  Choose("mnuWindowInfo");
+  Fill(2, {"100", "", "", "", "", "3/8", "", "", ""});
+  Fill(3, {"200", "99.90", "1100", "", "", "3/8", "", "", ""});
+  Fill(4, {"300", "99.9O", "85O", "", "", "", "", "", ""});
+  Press("cmdInterpolate");
+  window_->Sync();
+  EXPECT_TRUE(TipOf(2, 1).contains("the program filled this in")) << TipOf(2, 1).toStdString();
+  EXPECT_TRUE(TipOf(4, 2).contains("is read as 85")) << TipOf(4, 2).toStdString();
+  EXPECT_TRUE(TipOf(3, 1).isEmpty());
+  Picture(*window_, "pink-and-grey.png");
+  // The first letter of grey text is not that of black.
+  Choose("mnuClearFilled");
+  EXPECT_EQ(Cell("Grid1", 2, 1), "");
+  EXPECT_EQ(Cell("Grid1", 3, 1), "99.90");
+}
+
+TEST_F(StakesWindowTest, ThePictureForAPhoneIsAsLongAsWhatStandsOnIt) {
+  Document document;
+  document.operations.emplace_back(PrintedText{0.3, 0.3, 30, "7/8 in", false, 4});
+  const QImage small = PictureOf(document);
+  EXPECT_EQ(small.width(), 1088);  // 8.5 inches of 128 dots
+  // .3 + 1.125 x 30 / 72 + .3 inches are 1.06875, 136.8 dots.
+  EXPECT_EQ(small.height(), 137);
+  document.operations.emplace_back(PrintedBox{0, 20, 8, 21, 6});
+  EXPECT_EQ(PictureOf(document).height(), qRound(21.3 * 128));
+  // Black letters on white.
+  EXPECT_EQ(small.pixelColor(5, 5), QColor(Qt::white));
+  bool ink = false;
+  for (int x = 0; x < small.width(); ++x) ink = ink || small.pixelColor(x, 90).lightness() < 60;
+  EXPECT_TRUE(ink);
+}
+
+TEST_F(StakesWindowTest, ThePictureIsWrittenToAFile) {
+  Design();
+  const QString path = data_.filePath("crew.png");
+  Document document;
+  document.operations.emplace_back(PrintedText{0.3, 0.3, 30, "7/8 in", false, 4});
+  EXPECT_TRUE(host_->WritePicture(document, path.toStdString()));
+  EXPECT_EQ(QImage(path).width(), 1088);
+  EXPECT_FALSE(host_->WritePicture(document, data_.filePath("no/crew.png").toStdString()));
+}
+
+}  // namespace
+}  // namespace torvale
