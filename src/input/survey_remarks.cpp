@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/format.h"
 #include "base/numbers.h"
@@ -25,7 +27,11 @@ struct Look {
   SurveyRemarks remarks;
 
   const std::string& Text(int row, int column) const { return sheet.Text(row, column); }
-  double Number(int row, int column) const { return Val(Text(row, column)); }
+  // What is beyond any number that can be stored counts as none: its cell has a remark of its own.
+  double Number(int row, int column) const {
+    const double number = Val(Text(row, column));
+    return std::fabs(number) <= std::numeric_limits<float>::max() ? number : 0;
+  }
   bool Empty(int row, int column) const { return Text(row, column).empty(); }
   bool EmptyRow(int row) const {
     for (int column = 0; column < kSurveyColumns; ++column) {
@@ -44,9 +50,6 @@ std::string ColumnText(const Look& look, int column) {
 }
 
 void NoteCell(Look& look, SheetCell cell, const SpokenSentence& sentence) {
-  const auto same = [&](const SurveyRemark& other) { return other.cell == cell; };
-  // The first thing that is wrong with a cell is the one to mend first.
-  if (std::any_of(look.remarks.begin(), look.remarks.end(), same)) return;
   look.remarks.push_back({cell, sentence.text()});
 }
 
@@ -173,6 +176,16 @@ void LookAtMissing(Look& look, int end) {
   }
 }
 
+// By row and column. The first thing that was found wrong with a cell is the one to mend first, and stands alone.
+SurveyRemarks InOrder(SurveyRemarks remarks) {
+  const auto place = [](const SurveyRemark& remark) { return std::pair(remark.cell.row, remark.cell.column); };
+  std::stable_sort(remarks.begin(), remarks.end(),
+                   [&](const SurveyRemark& one, const SurveyRemark& other) { return place(one) < place(other); });
+  const auto same = [](const SurveyRemark& one, const SurveyRemark& other) { return one.cell == other.cell; };
+  remarks.erase(std::unique(remarks.begin(), remarks.end(), same), remarks.end());
+  return remarks;
+}
+
 int LastRow(const Look& look) {
   for (int row = look.sheet.rows() - 1; row > 0; --row) {
     if (!look.EmptyRow(row)) return row;
@@ -199,10 +212,7 @@ SurveyRemarks RemarksOnSurvey(const Program& program) {
     LookAtEnd(look, end);
     LookAtMissing(look, end == 0 ? look.last + 1 : end);
   }
-  std::sort(look.remarks.begin(), look.remarks.end(), [](const SurveyRemark& one, const SurveyRemark& other) {
-    return std::pair(one.cell.row, one.cell.column) < std::pair(other.cell.row, other.cell.column);
-  });
-  return look.remarks;
+  return InOrder(std::move(look.remarks));
 }
 
 void MarkSurvey(Program& program) {

@@ -11,7 +11,6 @@ namespace {
 constexpr std::string_view kMainForm = "frmMainForm";
 constexpr std::string_view kChart = "chart";
 constexpr std::string_view kPoints = "Points";
-constexpr std::string_view kSurveyRemarks = "SurveyRemarks";
 constexpr std::string_view kFilledCells = "FilledCells";
 
 std::string ColourText(const Colour& colour) {
@@ -78,14 +77,6 @@ void ShowPoints(std::ostream& out, std::string_view name, const LineChart& chart
       if (!text.empty()) out << name << '[' << row << ',' << column << "] = " << Quoted(text) << '\n';
     }
   }
-}
-
-void ShowRemarks(std::ostream& out, const SurveyRemarks& remarks) {
-  for (const SurveyRemark& remark : remarks) {
-    out << kSurveyRemarks << '[' << remark.cell.row << ',' << remark.cell.column << "] = " << Quoted(remark.sentence)
-        << '\n';
-  }
-  if (remarks.empty()) out << kSurveyRemarks << " none\n";
 }
 
 void ShowFilledCells(std::ostream& out, const Grid& grid) {
@@ -210,8 +201,6 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
     ShowChart(out, program.profile.chart);
   } else if (name == kPoints) {
     ShowPoints(out, name, program.profile.chart);
-  } else if (name == kSurveyRemarks) {
-    ShowRemarks(out, program.remarks);
   } else if (name == kFilledCells) {
     ShowFilledCells(out, program.main.Grid1);
   } else if (name == "record") {

@@ -9,6 +9,7 @@
 #include "display/input_screen.h"
 #include "display/stake_table.h"
 #include "input/field_marks.h"
+#include "input/focus.h"
 #include "reports/print_commands.h"
 #include "reports/stakes_report.h"
 #include "screen/fields.h"
@@ -115,6 +116,7 @@ void OfferStakes(Program& program) {
 void mnuStakes_Click(Program& program) {
   ShowStakes(program);
   program.stakes.frmStakes.visible = true;
+  MoveFocus(program, "txtStakeInterval");
 }
 
 void btnPrintStakes_Click(Program& program) {

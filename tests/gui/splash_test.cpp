@@ -56,7 +56,7 @@ TEST_F(SplashTest, ClosesAfterTwoSeconds) {
   EXPECT_TRUE(splash_->isVisible());
   EXPECT_EQ(closed_, 0);
   EXPECT_TRUE(QTest::qWaitFor([this] { return closed_ > 0; }, 5000));
-  EXPECT_GE(time.elapsed(), kSplashMilliseconds - 100);
+  EXPECT_GE(time.elapsed(), kSplashMilliseconds - 120);
   ExpectClosed();
 }
 

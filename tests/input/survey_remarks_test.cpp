@@ -38,6 +38,18 @@ TEST_F(SurveyRemarksTest, ASheetThatIsNotBegunLacksNothing) {
   EXPECT_TRUE(RemarksOnSurvey(program).empty());
 }
 
+// 1e999 is beyond what a computer's number can hold, 1e39 beyond what a cell is stored as.
+TEST_F(SurveyRemarksTest, WhatIsBeyondAnyNumberHasItsRemarkAndNoOther) {
+  for (const char* huge : {"1e999", "1e39"}) {
+    for (int column : {0, 1, 2, 3, 8}) {
+      const std::string before = sheet().Text(2, column);
+      sheet().Set(2, column, huge);
+      EXPECT_EQ(Only().substr(0, 11), "2," + std::to_string(column) + ": Row 2,") << Only();
+      sheet().Set(2, column, before);
+    }
+  }
+}
+
 TEST_F(SurveyRemarksTest, ADecimalCommaIsShownAsThePointItShouldBe) {
   sheet().Set(2, 1, "10,1");
   EXPECT_EQ(Only(), "2,1: Row 2, elevation: only the digits ahead of the comma are read. Write 10.1 with a point.");

@@ -76,15 +76,19 @@ TEST_F(DeskTest, HeadingsSort) {
 
 TEST_F(DeskTest, RemarksLeadToTheirCells) {
   Click(program, "mnuDesk(1)");
-  program.remarks = {{{2, 1}, "First."}, {{4, 5}, "Second."}};
-  Guarded(program, [&] { program.remarks = {{{2, 1}, "First."}, {{4, 5}, "Second."}}; });
+  Grid& sheet = program.main.Grid1;
+  Guarded(program, [&] {
+    sheet.Set(1, 0, "0");
+    sheet.Set(1, 1, "10,25");  // a decimal comma
+    sheet.Set(1, 5, "9/7");    // no such size
+  });
   const Grid& list = program.desk.SurveyRemarks;
   ASSERT_EQ(list.rows(), 3);
-  EXPECT_EQ(list.Text(2, 0), "4");
+  EXPECT_EQ(list.Text(2, 0), "1");
   EXPECT_EQ(list.Text(2, 1), program.main.Grid1.Text(0, 5));
-  EXPECT_EQ(list.Text(2, 2), "Second.");
+  EXPECT_NE(list.Text(2, 2).find("is not among the hole sizes"), std::string::npos) << list.Text(2, 2);
   GridPoint(program, "SurveyRemarks", 2, 2, false);
-  EXPECT_EQ(program.main.Grid1.row, 4);
+  EXPECT_EQ(program.main.Grid1.row, 1);
   EXPECT_EQ(program.main.Grid1.column, 5);
   EXPECT_EQ(program.main.focus, "Grid1");
 }
