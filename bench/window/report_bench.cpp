@@ -58,7 +58,7 @@ void ReportToPdf(benchmark::State& state) {
   const QTemporaryDir folder;
   const std::string path = folder.filePath("report.pdf").toStdString();
   bool written = line.Laid();
-  for (auto _ : state) written = written && desktop.WritePdf(CompleteReport(line.program), path);
+  for (auto _ : state) written = written && desktop.WritePdf(CompleteReport(line.program), path).error == 0;
   if (!written) state.SkipWithError("not written");
 }
 

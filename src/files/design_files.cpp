@@ -206,9 +206,11 @@ std::string NameToWrite(Program& program, std::string_view name) {
 
 void SaveFile(Program& program) {
   SpokenSentence kept;
+  ForgetNews(program);
   const int error = ErrorOf([&] { kept = Save(program); });
   if (error != 0) {
     Tell(program, words::kSaveFailed(GeneralText(error)));
+    SayToo(program, words::kNotSaved(WhyNotWritten(error)));
     return;
   }
   SayWritten(program, program.record.SaveFileName);

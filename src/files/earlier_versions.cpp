@@ -135,6 +135,18 @@ void HoldToSize(Host& host, std::size_t most) {
   }
 }
 
+bool IsPath(const std::string& text) {
+  return !text.empty() && IsUtf8(text) && PathOf(text).is_absolute() && text.find('\0') == std::string::npos;
+}
+
+// Where it isn't known any more which file a content is of: a file of the design's name among the user's data.
+std::string NameWithoutFile(Host& host, const fs::path& stored, const EarlierVersion& version) {
+  std::string name = version.name;
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return c == '/' || c == '\\' || c == ':'; }, '-');
+  return host.UserDataFolder() + "/" + (name.empty() ? "Unknown file" : name) + Utf8Of(stored.extension());
+}
+
 // The facts of a design as the list shows them; of a content that is none the name stays empty.
 void Describe(std::string_view content, EarlierVersion& version) {
   try {
@@ -170,7 +182,7 @@ void Store(Program& program, const fs::path& folder, const std::string& file, st
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) throw FileFault{NumberOf(error)};
-  if (!fs::exists(paths, error)) WriteBytes(program, Utf8Of(paths), file);
+  if (Content(paths) != file) WriteBytes(program, Utf8Of(paths), file);
   std::int64_t moment = program.host.Clock();
   const auto name = [&] { return folder / PathOf(std::to_string(moment) + Utf8Of(PathOf(file).extension())); };
   while (fs::exists(name(), error)) ++moment;
@@ -210,7 +222,7 @@ SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std
   try {
     if (!IsNewest(folder, *former)) Store(program, folder, file, *former);
   } catch (const FileFault& fault) {
-    return words::kFormerContentNotKept(std::generic_category().message(fault.number));
+    return words::kFormerContentNotKept(WhyNotWritten(fault.number));
   }
   Thin(StoredIn(folder), program.host.Clock(), limits.of_one_file);
   HoldToSize(program.host, limits.bytes);
@@ -222,17 +234,16 @@ SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std
 std::vector<EarlierVersion> EarlierVersions(Host& host) {
   std::vector<std::vector<EarlierVersion>> files;
   for (const fs::path& folder : Folders(host)) {
-    const auto file = Content(folder / kPathFile);
-    if (!file) continue;
+    const std::string file = Content(folder / kPathFile).value_or("");
     std::vector<EarlierVersion> versions;
     for (const Stored& stored : StoredIn(folder)) {
       const auto content = Content(stored.path);
       if (!content) continue;
       EarlierVersion& version = versions.emplace_back();
       version.stored = Utf8Of(stored.path);
-      version.file = *file;
       version.moment = stored.moment;
       Describe(*content, version);
+      version.file = IsPath(file) ? file : NameWithoutFile(host, stored.path, version);
     }
     if (!versions.empty()) files.push_back(std::move(versions));
   }

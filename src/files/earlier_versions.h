@@ -30,7 +30,8 @@ SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std
                                   const VersionLimits& limits = {});
 
 // Every version that is kept, file by file, the file that was saved last ahead, the newest version first. What can't be
-// read is left out.
+// read is left out. A version whose file isn't known any more, its "path.txt" being gone or damaged, counts as one of a
+// file of the design's name in the user's data folder.
 std::vector<EarlierVersion> EarlierVersions(Host& host);
 
 }  // namespace torvale

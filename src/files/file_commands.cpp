@@ -1,7 +1,9 @@
 #include "files/file_commands.h"
 
 #include <array>
+#include <cerrno>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "files/code_page.h"
@@ -11,8 +13,11 @@
 #include "files/file_store.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
+#include "input/focus.h"
 #include "screen/design_types.h"
 #include "screen/fields.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -136,9 +141,12 @@ void mnuFileSaveAs_Click(Program& program) {
   const auto name = program.host.SaveDialog({"Save As", filter, 1, record.SaveFileName, written});
   if (!name || name->empty()) return;
   record.SaveFileName = *name;
+  ForgetNews(program);
   btnDefaultExit_Click(program);
+  const std::string trouble = NewsOf(program);
   record.DisplayFileName = record.SaveFileName;
   SaveFile(program);
+  SayAgain(program, trouble);
   if (!record.SaveFileName.empty()) AddRecent(program, std::string(record.SaveFileName));
 }
 
@@ -162,7 +170,8 @@ void SaveRecentFiles(Program& program) {
   for (int i = 0; i < kShownRecent; ++i) program.host.SaveSetting(RecentKey(i), program.record.RecentFiles[i]);
   try {
     WriteBytes(program, RecentPath(program), RecentText(program));
-  } catch (const FileFault&) {
+  } catch (const FileFault& fault) {
+    AddNews(program, words::kRecentFilesNotWritten(WhyNotWritten(fault.number)));
     return;
   }
   for (int i = 0; i < kShownRecent; ++i) ShowRecent(program, i);
@@ -172,8 +181,11 @@ void OpenRecentFiles(Program& program) {
   std::string text;
   try {
     text = ReadText(RecentPath(program));
-  } catch (const FileFault&) {
-    // No list yet.
+  } catch (const FileFault& fault) {
+    // There may be no list yet.
+    if (fault.number != ENOENT) {
+      AddNews(program, words::kRecentFilesNotRead(std::generic_category().message(fault.number)));
+    }
   }
   FieldReader reader(text);
   for (int i = 0; i < kShownRecent; ++i) {

@@ -23,7 +23,8 @@ void EnablePrinting(MainScreen& main, bool enabled);
 // Opens the named design as Open does, without a dialog.
 void OpenNamedFile(Program& program, std::string_view path);
 
-// The list of recent files, to and from its file in the program's folder. Whatever fails is passed over in silence.
+// The list of recent files, to and from its file in the program's folder. The status bar says when it can't be written,
+// or is there and can't be read; nothing else that fails is told.
 void SaveRecentFiles(Program& program);
 void OpenRecentFiles(Program& program);
 

@@ -9,11 +9,9 @@
 
 #include "base/paths.h"
 #include "base/platform.h"
-#include "base/whole_file.h"
 #include "files/code_page.h"
 #include "files/file_fault.h"
-#include "screen/status_line.h"
-#include "screen/words.h"
+#include "screen/file_choice.h"
 
 namespace torvale {
 namespace {
@@ -71,18 +69,25 @@ std::string ReadText(const std::string& path) {
 }
 
 void WriteBytes(Program& program, const std::string& path, std::string_view bytes) {
-  Host& host = program.host;
-  const DiskWatch watch = [&](DiskStep step, const fs::path& at) { return host.BeforeDiskStep(step, at); };
-  const WholeFileResult result = WriteWhole(PathOf(path), bytes, PathOf(KeptFolder(host)), watch);
+  const WholeFileResult result = WriteQuietly(program.host, path, bytes);
   if (result.error == 0) return;
-  if (!result.kept.empty()) {
-    Say(program, words::kWriteFailedHalfWay(path, Utf8Of(result.kept)));
-  }
+  SayFormerKept(program, path, result);
   throw FileFault{result.error};
 }
 
+WholeFileResult WriteQuietly(Host& host, const std::string& path, std::string_view bytes) {
+  const DiskWatch watch = [&](DiskStep step, const fs::path& at) { return host.BeforeDiskStep(step, at); };
+  return WriteWhole(PathOf(path), bytes, PathOf(KeptFolder(host)), watch);
+}
+
+std::string WhyNotWritten(int number) {
+  if (number == kOutOfBounds) return "a row or a number is out of bounds";
+  return std::generic_category().message(number);
+}
+
 std::string KeptFolder(Host& host) {
-  return host.UserDataFolder() + "/kept";
+  const std::string data = host.UserDataFolder();
+  return data.empty() ? data : data + "/kept";
 }
 
 }  // namespace torvale

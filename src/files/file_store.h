@@ -18,8 +18,14 @@ std::string ReadText(const std::string& path);
 // Writes a file whole, in the place of one of that name (WriteWhole). The status bar says where the former content is
 // kept in the one case that leaves the file broken: it could only be written in place, and the disk failed twice.
 void WriteBytes(Program& program, const std::string& path, std::string_view bytes);
+// The same without a word: for a desktop that writes a file itself and gives back what came of it.
+WholeFileResult WriteQuietly(Host& host, const std::string& path, std::string_view bytes);
 
-// The folder that former contents of files stand in while those are written in place.
+// Why a file could not be written, in words: "No space left on device".
+std::string WhyNotWritten(int number);
+
+// The folder that former contents of files stand in while those are written in place; empty where the desktop keeps
+// nothing, and a file that can't be replaced is not written then.
 std::string KeptFolder(Host& host);
 
 }  // namespace torvale

@@ -1,5 +1,9 @@
 #include "files/preferences.h"
 
+#include <cerrno>
+#include <string>
+#include <system_error>
+
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
@@ -7,7 +11,9 @@
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "input/field_marks.h"
+#include "input/focus.h"
 #include "screen/fields.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -66,12 +72,18 @@ void ApplyCoefficients(Program& program) {
 }
 
 void ReadDefaultsFile(Program& program) {
+  std::size_t read = 0;
   try {
     const std::string path = program.host.ProgramFolder() + "/" + std::string(kDefaultsFile);
     FieldReader reader(ReadText(path));
-    for (std::size_t i = 0; i < program.main.txtDefault.size(); ++i) TakeField(program, i, reader.Text());
-  } catch (const FileFault&) {
+    for (; read < program.main.txtDefault.size(); ++read) TakeField(program, read, reader.Text());
+  } catch (const FileFault& fault) {
     // What is missing stays as it was.
+    if (fault.number == kPastTheEnd) {
+      AddNews(program, words::kPreferencesReadInPart(std::to_string(read), kDefaultsFile));
+    } else if (fault.number != ENOENT) {
+      AddNews(program, words::kPreferencesNotRead(std::generic_category().message(fault.number)));
+    }
   }
 }
 

@@ -19,7 +19,8 @@ void ApplyHazenWilliamsC(Program& program);
 void ApplyCoefficients(Program& program);
 
 // Reads the defaults file of the program's folder into `txtDefault`; fields 2 to 6 take two decimals. Fields end at
-// commas and line ends alike. A missing file or line leaves the fields as they are, and nothing is reported.
+// commas and line ends alike. A missing file or line leaves the fields as they are; the status bar says so where there
+// is a file.
 void ReadDefaultsFile(Program& program);
 
 }  // namespace torvale

@@ -12,6 +12,8 @@
 #include "input/focus.h"
 #include "record/hole_sizes.h"
 #include "screen/fields.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 
 namespace torvale {
 namespace {
@@ -93,12 +95,18 @@ void RepairLetter(Program& program, int index, std::string_view other, std::stri
   program.host.Beep();
 }
 
-void WriteDefaults(Program& program) {
-  Attempt([&] {
+// Gives back 0, or the number of the error.
+int WriteDefaults(Program& program) {
+  const int error = ErrorOf([&] {
     WriteBytes(program, program.host.ProgramFolder() + "/" + std::string(kDefaultsFile),
                ToCodePage(DefaultsText(program)));
-    ++program.preferences_count;
   });
+  if (error == 0) ++program.preferences_count;
+  return error;
+}
+
+void TellNotWritten(Program& program, int error) {
+  if (error != 0) AddNews(program, words::kPreferencesNotWritten(WhyNotWritten(error)));
 }
 
 void ApplyPreferences(Program& program) {
@@ -125,13 +133,19 @@ void TakePreferences(Program& program) {
 void btnDefaultExit_Click(Program& program) {
   program.main.Frame1.visible = false;
   FillBlankFields(program);
-  WriteDefaults(program);
+  const int error = WriteDefaults(program);
+  const std::string news = News(program);
   BringScreenBack(program);
   ApplyPreferences(program);
+  if (error == 0) return;
+  // What the focus is for can be read another time.
+  ForgetNews(program);
+  SayAgain(program, news);
+  TellNotWritten(program, error);
 }
 
 void StorePreferences(Program& program) {
-  WriteDefaults(program);
+  TellNotWritten(program, WriteDefaults(program));
   ApplyPreferences(program);
 }
 

@@ -14,12 +14,12 @@ void mnuPreference_Click(Program& program);
 // Fills blank fields with their factory defaults and applies the coefficients and the interval of stations.
 void TakePreferences(Program& program);
 
-// Closes the panel: takes the preferences and writes the defaults file.
-// Whatever fails is passed over in silence. Also run by opening and saving a design and at the program's end.
+// Closes the panel: takes the preferences and writes the defaults file. The status bar says when it can't be written;
+// nothing else that fails is told. Also run by opening and saving a design and at the program's end.
 void btnDefaultExit_Click(Program& program);
 
-// Writes the defaults file with the fields as they stand and applies them, and leaves the panel as it is. Whatever
-// fails is passed over in silence.
+// Writes the defaults file with the fields as they stand and applies them, and leaves the panel as it is. What fails is
+// told as above.
 void StorePreferences(Program& program);
 
 // Repairs the letters of fields 9 and 11 and, whichever field it is, a highest target head below half a foot; each with

@@ -11,6 +11,7 @@
 #include "input/block_clipboard.h"
 #include "input/sheet.h"
 #include "screen/message_box.h"
+#include "screen/status_line.h"
 #include "screen/words.h"
 
 namespace torvale {
@@ -136,10 +137,12 @@ void Recommended_Furror_Flow(Program& program) {
 }
 
 void mnu_Save_Exit_Click(Program& program) {
+  ForgetNews(program);
   const int error = ErrorOf(
       [&] { WriteBytes(program, SoilsPath(program), ToCodePage(SoilsText(program.soils.Grd_Soils_FurrowFlow))); });
   if (error != 0) {
     Tell(program, words::kSoilsNotSaved(GeneralText(error)));
+    SayToo(program, words::kSoilsNotWritten(WhyNotWritten(error)));
     return;
   }
   program.soils.visible = false;

@@ -7,6 +7,7 @@
 #include "files/design_files.h"
 #include "files/earlier_versions.h"
 #include "files/new_design.h"
+#include "input/focus.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -92,9 +93,11 @@ void btnOpenVersion_Click(Program& program) {
   record.OpenedFileName = version.stored;
   mnuFileNew_Click(program);
   OpenFile(program);
+  const std::string trouble = NewsOf(program);
   const std::string copy = CopyName(program, version);
   for (std::string* name : {&record.OpenedFileName, &record.SaveFileName, &record.DisplayFileName}) *name = copy;
   Say(program, words::kEarlierVersionOpen(copy));
+  SayAgain(program, trouble);
 }
 
 void btnCloseVersions_Click(Program& program) {

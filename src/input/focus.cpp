@@ -66,14 +66,6 @@ constexpr Hint kHints[] = {
     {"cmdDesignToggle", words::kHintResults},
 };
 
-// Whether a text tells what a field, a sheet or a column is for, and no news.
-bool IsHint(std::string_view text) {
-  for (int column = 0; column < kSurveyColumns; ++column) {
-    if (ColumnHint(column) == text) return true;
-  }
-  return std::any_of(std::begin(kHints), std::end(kHints), [&](const Hint& hint) { return hint.text.text() == text; });
-}
-
 }  // namespace
 
 void txtInfo_GotFocus(Program& program, int index) {
@@ -133,6 +125,23 @@ SpokenSentence FocusHint(const Program& program, std::string_view control) {
     if (hint.control == control) return hint.text;
   }
   return {};
+}
+
+bool IsHint(std::string_view text) {
+  for (int column = 0; column < kSurveyColumns; ++column) {
+    if (ColumnHint(column) == text) return true;
+  }
+  return std::any_of(std::begin(kHints), std::end(kHints), [&](const Hint& hint) { return hint.text.text() == text; });
+}
+
+std::string NewsOf(const Program& program) {
+  const std::string& told = News(program);
+  return IsHint(told) ? "" : told;
+}
+
+void AddNews(Program& program, const SpokenSentence& sentence) {
+  if (IsHint(News(program))) ForgetNews(program);
+  SayToo(program, sentence);
 }
 
 void TellMark(Program& program, std::string_view field, const std::string& before) {

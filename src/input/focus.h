@@ -39,4 +39,11 @@ void txtInfo_GotFocus(Program& program, int index);
 // focus.
 void SelectWhereShown(Program& program, TextField& field);
 
+// Whether the status bar's text is such a hint, not news.
+bool IsHint(std::string_view text);
+// What the status bar tells where it is no hint.
+std::string NewsOf(const Program& program);
+// Adds a sentence to the news in the status bar; a hint makes way for it.
+void AddNews(Program& program, const SpokenSentence& sentence);
+
 }  // namespace torvale

@@ -23,7 +23,7 @@ struct ArrowPointer {
 };
 
 // The desktop that the program runs on.
-class QtHost final : public Host {
+class QtHost : public Host {
  public:
   // Without a folder for the user's data they lie beside the program's.
   explicit QtHost(QString program_folder, QString user_data_folder = {})
@@ -45,10 +45,10 @@ class QtHost final : public Host {
   std::optional<int> PrinterDialog() override;
   bool Print(const Document& document) override;
   void Preview(const Document& document) override;
-  bool WritePdf(const Document& document, const std::string& path) override;
-  bool WritePicture(const Document& document, const std::string& path) override;
+  WholeFileResult WritePdf(const Document& document, const std::string& path) override;
+  WholeFileResult WritePicture(const Document& document, const std::string& path) override;
   bool PrintProfile() override;
-  bool WriteProfile(const std::string& path) override;
+  WholeFileResult WriteProfile(const std::string& path) override;
   std::string ClipboardText() override;
   void SetClipboardText(std::string_view text) override;
   std::optional<std::string> Setting(std::string_view key) override;
@@ -67,7 +67,7 @@ class QtHost final : public Host {
   bool MayReplace(QWidget* dialog, const QString& path);
   std::function<void()> Explaining(std::string_view body) const;
   QPrinter& ChosenPrinter();
-  bool WriteBuffer(const QBuffer& buffer, const std::string& path);
+  WholeFileResult WriteBuffer(const QBuffer& buffer, const std::string& path);
 
   QString program_folder_;
   QString user_data_folder_;

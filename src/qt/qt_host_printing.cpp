@@ -6,9 +6,8 @@
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
 #include <QScreen>
+#include <cerrno>
 
-#include "base/paths.h"
-#include "base/whole_file.h"
 #include "files/file_store.h"
 #include "qt/document_painter.h"
 #include "qt/qt_host.h"
@@ -87,7 +86,7 @@ void QtHost::Preview(const Document& document) {
   dialog.exec();
 }
 
-bool QtHost::WritePdf(const Document& document, const std::string& path) {
+WholeFileResult QtHost::WritePdf(const Document& document, const std::string& path) {
   QBuffer buffer;
   buffer.open(QBuffer::WriteOnly);
   bool painted = false;
@@ -98,19 +97,21 @@ bool QtHost::WritePdf(const Document& document, const std::string& path) {
     UseLetterPaper(writer);
     painted = PaintDocument(writer, document);
   }
-  return painted && WriteBuffer(buffer, path);
+  if (!painted) return {EIO, {}};
+  return WriteBuffer(buffer, path);
 }
 
-bool QtHost::WritePicture(const Document& document, const std::string& path) {
+WholeFileResult QtHost::WritePicture(const Document& document, const std::string& path) {
   QBuffer buffer;
   buffer.open(QBuffer::WriteOnly);
-  return PictureOf(document).save(&buffer, "PNG") && WriteBuffer(buffer, path);
+  if (!PictureOf(document).save(&buffer, "PNG")) return {EIO, {}};
+  return WriteBuffer(buffer, path);
 }
 
-bool QtHost::WriteBuffer(const QBuffer& buffer, const std::string& path) {
+WholeFileResult QtHost::WriteBuffer(const QBuffer& buffer, const std::string& path) {
   const QByteArray& bytes = buffer.data();
   const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-  return WriteWhole(PathOf(path), view, PathOf(KeptFolder(*this))).error == 0;
+  return WriteQuietly(*this, path, view);
 }
 
 }  // namespace torvale

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QPageLayout>
 #include <QPdfWriter>
+#include <cerrno>
 
 #include "qt/document_painter.h"
 #include "qt/profile_window.h"
@@ -49,6 +50,13 @@ bool WriteProfilePdf(ProfileWindow& profile, QBuffer& buffer) {
   return PaintProfile(profile, writer, RoomOn(writer, kPdfDotsPerInch));
 }
 
+bool WriteProfilePicture(ProfileWindow& profile, QBuffer& buffer) {
+  QImage picture(kPictureSize, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  const QRect room = picture.rect().marginsRemoved({kPictureMargin, kPictureMargin, kPictureMargin, kPictureMargin});
+  return PaintProfile(profile, picture, room) && picture.save(&buffer, "PNG");
+}
+
 }  // namespace
 
 bool QtHost::PrintProfile() {
@@ -64,18 +72,15 @@ bool QtHost::PrintProfile() {
   return painted;
 }
 
-bool QtHost::WriteProfile(const std::string& path) {
+WholeFileResult QtHost::WriteProfile(const std::string& path) {
   ProfileWindow* profile = ProfileOf(window_);
-  if (profile == nullptr) return false;
+  if (profile == nullptr) return {EIO, {}};
   QBuffer buffer;
   buffer.open(QBuffer::WriteOnly);
-  if (ToQt(path).endsWith(".pdf", Qt::CaseInsensitive)) {
-    return WriteProfilePdf(*profile, buffer) && WriteBuffer(buffer, path);
-  }
-  QImage picture(kPictureSize, QImage::Format_RGB32);
-  picture.fill(Qt::white);
-  const QRect room = picture.rect().marginsRemoved({kPictureMargin, kPictureMargin, kPictureMargin, kPictureMargin});
-  return PaintProfile(*profile, picture, room) && picture.save(&buffer, "PNG") && WriteBuffer(buffer, path);
+  const bool as_document = ToQt(path).endsWith(".pdf", Qt::CaseInsensitive);
+  const bool painted = as_document ? WriteProfilePdf(*profile, buffer) : WriteProfilePicture(*profile, buffer);
+  if (!painted) return {EIO, {}};
+  return WriteBuffer(buffer, path);
 }
 
 }  // namespace torvale

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
@@ -175,12 +176,7 @@ void btnExportPicture_Click(Program& program) {
   const auto path = ChooseExport(
       program,
       {"Export Picture", "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf", "Crown Profile", {".png", ".pdf"}});
-  if (!path) return;
-  if (program.host.WriteProfile(*path)) {
-    SayWritten(program, *path);
-    return;
-  }
-  Tell(program, words::kPictureNotWritten(*path));
+  if (path) TellExported(program, *path, program.host.WriteProfile(*path), words::kPictureNotWritten);
 }
 
 }  // namespace torvale

@@ -1,6 +1,7 @@
 #include "reports/print_commands.h"
 
 #include <functional>
+#include <system_error>
 #include <utility>
 
 #include "base/run_time_fault.h"
@@ -57,8 +58,9 @@ void Guard(Program& program, const std::function<void()>& work) {
   }
 }
 
-bool NeedPrinter(Program& program) {
-  if (program.host.HasPrinter()) return true;
+// Whether there is a printer, and the user prints the figures as they are.
+bool ReadyToPrint(Program& program) {
+  if (program.host.HasPrinter()) return GoOnThoughStale(program);
   Tell(program, words::kNoPrinterForReport);
   return false;
 }
@@ -74,13 +76,13 @@ void PrintCopies(Program& program, const MakeDocument& make, int copies) {
 }
 
 void PrintWithDialog(Program& program, Report report) {
-  if (GoOnThoughStale(program)) PrintWithDialog(program, [&] { return MakeReport(program, report); });
+  PrintWithDialog(program, [&] { return MakeReport(program, report); });
 }
 
 }  // namespace
 
 void PrintWithDialog(Program& program, const MakeDocument& make) {
-  if (!NeedPrinter(program)) return;
+  if (!ReadyToPrint(program)) return;
   const std::optional<int> copies = program.host.PrinterDialog();
   if (copies) PrintCopies(program, make, *copies);
 }
@@ -98,7 +100,7 @@ void mnuPrtHoleSummary_Click(Program& program) {
 }
 
 void PrintAtOnce(Program& program, Report report) {
-  if (!NeedPrinter(program) || !GoOnThoughStale(program)) return;
+  if (!ReadyToPrint(program)) return;
   PrintCopies(
       program, [&] { return MakeReport(program, report); }, 1);
 }
@@ -121,12 +123,7 @@ void ExportPdf(Program& program, const MakeDocument& make) {
   Guard(program, [&] {
     const Document document = make();
     const auto path = ChooseExport(program, {"Export as PDF", kPdfFilter, document.title, {".pdf"}});
-    if (!path) return;
-    if (program.host.WritePdf(document, *path)) {
-      SayWritten(program, *path);
-    } else {
-      Tell(program, words::kReportNotWritten(*path));
-    }
+    if (path) TellExported(program, *path, program.host.WritePdf(document, *path), words::kReportNotWritten);
   });
 }
 

@@ -1,5 +1,6 @@
 #include "scenarios/scenario_host.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace torvale {
@@ -41,8 +42,9 @@ std::optional<std::string> ScenarioHost::SaveDialog(const FileDialog& /*dialog*/
   return std::exchange(save_as, std::nullopt);
 }
 
-bool ScenarioHost::WritePdf(const Document& document, const std::string& path) {
-  return write_pdf && write_pdf(document, path);
+WholeFileResult ScenarioHost::WritePdf(const Document& document, const std::string& path) {
+  const bool written = write_pdf && write_pdf(document, path);
+  return {written ? 0 : EIO, {}};
 }
 
 std::string ScenarioHost::ProgramFolder() {

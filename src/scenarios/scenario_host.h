@@ -61,7 +61,7 @@ class ScenarioHost final : public Host {
   std::optional<int> PrinterDialog() override { return std::nullopt; }
   bool Print(const Document& /*document*/) override { return false; }
   void Preview(const Document& /*document*/) override {}
-  bool WritePdf(const Document& document, const std::string& path) override;
+  WholeFileResult WritePdf(const Document& document, const std::string& path) override;
   std::string ClipboardText() override { return ""; }
   void SetClipboardText(std::string_view /*text*/) override {}
   std::optional<std::string> Setting(std::string_view /*key*/) override { return std::nullopt; }

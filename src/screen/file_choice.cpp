@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "screen/fields.h"
+#include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -63,6 +64,20 @@ void SayWritten(Program& program, std::string_view path) {
   fs::path file = fs::absolute(PathOf(path), ignored);
   if (file.empty()) file = PathOf(path);
   Say(program, words::kSaved(Utf8Of(file.filename()), Utf8Of(file.parent_path().lexically_normal())));
+}
+
+void SayFormerKept(Program& program, std::string_view path, const WholeFileResult& result) {
+  if (result.kept.empty()) return;
+  Say(program, words::kWriteFailedHalfWay(path, Utf8Of(result.kept)));
+}
+
+void TellExported(Program& program, const std::string& path, const WholeFileResult& result, const Message<2>& failure) {
+  if (result.error == 0) {
+    SayWritten(program, path);
+    return;
+  }
+  SayFormerKept(program, path, result);
+  Tell(program, failure(path, std::generic_category().message(result.error)));
 }
 
 }  // namespace torvale

@@ -23,5 +23,10 @@ std::optional<std::string> ChooseExport(Program& program, const Export& wanted);
 
 // Says in the status bar that the file was written, and in which folder.
 void SayWritten(Program& program, std::string_view path);
+// Says in the status bar where the former content is of a file that a failed write has left broken, where it has.
+void SayFormerKept(Program& program, std::string_view path, const WholeFileResult& result);
+// Tells how writing an export ended: one of the two sentences above, and the failure, with the file and the reason, in
+// a message.
+void TellExported(Program& program, const std::string& path, const WholeFileResult& result, const Message<2>& failure);
 
 }  // namespace torvale

@@ -1,5 +1,6 @@
 #include "screen/host.h"
 
+#include <cerrno>
 #include <chrono>
 
 namespace torvale {
@@ -10,6 +11,14 @@ std::string TwoDigits(unsigned number) {
 }
 
 }  // namespace
+
+WholeFileResult Host::WriteProfile(const std::string& /*path*/) {
+  return {EIO, {}};
+}
+
+WholeFileResult Host::WritePicture(const Document& /*document*/, const std::string& /*path*/) {
+  return {EIO, {}};
+}
 
 std::int64_t Host::Clock() {
   using std::chrono::milliseconds;

@@ -50,18 +50,18 @@ class Host {
   virtual bool Print(const Document& document) = 0;
   // Shows the document as it will come out of the printer and waits until the user has looked at it.
   virtual void Preview(const Document& document) = 0;
-  // Writes the document to a file. False where the file can't be written.
-  virtual bool WritePdf(const Document& document, const std::string& path) = 0;
+  // Writes the document to a file, whole (WriteWhole). EIO where it could not be drawn.
+  virtual WholeFileResult WritePdf(const Document& document, const std::string& path) = 0;
 
   // One copy of the picture of the window `CrownProfile`, in landscape on the printer chosen last, or written to a
-  // file: a document where the path ends in ".pdf", else a PNG picture. False where the printer or the file system
-  // refused, and on a desktop without windows.
+  // file: a document where the path ends in ".pdf", else a PNG picture. False where the printer refused, EIO where
+  // nothing could be drawn, as on a desktop without windows.
   virtual bool PrintProfile() { return false; }
-  virtual bool WriteProfile(const std::string& /*path*/) { return false; }
+  virtual WholeFileResult WriteProfile(const std::string& path);
 
   // Writes the first page of the document to a file as a PNG picture, as wide as the sheet and as long as what stands
-  // on it. False where the file can't be written, and on a desktop that draws nothing.
-  virtual bool WritePicture(const Document& /*document*/, const std::string& /*path*/) { return false; }
+  // on it. EIO on a desktop that draws nothing.
+  virtual WholeFileResult WritePicture(const Document& document, const std::string& path);
 
   // The desktop's clipboard as text, UTF-8, with line ends as the desktop has them; empty where it holds no text.
   virtual std::string ClipboardText() = 0;

@@ -9,9 +9,14 @@ void Say(Program& program, const SpokenSentence& sentence) {
 }
 
 void SayToo(Program& program, const SpokenSentence& sentence) {
-  std::string& news = program.main.sbStatusBar.caption;
-  if (!news.empty()) news += news.ends_with('.') ? " " : ". ";
-  news += sentence.text();
+  SayAgain(program, sentence.text());
+}
+
+void SayAgain(Program& program, const std::string& news) {
+  std::string& all = program.main.sbStatusBar.caption;
+  if (news.empty()) return;
+  if (!all.empty()) all += all.ends_with('.') ? " " : ". ";
+  all += news;
 }
 
 void SayMark(Program& program, const Control& control) {

@@ -14,6 +14,8 @@ namespace torvale {
 void Say(Program& program, const SpokenSentence& sentence);
 // Adds a sentence to the news that stand.
 void SayToo(Program& program, const SpokenSentence& sentence);
+// Adds news that stood before, as `News` gave them, behind those that stand.
+void SayAgain(Program& program, const std::string& news);
 // Tells what is wrong with a control, as its mark says.
 void SayMark(Program& program, const Control& control);
 // A run begins, or a design is gone: what was told of the one before, the warning of its highest head too, is no longer

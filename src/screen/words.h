@@ -196,12 +196,19 @@ inline constexpr Message<2> kSafeHeadLeftOut{"Line {} of SafeHeads.txt is left o
 inline constexpr Message<3> kSafeHeadsLeftOut{"Line {} of SafeHeads.txt is left out, and {} more below it. {}"};
 inline constexpr Message<1> kSafeHeadsNotRead{"SafeHeads.txt could not be read: {}. No safe heads are known."};
 inline constexpr Message<2> kTableNotWritten{"{} could not be written: {}."};
-inline constexpr Message<1> kReportNotWritten{"The report could not be written to {}.", "Export as PDF"};
-inline constexpr Message<1> kPictureNotWritten{
-    "The picture could not be written to {}. Check that the folder can be written to."};
+inline constexpr Message<2> kReportNotWritten{"The report could not be written to {}: {}.", "Export as PDF"};
+inline constexpr Message<2> kPictureNotWritten{"The picture could not be written to {}: {}."};
 inline constexpr Question<2> kReplaceFile{"{} is there already, in {}. Replace it?"};
 
 inline constexpr Sentence<2> kSaved{"Saved {} in {}"};
+inline constexpr Sentence<1> kNotSaved{"Not saved: {}."};
+inline constexpr Sentence<1> kSoilsNotWritten{"The soils could not be written: {}."};
+inline constexpr Sentence<1> kRecentFilesNotWritten{"The list of recent files could not be written: {}."};
+inline constexpr Sentence<1> kRecentFilesNotRead{"The list of recent files could not be read: {}."};
+inline constexpr Sentence<1> kPreferencesNotWritten{"The preferences could not be written: {}."};
+inline constexpr Sentence<1> kPreferencesNotRead{"The preferences could not be read: {}."};
+inline constexpr Sentence<2> kPreferencesReadInPart{
+    "Only {} of the 16 preferences could be read from {}; the others stay as they are."};
 inline constexpr Sentence<2> kWriteFailedHalfWay{"Writing {} failed half way; its former content is kept in {}"};
 inline constexpr Sentence<1> kSavedOverAnother{"Saved over another design, {}. It is kept: File > Earlier Versions."};
 inline constexpr Sentence<1> kFormerContentNotKept{"What the file held before could not be kept: {}."};

@@ -122,16 +122,16 @@ void HeadlessHost::Preview(const Document& document) {
   printed_.push_back(document);
 }
 
-bool HeadlessHost::WritePdf(const Document& document, const std::string& path) {
+WholeFileResult HeadlessHost::WritePdf(const Document& document, const std::string& path) {
   transcript_ << "pdf " << Quoted(document.title) << ' ' << Quoted(path) << '\n';
   printed_.push_back(document);
-  return true;
+  return {};
 }
 
-bool HeadlessHost::WritePicture(const Document& document, const std::string& path) {
+WholeFileResult HeadlessHost::WritePicture(const Document& document, const std::string& path) {
   transcript_ << "picture " << Quoted(document.title) << ' ' << Quoted(path) << '\n';
   printed_.push_back(document);
-  return true;
+  return {};
 }
 
 bool HeadlessHost::PrintProfile() {
@@ -139,9 +139,9 @@ bool HeadlessHost::PrintProfile() {
   return true;
 }
 
-bool HeadlessHost::WriteProfile(const std::string& path) {
+WholeFileResult HeadlessHost::WriteProfile(const std::string& path) {
   transcript_ << "crown profile written to " << Quoted(Utf8Of(PathOf(path).filename())) << '\n';
-  return true;
+  return {};
 }
 
 void HeadlessHost::ShowClipboard() {

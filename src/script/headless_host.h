@@ -69,10 +69,10 @@ class HeadlessHost final : public Host {
   std::optional<int> PrinterDialog() override;
   bool Print(const Document& document) override;
   void Preview(const Document& document) override;
-  bool WritePdf(const Document& document, const std::string& path) override;
-  bool WritePicture(const Document& document, const std::string& path) override;
+  WholeFileResult WritePdf(const Document& document, const std::string& path) override;
+  WholeFileResult WritePicture(const Document& document, const std::string& path) override;
   bool PrintProfile() override;
-  bool WriteProfile(const std::string& path) override;
+  WholeFileResult WriteProfile(const std::string& path) override;
   std::string ClipboardText() override { return clipboard_; }
   void SetClipboardText(std::string_view text) override { clipboard_ = text; }
   std::optional<std::string> Setting(std::string_view key) override;

@@ -102,7 +102,7 @@ constexpr Command kCommands[] = {
     {"mnuFileList(2)", mnuFileListAt_Click<2>, kAlone},
     {"mnuFileList(3)", mnuFileListAt_Click<3>, kAlone},
     {"mnuFileEarlier", mnuFileEarlier_Click},
-    {"btnOpenVersion", btnOpenVersion_Click},
+    {"btnOpenVersion", btnOpenVersion_Click, kAlone},
     {"btnCloseVersions", btnCloseVersions_Click},
     {"mnuFileBringBack", mnuFileBringBack_Click},
     {"cmdBringBack", mnuFileBringBack_Click},

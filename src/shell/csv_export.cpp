@@ -2,27 +2,19 @@
 
 #include <string>
 #include <string_view>
-#include <system_error>
 
-#include "files/file_fault.h"
 #include "files/file_store.h"
 #include "reports/csv.h"
 #include "reports/stale_mark.h"
 #include "screen/file_choice.h"
-#include "screen/message_box.h"
 #include "screen/words.h"
 
 namespace torvale {
 
 void ExportText(Program& program, const Export& wanted, const std::string& text) {
+  if (!GoOnThoughStale(program)) return;
   const auto path = ChooseExport(program, wanted);
-  if (!path) return;
-  const int error = ErrorOf([&] { WriteBytes(program, *path, text); });
-  if (error == 0) {
-    SayWritten(program, *path);
-    return;
-  }
-  Tell(program, words::kTableNotWritten(*path, std::generic_category().message(error)));
+  if (path) TellExported(program, *path, WriteQuietly(program.host, *path, text), words::kTableNotWritten);
 }
 
 void ExportCsv(Program& program, std::string_view title, std::string_view content, const std::string& text) {
@@ -30,12 +22,10 @@ void ExportCsv(Program& program, std::string_view title, std::string_view conten
 }
 
 void mnuExportCsv_Click(Program& program) {
-  if (!GoOnThoughStale(program)) return;
   ExportCsv(program, "Export Table", "Table", ResultTableCsv(program));
 }
 
 void mnuExportHoleCsv_Click(Program& program) {
-  if (!GoOnThoughStale(program)) return;
   ExportCsv(program, "Export Hole Summary", "Hole Summary", HoleSummaryCsv(program));
 }
 

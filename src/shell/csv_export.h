@@ -8,7 +8,8 @@
 
 namespace torvale {
 
-// Asks for a file and writes a text to it. A file that can't be written is told of with the reason.
+// Asks for a file and writes a text to it; where the figures are stale, asks first whether to go on. A file that can't
+// be written is told of with the reason.
 void ExportText(Program& program, const Export& wanted, const std::string& text);
 // The same of comma separated values.
 void ExportCsv(Program& program, std::string_view title, std::string_view content, const std::string& text);

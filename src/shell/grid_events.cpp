@@ -15,6 +15,7 @@
 #include "shell/commands.h"
 #include "shell/desk.h"
 #include "shell/desk_rows.h"
+#include "shell/event_end.h"
 #include "shell/events.h"
 #include "shell/grid_keys.h"
 #include "shell/history.h"
@@ -77,6 +78,13 @@ struct GridCommand {
   void (*run)(Program&);
 };
 
+void OpenVersion(Program& program) {
+  RunAlone(program, [&program] {
+    NameCause(program, "btnOpenVersion");
+    btnOpenVersion_Click(program);
+  });
+}
+
 constexpr GridCommand kGridCommands[] = {
     {"Grid1", Key::kCopy, "mnuEditCopy", mnuEditCopy_Click},
     {"Grid1", Key::kCut, "mnuEditCut", mnuEditCut_Click},
@@ -91,7 +99,7 @@ constexpr GridCommand kGridCommands[] = {
     {kSoilsGrid, Key::kCut, "mnuCut", mnuCut_Click},
     {kSoilsGrid, Key::kDelete, "mnuCut", mnuCut_Click},
     {kSoilsGrid, Key::kPaste, "mnuPaste", mnuPaste_Click},
-    {kVersionsGrid, Key::kEnter, "btnOpenVersion", btnOpenVersion_Click},
+    {kVersionsGrid, Key::kEnter, "btnOpenVersion", OpenVersion},
     {kVersionsGrid, Key::kEscape, "btnCloseVersions", btnCloseVersions_Click},
     {kStakesGrid, Key::kEscape, "btnCloseStakes", btnCloseStakes_Click},
 };

@@ -17,6 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view kAnyHeading = "TORVALE journal ";
 constexpr std::string_view kHeading = "TORVALE journal 1\n";
 constexpr std::string_view kEnding = ".journal";
 constexpr std::string_view kMoment = "at";
@@ -112,13 +113,12 @@ void TakeLine(LostWork& work, std::string_view line) {
   const std::size_t tab = line.find('\t');
   const std::string_view key = line.substr(0, tab);
   const std::string_view text = tab == std::string_view::npos ? std::string_view() : line.substr(tab + 1);
+  // It counts at the very end alone; a line that is damaged may be one of work.
+  work.stored = key == kStored;
   if (key == kMoment) {
     std::from_chars(text.data(), text.data() + text.size(), work.moment);
-  } else if (key == kStored) {
-    work.stored = true;
   } else if (const auto place = PlaceOf(key)) {
     work.texts[static_cast<std::size_t>(*place)] = Unescaped(text);
-    work.stored = false;
   }
 }
 
@@ -175,12 +175,26 @@ int WriteOn(Host& host, Journal& journal, const InputTexts& now, bool stored) {
   return Append(host, journal, JournalText(journal.written, now, stored, host.Clock()));
 }
 
-// Too young to be called left behind: its program may be about to write it.
-bool IsYoung(Host& host, const fs::path& path) {
+// When the journal was begun, which its name tells.
+std::int64_t BeginningOf(const fs::path& path) {
   const std::string name = Utf8Of(path.filename());
   std::int64_t made = 0;
   std::from_chars(name.data(), name.data() + name.size(), made);
-  return host.Clock() - made < kDay;
+  return made;
+}
+
+// Too young to be called left behind: its program may be about to write it.
+bool IsYoung(Host& host, const fs::path& path) {
+  return host.Clock() - BeginningOf(path) < kDay;
+}
+
+// A form of journal that a later version of the program may have.
+bool IsOfAnotherForm(std::string_view text) {
+  return text.starts_with(kAnyHeading) && !text.starts_with(kHeading);
+}
+
+bool HoldsText(const LostWork& work) {
+  return std::any_of(work.texts.begin(), work.texts.end(), [](const std::string& text) { return !text.empty(); });
 }
 
 // What a journal that nobody holds comes to; nothing where its program lives, or where it holds nothing.
@@ -190,11 +204,15 @@ std::optional<LostWork> LookInto(Host& host, const fs::path& path) {
   file.Close();
   LostWork work;
   try {
-    work = ReadJournal(ReadBytes(Utf8Of(path)));
+    const std::string text = ReadBytes(Utf8Of(path));
+    if (IsOfAnotherForm(text)) return std::nullopt;
+    work = ReadJournal(text);
   } catch (const FileFault&) {
     return std::nullopt;
   }
   work.path = Utf8Of(path);
+  // The lines that tell the moment may be damaged and others not.
+  if (work.moment == 0 && HoldsText(work)) work.moment = std::max<std::int64_t>(BeginningOf(path), 1);
   const bool nothing = work.moment == 0;
   if (work.stored || (nothing && !IsYoung(host, path))) RemoveLostWork(work);
   return work.stored || nothing ? std::nullopt : std::optional(std::move(work));
@@ -220,8 +238,7 @@ std::string JournalText(const InputTexts& before, const InputTexts& now, bool st
 
 LostWork ReadJournal(std::string_view text) {
   LostWork work;
-  if (!text.starts_with(kHeading)) return work;
-  text.remove_prefix(kHeading.size());
+  if (IsOfAnotherForm(text)) return work;
   for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
     TakeLine(work, text.substr(0, end));
     text.remove_prefix(end + 1);

@@ -57,7 +57,8 @@ std::vector<LostWork> FindLostWork(Host& host);
 // One of them is taken away; false where another program holds it.
 bool RemoveLostWork(const LostWork& work);
 
-// One write of a journal, and all of them read again. Lines that are not understood are passed over.
+// One write of a journal, and all of them read again. Lines that are not understood are passed over, also a first line
+// that is none of a journal; of a journal in a form that another version writes nothing is read.
 std::string JournalText(const InputTexts& before, const InputTexts& now, bool stored, std::int64_t moment);
 LostWork ReadJournal(std::string_view text);
 

@@ -19,6 +19,7 @@
 #include "input/focus.h"
 #include "screen/design_types.h"
 #include "screen/fields.h"
+#include "screen/status_line.h"
 #include "search/best_holes_panel.h"
 #include "shell/desk.h"
 #include "shell/recovery.h"
@@ -154,7 +155,11 @@ void Form_Resize(Program& program) {
 }
 
 void Form_Activate(Program& program) {
+  // What the start had to tell is not yet read.
+  const std::string news = NewsOf(program);
   MoveFocus(program, NameOf(InfoField::kDesignName));
+  if (!news.empty()) ForgetNews(program);
+  SayAgain(program, news);
   OfferLastWork(program);
 }
 

@@ -4,8 +4,8 @@
 
 #include "reports/phone_page.h"
 #include "reports/phone_picture.h"
+#include "reports/stale_mark.h"
 #include "screen/file_choice.h"
-#include "screen/message_box.h"
 #include "screen/words.h"
 #include "shell/csv_export.h"
 
@@ -18,14 +18,12 @@ void mnuExportPhone_Click(Program& program) {
 }
 
 void mnuExportPicture_Click(Program& program) {
+  if (!GoOnThoughStale(program)) return;
   const auto path =
       ChooseExport(program, {"Export Hole Summary as Picture", "PNG picture (*.png)|*.png", "Hole Summary", {".png"}});
   if (!path) return;
-  if (program.host.WritePicture(PhonePicture(CrewSheetOf(program)), *path)) {
-    SayWritten(program, *path);
-    return;
-  }
-  Tell(program, words::kPictureNotWritten(*path));
+  const Document picture = PhonePicture(CrewSheetOf(program));
+  TellExported(program, *path, program.host.WritePicture(picture, *path), words::kPictureNotWritten);
 }
 
 }  // namespace torvale

@@ -97,7 +97,11 @@ void StartRecovery(Program& program) {
   history.stored_count = program.stored_count;
   history.preferences_count = program.preferences_count;
   history.lost = FindLostWork(program.host);
+  // What the start had to tell stays behind the offer.
+  const std::string news = News(program);
+  ForgetNews(program);
   OfferLastWork(program);
+  SayAgain(program, news);
 }
 
 void NoteStored(Program& program) {
@@ -157,7 +161,9 @@ void OfferLastWork(Program& program) {
   const History& history = *program.history;
   ShowOffer(program, history);
   if (history.lost.empty() || history.steps > 0) return;
-  Say(program, words::kWorkCanBeBroughtBack(WorkText(program, history.lost.front())));
+  const std::string work = WorkText(program, history.lost.front());
+  if (News(program).find(work) != std::string::npos) return;
+  Say(program, words::kWorkCanBeBroughtBack(work));
 }
 
 void mnuFileBringBack_Click(Program& program) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,13 +25,14 @@ class SilentHost final : public Host {
   std::optional<int> PrinterDialog() override { return std::nullopt; }
   bool Print(const Document& /*document*/) override { return false; }
   void Preview(const Document& /*document*/) override {}
-  bool WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return false; }
+  WholeFileResult WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return {EIO, {}}; }
   std::string ClipboardText() override { return ""; }
   void SetClipboardText(std::string_view) override {}
   std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
   void SaveSetting(std::string_view, std::string_view) override {}
   std::string Today() override { return ""; }
   std::string ProgramFolder() override { return ""; }
+  std::string UserDataFolder() override { return ""; }
 
   int messages = 0;
 };

@@ -97,8 +97,9 @@ TEST_F(ProfilePictureTest, IsPrintedInLandscapeAndThePaperIsUprightAgainAfterwar
 }
 
 TEST_F(ProfilePictureTest, AFolderThatIsNotThereIsToldOfOverTheProfile) {
-  EXPECT_FALSE(host_->WriteProfile(data_.filePath("no folder/crown.png").toStdString()));
-  EXPECT_FALSE(host_->WriteProfile(data_.filePath("no folder/crown.pdf").toStdString()));
+  for (const char* name : {"no folder/crown.png", "no folder/crown.pdf"}) {
+    EXPECT_EQ(host_->WriteProfile(data_.filePath(name).toStdString()).error, ENOENT);
+  }
 }
 
 TEST_F(ProfilePictureTest, WithoutAPrinterABoxOverTheProfileSaysSo) {

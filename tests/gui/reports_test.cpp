@@ -24,7 +24,7 @@ class ReportsTest : public WindowTest {
   // Writes the document and gives its pages as pictures.
   std::vector<QImage> Pages(const Document& document) {
     const QString pdf = data_.filePath("report.pdf");
-    EXPECT_TRUE(host_->WritePdf(document, pdf.toStdString()));
+    EXPECT_EQ(host_->WritePdf(document, pdf.toStdString()).error, 0);
     return PagesOf(pdf);
   }
 
@@ -145,7 +145,8 @@ TEST_F(ReportsTest, LongTextsKeepToTheirRoom) {
 }
 
 TEST_F(ReportsTest, AFileThatCannotBeWrittenIsRefused) {
-  EXPECT_FALSE(host_->WritePdf(SummaryReport(*program_), data_.filePath("no folder/report.pdf").toStdString()));
+  const std::string path = data_.filePath("no folder/report.pdf").toStdString();
+  EXPECT_EQ(host_->WritePdf(SummaryReport(*program_), path).error, ENOENT);
 }
 
 // The offscreen platform has no printer: the command says so and shows no dialog.

@@ -147,9 +147,9 @@ TEST_F(StakesWindowTest, ThePictureIsWrittenToAFile) {
   const QString path = data_.filePath("crew.png");
   Document document;
   document.operations.emplace_back(PrintedText{0.3, 0.3, 30, "7/8 in", false, 4});
-  EXPECT_TRUE(host_->WritePicture(document, path.toStdString()));
+  EXPECT_EQ(host_->WritePicture(document, path.toStdString()).error, 0);
   EXPECT_EQ(QImage(path).width(), 1088);
-  EXPECT_FALSE(host_->WritePicture(document, data_.filePath("no/crew.png").toStdString()));
+  EXPECT_EQ(host_->WritePicture(document, data_.filePath("no/crew.png").toStdString()).error, ENOENT);
 }
 
 }  // namespace

@@ -43,8 +43,10 @@ class WindowTest : public ::testing::Test {
   }
   void TearDown() override { End(); }
 
+  virtual std::unique_ptr<QtHost> MakeHost() { return std::make_unique<QtHost>(data_.path()); }
+
   void Start() {
-    host_ = std::make_unique<QtHost>(data_.path());
+    host_ = MakeHost();
     program_ = std::make_unique<Program>(*host_);
     StartProgram(*program_);
     window_ = std::make_unique<MainWindow>(*program_);

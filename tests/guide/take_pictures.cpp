@@ -3,9 +3,12 @@
 //   torvale_pictures DATA_FOLDER OUT_FOLDER SCRIPT...
 //
 // A script's comment "#picture NAME WHAT [LEFT TOP WIDTH HEIGHT]" takes the picture OUT_FOLDER/NAME.png; WHAT is
-// `window`, `soils` or the name of a widget, the numbers cut a part out of it, in pixels. "#report NAME KIND" writes
+// `window`, `soils`, `versions`, the name of a menu (dropped down) or of a widget, the numbers cut a part out of it, in
+// pixels. "#report NAME KIND" writes
 // the report `summary`, `complete` or `hole_summary` to OUT_FOLDER/NAME.pdf.
+#include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QTest>
 #include <fstream>
 #include <iostream>
@@ -56,15 +59,20 @@ class Photographer {
     QTest::qWait(100);
     if (what == "window") return &window_;
     if (what == "soils") return window_.findChild<QWidget*>("Grd_Soils_FurrowFlow")->window();
+    if (what == "versions") return window_.findChild<QWidget*>("Grd_EarlierVersions")->window();
+    if (QAction* entry = window_.findChild<QAction*>(QString::fromStdString(what)); entry != nullptr && entry->menu()) {
+      entry->menu()->popup({0, 0});
+      return entry->menu();
+    }
     return window_.findChild<QWidget*>(QString::fromStdString(what));
   }
 
   bool WriteReport(const std::string& kind, const QString& path) {
     QtHost host("");
     Program& program = session_.program;
-    if (kind == "summary") return host.WritePdf(SummaryReport(program), path.toStdString());
-    if (kind == "complete") return host.WritePdf(CompleteReport(program), path.toStdString());
-    if (kind == "hole_summary") return host.WritePdf(HoleSummaryReport(program), path.toStdString());
+    if (kind == "summary") return host.WritePdf(SummaryReport(program), path.toStdString()).error == 0;
+    if (kind == "complete") return host.WritePdf(CompleteReport(program), path.toStdString()).error == 0;
+    if (kind == "hole_summary") return host.WritePdf(HoleSummaryReport(program), path.toStdString()).error == 0;
     return false;
   }
 

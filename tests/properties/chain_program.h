@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cmath>
 #include <functional>
 #include <optional>
@@ -44,13 +45,14 @@ class RandomHost final : public Host {
   std::optional<int> PrinterDialog() override { return std::nullopt; }
   bool Print(const Document& /*document*/) override { return false; }
   void Preview(const Document& /*document*/) override {}
-  bool WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return false; }
+  WholeFileResult WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return {EIO, {}}; }
   std::string ClipboardText() override { return ""; }
   void SetClipboardText(std::string_view) override {}
   std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
   void SaveSetting(std::string_view, std::string_view) override {}
   std::string Today() override { return "1/1/2030"; }
   std::string ProgramFolder() override { return "no such folder"; }
+  std::string UserDataFolder() override { return ""; }
 
   void CancelAfter(long count, std::function<void()> press) {
     cancel_at = yields + count;

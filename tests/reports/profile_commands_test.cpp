@@ -82,7 +82,7 @@ TEST_F(ProfileCommandsTest, APictureThatCanNotBeWrittenIsToldOf) {
   host.paths = {"a/crown.png"};
   btnExportPicture_Click(program);
   ASSERT_EQ(host.messages.size(), 1U);
-  EXPECT_TRUE(host.messages[0].body.starts_with("The picture could not be written to a/crown.png."));
+  EXPECT_EQ(host.messages[0].body, "The picture could not be written to a/crown.png: Input/output error.");
 }
 
 }  // namespace

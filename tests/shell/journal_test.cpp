@@ -71,13 +71,21 @@ TEST(JournalText, PassesOverWhatItDoesNotUnderstand) {
       "txtInfo(6)\tx\n\t\nGrid1 1 0\t0\nat\tx\n");
   EXPECT_EQ(work.texts, Texts({{0, "0"}}));
   EXPECT_EQ(work.moment, 0);
-  EXPECT_EQ(ReadJournal("another file\nGrid1 1 0\t0\nat\t1\n").texts, InputTexts(kInputPlaces));
+}
+
+// What stands behind a first line that is damaged is read all the same; what another version has written is not.
+TEST(JournalText, ItsHeadingMayBeDamaged) {
+  EXPECT_EQ(ReadJournal("TORVALE jourmal 1\nGrid1 1 0\t0\nat\t1\n").texts, Texts({{0, "0"}}));
+  EXPECT_EQ(ReadJournal("Grid1 1 0\t0\nat\t1\n").texts, Texts({{0, "0"}}));
+  EXPECT_EQ(ReadJournal("TORVALE journal 2\nGrid1 1 0\t0\nat\t1\n").texts, InputTexts(kInputPlaces));
 }
 
 // What follows the mark counts as not stored again.
 TEST(JournalText, IsStoredOnlyAtItsEnd) {
   EXPECT_TRUE(ReadJournal("TORVALE journal 1\nGrid1 1 0\t0\nat\t1\nstored\n").stored);
   EXPECT_FALSE(ReadJournal("TORVALE journal 1\nat\t1\nstored\nGrid1 1 0\t0\nat\t2\n").stored);
+  EXPECT_FALSE(ReadJournal("TORVALE journal 1\nat\t1\nstored\nat\t2\n").stored) << "it is not any more";
+  EXPECT_FALSE(ReadJournal("TORVALE journal 1\nat\t1\nstored\nGrie1 1 0\t0\n").stored);
 }
 
 struct JournalTest : ::testing::Test {
@@ -171,6 +179,30 @@ TEST_F(JournalTest, KeepsTheTwentyNewestWorks) {
   EXPECT_EQ(lost.front().texts[kInfoPlace], "24");
   EXPECT_EQ(lost.back().texts[kInfoPlace], "5");
   EXPECT_EQ(FilesIn(JournalFolder(host)), 20);
+}
+
+// The lines that tell the moment are damaged: the work counts as of when its journal was begun, which its name tells.
+TEST_F(JournalTest, IsFoundWithoutItsMoment) {
+  ASSERT_EQ(WriteJournal(host, journal, kTyped, false), 0);
+  LeaveJournal(journal);
+  std::string text = Bytes(journal.path);
+  text.erase(text.find("\nat\t") + 1);
+  std::ofstream(journal.path, std::ios::binary | std::ios::trunc) << text;
+  host.now += std::int64_t{1000} * 60 * 60 * 24 * 3;
+  const std::vector<LostWork> lost = FindLostWork(host);
+  ASSERT_EQ(lost.size(), 1U);
+  EXPECT_EQ(lost[0].texts, kTyped);
+  EXPECT_EQ(lost[0].moment, 1'795'262'400'000);
+}
+
+// The journal of a later version that was run beside this one is not this one's to take away.
+TEST_F(JournalTest, OneOfAnotherFormStays) {
+  ASSERT_EQ(WriteJournal(host, journal, kTyped, false), 0);
+  LeaveJournal(journal);
+  std::ofstream(journal.path, std::ios::binary | std::ios::trunc) << "TORVALE journal 2\nsomething else\n";
+  host.now += std::int64_t{1000} * 60 * 60 * 24 * 3;
+  EXPECT_TRUE(FindLostWork(host).empty());
+  EXPECT_EQ(FilesIn(JournalFolder(host)), 1);
 }
 
 TEST_F(JournalTest, IsForItsUserAlone) {

@@ -153,7 +153,7 @@ TEST_F(PrintCommandsTest, AFileThatCannotBeWrittenIsTold) {
   host.printer_works = false;
   Click(program, "mnuExportPdf(0)");
   ASSERT_EQ(host.messages.size(), 1U);
-  EXPECT_EQ(host.messages[0].body, "The report could not be written to out.pdf.");
+  EXPECT_EQ(host.messages[0].body, "The report could not be written to out.pdf: Input/output error.");
   // A cancelled dialog writes nothing and says nothing.
   Click(program, "mnuExportPdf(0)");
   EXPECT_EQ(host.messages.size(), 1U);

@@ -9,6 +9,7 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/start_up.h"
+#include "support/elsewhere.h"
 #include "support/fake_host.h"
 #include "support/long_runs.h"
 
@@ -192,6 +193,7 @@ class RandomUser {
 TEST(RandomUserTest, AlwaysFindsAWayToGoOn) {
   constexpr unsigned kOfOneUser = 100;
   const unsigned users = LongRun(2'000U, 200'000U, 2'000'000U) / kOfOneUser;
+  const ElsewhereForAWhile elsewhere;  // a save without a name lands in the current folder
   const unsigned first = FirstRound(0);
   for (unsigned seed = first; seed < first + users; ++seed) {
     RandomUser user(seed);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -88,6 +89,7 @@ class FakeHost final : public Host {
   std::vector<Document> printed;         // copy by copy
   std::vector<Document> previewed;       // in the order shown
   std::map<std::string, Document> pdfs;  // by path
+  std::function<WholeFileResult(const std::string& path)> write_file;  // what writing a report to a file comes to
   bool HasPrinter() override { return has_printer; }
   std::optional<int> PrinterDialog() override {
     ++printer_dialogs;
@@ -101,15 +103,22 @@ class FakeHost final : public Host {
   std::function<bool()> print_profile;                         // false for a refusal
   std::function<bool(const std::string& path)> write_profile;  // the same
   bool PrintProfile() override { return print_profile && print_profile(); }
-  bool WriteProfile(const std::string& path) override { return write_profile && write_profile(path); }
-  bool WritePdf(const Document& document, const std::string& path) override {
-    if (printer_works) pdfs[path] = document;
-    return printer_works;
+  WholeFileResult refused_file{EIO, {}};  // what comes of a file that the disk does not take
+  WholeFileResult WriteProfile(const std::string& path) override {
+    return write_profile && write_profile(path) ? WholeFileResult{} : refused_file;
+  }
+  WholeFileResult WritePdf(const Document& document, const std::string& path) override {
+    if (!printer_works) return refused_file;
+    if (write_file) return write_file(path);
+    pdfs[path] = document;
+    return {};
   }
   std::map<std::string, Document> pictures;  // by path
-  bool WritePicture(const Document& document, const std::string& path) override {
-    if (printer_works) pictures[path] = document;
-    return printer_works;
+  WholeFileResult WritePicture(const Document& document, const std::string& path) override {
+    if (!printer_works) return refused_file;
+    if (write_file) return write_file(path);
+    pictures[path] = document;
+    return {};
   }
   std::string clipboard;
   std::string ClipboardText() override { return clipboard; }
