@@ -80,3 +80,11 @@ endif()
 # The scripts of docs/many_fields, with GNU parallel and a Slurm of its own where they are there.
 add_test(NAME many_machines COMMAND ${PROJECT_SOURCE_DIR}/tests/batch/many_machines.sh $<TARGET_FILE:torvale_batch>)
 set_tests_properties(many_machines PROPERTIES TIMEOUT ${test_timeout_seconds})
+
+# The programs as they are started from a shell.
+set(programs $<TARGET_FILE:torvale_batch> $<TARGET_FILE:torvale_script>)
+if(TARGET torvale)
+  list(APPEND programs $<TARGET_FILE:torvale>)
+endif()
+add_test(NAME programs COMMAND ${PROJECT_SOURCE_DIR}/tests/batch/programs.py ${programs})
+set_tests_properties(programs PROPERTIES TIMEOUT ${test_timeout_seconds})

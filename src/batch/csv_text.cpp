@@ -13,80 +13,58 @@ bool IsBlank(char c) {
   return c == ' ' || c == '\t';
 }
 
-// Walks over the text cell by cell.
-class Reader {
- public:
-  Reader(std::string_view text, char separator) : text_(text), separator_(separator) {}
+}  // namespace
 
-  std::vector<CsvRow> Rows() {
-    std::vector<CsvRow> rows;
-    while (at_ < text_.size()) rows.push_back(Row());
-    return rows;
+void CsvReader::SkipBlanks() {
+  while (!AtCellEnd() && IsBlank(text_[at_])) ++at_;
+}
+
+CsvRow CsvReader::Row() {
+  const std::size_t begin = at_;
+  CsvRow row{line_, {}, {}};
+  for (;;) {
+    row.cells.push_back(Cell(static_cast<int>(row.cells.size()) + 1));
+    if (AtLineEnd()) break;
+    ++at_;
   }
+  SkipLineEnd();
+  row.text = text_.substr(begin, at_ - begin);
+  return row;
+}
 
- private:
-  bool AtEnd() const { return at_ >= text_.size(); }
-  bool AtLineEnd() const { return AtEnd() || text_[at_] == '\r' || text_[at_] == '\n'; }
-  bool AtCellEnd() const { return AtLineEnd() || text_[at_] == separator_; }
+std::string CsvReader::Cell(int column) {
+  SkipBlanks();
+  if (!AtEnd() && text_[at_] == '"') return Quoted(column);
+  const std::size_t begin = at_;
+  while (!AtCellEnd()) ++at_;
+  std::size_t end = at_;
+  while (end > begin && IsBlank(text_[end - 1])) --end;
+  return std::string(text_.substr(begin, end - begin));
+}
 
-  void SkipBlanks() {
-    while (!AtCellEnd() && IsBlank(text_[at_])) ++at_;
-  }
-
-  CsvRow Row() {
-    const std::size_t begin = at_;
-    CsvRow row{line_, {}, {}};
-    for (;;) {
-      row.cells.push_back(Cell(static_cast<int>(row.cells.size()) + 1));
-      if (AtLineEnd()) break;
+std::string CsvReader::Quoted(int column) {
+  const int begun = line_;
+  std::string cell;
+  for (++at_;; ++at_) {
+    if (AtEnd()) throw CsvFault("a quote is not closed", begun, column);
+    if (text_[at_] == '"') {
+      if (at_ + 1 >= text_.size() || text_[at_ + 1] != '"') break;
       ++at_;
     }
-    SkipLineEnd();
-    row.text = text_.substr(begin, at_ - begin);
-    return row;
+    if (text_[at_] == '\n' || (text_[at_] == '\r' && text_.substr(at_, 2) != "\r\n")) ++line_;
+    cell += text_[at_];
   }
+  ++at_;
+  SkipBlanks();
+  if (!AtCellEnd()) throw CsvFault("text follows a closing quote", line_, column);
+  return cell;
+}
 
-  std::string Cell(int column) {
-    SkipBlanks();
-    if (!AtEnd() && text_[at_] == '"') return Quoted(column);
-    const std::size_t begin = at_;
-    while (!AtCellEnd()) ++at_;
-    std::size_t end = at_;
-    while (end > begin && IsBlank(text_[end - 1])) --end;
-    return std::string(text_.substr(begin, end - begin));
-  }
-
-  std::string Quoted(int column) {
-    const int begun = line_;
-    std::string cell;
-    for (++at_;; ++at_) {
-      if (AtEnd()) throw CsvFault("a quote is not closed", begun, column);
-      if (text_[at_] == '"') {
-        if (at_ + 1 >= text_.size() || text_[at_ + 1] != '"') break;
-        ++at_;
-      }
-      if (text_[at_] == '\n' || (text_[at_] == '\r' && text_.substr(at_, 2) != "\r\n")) ++line_;
-      cell += text_[at_];
-    }
-    ++at_;
-    SkipBlanks();
-    if (!AtCellEnd()) throw CsvFault("text follows a closing quote", line_, column);
-    return cell;
-  }
-
-  void SkipLineEnd() {
-    if (AtEnd()) return;
-    at_ += text_.substr(at_, 2) == "\r\n" ? 2 : 1;
-    ++line_;
-  }
-
-  std::string_view text_;
-  char separator_;
-  std::size_t at_ = 0;
-  int line_ = 1;
-};
-
-}  // namespace
+void CsvReader::SkipLineEnd() {
+  if (AtEnd()) return;
+  at_ += text_.substr(at_, 2) == "\r\n" ? 2 : 1;
+  ++line_;
+}
 
 const std::string& CsvRow::Cell(std::size_t column) const {
   static const std::string kEmpty;
@@ -98,7 +76,9 @@ bool CsvRow::Empty() const {
 }
 
 std::vector<CsvRow> ReadCsv(std::string_view text, char separator) {
-  return Reader(text, separator).Rows();
+  std::vector<CsvRow> rows;
+  for (CsvReader reader(text, separator); !reader.AtEnd();) rows.push_back(reader.Row());
+  return rows;
 }
 
 char SeparatorOf(std::string_view text) {

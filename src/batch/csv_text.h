@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -26,9 +27,36 @@ struct CsvFault : std::runtime_error {
   int column;
 };
 
-// The rows of a table of separated values, empty ones too. Lines end in CR LF, CR or LF. A cell that begins with a
+// Reads a table of separated values row by row, empty ones too. Lines end in CR LF, CR or LF. A cell that begins with a
 // quote runs to the next single one, separators and line ends included, and two quotes in it stand for one; behind the
-// closing quote nothing but blanks may stand. Blanks around a cell without quotes are dropped. Throws CsvFault.
+// closing quote nothing but blanks may stand. Blanks around a cell without quotes are dropped.
+class CsvReader {
+ public:
+  // Begins at `at`, where the line of that number does. The text must outlive the reader and its rows.
+  CsvReader(std::string_view text, char separator, std::size_t at = 0, int line = 1)
+      : text_(text), separator_(separator), at_(at), line_(line) {}
+
+  bool AtEnd() const { return at_ >= text_.size(); }
+  // Where the next row begins.
+  std::size_t at() const { return at_; }
+  // The next row; there must be one. Throws CsvFault.
+  CsvRow Row();
+
+ private:
+  bool AtLineEnd() const { return AtEnd() || text_[at_] == '\r' || text_[at_] == '\n'; }
+  bool AtCellEnd() const { return AtLineEnd() || text_[at_] == separator_; }
+  void SkipBlanks();
+  std::string Cell(int column);
+  std::string Quoted(int column);
+  void SkipLineEnd();
+
+  std::string_view text_;
+  char separator_;
+  std::size_t at_;
+  int line_;
+};
+
+// All of its rows. Throws CsvFault.
 std::vector<CsvRow> ReadCsv(std::string_view text, char separator);
 
 // What parts the cells of a table: the tab, the semicolon or the comma, whichever comes first outside quotes in the

@@ -90,8 +90,10 @@ std::vector<std::string> Parts(std::string_view cell) {
   return parts;
 }
 
+}  // namespace
+
 // What a column is for.
-struct Column {
+struct FieldColumn {
   std::string heading;
   const TextColumn* text = nullptr;
   std::optional<std::size_t> preference;
@@ -99,17 +101,19 @@ struct Column {
   bool designs = false;
 };
 
-std::optional<Column> ColumnOf(std::string_view heading) {
+namespace {
+
+std::optional<FieldColumn> ColumnOf(std::string_view heading) {
   for (const TextColumn& column : kTextColumns) {
-    if (Same(column.name, heading)) return Column{Plain(heading), &column, {}, false, false};
+    if (Same(column.name, heading)) return FieldColumn{Plain(heading), &column, {}, false, false};
   }
   for (std::size_t i = 0; i < kPreferences.size(); ++i) {
     if (Same(kPreferences.at(i).name, heading) || Same("txtDefault(" + std::to_string(i) + ")", heading)) {
-      return Column{Plain(heading), nullptr, i, false, false};
+      return FieldColumn{Plain(heading), nullptr, i, false, false};
     }
   }
-  if (Same(kHolesColumn, heading)) return Column{Plain(heading), nullptr, {}, true, false};
-  if (Same(kDesignsColumn, heading)) return Column{Plain(heading), nullptr, {}, false, true};
+  if (Same(kHolesColumn, heading)) return FieldColumn{Plain(heading), nullptr, {}, true, false};
+  if (Same(kDesignsColumn, heading)) return FieldColumn{Plain(heading), nullptr, {}, false, true};
   return std::nullopt;
 }
 
@@ -126,12 +130,12 @@ std::vector<std::int16_t> AllDesigns() {
   return types;
 }
 
-std::vector<Column> Headings(const CsvRow& row, const std::string& file) {
-  std::vector<Column> columns;
+std::vector<FieldColumn> Headings(const CsvRow& row, const std::string& file) {
+  std::vector<FieldColumn> columns;
   std::map<std::string, std::size_t> seen;
   for (std::size_t i = 0; i < row.cells.size(); ++i) {
     const std::string& heading = row.cells[i];
-    std::optional<Column> column = ColumnOf(heading);
+    std::optional<FieldColumn> column = ColumnOf(heading);
     const std::string place = PlaceOfCell(file, row.line, i);
     if (!column) throw FieldTableFault(place + ": no column of fields is called \"" + heading + "\"");
     const auto [first, is_new] = seen.emplace(Plain(heading), i + 1);
@@ -144,7 +148,7 @@ std::vector<Column> Headings(const CsvRow& row, const std::string& file) {
 }
 
 // Takes one cell of a field; what it can't take is a fault in words.
-void TakeCell(FieldRow& field, const Column& column, const std::string& cell, const std::string& place) {
+void TakeCell(FieldRow& field, const FieldColumn& column, const std::string& cell, const std::string& place) {
   if (column.text != nullptr) field.*column.text->text = cell;
   if (column.preference) field.preferences.emplace_back(*column.preference, cell);
   if (column.holes) field.holes = Parts(cell);
@@ -185,7 +189,7 @@ void CheckLayout(FieldRow& field, const std::string& place) {
   field.faults.push_back(place + ": the layout is sheet, PNEZ or PENZ, not \"" + field.layout + "\"");
 }
 
-FieldRow FieldOf(const CsvRow& row, const std::vector<Column>& columns, const std::string& file) {
+FieldRow FieldOf(const CsvRow& row, const std::vector<FieldColumn>& columns, const std::string& file) {
   FieldRow field;
   field.line = row.line;
   ContentHash hash;
@@ -218,23 +222,36 @@ std::string PlaceOfCell(const std::string& file, int line, std::size_t column) {
   return file + ", row " + std::to_string(line) + ", column " + std::to_string(column + 1);
 }
 
-std::vector<FieldRow> ReadFieldTable(std::string_view text, const std::string& file) {
-  std::vector<CsvRow> rows;
+FieldTable::FieldTable(std::string text, std::string file)
+    : text_(std::move(text)), file_(std::move(file)), separator_(SeparatorOf(text_)) {
   try {
-    rows = ReadCsv(text, SeparatorOf(text));
+    int number = 0;
+    for (CsvReader reader(text_, separator_); !reader.AtEnd();) {
+      const std::size_t at = reader.at();
+      const CsvRow row = reader.Row();
+      if (row.Empty()) continue;
+      if (!columns_) {
+        columns_ = std::make_shared<const std::vector<FieldColumn>>(Headings(row, file_));
+      } else {
+        places_.push_back({at, row.line, ++number});
+      }
+    }
   } catch (const CsvFault& fault) {
-    throw FieldTableFault(PlaceOfCell(file, fault.line, static_cast<std::size_t>(fault.column) - 1) + ": " +
+    throw FieldTableFault(PlaceOfCell(file_, fault.line, static_cast<std::size_t>(fault.column) - 1) + ": " +
                           fault.what());
   }
-  std::erase_if(rows, [](const CsvRow& row) { return row.Empty(); });
-  if (rows.empty()) throw FieldTableFault(file + ": the table is empty");
-  const std::vector<Column> columns = Headings(rows.front(), file);
-  std::vector<FieldRow> fields;
-  for (std::size_t i = 1; i < rows.size(); ++i) {
-    fields.push_back(FieldOf(rows[i], columns, file));
-    fields.back().number = static_cast<int>(i);
-  }
-  return fields;
+  if (!columns_) throw FieldTableFault(file_ + ": the table is empty");
+}
+
+FieldRow FieldTable::Field(std::size_t i) const {
+  const Place& place = places_.at(i);
+  FieldRow field = FieldOf(CsvReader(text_, separator_, place.at, place.line).Row(), *columns_, file_);
+  field.number = place.number;
+  return field;
+}
+
+void FieldTable::KeepPart(int part, int parts) {
+  std::erase_if(places_, [&](const Place& place) { return (place.number - 1) % parts != part - 1; });
 }
 
 std::vector<FieldColumnHelp> FieldColumns() {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -41,8 +43,35 @@ struct FieldTableFault : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// `file` is the name by which faults speak of the table. Lines without text are passed over. Throws FieldTableFault.
-std::vector<FieldRow> ReadFieldTable(std::string_view text, const std::string& file);
+struct FieldColumn;
+
+// Such a table. It keeps its text and where the fields stand in it, so that a field costs little more than its line; a
+// field is taken apart when it is asked for. Constant, it may be used on many threads.
+class FieldTable {
+ public:
+  // `file` is the name by which faults speak of the table. Lines without text are passed over. Throws FieldTableFault.
+  FieldTable(std::string text, std::string file);
+
+  std::size_t size() const { return places_.size(); }
+  // The number of the i-th field, from 1 in the order of the table; what results go by.
+  int NumberOf(std::size_t i) const { return places_[i].number; }
+  FieldRow Field(std::size_t i) const;
+  // Drops all fields but every `parts`-th, from that of number `part` on.
+  void KeepPart(int part, int parts);
+
+ private:
+  struct Place {
+    std::size_t at;  // in the text
+    int line;
+    int number;
+  };
+
+  std::string text_;
+  std::string file_;
+  char separator_;
+  std::shared_ptr<const std::vector<FieldColumn>> columns_;
+  std::vector<Place> places_;
+};
 
 // Every column that a table may have, each with what it holds, for the help.
 struct FieldColumnHelp {

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "batch/content_hash.h"
 #include "batch/text_files.h"
@@ -77,18 +78,62 @@ bool StandsAsWritten(const FieldOutcome& outcome, const std::filesystem::path& f
 }  // namespace
 
 Journal::Journal(const std::filesystem::path& path) : path_(path) {
-  file_.open(path, std::ios::binary | std::ios::in | std::ios::out);
+  Open();
+  // A run that was killed has compacted nothing.
+  if (end_ > 2 * newest_) Compact();
+}
+
+void Journal::Open() {
+  entries_.clear();
+  end_ = newest_ = 0;
+  file_.open(path_, std::ios::binary | std::ios::in | std::ios::out);
   if (!file_.is_open()) {
-    std::ofstream(path, std::ios::binary).flush();
-    file_.open(path, std::ios::binary | std::ios::in | std::ios::out);
+    std::ofstream(path_, std::ios::binary).flush();
+    file_.open(path_, std::ios::binary | std::ios::in | std::ios::out);
   }
   if (!file_.is_open()) throw TextFileFault("can't be written");
   Heading heading;
   while (ReadEntry(file_, heading)) {
-    entries_[heading.number] = {heading.key, end_};
-    end_ = file_.tellg();
+    const std::streamoff after = file_.tellg();
+    Take(heading.number, {heading.key, end_, after - end_});
+    end_ = after;
   }
   file_.clear();
+}
+
+void Journal::Take(int number, const Entry& entry) {
+  Entry& newest = entries_[number];
+  newest_ += entry.bytes - newest.bytes;
+  newest = entry;
+}
+
+bool Journal::WriteNewest(std::ostream& out) {
+  std::vector<Entry> newest;
+  newest.reserve(entries_.size());
+  for (const auto& [number, entry] : entries_) newest.push_back(entry);
+  std::sort(newest.begin(), newest.end(), [](const Entry& a, const Entry& b) { return a.at < b.at; });
+  std::string bytes;
+  for (const Entry& entry : newest) {
+    bytes.resize(static_cast<std::size_t>(entry.bytes));
+    file_.clear();
+    file_.seekg(entry.at);
+    if (!file_.read(bytes.data(), entry.bytes)) return false;
+    out << bytes;
+  }
+  return true;
+}
+
+void Journal::Compact() {
+  if (newest_ == end_) return;
+  try {
+    WriteTextFile(path_, [&](std::ostream& out) {
+      if (!WriteNewest(out)) out.setstate(std::ios::failbit);
+    });
+  } catch (const TextFileFault&) {
+    return;
+  }
+  file_.close();
+  Open();
 }
 
 std::optional<FieldOutcome> Journal::ReadAt(std::streamoff at) {
@@ -124,8 +169,9 @@ void Journal::Add(int number, std::uint64_t key, const FieldOutcome& outcome) {
   file_.write(text.data(), static_cast<std::streamsize>(text.size()));
   file_.flush();
   if (!file_) throw TextFileFault("can't be written");
-  entries_[number] = {key, end_};
-  end_ += static_cast<std::streamoff>(text.size());
+  const auto bytes = static_cast<std::streamoff>(text.size());
+  Take(number, {key, end_, bytes});
+  end_ += bytes;
 }
 
 }  // namespace torvale

@@ -12,7 +12,8 @@ namespace torvale {
 
 // What a run has finished so far, kept in a file as it goes, so that a run that was broken off goes on where it stood
 // and one that is made again does only what is missing or changed. Entries stay on the disk; only their places are kept
-// in memory. An entry that was cut off is as if it had never been begun.
+// in memory. An entry that was cut off is as if it had never been begun. A newer entry of a field takes the place of
+// the one before it, which goes from the file when it is compacted.
 class Journal {
  public:
   // Opens or begins the file. Throws TextFileFault.
@@ -27,17 +28,26 @@ class Journal {
   // Adds what came of a field. Throws TextFileFault.
   void Add(int number, std::uint64_t key, const FieldOutcome& outcome);
 
+  // Writes the file anew with the newest entry of each field alone, where it has others. Where that fails the file
+  // stays as it is. Throws TextFileFault where it can't be opened again.
+  void Compact();
+
  private:
   struct Entry {
     std::uint64_t key = 0;
     std::streamoff at = 0;
+    std::streamoff bytes = 0;
   };
+  void Open();
+  void Take(int number, const Entry& entry);
+  bool WriteNewest(std::ostream& out);
   std::optional<FieldOutcome> ReadAt(std::streamoff at);
 
   std::filesystem::path path_;
   std::fstream file_;
   std::unordered_map<int, Entry> entries_;
-  std::streamoff end_ = 0;  // of the last whole entry
+  std::streamoff end_ = 0;     // of the last whole entry
+  std::streamoff newest_ = 0;  // bytes of the newest entries
 };
 
 }  // namespace torvale

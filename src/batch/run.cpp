@@ -43,10 +43,10 @@ std::uint64_t ContentOf(const BatchOptions& options) {
 // A run from its table to its results.
 class Batch {
  public:
-  Batch(const BatchOptions& options, std::vector<FieldRow> fields, Journal& journal, std::ostream& errors)
+  Batch(const BatchOptions& options, FieldTable fields, Journal& journal, std::ostream& errors)
       : options_(options),
         // Fields are named on the threads' side too, which may outlive this run.
-        fields_(std::make_shared<const std::vector<FieldRow>>(std::move(fields))),
+        fields_(std::make_shared<const FieldTable>(std::move(fields))),
         journal_(journal),
         progress_(errors, options.progress, fields_->size()) {
     task_ = std::make_shared<const FieldTask>(FieldTask{std::filesystem::absolute(options.table).parent_path(),
@@ -59,14 +59,14 @@ class Batch {
     PoolHandlers handlers;
     handlers.make_worker = [task = task_, fields = fields_] {
       auto quiet = std::make_shared<QuietProgram>(task->data_folder);
-      return [=](std::size_t i, const Until& until) { return WorkField(*quiet, *task, (*fields)[i], until); };
+      return [=](std::size_t i, const Until& until) { return WorkField(*quiet, *task, fields->Field(i), until); };
     };
     handlers.finished = [this](std::size_t i, const FieldOutcome& outcome) {
-      journal_.Add((*fields_)[i].number, keys_[i], outcome);
+      journal_.Add(fields_->NumberOf(i), keys_[i], outcome);
       Count(outcome);
     };
     handlers.hung = [this](std::size_t i) {
-      return FailedField((*fields_)[i], FieldEnd::kOutOfTime, "The field did not end; it was given up.");
+      return FailedField(fields_->Field(i), FieldEnd::kOutOfTime, "The field did not end; it was given up.");
     };
     bool stopped = false;
     handlers.tick = [&] {
@@ -79,12 +79,11 @@ class Batch {
     return finished_ == fields_->size();
   }
 
-  std::string Results() {
-    std::string text = ResultHeading();
-    for (const FieldRow& field : *fields_) {
-      if (const std::optional<FieldOutcome> outcome = journal_.Last(field.number)) text += outcome->rows;
+  void WriteResults(std::ostream& out) {
+    out << ResultHeading();
+    for (std::size_t i = 0; i < fields_->size(); ++i) {
+      if (const std::optional<FieldOutcome> outcome = journal_.Last(fields_->NumberOf(i))) out << outcome->rows;
     }
-    return text;
   }
 
   std::size_t finished() const { return finished_; }
@@ -103,7 +102,7 @@ class Batch {
   std::vector<std::size_t> MissingFields() {
     std::vector<std::size_t> missing;
     for (std::size_t i = 0; i < fields_->size(); ++i) {
-      const FieldRow& field = (*fields_)[i];
+      const FieldRow field = fields_->Field(i);
       keys_.push_back(KeyOf(*task_, field));
       const auto known = options_.fresh ? std::nullopt : journal_.Find(field.number, keys_[i], task_->out_folder);
       if (known) {
@@ -117,7 +116,7 @@ class Batch {
   }
 
   const BatchOptions& options_;
-  std::shared_ptr<const std::vector<FieldRow>> fields_;
+  std::shared_ptr<const FieldTable> fields_;
   std::shared_ptr<const FieldTask> task_;
   Journal& journal_;
   Progress progress_;
@@ -128,22 +127,19 @@ class Batch {
   int threads_left_ = 0;
 };
 
-std::vector<FieldRow> FieldsOf(const BatchOptions& options) {
-  std::vector<FieldRow> fields;
+FieldTable FieldsOf(const BatchOptions& options) {
   try {
-    fields = ReadFieldTable(TextOfFile(ReadTextFile(options.table)), Utf8Of(options.table));
+    FieldTable fields(TextOfFile(ReadTextFile(options.table)), Utf8Of(options.table));
+    fields.KeepPart(options.shard.part, options.shard.parts);
+    return fields;
   } catch (const TextFileFault& fault) {
     throw FieldTableFault(Utf8Of(options.table) + ": " + fault.what());
   }
-  std::erase_if(fields, [&](const FieldRow& field) {
-    return (field.number - 1) % options.shard.parts != options.shard.part - 1;
-  });
-  return fields;
 }
 
 int StatusOf(Batch& batch, const BatchOptions& options, std::ostream& out) {
   const std::filesystem::path results = options.out_folder / PathOf(ResultsName(options.shard));
-  WriteTextFile(results, batch.Results());
+  WriteTextFile(results, [&](std::ostream& file) { batch.WriteResults(file); });
   out << batch.total() << (batch.total() == 1 ? " field" : " fields");
   if (batch.reused() > 0) out << ", " << batch.reused() << " of them as they were";
   if (batch.refused() > 0) out << ", " << batch.refused() << " with something refused";
@@ -167,12 +163,13 @@ std::string ResultsName(const Shard& shard) {
 BatchEnd RunBatch(const BatchOptions& options, const std::function<bool()>& go_on, std::ostream& out,
                   std::ostream& errors) {
   try {
-    std::vector<FieldRow> fields = FieldsOf(options);
+    FieldTable fields = FieldsOf(options);
     std::error_code error;
     std::filesystem::create_directories(options.out_folder, error);
     Journal journal(options.out_folder / PathOf(Stem(options.shard) + ".journal"));
     Batch batch(options, std::move(fields), journal, errors);
     const bool all = batch.Run(go_on);
+    journal.Compact();
     if (!all) {
       errors << "stopped: " << batch.finished() << " of " << batch.total()
              << " fields are done; the same command goes on from there\n";

@@ -27,12 +27,16 @@ std::string ReadTextFile(const std::filesystem::path& path) {
 }
 
 void WriteTextFile(const std::filesystem::path& path, std::string_view bytes) {
+  WriteTextFile(path, [&](std::ostream& out) { out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); });
+}
+
+void WriteTextFile(const std::filesystem::path& path, const std::function<void(std::ostream&)>& write) {
   std::filesystem::path beside = path;
   beside += ".new";
   {
     errno = 0;
     std::ofstream file(beside, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    write(file);
     file.close();
     if (!file) {
       const int error = errno;

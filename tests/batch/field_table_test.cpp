@@ -13,7 +13,13 @@ using ::testing::IsEmpty;
 using ::testing::Pair;
 
 std::vector<FieldRow> Read(std::string_view text) {
-  return ReadFieldTable(text, "fields.csv");
+  const FieldTable table(std::string(text), "fields.csv");
+  std::vector<FieldRow> fields;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    fields.push_back(table.Field(i));
+    EXPECT_EQ(fields.back().number, table.NumberOf(i));
+  }
+  return fields;
 }
 
 std::string FaultOf(std::string_view text) {
