@@ -107,17 +107,17 @@ void Journal::Take(int number, const Entry& entry) {
   newest = entry;
 }
 
-bool Journal::WriteNewest(std::ostream& out) {
+bool Journal::WriteNewest(std::ostream& out) const {
   std::vector<Entry> newest;
   newest.reserve(entries_.size());
   for (const auto& [number, entry] : entries_) newest.push_back(entry);
   std::sort(newest.begin(), newest.end(), [](const Entry& a, const Entry& b) { return a.at < b.at; });
+  std::ifstream file(path_, std::ios::binary);
   std::string bytes;
   for (const Entry& entry : newest) {
     bytes.resize(static_cast<std::size_t>(entry.bytes));
-    file_.clear();
-    file_.seekg(entry.at);
-    if (!file_.read(bytes.data(), entry.bytes)) return false;
+    file.seekg(entry.at);
+    if (!file.read(bytes.data(), entry.bytes)) return false;
     out << bytes;
   }
   return true;
@@ -125,14 +125,15 @@ bool Journal::WriteNewest(std::ostream& out) {
 
 void Journal::Compact() {
   if (newest_ == end_) return;
+  // A file that is open can't be replaced on every system.
+  file_.close();
   try {
     WriteTextFile(path_, [&](std::ostream& out) {
       if (!WriteNewest(out)) out.setstate(std::ios::failbit);
     });
   } catch (const TextFileFault&) {
-    return;
+    // What is old stays beside what is new.
   }
-  file_.close();
   Open();
 }
 

@@ -40,7 +40,7 @@ class Journal {
   };
   void Open();
   void Take(int number, const Entry& entry);
-  bool WriteNewest(std::ostream& out);
+  bool WriteNewest(std::ostream& out) const;
   std::optional<FieldOutcome> ReadAt(std::streamoff at);
 
   std::filesystem::path path_;
