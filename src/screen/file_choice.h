@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "screen/program.h"
+#include "screen/spoken.h"
 
 namespace torvale {
 

@@ -27,6 +27,7 @@ struct History;
 // What the end of an event needs to know of those before it.
 struct EventsInWork {
   int open = 0;                   // events being worked on, one inside the other while a calculation lets events run
+  std::string told;               // what the status bar told when the outermost event began
   std::string focus;              // the active control, and ...
   std::string_view panel;         // ... the panel that was open, when the last outermost event ended; empty for none
   std::uint64_t first_steps = 0;  // revision of the sheet's cells to which the card of the first steps belongs

@@ -19,6 +19,7 @@
 #include "input/info_fields.h"
 #include "input/sheet.h"
 #include "screen/message_box.h"
+#include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/design_commands.h"
 #include "shell/csv_export.h"
@@ -140,7 +141,7 @@ void RunWaiting(Program& program) {
 }  // namespace
 
 void Guarded(Program& program, const std::function<void()>& work) {
-  ++program.events.open;
+  if (++program.events.open == 1) program.events.told = News(program);
   RunOrTell(program, work);
   if (program.events.open == 1) {
     RunWaiting(program);

@@ -85,8 +85,8 @@ bool TellsOfField(const Program& program, const std::string& told) {
                      [&](int field) { return FocusHint(program, "txtInfo(" + std::to_string(field) + ")") == told; });
 }
 
-// That typing has made figures stale is news; who changes the sheet behind them has news of its own. That they are
-// still stale is told where nothing else is.
+// That typing has made figures stale is news, and stands behind what else the same event had to tell; who changes the
+// sheet behind them has news of its own. That they are still stale is told where nothing else is.
 void TellStale(Program& program, const SpokenSentence& sentence, bool typed) {
   const std::string& told = News(program);
   if (sentence.empty()) {
@@ -95,7 +95,11 @@ void TellStale(Program& program, const SpokenSentence& sentence, bool typed) {
   }
   const bool news = typed && !TellsFalseText(program.main, told);
   const bool free = told.empty() || told.starts_with(kBegin) || FocusHint(program, program.main.focus) == told;
-  if (news || free) Say(program, sentence);
+  if (free || (news && told == program.events.told)) {
+    Say(program, sentence);
+  } else if (news) {
+    AddNews(program, sentence);
+  }
 }
 
 }  // namespace

@@ -122,7 +122,7 @@ TEST_F(ReportsTest, EachTypeOfDesignComesOutOnPaper) {
 TEST_F(ReportsTest, TheWordsOfAPageCanBeCopied) {
   main().txtInfo[0].Set("Поле 7, North Forty");
   const QString pdf = data_.filePath("report.pdf");
-  ASSERT_TRUE(host_->WritePdf(CompleteReport(*program_), pdf.toStdString()));
+  ASSERT_EQ(host_->WritePdf(CompleteReport(*program_), pdf.toStdString()).error, 0);
   QProcess reader;
   reader.start("pdftotext", {"-layout", pdf, "-"});
   ASSERT_TRUE(reader.waitForFinished());

@@ -134,12 +134,6 @@ struct Tally {
   std::atomic<int> refused = 0;
 };
 
-// What the status bar tells, but for the hint of the control that the user is at: nobody is anywhere in a scenario.
-std::string NewsOf(const Program& program) {
-  const std::string& caption = program.main.sbStatusBar.caption;
-  return caption == FocusHint(program, program.main.focus) ? "" : caption;
-}
-
 // One design of one field: by hand, and as a scenario of the inputs that were copied out before the click.
 void CompareOne(int field, std::int16_t type, QuietProgram& quiet, Tally& tally) {
   ByHand hand;
@@ -153,6 +147,7 @@ void CompareOne(int field, std::int16_t type, QuietProgram& quiet, Tally& tally)
   EXPECT_EQ(CellsOf(quiet.program().main.Grid1), CellsOf(hand.program.main.Grid1));
   EXPECT_EQ(CellsOf(quiet.program().main.Grid2), CellsOf(hand.program.main.Grid2));
   EXPECT_EQ(CellsOf(quiet.program().main.GridInchesApplied), CellsOf(hand.program.main.GridInchesApplied));
+  // Nobody is anywhere in a scenario, and no hint stands in its status bar.
   EXPECT_EQ(NewsOf(quiet.program()), NewsOf(hand.program));
   const bool shown = hand.program.main.lblActiveInactive.caption == "Active Design";
   EXPECT_EQ(result.outcome == ScenarioOutcome::kDone, shown);
