@@ -57,13 +57,13 @@ void ShowResult(benchmark::State& state, const char* table) {
   OpenWindow shown(static_cast<int>(state.range(0)));
   Program& program = shown.line.program;
   shown.Click("mnuDesignField");
-  DesignRecord other = program.record;
+  Design other = program.record;
   program.main.txtInfo[3].Set("1.9");
   shown.Click("mnuDesignField");
   program.main.cmdDesignToggle.caption = table;
   for (auto _ : state) {
     state.PauseTiming();
-    std::swap(program.record, other);
+    std::swap<Design>(program.record, other);
     state.ResumeTiming();
     Guarded(program, [&] { DisplayDesign(program); });
     shown.Paint();

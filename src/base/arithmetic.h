@@ -41,6 +41,12 @@ inline float Narrow(double x) {
   return static_cast<float>(x);
 }
 
+// A 32-bit value as the 64-bit one that it equals, where arithmetic on it is to be carried out in 64 bits.
+constexpr double Wide(float x) {
+  return x;
+}
+double Wide(double x) = delete;  // nothing to widen
+
 // x rounded to 32 bits, for storing into a 32-bit field. Throws kOverflow when the result is not finite.
 inline float Store32(double x) {
   const float stored = Narrow(x);

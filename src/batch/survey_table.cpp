@@ -87,11 +87,7 @@ std::vector<std::optional<int>> InOrder(std::size_t count) {
 }
 
 bool IsHoleSize(const std::string& text) {
-  static const DesignRecord table = [] {
-    DesignRecord record;
-    FillHoleSizes(record);
-    return record;
-  }();
+  static const HoleSizeTable table;
   return HoleSizeByName(table, text) > 0 || text == "0";
 }
 

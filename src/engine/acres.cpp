@@ -4,7 +4,7 @@
 
 namespace torvale {
 
-bool AcreCalc(DesignRecord& record) {
+bool AcreCalc(Design& record) {
   record.TotalAcres = 0;
   try {
     double sum = 0;

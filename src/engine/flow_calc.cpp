@@ -15,7 +15,7 @@
 namespace torvale {
 namespace {
 
-void ClearResults(DesignRecord& record) {
+void ClearResults(Design& record) {
   record.FurrowFlow.Clear();
   record.HoleArea.Clear();
   record.FurrowNumber.Clear();
@@ -30,7 +30,7 @@ void ClearResults(DesignRecord& record) {
 }
 
 // The furrows that the uniformity is worked out from: those with a length and a flow.
-void TakeFurrows(DesignRecord& record, EngineHost& host, FlowEnd& end) {
+void TakeFurrows(Design& record, EngineHost& host, FlowEnd& end) {
   end.acres_failed = !AcreCalc(record);
   FurrowSums sums;
   const FurrowLists lists = {record.NormFurrowFlow.data(), record.NormFurrowLength.data(), record.FurrowNumber.data()};
@@ -51,7 +51,7 @@ void TakeFurrows(DesignRecord& record, EngineHost& host, FlowEnd& end) {
 }
 
 // Extremes of head and flow; the first of equals wins.
-void FindExtremes(DesignRecord& record) {
+void FindExtremes(Design& record) {
   for (int i = 1; i <= record.HoleRows; ++i) {
     const float head = Narrow(record.Head[i]);
     if (head > record.MaxHead) {
@@ -77,7 +77,7 @@ double CapacityAt(const Line& line, double head) {
   return flow;
 }
 
-GiveUpCause CauseOf(const DesignRecord& record, const TypedTexts& texts, int empty_row) {
+GiveUpCause CauseOf(const Design& record, const TypedTexts& texts, int empty_row) {
   Line line;
   PrepareLine(record, ReadsElevations(texts.survey_kind), line);
   GiveUpCause cause;
@@ -88,7 +88,7 @@ GiveUpCause CauseOf(const DesignRecord& record, const TypedTexts& texts, int emp
   return cause;
 }
 
-void GiveUp(DesignRecord& record) {
+void GiveUp(Design& record) {
   record.DesignOK = "False";
   record.CancelFlag = true;
   if (IsHoleSelection(record)) record.FlowCalcStatus = "Ok";
@@ -96,7 +96,7 @@ void GiveUp(DesignRecord& record) {
 }
 
 // The search on the far-end head over the rows of the record. `AccumGPM` follows it, also where it ends in a fault.
-EndHeadSearch March(DesignRecord& record, bool elevations, EngineHost& host) {
+EndHeadSearch March(Design& record, bool elevations, EngineHost& host) {
   Line line;
   PrepareLine(record, elevations, line);
   const auto yield = [&](long due, float flow) {
@@ -116,7 +116,7 @@ EndHeadSearch March(DesignRecord& record, bool elevations, EngineHost& host) {
   return search;
 }
 
-void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, FlowEnd& end) {
+void Calculate(Design& record, const TypedTexts& texts, EngineHost& host, FlowEnd& end) {
   ClearResults(record);
   record.Head[record.HoleRows] =
       IsHoleSelection(record) ? static_cast<double>(record.SeedEndHead) : Finite(Val(texts.target_head));
@@ -147,7 +147,7 @@ void Calculate(DesignRecord& record, const TypedTexts& texts, EngineHost& host, 
 
 }  // namespace
 
-FlowEnd FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host) {
+FlowEnd FlowCalc(Design& record, const TypedTexts& texts, EngineHost& host) {
   FlowEnd end;
   try {
     Calculate(record, texts, host, end);

@@ -52,6 +52,6 @@ struct FlowEnd {
 //   cancelled          `CancelFlag` was set during a yield: nothing more is done
 //   try limit          `CancelFlag`, `DesignOK` "False", `tries` = kTryLimit, the march left as it stands
 //   run-time fault     `CancelFlag`, `MissingData` -1, `tries` = kTriesAfterFault
-FlowEnd FlowCalc(DesignRecord& record, const TypedTexts& texts, EngineHost& host);
+FlowEnd FlowCalc(Design& record, const TypedTexts& texts, EngineHost& host);
 
 }  // namespace torvale

@@ -21,7 +21,7 @@ constexpr int kLastSheetRow = kSurveyGridRows - 1;
 
 // One run over the sheet.
 struct Run {
-  DesignRecord& record;
+  Design& record;
   TextGrid& sheet;
   const SurveyDefaults& defaults;
   SurveyEnd& end;
@@ -220,7 +220,7 @@ SurveyEnd::Way Complete(const Run& run) {
 
 }  // namespace
 
-SurveyEnd InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults) {
+SurveyEnd InterpolateSurvey(Design& record, TextGrid& sheet, const SurveyDefaults& defaults) {
   SurveyEnd end;
   try {
     end.way = Complete(Run{record, sheet, defaults, end});

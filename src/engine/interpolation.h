@@ -32,6 +32,6 @@ struct SurveyEnd {
 // Completes the survey sheet in place: decides how many rows it has (`SurveyRows`), works missing crown readings and
 // furrow lengths out by straight lines between the filled cells, copies pipe and hole cells down, and marks the rows
 // without holes as supply line. `SlopeDelta` is a scratch value and holds the last step of the crown afterwards.
-SurveyEnd InterpolateSurvey(DesignRecord& record, TextGrid& sheet, const SurveyDefaults& defaults);
+SurveyEnd InterpolateSurvey(Design& record, TextGrid& sheet, const SurveyDefaults& defaults);
 
 }  // namespace torvale

@@ -7,7 +7,7 @@ namespace torvale {
 namespace {
 
 // Square feet of all holes of a row, by the hole that the design type gives it.
-float Opening(const DesignRecord& record, int row) {
+float Opening(const Design& record, int row) {
   const double holes = record.HolesPerFurrow[row];
   if (!IsHoleSelection(record)) return Store32(AreaByFeet(static_cast<double>(record.HoleDia[row]), holes));
   return Store32(AreaByInches(static_cast<double>(ChosenHoleDia(record)[row]), holes));
@@ -15,7 +15,7 @@ float Opening(const DesignRecord& record, int row) {
 
 }  // namespace
 
-void PrepareLine(const DesignRecord& record, bool elevations, Line& line) {
+void PrepareLine(const Design& record, bool elevations, Line& line) {
   line.rows = record.HoleRows;
   const auto size = static_cast<std::size_t>(line.rows) + 1;
   line.opening.assign(size, 0);

@@ -23,7 +23,7 @@ struct Line {
 // `CrownElev`. `elevations` is false where the survey gives rod readings. A power that can't be formed, for a diameter
 // or a roughness of 0, becomes no number, which stops a march at the row that needs it. An opening beyond 32 bits is a
 // RunTimeFault (kOverflow). The vectors keep their memory where they are large enough.
-void PrepareLine(const DesignRecord& record, bool elevations, Line& line);
+void PrepareLine(const Design& record, bool elevations, Line& line);
 
 // Lays another crown on a prepared line: `crown` has an element for each row and one, which counts as upstream of row
 // 1, ahead of them.

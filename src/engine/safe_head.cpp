@@ -14,12 +14,12 @@ std::optional<double> SafeHead(const PipeStrengths& strengths, double diameter, 
   return found == strengths.end() ? std::nullopt : std::optional(found->head);
 }
 
-std::optional<double> SafeHeadAt(const DesignRecord& record, const PipeStrengths& strengths, int i) {
+std::optional<double> SafeHeadAt(const Design& record, const PipeStrengths& strengths, int i) {
   if (record.PipeKind != "L" || !IsNumber(record.MilText[i])) return std::nullopt;
   return SafeHead(strengths, static_cast<double>(record.PipeDia[i]), Val(record.MilText[i]));
 }
 
-std::optional<Overload> WorstOverload(const DesignRecord& record, const PipeStrengths& strengths) {
+std::optional<Overload> WorstOverload(const Design& record, const PipeStrengths& strengths) {
   std::optional<Overload> worst;
   if (strengths.empty()) return worst;
   for (int row = 1; row <= record.HoleRows; ++row) {

@@ -22,7 +22,7 @@ using PipeStrengths = std::vector<PipeStrength>;
 std::optional<double> SafeHead(const PipeStrengths& strengths, double diameter, double mil);
 
 // The same of the pipe that ends at row i of the line; nothing in rigid pipe, of which the table doesn't speak.
-std::optional<double> SafeHeadAt(const DesignRecord& record, const PipeStrengths& strengths, int i);
+std::optional<double> SafeHeadAt(const Design& record, const PipeStrengths& strengths, int i);
 
 // Where a pipe bears less than it gets.
 struct Overload {
@@ -35,6 +35,6 @@ struct Overload {
 // The row whose head is furthest above what its pipe bears, on either side of it; the first of equals. Nothing where
 // no head is, or nothing is known of the pipes. Heads and limits are compared in hundredths of a foot, as they are
 // shown.
-std::optional<Overload> WorstOverload(const DesignRecord& record, const PipeStrengths& strengths);
+std::optional<Overload> WorstOverload(const Design& record, const PipeStrengths& strengths);
 
 }  // namespace torvale

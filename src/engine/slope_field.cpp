@@ -4,7 +4,7 @@
 
 namespace torvale {
 
-void PrepareSlopeField(const DesignRecord& record, double first_head, std::string_view survey_kind, SlopeField& field) {
+void PrepareSlopeField(const Design& record, double first_head, std::string_view survey_kind, SlopeField& field) {
   const int rows = record.HoleRows;
   const auto size = static_cast<std::size_t>(rows) + 1;
   field.elevations = ReadsElevations(survey_kind);

@@ -28,7 +28,7 @@ struct SlopeField {
 };
 
 // The field of the record, for design types 2 and 3. What can't be read is a RunTimeFault.
-void PrepareSlopeField(const DesignRecord& record, double first_head, std::string_view survey_kind, SlopeField& field);
+void PrepareSlopeField(const Design& record, double first_head, std::string_view survey_kind, SlopeField& field);
 
 // Feet from one station to the next as a crown is laid by: in 32 bits.
 inline float SpanInFeet(float station, float station_before) {

@@ -18,7 +18,7 @@ struct CrownPoint {
 };
 using CrownLine = std::vector<CrownPoint>;
 
-CrownLine SurveyedCrown(const DesignRecord& record, const TextGrid& sheet) {
+CrownLine SurveyedCrown(const Design& record, const TextGrid& sheet) {
   const SurveyReader survey(sheet, record.SurveyRows);
   CrownLine line;
   for (int i = 1; i <= record.SurveyRows; ++i) {
@@ -27,7 +27,7 @@ CrownLine SurveyedCrown(const DesignRecord& record, const TextGrid& sheet) {
   return line;
 }
 
-CrownLine DesignedCrown(const DesignRecord& record) {
+CrownLine DesignedCrown(const Design& record) {
   CrownLine line;
   for (int i = 1; i <= record.HoleRows; ++i) {
     line.push_back({static_cast<double>(record.Station[i]), static_cast<double>(record.DesignElev[i])});
@@ -102,7 +102,7 @@ Earth EarthBetween(double fill_before, double fill, double length, double width)
   return earth;
 }
 
-Stakes LayStakes(const DesignRecord& record, const TextGrid& sheet, bool elevations, double interval, double width) {
+Stakes LayStakes(const Design& record, const TextGrid& sheet, bool elevations, double interval, double width) {
   Stakes all;
   const CrownLine surveyed = SurveyedCrown(record, sheet);
   const CrownLine designed = DesignedCrown(record);

@@ -36,7 +36,7 @@ struct Stakes {
 // crowns meet.
 //
 // `interval` is above 0. A design that lays no crown of its own, or a line of fewer than two rows, has no stakes.
-Stakes LayStakes(const DesignRecord& record, const TextGrid& sheet, bool elevations, double interval, double width);
+Stakes LayStakes(const Design& record, const TextGrid& sheet, bool elevations, double interval, double width);
 
 // Cubic yards of fill and cut over `length` feet between two stakes whose fills are given.
 struct Earth {

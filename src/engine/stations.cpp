@@ -22,7 +22,7 @@ float Up(double feet) {
 }
 
 // Places one row of the line and moves `run`, the running station, and `j`, the survey row being walked.
-void PlaceRow(DesignRecord& record, const SurveyReader& survey, int i, int& j, double& run) {
+void PlaceRow(Design& record, const SurveyReader& survey, int i, int& j, double& run) {
   const double here = survey.Val(j, kFurrowLengthColumn);
   const double before = survey.Val(j - 1, kFurrowLengthColumn);
   if (here > 0 && before == 0) {  // start of a watered reach
@@ -44,18 +44,18 @@ void PlaceRow(DesignRecord& record, const SurveyReader& survey, int i, int& j, d
 }
 
 // Gives row `i` the hole of survey row `j`. A size that is a number but no listed name gives the row no diameter.
-void TakeHoleSize(DesignRecord& record, const SurveyReader& survey, int i, int j) {
+void TakeHoleSize(Design& record, const SurveyReader& survey, int i, int j) {
   const int size = HoleSizeByName(record, survey.Text(j, kHoleSizeColumn));
   record.SurveyHoleDia[i] = record.HoleSizeValue[size];
   record.HoleDia[i] = Store32(static_cast<double>(record.HoleSizeValue[size]) / 12);
 }
 
-void TakeSpacing(DesignRecord& record, const SurveyReader& survey, int i, int j) {
+void TakeSpacing(Design& record, const SurveyReader& survey, int i, int j) {
   record.HoleSpacing[i] = Store32(survey.Val(j, kSpacingColumn));
   record.PlantedWidth[i] = Store32(survey.Val(j, kPlantedWidthColumn));
 }
 
-void TakeHoleCount(DesignRecord& record, const SurveyReader& survey, int i, int j) {
+void TakeHoleCount(Design& record, const SurveyReader& survey, int i, int j) {
   record.HolesPerFurrow[i] = survey.Count(j, kHoleCountColumn);
   record.WateredFurrows = StoreInt16(record.WateredFurrows + 1);
 }
@@ -72,13 +72,13 @@ void TidyFirstRow(TextGrid& sheet) {
   }
 }
 
-void FirstRowHole(DesignRecord& record, const SurveyReader& survey) {
+void FirstRowHole(Design& record, const SurveyReader& survey) {
   if (survey.Val(1, kHoleSizeColumn) != 0) TakeHoleSize(record, survey, 1, 1);
   if (survey.Val(1, kSpacingColumn) > 0) TakeSpacing(record, survey, 1, 1);
   if (survey.Val(1, kHoleCountColumn) > 0) TakeHoleCount(record, survey, 1, 1);
 }
 
-void TakePipe(DesignRecord& record, const SurveyReader& survey, int i, int j) {
+void TakePipe(Design& record, const SurveyReader& survey, int i, int j) {
   const double diameter = survey.Val(j, kPipeDiaColumn);
   record.PipeDia[i] = Store32(diameter);
   record.PipeArea[i] = Store32(CircleArea(diameter));
@@ -87,7 +87,7 @@ void TakePipe(DesignRecord& record, const SurveyReader& survey, int i, int j) {
 
 // Straight lines between survey row `r` and the next, foot by foot. The elevation is stored in 32 bits at each step,
 // so that its rounding accumulates along the span.
-void InterpolateSpan(DesignRecord& record, const SurveyReader& survey, int r) {
+void InterpolateSpan(Design& record, const SurveyReader& survey, int r) {
   const int first = ToWhole(survey.Val(r, kStationColumn));
   record.ElevByFoot[first] = Store32(survey.Val(r, kCrownColumn));
   record.FurrowLengthByFoot[first] = Finite(survey.Val(r, kFurrowLengthColumn));
@@ -104,7 +104,7 @@ void InterpolateSpan(DesignRecord& record, const SurveyReader& survey, int r) {
   }
 }
 
-void FirstRowCrown(DesignRecord& record, const SurveyReader& survey) {
+void FirstRowCrown(Design& record, const SurveyReader& survey) {
   TakePipe(record, survey, 1, 1);
   if (const int size = HoleSizeByName(record, survey.Text(1, kHoleSizeColumn)); size > 0) {
     record.SurveyHoleDia[1] = record.HoleSizeValue[size];
@@ -119,7 +119,7 @@ void FirstRowCrown(DesignRecord& record, const SurveyReader& survey) {
 
 }  // namespace
 
-void CalCrownDist(DesignRecord& record, const TextGrid& sheet) {
+void CalCrownDist(Design& record, const TextGrid& sheet) {
   const SurveyReader survey(sheet, record.SurveyRows);
   record.Station.Clear();
   record.PastReach.Clear();
@@ -144,7 +144,7 @@ void CalCrownDist(DesignRecord& record, const TextGrid& sheet) {
   }
 }
 
-void CalStations(DesignRecord& record) {
+void CalStations(Design& record) {
   for (int k = 2; k <= kLastRow; ++k) {
     if (record.Station[k] == 0) {
       record.HoleRows = StoreInt16(k - 1);
@@ -153,7 +153,7 @@ void CalStations(DesignRecord& record) {
   }
 }
 
-void CalHoleStation(DesignRecord& record, TextGrid& sheet) {
+void CalHoleStation(Design& record, TextGrid& sheet) {
   const SurveyReader survey(sheet, record.SurveyRows);
   record.WateredFurrows = 0;
   record.SurveyHoleDia.Clear();
@@ -173,7 +173,7 @@ void CalHoleStation(DesignRecord& record, TextGrid& sheet) {
   }
 }
 
-void CalCrownElev(DesignRecord& record, const TextGrid& sheet) {
+void CalCrownElev(Design& record, const TextGrid& sheet) {
   const SurveyReader survey(sheet, record.SurveyRows);
   record.ElevByFoot.Clear();
   record.FurrowLength.Clear();
@@ -194,7 +194,7 @@ void CalCrownElev(DesignRecord& record, const TextGrid& sheet) {
   }
 }
 
-void FlowRatio(DesignRecord& record) {
+void FlowRatio(Design& record) {
   long sum = 0;
   for (int i = 1; i <= record.HoleRows; ++i) sum += record.FurrowLength[i];
   const double mean = Divide(static_cast<double>(sum), record.WateredFurrows);

@@ -11,22 +11,22 @@ namespace torvale {
 
 // Lays the stations out: watered reaches hole by hole at the spacing of the survey row being walked, unwatered survey
 // rows as one row each. Writes `Station` (hundredths of a foot, rounded up) and, for the time being, `HolesPerFurrow`.
-void CalCrownDist(DesignRecord& record, const TextGrid& sheet);
+void CalCrownDist(Design& record, const TextGrid& sheet);
 
 // Counts the stations into `HoleRows`. Row 1 may stand at station 0 and does not end the list.
-void CalStations(DesignRecord& record);
+void CalStations(Design& record);
 
 // Gives each row its hole data: `HoleDia`, `SurveyHoleDia`, `HoleSpacing`, `PlantedWidth`, `HolesPerFurrow`, and
 // counts `WateredFurrows`. A first survey row that is no watered furrow loses its length, spacing, hole, count and
 // width cells on the sheet.
-void CalHoleStation(DesignRecord& record, TextGrid& sheet);
+void CalHoleStation(Design& record, TextGrid& sheet);
 
 // Gives each row its pipe, crown and furrow length, the latter two interpolated to the whole foot: `PipeDia`,
 // `PipeArea`, `MilText`, `CrownElev`, `FurrowLength`, `ElevByFoot`, `FurrowLengthByFoot`.
-void CalCrownElev(DesignRecord& record, const TextGrid& sheet);
+void CalCrownElev(Design& record, const TextGrid& sheet);
 
 // Share of the flow that each furrow's length asks for: `FlowRatio` and `RequiredFlow` of the rows with a length.
 // No watered furrow is a RunTimeFault (kDivisionByZero).
-void FlowRatio(DesignRecord& record);
+void FlowRatio(Design& record);
 
 }  // namespace torvale

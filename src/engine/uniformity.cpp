@@ -61,11 +61,11 @@ void ListFurrows(int rows, const float* flow, const std::int16_t* length, const 
   }
 }
 
-void SortFurrows(DesignRecord& record) {
+void SortFurrows(Design& record) {
   QSort(1, record.WateredFurrows, record.NormFurrowFlow, record.NormFurrowLength);
 }
 
-void DistributionEffic(DesignRecord& record, EngineHost& host) {
+void DistributionEffic(Design& record, EngineHost& host) {
   const float quarter = Narrow(static_cast<double>(record.LowQuarter) * static_cast<double>(record.TotalFurrowLength));
   const float* const flows = record.NormFurrowFlow.data();
   const int places = LowQuarterPlaces(flows, record.NormFurrowLength.data(), record.HoleRows, quarter);

@@ -39,12 +39,12 @@ void ListFurrows(int rows, const float* flow, const std::int16_t* length, const 
                  FurrowSums& sums);
 
 // The sort of every finished march: `NormFurrowFlow` with `NormFurrowLength`, places 1 to `WateredFurrows`.
-void SortFurrows(DesignRecord& record);
+void SortFurrows(Design& record);
 
 // Distribution uniformity of the low quarter: the mean of the lowest normalised flows that make up `LowQuarter` of the
 // furrow length, over `AverageFurrowFlow`, in percent to one decimal and at most 100. Needs the furrows sorted. The
 // denominator is the target mean, not the mean of the actual flows; the furrow that crosses the quarter counts whole.
 // A quarter that is never reached is a RunTimeFault (kDivisionByZero), with `Uniformity` as it was.
-void DistributionEffic(DesignRecord& record, EngineHost& host);
+void DistributionEffic(Design& record, EngineHost& host);
 
 }  // namespace torvale

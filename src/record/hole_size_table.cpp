@@ -1,6 +1,7 @@
 #include "record/hole_size_table.h"
 
 #include <array>
+#include <string_view>
 
 namespace torvale {
 namespace {
@@ -15,12 +16,18 @@ constexpr std::array<std::string_view, 51> kNames = {
 
 }  // namespace
 
-std::string_view ListedSizeName(int row) {
-  return kNames.at(static_cast<std::size_t>(row));
+HoleSizeNames ListedSizeNames() {
+  HoleSizeNames names;
+  for (int row = 0; row <= kHoleSizes; ++row) names[row] = kNames.at(static_cast<std::size_t>(row));
+  return names;
 }
 
-float ListedSizeValue(int row) {
-  return row <= 3 ? static_cast<float>(row) / 32.0F : static_cast<float>(row - 2) / 16.0F;
+HoleSizeValues ListedSizeValues() {
+  HoleSizeValues values;
+  for (int row = 0; row <= kHoleSizes; ++row) {
+    values[row] = row <= 3 ? static_cast<float>(row) / 32.0F : static_cast<float>(row - 2) / 16.0F;
+  }
+  return values;
 }
 
 }  // namespace torvale

@@ -2,22 +2,22 @@
 
 namespace torvale {
 
-int HoleSizeByName(const DesignRecord& record, std::string_view name) {
+int HoleSizeByName(const HoleSizeTable& sizes, std::string_view name) {
   for (int row = 1; row <= kHoleSizes; ++row) {
-    if (record.HoleSizeName[row] == name) return row;
+    if (sizes.HoleSizeName[row] == name) return row;
   }
   return 0;
 }
 
-int HoleSizeByValue(const DesignRecord& record, float inches) {
+int HoleSizeByValue(const HoleSizeTable& sizes, float inches) {
   for (int row = 1; row <= kHoleSizes; ++row) {
-    if (record.HoleSizeValue[row] == inches) return row;
+    if (sizes.HoleSizeValue[row] == inches) return row;
   }
   return 0;
 }
 
-std::string_view SteppedHoleSize(const DesignRecord& record, int index) {
-  return index == 0 ? std::string_view() : std::string_view(record.HoleSizeName[index]);
+std::string_view SteppedHoleSize(const HoleSizeTable& sizes, int index) {
+  return index == 0 ? std::string_view() : std::string_view(sizes.HoleSizeName[index]);
 }
 
 }  // namespace torvale

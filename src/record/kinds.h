@@ -22,22 +22,22 @@ inline bool ReadsElevations(std::string_view survey_kind) {
 // The kind of pipe.
 inline constexpr std::string_view kLayflat = "L";
 inline constexpr std::string_view kRigid = "R";
-inline bool IsLayflat(const DesignRecord& record) {
+inline bool IsLayflat(const Design& record) {
   return record.PipeKind == kLayflat;
 }
-inline bool IsRigid(const DesignRecord& record) {
+inline bool IsRigid(const Design& record) {
   return record.PipeKind == kRigid;
 }
 
 // The hole sizes that the design goes by, inches: the choice of the computer (type 4), that among the allowed sizes
 // (type 6), or those of the survey.
-inline const RowArray<float>& ChosenHoleDia(const DesignRecord& record) {
+inline const RowArray<float>& ChosenHoleDia(const Design& record) {
   if (record.DesignType == kComputerHoles) return record.ComputerHoleDia;
   return record.DesignType == kLimitedHoles ? record.LimitedHoleDia : record.SurveyHoleDia;
 }
 
 // The crown that the pipe lies on: the designed one for slope designs, the existing one for the others.
-inline const RowArray<float>& CrownOfDesign(const DesignRecord& record) {
+inline const RowArray<float>& CrownOfDesign(const Design& record) {
   return IsSlopeDesign(record) ? record.DesignElev : record.CrownElev;
 }
 

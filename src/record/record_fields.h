@@ -14,10 +14,11 @@ struct RecordField {
   T DesignRecord::*member;
 };
 
-template <typename T>
-RecordField(std::string_view, T DesignRecord::*) -> RecordField<T>;
+// A field of one of the record's layers is a field of the record.
+template <typename T, typename Layer>
+RecordField(std::string_view, T Layer::*) -> RecordField<T>;
 
-// Every field of the record by its name, in the record's order.
+// Every field of the record by its name, in the order in which a transcript shows them.
 inline constexpr std::tuple kRecordFields = {RecordField{"DesignType", &DesignRecord::DesignType},
                                              RecordField{"PipeKind", &DesignRecord::PipeKind},
                                              RecordField{"SurveyRows", &DesignRecord::SurveyRows},

@@ -177,12 +177,15 @@ ScenarioInput InputOf(const Program& program) {
 QuietProgram::QuietProgram(const std::string& data_folder) : host_(data_folder), program_(host_) {
   StartProgram(program_);
   host_.LeaveFolder();
-  start_record_ = program_.record;
+  start_design_ = program_.record;
+  start_names_ = program_.record;
   start_screen_ = program_.main;
 }
 
 void QuietProgram::StartAnew() {
-  program_.record = start_record_;
+  // No run touches the list of soils or the clipboard of the sheets.
+  static_cast<Design&>(program_.record) = start_design_;
+  static_cast<FileNames&>(program_.record) = start_names_;
   program_.main = start_screen_;
   host_.told.clear();
   host_.cancelled = false;

@@ -105,7 +105,8 @@ class QuietProgram {
  private:
   ScenarioHost host_;
   Program program_;
-  DesignRecord start_record_;
+  Design start_design_;
+  FileNames start_names_;
   MainScreen start_screen_;
 };
 

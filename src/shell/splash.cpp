@@ -18,7 +18,6 @@ constexpr std::string_view kDescription =
 }  // namespace
 
 void frmSplash_Load(Program& program) {
-  FillHoleSizes(program.record);
   Form_Load(program);
   Default_Values(program);
   GridSet(program);

@@ -43,7 +43,6 @@ struct SmallLine {
   SmallLine() {
     record.DesignType = kPlanned;
     record.PipeKind = "L";
-    FillHoleSizes(record);
     main.txtDefault[4].Set("1.2");
     main.txtDefault[11].Set("R");
     main.txtDefault[12].Set("1.2");

@@ -73,37 +73,30 @@ class RandomDesign {
 
  private:
   void FillSummary(DesignRecord& r) {
-    for (float DesignRecord::*member :
-         {&DesignRecord::MaxFurrowFlow, &DesignRecord::MinFurrowFlow, &DesignRecord::Uniformity,
-          &DesignRecord::CrownSlope, &DesignRecord::MaxHead, &DesignRecord::MinHead, &DesignRecord::HazenWilliamsC,
-          &DesignRecord::DischargeCoef, &DesignRecord::AverageFurrowFlow, &DesignRecord::AccumGPM,
-          &DesignRecord::TotalFurrowLength, &DesignRecord::TotalAcres, &DesignRecord::HighestFill}) {
-      r.*member = Float();
+    for (float* place :
+         {&r.MaxFurrowFlow, &r.MinFurrowFlow, &r.Uniformity, &r.CrownSlope, &r.MaxHead, &r.MinHead, &r.HazenWilliamsC,
+          &r.DischargeCoef, &r.AverageFurrowFlow, &r.AccumGPM, &r.TotalFurrowLength, &r.TotalAcres, &r.HighestFill}) {
+      *place = Float();
     }
-    for (std::int16_t DesignRecord::*member :
-         {&DesignRecord::WateredFurrows, &DesignRecord::MaxHeadStation, &DesignRecord::MinHeadStation}) {
-      r.*member = Short();
+    for (std::int16_t* place : {&r.WateredFurrows, &r.MaxHeadStation, &r.MinHeadStation}) {
+      *place = Short();
     }
-    for (std::string DesignRecord::*member :
-         {&DesignRecord::DisplayFileName, &DesignRecord::PipeKind, &DesignRecord::HoleSumStations,
-          &DesignRecord::HoleSumLengths, &DesignRecord::HoleSumCounts}) {
-      r.*member = Text();
+    for (std::string* place :
+         {&r.DisplayFileName, &r.PipeKind, &r.HoleSumStations, &r.HoleSumLengths, &r.HoleSumCounts}) {
+      *place = Text();
     }
     r.HoleSizeIndexLimit = Free();
     r.DualBreakStation = Free();
   }
   void FillRow(DesignRecord& r, int i) {
-    for (RowArray<float> DesignRecord::*member :
-         {&DesignRecord::DesignElev, &DesignRecord::CrownElev, &DesignRecord::Station, &DesignRecord::NormFurrowFlow,
-          &DesignRecord::ElevByFoot, &DesignRecord::ReservedRowValue, &DesignRecord::HoleSpacing,
-          &DesignRecord::FurrowFlow, &DesignRecord::SurveyHoleDia, &DesignRecord::HoleDia, &DesignRecord::HoleArea,
-          &DesignRecord::PipeDia, &DesignRecord::RequiredFlow, &DesignRecord::PipeArea, &DesignRecord::FurrowNumber,
-          &DesignRecord::LimitedHoleDia, &DesignRecord::PlantedWidth}) {
-      (r.*member)[i] = Float();
+    for (RowArray<float>* rows :
+         {&r.DesignElev, &r.CrownElev, &r.Station, &r.NormFurrowFlow, &r.ElevByFoot, &r.ReservedRowValue,
+          &r.HoleSpacing, &r.FurrowFlow, &r.SurveyHoleDia, &r.HoleDia, &r.HoleArea, &r.PipeDia, &r.RequiredFlow,
+          &r.PipeArea, &r.FurrowNumber, &r.LimitedHoleDia, &r.PlantedWidth}) {
+      (*rows)[i] = Float();
     }
-    for (RowArray<std::int16_t> DesignRecord::*member :
-         {&DesignRecord::HolesPerFurrow, &DesignRecord::FurrowLength, &DesignRecord::NormFurrowLength}) {
-      (r.*member)[i] = Short();
+    for (RowArray<std::int16_t>* rows : {&r.HolesPerFurrow, &r.FurrowLength, &r.NormFurrowLength}) {
+      (*rows)[i] = Short();
     }
     r.Head[i] = Double();
     r.MilText[i] = Text();

@@ -33,6 +33,24 @@ TEST(DesignRecord, HoleListsHaveTheirBounds) {
   EXPECT_EQ(record.SelectedHoleValue.last(), 50);
 }
 
+TEST(DesignRecord, ACopyOfTheDesignIsTheDesignWithoutTheDesk) {
+  DesignRecord record;
+  record.TargetGPM = 850;
+  record.Station[2] = 10;
+  record.Head[2] = 1.5;
+  record.SaveFileName = "north.pln";
+  const Design kept = record;
+  DesignRecord other;
+  other.SaveFileName = "south.pln";
+  other.GridClipboard.Set(1, 1, "cut");
+  static_cast<Design&>(other) = kept;
+  EXPECT_EQ(other.TargetGPM, 850);
+  EXPECT_EQ(other.Station[2], 10);
+  EXPECT_EQ(other.Head[2], 1.5);
+  EXPECT_EQ(other.SaveFileName, "south.pln");
+  EXPECT_EQ(other.GridClipboard.Text(1, 1), "cut");
+}
+
 TEST(ClearRowArrays, EmptiesSurveyAndResults) {
   DesignRecord record;
   const auto mark = [](auto&... arrays) { ((arrays[2] = 3), ...); };

@@ -30,48 +30,48 @@ const std::vector<std::pair<std::string, float>> kCatalogue = {
 };
 
 TEST(HoleSizes, TableRowByRow) {
-  const DesignRecord record;
+  const HoleSizeTable sizes;
   ASSERT_EQ(kCatalogue.size(), 51U);
   for (int row = 0; row <= 50; ++row) {
-    EXPECT_EQ(record.HoleSizeName[row], kCatalogue[static_cast<std::size_t>(row)].first) << row;
-    EXPECT_EQ(record.HoleSizeValue[row], kCatalogue[static_cast<std::size_t>(row)].second) << row;
+    EXPECT_EQ(sizes.HoleSizeName[row], kCatalogue[static_cast<std::size_t>(row)].first) << row;
+    EXPECT_EQ(sizes.HoleSizeValue[row], kCatalogue[static_cast<std::size_t>(row)].second) << row;
   }
-  EXPECT_EQ(record.HoleSizeName[51], "");
-  EXPECT_EQ(record.HoleSizeValue[51], 0);
+  EXPECT_EQ(sizes.HoleSizeName[51], "");
+  EXPECT_EQ(sizes.HoleSizeValue[51], 0);
 }
 
 TEST(HoleSizes, NameIsFoundByItsExactText) {
-  const DesignRecord record;
-  EXPECT_EQ(HoleSizeByName(record, "1/32"), 1);
-  EXPECT_EQ(HoleSizeByName(record, "1-1/4"), 22);
-  EXPECT_EQ(HoleSizeByName(record, "3"), 50);
-  EXPECT_EQ(HoleSizeByName(record, "2-/8"), 36);
+  const HoleSizeTable sizes;
+  EXPECT_EQ(HoleSizeByName(sizes, "1/32"), 1);
+  EXPECT_EQ(HoleSizeByName(sizes, "1-1/4"), 22);
+  EXPECT_EQ(HoleSizeByName(sizes, "3"), 50);
+  EXPECT_EQ(HoleSizeByName(sizes, "2-/8"), 36);
   for (const char* const other : {"2-1/8", "1/4 ", " 1/4", "0.25", "", "4", "1 /4"}) {
-    EXPECT_EQ(HoleSizeByName(record, other), 0) << other;
+    EXPECT_EQ(HoleSizeByName(sizes, other), 0) << other;
   }
 }
 
 // Row 0 is no hole: looking "0" up finds nothing, which is row 0 all the same.
 TEST(HoleSizes, ZeroIsNoListedSize) {
-  const DesignRecord record;
-  EXPECT_EQ(HoleSizeByName(record, "0"), 0);
-  EXPECT_EQ(HoleSizeByValue(record, 0), 0);
+  const HoleSizeTable sizes;
+  EXPECT_EQ(HoleSizeByName(sizes, "0"), 0);
+  EXPECT_EQ(HoleSizeByValue(sizes, 0), 0);
 }
 
 TEST(HoleSizes, ValueIsFoundByItsExactBits) {
-  const DesignRecord record;
-  EXPECT_EQ(HoleSizeByValue(record, 0.25F), 6);
-  EXPECT_EQ(HoleSizeByValue(record, 2.125F), 36);
-  EXPECT_EQ(HoleSizeByValue(record, 3.0F), 50);
-  EXPECT_EQ(HoleSizeByValue(record, 0.2500001F), 0);
-  EXPECT_EQ(HoleSizeByValue(record, 3.0625F), 0);
+  const HoleSizeTable sizes;
+  EXPECT_EQ(HoleSizeByValue(sizes, 0.25F), 6);
+  EXPECT_EQ(HoleSizeByValue(sizes, 2.125F), 36);
+  EXPECT_EQ(HoleSizeByValue(sizes, 3.0F), 50);
+  EXPECT_EQ(HoleSizeByValue(sizes, 0.2500001F), 0);
+  EXPECT_EQ(HoleSizeByValue(sizes, 3.0625F), 0);
 }
 
 TEST(HoleSizes, SteppingToZeroShowsNothing) {
-  const DesignRecord record;
-  EXPECT_EQ(SteppedHoleSize(record, 0), "");
-  EXPECT_EQ(SteppedHoleSize(record, 1), "1/32");
-  EXPECT_EQ(SteppedHoleSize(record, 50), "3");
+  const HoleSizeTable sizes;
+  EXPECT_EQ(SteppedHoleSize(sizes, 0), "");
+  EXPECT_EQ(SteppedHoleSize(sizes, 1), "1/32");
+  EXPECT_EQ(SteppedHoleSize(sizes, 50), "3");
 }
 
 }  // namespace

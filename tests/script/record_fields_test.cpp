@@ -16,28 +16,32 @@ namespace {
 // that declare none.
 std::string DeclaredName(std::string line) {
   const std::size_t end = line.find(';');
-  if (end == std::string::npos || line.find("//") < end || line.find('(') < end) return "";
+  if (end == std::string::npos || line.find("//") < end) return "";
   line.resize(std::min(end, line.find(" = ")));
+  if (line.find('(') != std::string::npos) return "";
   return line.substr(line.rfind(' ') + 1);
 }
 
+// The members of all structures in the headers that the record is made of.
 std::vector<std::string> DeclaredFields() {
-  std::ifstream header(std::filesystem::path(kSourceFolder) / "src/record/design_record.h");
   std::vector<std::string> names;
-  bool inside = false;
-  for (std::string line; std::getline(header, line);) {
-    if (line == "};") inside = false;
-    const std::string name = inside ? DeclaredName(line) : "";
-    if (!name.empty()) names.push_back(name);
-    if (line == "struct DesignRecord {") inside = true;
+  for (const char* file : {"src/record/hole_size_table.h", "src/record/design_record.h"}) {
+    std::ifstream header(std::filesystem::path(kSourceFolder) / file);
+    bool inside = false;
+    for (std::string line; std::getline(header, line);) {
+      if (line == "};") inside = false;
+      const std::string name = inside ? DeclaredName(line) : "";
+      if (!name.empty()) names.push_back(name);
+      if (line.starts_with("struct ") && line.ends_with('{')) inside = true;
+    }
   }
   return names;
 }
 
-TEST(RecordFields, HoldsEveryFieldOfTheRecordInItsOrder) {
+TEST(RecordFields, HoldsEveryFieldOfTheRecordOnce) {
   std::vector<std::string> names;
   ForEachRecordField([&](const auto& field) { names.emplace_back(field.name); });
-  EXPECT_THAT(names, testing::ElementsAreArray(DeclaredFields()));
+  EXPECT_THAT(names, testing::UnorderedElementsAreArray(DeclaredFields()));
   EXPECT_FALSE(names.empty());
 }
 
