@@ -1,12 +1,10 @@
 find_package(benchmark REQUIRED)
 file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*_bench.cpp)
-if(bench_sources)
-  add_executable(torvale_bench ${bench_sources})
-  target_link_libraries(torvale_bench PRIVATE torvale_script_lib benchmark::benchmark_main torvale_options)
-endif()
+add_executable(torvale_bench ${bench_sources})
+target_link_libraries(torvale_bench PRIVATE torvale_script_lib benchmark::benchmark_main torvale_options)
 
 # Repaints of the window, and the reports that it draws.
-if(TARGET torvale_qt)
+if(TORVALE_WINDOW)
   file(GLOB window_bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/window/*_bench.cpp)
   add_executable(torvale_window_bench ${window_bench_sources})
   target_link_libraries(torvale_window_bench PRIVATE torvale_qt benchmark::benchmark torvale_options)

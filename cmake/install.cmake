@@ -11,7 +11,7 @@ endif()
 
 list(TRANSFORM front_ends PREPEND torvale_ OUTPUT_VARIABLE programs)
 install(TARGETS ${programs} DESTINATION ${CMAKE_INSTALL_BINDIR})
-if(TARGET torvale)
+if(TORVALE_WINDOW)
   install(TARGETS torvale DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 

@@ -5,9 +5,7 @@ target_compile_definitions(torvale_options INTERFACE
 
 # The compiler takes the stack for aligned to its widest registers, which a 64-bit Windows doesn't promise.
 file(GLOB wide_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*/*avx*.cpp)
-if(wide_sources)
-  set_property(SOURCE ${wide_sources} APPEND PROPERTY COMPILE_OPTIONS -Wa,-muse-unaligned-vector-move)
-endif()
+set_property(SOURCE ${wide_sources} APPEND PROPERTY COMPILE_OPTIONS -Wa,-muse-unaligned-vector-move)
 
 set(windows_folder ${PROJECT_SOURCE_DIR}/packaging/windows)
 
@@ -25,7 +23,7 @@ endfunction()
 
 torvale_resources(torvale_script "TORVALE script runner")
 torvale_resources(torvale_batch "TORVALE many fields in one go")
-if(TARGET torvale)
+if(TORVALE_WINDOW)
   # No console window beside the program's own.
   set_target_properties(torvale PROPERTIES WIN32_EXECUTABLE ON)
   torvale_resources(torvale "TORVALE furrow irrigation design")
