@@ -66,7 +66,7 @@ TEST_F(OpenFileTest, AFileOf7MayNotEndBeforeItsReservedRecords) {
   EXPECT_EQ(Open(Path("small")), std::string(kOpeningFailed) + " 62");
 }
 
-// --- Calculated again ---
+// ---- Calculated again ----
 
 // The same design as a program of that version wrote it: one older than 2 has no chosen size at the end of each row,
 // one older than 8 no planted widths at the end of the file. (What a reader of its version doesn't look for may stand

@@ -159,7 +159,7 @@ TEST_F(CalDsignVarTest, AsksForNoHoleSizeOrMilOfASupplyRow) {
   EXPECT_EQ(record.MissingData, 0);
 }
 
-// --- Stations that fail to rise -------------------------------------------------------------------------------------
+// ---- Stations that fail to rise ----
 
 std::string Question(const std::string& here, const std::string& before) {
   return "Your distance between holes at station " + here + " is greater than the distance between Station " + before +
@@ -228,7 +228,7 @@ TEST_F(StationOrderTest, EqualStationsEndTheRunInTheStatusBar) {
   EXPECT_EQ(Status(), "Rows 2 and 3: the station does not rise.");
 }
 
-// --- Ends without a message box: the status bar tells, the screen stays as it was ------------------------------------
+// ---- Ends without a message box: the status bar tells, the screen stays as it was ----
 
 class SilentEndTest : public CalDsignVarTest {
  protected:
@@ -285,7 +285,7 @@ TEST_F(SilentEndTest, ANumberTooLargeForItsField) {
   ExpectSilentEnd("A number in the survey is too large or out of place for a design.");
 }
 
-// --- The road by design type -----------------------------------------------------------------------------------------
+// ---- The road by design type ----
 
 TEST_F(CalDsignVarTest, SharesTheFlowAmongTheFurrows) {
   LevelLine();

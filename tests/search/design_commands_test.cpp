@@ -131,8 +131,7 @@ TEST_P(DesignCommandTest, StaysWhereItIsWhenTheInputIsRefused) {
 INSTANTIATE_TEST_SUITE_P(Commands, DesignCommandTest, testing::ValuesIn(kCommands),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// --- The input screen
-// --------------------------------------------------------------------------------------------------
+// ---- The input screen ----
 
 class InputScreenTest : public SearchTest {};
 
@@ -193,8 +192,7 @@ TEST_F(InputScreenTest, ShowsASheetThatCannotBeCompleted) {
   EXPECT_FALSE(main.Grid2.control.visible);
 }
 
-// --- Cancel
-// ------------------------------------------------------------------------------------------------------------
+// ---- Cancel ----
 
 TEST_F(InputScreenTest, CancelSetsTheFlagsAndHidesItsButton) {
   main.cmdCancel.visible = true;
@@ -207,8 +205,7 @@ TEST_F(InputScreenTest, CancelSetsTheFlagsAndHidesItsButton) {
   EXPECT_EQ(record.DesignType, kPlanned);
 }
 
-// --- The panel of a limited selection
-// ----------------------------------------------------------------------------------
+// ---- The panel of a limited selection ----
 
 class OpenPanelTest : public SearchTest {};
 

@@ -97,8 +97,7 @@ TEST_F(ElevAdjustTest, LaysNoBrokenLineForAConstantSlope) {
   EXPECT_EQ(main.lblCrownSlope.caption, "before");
 }
 
-// --- The lift
-// ----------------------------------------------------------------------------------------------------------
+// ---- The lift ----
 
 class LiftTest : public SearchTest {
  protected:
@@ -168,8 +167,7 @@ TEST_F(LiftTest, DoesNothingForOtherDesigns) {
   EXPECT_EQ(record.HighestFill, 0);
 }
 
-// --- On the screen
-// -------------------------------------------------------------------------------------------------------
+// ---- On the screen ----
 
 // A shown dual slope names twice the slope that was laid, and its break.
 TEST_F(ElevAdjustTest, IsShownDoubledWithItsBreak) {

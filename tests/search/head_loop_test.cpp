@@ -167,8 +167,7 @@ TEST_F(HeadLoopTest, TellsWhatHasBecomeOfTheTargetHead) {
   EXPECT_EQ(Status(), "");
 }
 
-// --- Trials that fail
-// --------------------------------------------------------------------------------------------------------
+// ---- Trials that fail ----
 
 TEST_F(HeadLoopTest, ARefusedTrialEndsTheLoopWithOneMessage) {
   Prepare("2", ".2");

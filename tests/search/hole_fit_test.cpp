@@ -85,8 +85,7 @@ TEST_F(HoleFitTest, ANegativeHeadIsAFault) {
   EXPECT_THROW(FromList({0.25F, 0.5F}, 0.3F), RunTimeFault);
 }
 
-// --- The user's list
-// ---------------------------------------------------------------------------------------------------
+// ---- The user's list ----
 
 TEST_F(HoleFitTest, TakesTheListedSizeBelow) {
   const std::vector<float> sizes = {0.25F, 0.375F, 0.5F};

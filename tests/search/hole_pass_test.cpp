@@ -135,8 +135,7 @@ TEST_F(HolePassTest, StartsFromClearedSizes) {
   }
 }
 
-// --- Lost head
-// -------------------------------------------------------------------------------------------------------------
+// ---- Lost head ----
 
 // The head of the line lies three feet above the far end: from 2 feet on the far end gets tenths until more than 3 feet
 // stand there. Ten of them make 3 feet and the friction above it is more than nothing.
@@ -232,8 +231,7 @@ TEST_F(HolePassTest, DoesNotYieldOtherwise) {
   EXPECT_EQ(host.yields, 0);
 }
 
-// --- Faults
-// ------------------------------------------------------------------------------------------------------------------
+// ---- Faults ----
 
 TEST_F(HolePassTest, ReportsAFaultOfTheTable) {
   struct Spoil {
@@ -281,8 +279,7 @@ TEST_F(HolePassTest, AFaultEndsTheDesignOnTheInputScreen) {
   EXPECT_FALSE(record.CancelFlag);
 }
 
-// --- The outer loop
-// ----------------------------------------------------------------------------------------------------------
+// ---- The outer loop ----
 
 // The far end of the march that follows begins where the pass ended.
 TEST_F(HolePassTest, HandsItsFarEndToTheMarch) {

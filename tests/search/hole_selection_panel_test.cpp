@@ -98,8 +98,7 @@ TEST_F(PanelTest, AFullListOfSizesIsDesignedWith) {
   EXPECT_EQ(record.SelectedHoleName[50], "3/8");
 }
 
-// --- Leaving the panel
-// -------------------------------------------------------------------------------------------------------
+// ---- Leaving the panel ----
 
 TEST_F(PanelTest, AnEmptyListAbandonsTheDesign) {
   LevelLine();

@@ -130,8 +130,7 @@ TEST_F(SlopePrepassTest, LevelsTheCrownFromTheFirstRow) {
   for (int i = 1; i <= 4; ++i) EXPECT_EQ(record.DesignElev[i], 98.5F);
 }
 
-// --- Direction
-// -----------------------------------------------------------------------------------------------------------
+// ---- Direction ----
 
 struct Lengths {
   const char* about;
@@ -166,7 +165,7 @@ TEST_F(SlopePrepassTest, FollowsTheLongFurrows) {
   }
 }
 
-// --- Laying a crown --------------------------------------------------------------------------------------------------
+// ---- Laying a crown ----
 
 TEST_F(SlopePrepassTest, LaysAFallingCrownInElevationsAndInRods) {
   Rows(3);

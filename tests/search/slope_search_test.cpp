@@ -128,7 +128,7 @@ TEST_F(SlopeSearchTest, ShowsUniformityAndHeadsAfterEachTrial) {
   EXPECT_TRUE(looked);
 }
 
-// --- Keeping the best ------------------------------------------------------------------------------------------------
+// ---- Keeping the best ----
 
 TEST_F(SlopeSearchTest, KeepsTheFlattestOfEquals) {
   record.BestUniformity = 0;
@@ -168,8 +168,7 @@ TEST_F(SlopeSearchTest, LeavesALevelLineLevel) {
   EXPECT_EQ(main.lblCrownSlope.caption, "Crown Slope = . feet per 100 feet");
 }
 
-// --- Starting where no head is left
-// ------------------------------------------------------------------------------------
+// ---- Starting where no head is left ----
 
 // A tenth of a foot gives each 3/8 inch hole 0.5676 GPM, the eleven 6.243. At 6 GPM the level line stands below it: no
 // trial is made, and the crown is laid at the slope that was found before.
@@ -189,8 +188,7 @@ TEST_F(SlopeSearchTest, UsesTheSlopeFoundBeforeWhereTheHeadIsSpent) {
   EXPECT_NEAR(record.DesignElev[11], 100.0977 - 0.09765625, 1e-5);
 }
 
-// --- Short lines
-// ---------------------------------------------------------------------------------------------------------
+// ---- Short lines ----
 
 TEST_F(SlopeSearchTest, ALineOfOneRowIsTriedOnce) {
   TypeInfo("0.6", "0.2", "E");
@@ -227,8 +225,7 @@ TEST_F(SlopeSearchTest, LinesOfTwoAndThreeRowsRise) {
   }
 }
 
-// --- Run flags inside the search
-// -------------------------------------------------------------------------------------------
+// ---- Run flags inside the search ----
 
 // Only the falling search looks at `DesignOK`.
 TEST_F(SlopeSearchTest, OnlyTheFallingSearchStopsForDesignOK) {

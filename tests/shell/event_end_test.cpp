@@ -48,7 +48,7 @@ struct EventEndTest : StartedProgramTest {
   MainScreen& main;
 };
 
-// --- The sheet that results cover ------------------------------------------------------------------------------------
+// ---- The sheet that results cover ----
 
 TEST_F(EventEndTest, NoKeyReachesTheSheetUnderTheTables) {
   for (const char* table : {"Complete Design", "Summary"}) {
@@ -83,7 +83,7 @@ TEST_F(EventEndTest, AKeyInTheHeadingRowActsOnTheRowBelow) {
   EXPECT_EQ(sheet().Text(1, kHoleSizeColumn), "5/8");
 }
 
-// --- The panel of preferences ----------------------------------------------------------------------------------------
+// ---- The panel of preferences ----
 
 TEST_F(EventEndTest, AFieldLeavesThePreferencesAsExitDoes) {
   for (const char* command : {"mnuDesignField", "mnuExistingDesign", "mnuComputerHoleSelection"}) {
@@ -133,7 +133,7 @@ TEST_F(EventEndTest, PreferencesOverANewDesignGiveTheSheetBack) {
   EXPECT_FALSE(main.Grid2.control.visible);
 }
 
-// --- New -------------------------------------------------------------------------------------------------------------
+// ---- New ----
 
 TEST_F(EventEndTest, NewOverEachDesignLeavesNothingOfIt) {
   FakeHost other_host;
@@ -181,7 +181,7 @@ TEST_F(EventEndTest, NewOverEachDesignLeavesNothingOfIt) {
   }
 }
 
-// --- The input screen ------------------------------------------------------------------------------------------------
+// ---- The input screen ----
 
 TEST_F(EventEndTest, TheNextChangeOfTheInputBringsTheInterpolationBack) {
   const std::vector<std::function<void()>> changes = {
@@ -259,7 +259,7 @@ TEST_F(EventEndTest, AStatusBarWithoutNewsTellsWhereTheUserIs) {
   EXPECT_EQ(Status(), "Pumped flow, gallons per minute");
 }
 
-// --- A command inside a calculation ----------------------------------------------------------------------------------
+// ---- A command inside a calculation ----
 
 // The planned run is cancelled by the command that comes in the middle of it, and the command runs when it is over.
 TEST_F(EventEndTest, ADesignInsideAnotherEndsThatOneFirst) {
