@@ -55,6 +55,7 @@ void WriteFirstRow(Program& program, Progress& at) {
   const TableRow row{program, 1, 1, kSummaryFirstRow, at.repeated};
   const float flow = AtRow(record, record.FurrowFlow, 1);
   const int size_index = ChosenSizeIndex(record, 1);
+  // The first row counts as hole 1 by the crown of the survey, whether or not it has a hole.
   if (Val(program.main.Grid1.Text(1, kCrownColumn)) > 0) program.main.Grid2.Set(1, kResultHoleNumber, "1");
   WriteFirstStation(row);
   Write(row, {kResultCrown});
@@ -73,7 +74,8 @@ void WriteFirstRow(Program& program, Progress& at) {
   Write(row, {kResultMil, kResultPipeDia});
 }
 
-// Whether something changes at row i, which has a row on either side.
+// Whether something changes at row i, which has a row on either side: a change of size shows both the last row of the
+// old size and the first of the new one. The row after is compared by the survey's sizes whatever sizes are chosen.
 bool IsShown(const DesignRecord& record, int i, double survey_station) {
   const RowArray<float>& chosen = ChosenHoleDia(record);
   return record.PipeDia[i] != record.PipeDia[i - 1] || record.SurveyHoleDia[i] != record.SurveyHoleDia[i + 1] ||
@@ -90,6 +92,7 @@ void WriteHoleRow(const TableRow& row, double flow_so_far) {
   Write(row, {kResultFurrowLength, kResultFlowRatio, kResultHoleCount, kResultPlantedWidth});
 }
 
+// A row without a hole that stays. Its opening is the survey's, also where sizes are chosen.
 void WriteOtherRow(const TableRow& row, double flow_so_far) {
   DesignRecord& record = row.program.record;
   if (const int size = HoleSizeByValue(record, record.SurveyHoleDia[row.i]); size > 0) {
@@ -111,6 +114,7 @@ void WriteMiddleRow(Program& program, const SurveyReader& survey, int i, Progres
   if (record.HoleDia[i] > 0) {
     WriteHoleRow(row, at.flow);
     ++at.grid_row;
+    // One that is passed by here is overwritten by the next row that is shown.
   } else if (Narrow(survey.Val(at.supply_survey_row, kStationColumn)) < record.Station[i + 1]) {
     WriteOtherRow(row, at.flow);
     ++at.grid_row;
@@ -126,6 +130,7 @@ void WriteLastRow(Program& program, const SurveyReader& survey, Progress& at) {
   const int i = record.HoleRows;
   const TableRow row{program, i, at.grid_row, kSummaryLastRow, at.repeated};
   const float flow = record.FurrowFlow[i];
+  // As texts: any size but "0" comes behind it.
   if (survey.Text(at.survey_row, kHoleSizeColumn) > "0") {
     grid.Set(at.grid_row, kResultHoleNumber, GeneralText(record.WateredFurrows));
   }

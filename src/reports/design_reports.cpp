@@ -15,6 +15,7 @@ constexpr double kLeft = kTableRules.front();
 constexpr double kRight = kTableRules.back();
 
 constexpr double kFirstRow = 4.85;
+constexpr double kSummaryRules = 4.84;  // the rules of the Summary begin a little above its first row
 constexpr double kPageFoot = 10.5;
 constexpr double kNextPageHeader = 1.7;
 constexpr double kNextPageRules = 2.2;
@@ -27,7 +28,8 @@ struct PrintedColumn {
   std::string_view complete;
 };
 
-// In the order of the grid's columns; each stands between the rule of its index and the next.
+// In the order of the grid's columns; each stands between the rule of its index and the next. The two tables differ on
+// purpose: the complete one prints ratios as they stand, and the number of holes with two decimals.
 constexpr std::array<PrintedColumn, 11> kColumns = {{
     {0.45, "####0", "#####0"},
     {0.95, "", ""},
@@ -108,7 +110,8 @@ void BreakPage(TablePrint& print, int row) {
   if (!print.summary && print.program.main.Grid2.Text(row - 1, kResultFlow) == "  Supply") SupplyRules(print);
 }
 
-// Brings a table to the screen; the caption of the toggle comes back whatever happens.
+// Brings a table to the screen; the caption of the toggle comes back whatever happens. The table stays, so that after
+// printing the other one the screen shows it under this caption until the next toggle.
 class ForcedCaption {
  public:
   ForcedCaption(Control& toggle, std::string_view caption) : toggle_(toggle), kept_(toggle.caption) {
@@ -142,7 +145,7 @@ Document PrintTable(Program& program, std::string title, bool summary) {
   PrintDesignData(writer, program);
   const DesignRecord& record = program.record;
   const int last = summary ? LastSummaryRow(program.main.Grid2) : record.HoleRows;
-  TablePrint print{writer, program, summary, Store32(kFirstRow), summary ? 4.84 : kFirstRow};
+  TablePrint print{writer, program, summary, Store32(kFirstRow), summary ? kSummaryRules : kFirstRow};
   double running = 0;
   for (int row = 1; row <= last; ++row) {
     // The grid's row serves as the index of the design's, also where the table has skipped rows.

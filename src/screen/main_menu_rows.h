@@ -1,4 +1,5 @@
-// The menus of the main screen, in the order of the menu bar. Private to main_screen.cpp.
+// The menus of the main screen, in the order of the menu bar. Private to main_screen.cpp. Odd spelling in captions is
+// meant: it is what scripts and the guide know them by.
 #pragma once
 
 #include "screen/control_facts.h"

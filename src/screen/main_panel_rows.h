@@ -1,4 +1,5 @@
 // The panels that open over the main screen, preferences and hole selection, in tab order. Private to main_screen.cpp.
+// Odd spelling in captions and tips is meant: it is what scripts and the guide know them by.
 #pragma once
 
 #include "screen/control_facts.h"

@@ -1,5 +1,5 @@
 // What stands on the main screen itself, in tab order: fields, sheets, buttons, then the results. Private to
-// main_screen.cpp.
+// main_screen.cpp. Odd wording in captions and tips is meant: it is what scripts and the guide know them by.
 #pragma once
 
 #include "screen/control_facts.h"

@@ -111,7 +111,6 @@ void BuildRows(Program& program) {
   FlowRatio(record);
 }
 
-// A march that counted exactly as many tries as a fault would leave is taken for one.
 void ResetScreen(Program& program) {
   program.record.DesignOK = "False";
   program.main.title = "TORVALE  ";
@@ -127,6 +126,7 @@ void Finish(Program& program, int tries) {
     program.main.busy = false;
     return;
   }
+  // A march that counted exactly as many tries as a fault would leave is taken for one.
   if (tries == kTriesAfterFault) {
     ResetScreen(program);
     return;

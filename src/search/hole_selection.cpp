@@ -33,6 +33,8 @@ struct PassFlow {
   bool elevations;
 };
 
+constexpr double kDiameterOfUnitArea = 1.128;  // for the square root of 4 over pi
+
 // One row of the pass's march: the flow that the furrow wants, the hole that would give it, and the friction of the
 // span below the row.
 double WorkRow(DesignRecord& record, int row, const PassFlow& pass, double dia_power, FitFlow& flow) {
@@ -41,7 +43,8 @@ double WorkRow(DesignRecord& record, int row, const PassFlow& pass, double dia_p
   const double capacity = Power(record.Head[row] * kTwiceGravity, 0.5) * kGpmPerCubicFootOfIdeal *
                           static_cast<double>(record.DischargeCoef);
   const double opening = Divide(static_cast<double>(flow.wanted), capacity) * 144 * holes;
-  record.HoleSizeIdeal[row] = Store32(Divide(Power(opening, 0.5) * 1.128, holes));
+  // Of each hole: the root of area times holes, over the holes, is that of one hole's area.
+  record.HoleSizeIdeal[row] = Store32(Divide(Power(opening, 0.5) * kDiameterOfUnitArea, holes));
   record.AccumGPM = Store32(static_cast<double>(record.AccumGPM) + static_cast<double>(flow.wanted));
   const double ratio = Divide(FlowPower(record.AccumGPM), dia_power);
   return Finite(SpanFriction(SpanLength(record.Station[row], record.Station[row - 1]), ratio, pass.factor));
@@ -59,7 +62,8 @@ bool HeadLost(const DesignRecord& record, int row, const PassFlow& pass, const P
   return (pass.rods || pass.elevations) && row >= 2 && record.Head[row - 1] <= 0;
 }
 
-// Marches the wanted flows up the line. False where the run was cancelled.
+// Marches the wanted flows up the line. Where the head is lost, the far end gets a tenth of a foot more and the march
+// begins again, as often as it takes. False where the run was cancelled.
 bool MarchWantedFlows(Program& program, const PassKind& kind, EngineHost& host, FitFlow& flow) {
   DesignRecord& record = program.record;
   const PassFlow pass = {AverageFlow(record.TargetGPM, record.WateredFurrows),
@@ -108,6 +112,7 @@ void Fit(Program& program, const PassKind& kind, FitFlow flow) {
   }
 }
 
+// Either pass forgets the table's choice, and the row of the size table that the sheet's plus and minus keys had come to.
 void RunPass(Program& program, const PassKind& kind, EngineHost& host) {
   DesignRecord& record = program.record;
   record.HoleSizeIdeal.Clear();
@@ -152,6 +157,7 @@ void Select(Program& program, EngineHost& host) {
   record.Head[record.HoleRows] = target_head;
   int status = 0;
   while (record.FlowCalcStatus < "Ok" && !record.CancelFlag) {
+    // After a pass that failed there is no design type, and neither runs again; the march still does.
     if (record.DesignType == kComputerHoles) RunPass(program, kTablePass, host);
     if (record.DesignType == kLimitedHoles) RunPass(program, kListPass, host);
     RunFlowCalc(program, host, status);
