@@ -85,6 +85,7 @@ class Search {
     HolePlan plan(task_.furrows.size());
     double tried = 0;
     double end_head = 0;
+    if (!Tell(0)) return;
     TryFrom(plan, 0, task_.stretches, CountPlans(task_), tried, end_head);
   }
 

@@ -1,6 +1,7 @@
 #include "scenarios/comparison.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "base/format.h"
@@ -53,49 +54,73 @@ std::vector<Cell> CellsOf(const ScenarioResult& result) {
           {kComparedHours, Figure(result.hours_for_inch, "###.0"), number(result.hours_for_inch)}};
 }
 
-std::string KeyOf(std::int16_t design_type) {
-  return std::to_string(design_type);
-}
-
 void ListDesigns(DeskScreen& desk) {
   if (!desk.designs.empty()) return;
   for (const ComparisonRow& row : ComparisonRows()) {
     ComparedDesign design;
-    design.key = KeyOf(row.design_type);
-    design.commands = row.commands;
+    design.key = row.kind->key;
+    design.commands.emplace_back(row.kind->entry);
+    if (!row.kind->panel_button.empty()) design.commands.emplace_back(row.kind->panel_button);
     design.texts[kComparedName] = row.name;
     desk.designs.push_back(std::move(design));
   }
 }
 
-std::vector<std::int16_t> DesignTypes() {
-  std::vector<std::int16_t> types;
-  for (const ComparisonRow& row : ComparisonRows()) types.push_back(row.design_type);
-  return types;
+std::vector<const DesignKind*> KindsToTry() {
+  std::vector<const DesignKind*> kinds;
+  for (const ComparisonRow& row : ComparisonRows()) kinds.push_back(row.kind);
+  return kinds;
+}
+
+ComparedDesign* FindDesign(DeskScreen& desk, std::string_view key) {
+  const auto design =
+      std::find_if(desk.designs.begin(), desk.designs.end(), [&](const ComparedDesign& d) { return d.key == key; });
+  return design == desk.designs.end() ? nullptr : &*design;
+}
+
+// "Uniformity 0.5 above User Holes, 2.5 above Computer Holes." Empty where neither selection can be made.
+std::string GainText(DeskScreen& desk, float uniformity) {
+  std::string text;
+  for (const std::int16_t type : {kLimitedHoles, kComputerHoles}) {
+    const ComparedDesign* other = FindDesign(desk, FindDesignKind(type)->key);
+    if (other == nullptr || !other->made) continue;
+    const double gain = static_cast<double>(uniformity) - *other->values.at(kComparedUniformity);
+    text += text.empty() ? "Uniformity " : ", ";
+    text += Format(std::abs(gain), "##0.0") + (gain < 0 ? " below " : " above ") + other->texts.at(kComparedName);
+  }
+  return text.empty() ? text : text + ".";
+}
+
+std::vector<std::string> WordsOf(DeskScreen& desk, const ScenarioResult& result) {
+  if (result.outcome != ScenarioOutcome::kDone) return result.words;
+  std::vector<std::string> words;
+  if (!result.proof.empty()) words = {GainText(desk, result.uniformity), result.proof};
+  std::erase(words, "");
+  words.insert(words.end(), result.warnings.begin(), result.warnings.end());
+  return words;
 }
 
 }  // namespace
 
 const std::vector<ComparisonRow>& ComparisonRows() {
   static const std::vector<ComparisonRow> kRows = {
-      {kPlanned, "Planned Design", {"mnuDesignField"}},
-      {kExistingField, "Existing Field", {"mnuExistingDesign"}},
-      {kComputerHoles, "Computer Holes", {"mnuComputerHoleSelection"}},
-      {kLimitedHoles, "User Holes", {"mnuManHoleSelection", "cmdExitHoleSelect"}},
-      {kConstantSlope, "Constant Slope", {"mnuDesignConstSlope"}},
-      {kDualSlope, "Dual Slope", {"mnuDesignDualSlope"}},
+      {FindDesignKind(kPlanned), "Planned Design"},
+      {FindDesignKind(kExistingField), "Existing Field"},
+      {FindDesignKind(kComputerHoles), "Computer Holes"},
+      {FindDesignKind(kLimitedHoles), "User Holes"},
+      {FindDesignKind(kConstantSlope), "Constant Slope"},
+      {FindDesignKind(kDualSlope), "Dual Slope"},
+      {&BestHolesKind(), "Best Holes"},  // the last: it takes the longest and is held against two of the others
   };
   return kRows;
 }
 
 void TakeResult(DeskScreen& desk, const ScenarioResult& result) {
-  const std::string key = KeyOf(result.design_type);
-  const auto design =
-      std::find_if(desk.designs.begin(), desk.designs.end(), [&](const ComparedDesign& d) { return d.key == key; });
-  if (design == desk.designs.end() || result.outcome == ScenarioOutcome::kCancelled) return;
+  ComparedDesign* design = FindDesign(desk, result.key);
+  if (design == nullptr || result.outcome == ScenarioOutcome::kCancelled) return;
   design->tried = true;
   design->made = result.outcome == ScenarioOutcome::kDone;
-  design->words = design->made ? result.warnings : result.words;
+  design->words = WordsOf(desk, result);
   design->cell = result.cell;
   for (Cell& cell : CellsOf(result)) {
     const auto column = static_cast<std::size_t>(cell.column);
@@ -118,7 +143,7 @@ bool LiveComparison::Due() {
 void LiveComparison::Follow() {
   if (!Due()) return;
   if (!latest_) latest_ = std::make_unique<LatestScenarios>(on_result_);
-  latest_->Ask(InputOf(program_), DesignTypes());
+  latest_->Ask(InputOf(program_), KindsToTry());
   taken_ = 0;
   ShowComparison(program_.desk);
 }
@@ -138,7 +163,7 @@ void LiveComparison::Settle() {
   if (!Due()) return;
   if (!quiet_) quiet_ = std::make_unique<QuietProgram>();
   const ScenarioInput input = InputOf(program_);
-  for (const std::int16_t type : DesignTypes()) TakeResult(program_.desk, quiet_->Run(input, type));
+  for (const DesignKind* kind : KindsToTry()) TakeResult(program_.desk, quiet_->Run(input, *kind));
   SortComparison(program_.desk);
   ShowComparison(program_.desk);
 }

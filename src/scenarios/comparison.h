@@ -12,16 +12,16 @@
 
 namespace torvale {
 
-// A row of the comparison: a kind of design, and the clicks that make it.
+// A row of the comparison: a kind of design by the name that it has there.
 struct ComparisonRow {
-  std::int16_t design_type;
+  const DesignKind* kind;
   std::string_view name;
-  std::vector<std::string> commands;
 };
 // In the order in which they are worked out.
 const std::vector<ComparisonRow>& ComparisonRows();
 
-// Puts a result into the row of its kind.
+// Puts a result into the row of its kind. That of the best holes is held against the two hole selections, whose rows
+// are to be of the same question.
 void TakeResult(DeskScreen& desk, const ScenarioResult& result);
 
 // Keeps the desk's comparison true to what stands on the screen. Nothing is worked out while the comparison is closed.

@@ -16,15 +16,15 @@ LatestScenarios::~LatestScenarios() {
   thread_.join();
 }
 
-std::uint64_t LatestScenarios::Ask(ScenarioInput input, std::vector<std::int16_t> design_types) {
+std::uint64_t LatestScenarios::Ask(ScenarioInput input, std::vector<const DesignKind*> designs) {
   std::uint64_t number = 0;
   {
     const std::lock_guard lock(mutex_);
     stop_.request_stop();
     stop_ = std::stop_source();
     number = answer_.number + 1;
-    answer_ = {number, design_types.empty(), {}};
-    next_ = Question{number, std::move(input), std::move(design_types), stop_.get_token()};
+    answer_ = {number, designs.empty(), {}};
+    next_ = Question{number, std::move(input), std::move(designs), stop_.get_token()};
   }
   asked_.notify_one();
   return number;
@@ -49,9 +49,9 @@ void LatestScenarios::Work(const std::stop_token& end) {
 }
 
 void LatestScenarios::WorkOut(QuietProgram& quiet, const Question& question) {
-  for (std::size_t i = 0; i < question.design_types.size(); ++i) {
-    const bool last = i + 1 == question.design_types.size();
-    if (!Keep(question, quiet.Run(question.input, question.design_types[i], {question.stop, {}}), last)) return;
+  for (std::size_t i = 0; i < question.designs.size(); ++i) {
+    const bool last = i + 1 == question.designs.size();
+    if (!Keep(question, quiet.Run(question.input, *question.designs[i], {question.stop, {}}), last)) return;
     if (on_result_) on_result_();
   }
 }

@@ -24,8 +24,8 @@ class LatestScenarios {
   LatestScenarios(const LatestScenarios&) = delete;
   LatestScenarios& operator=(const LatestScenarios&) = delete;
 
-  // The designs are worked out in the order given. Gives back the number of the question, from 1.
-  std::uint64_t Ask(ScenarioInput input, std::vector<std::int16_t> design_types);
+  // The designs are worked out in the order given, each by its kind. Gives back the number of the question, from 1.
+  std::uint64_t Ask(ScenarioInput input, std::vector<const DesignKind*> designs);
 
   // What is known of the newest question: the results so far, in their order.
   struct Answer {
@@ -39,7 +39,7 @@ class LatestScenarios {
   struct Question {
     std::uint64_t number;
     ScenarioInput input;
-    std::vector<std::int16_t> design_types;
+    std::vector<const DesignKind*> designs;
     std::stop_token stop;
   };
   void Work(const std::stop_token& end);

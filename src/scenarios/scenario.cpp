@@ -19,8 +19,6 @@
 namespace torvale {
 namespace {
 
-constexpr std::string_view kHoleSelectionExit = "cmdExitHoleSelect";
-
 // For the ends of a run at which the program says nothing at all.
 constexpr std::string_view kEndedInSilence = "The design ended without a result.";
 
@@ -48,6 +46,7 @@ void Lay(const ScenarioInput& input, Program& program) {
   main.mnuRigidPipe.ticked = IsRigid(record);
   main.listHolesSelected.Clear();
   for (const std::string& size : input.hole_sizes) main.listHolesSelected.Add(size);
+  for (std::size_t i = 0; i < input.best_limits.size(); ++i) LayText(main.txtBest.at(i), input.best_limits.at(i));
   main.listSoils.Deselect();
   main.listSoils.Select(input.soil.line, true);
   record.SoilName = input.soil.name;
@@ -61,10 +60,9 @@ void Lay(const ScenarioInput& input, Program& program) {
   record.SpacingWarningOff = input.spacing_warning_off;
 }
 
-void ClickDesign(Program& program, std::int16_t design_type) {
-  if (const DesignKind* kind = FindDesignKind(design_type)) Click(program, kind->entry);
-  // The limited selection opens its panel of hole sizes, whose button begins the design.
-  if (design_type == kLimitedHoles) Click(program, kHoleSelectionExit);
+void ClickDesign(Program& program, const DesignKind& kind) {
+  Click(program, kind.entry);
+  if (!kind.panel_button.empty()) Click(program, kind.panel_button);
 }
 
 bool IsDone(const Program& program, std::int16_t design_type) {
@@ -135,6 +133,7 @@ void TakeFigures(const Program& program, ScenarioResult& result) {
   result.acres = record.TotalAcres;
   result.hours_for_inch = record.HoursOneInch;
   result.target_head = TextOf(program.main, InfoField::kTargetHead);
+  if (program.main.lblBestHoles.visible) result.proof = program.main.lblBestHoles.caption;
   TakeSlope(record, result);
   CountHoles(program, result);
 }
@@ -164,6 +163,7 @@ ScenarioInput InputOf(const Program& program) {
   input.pipe_kind = record.PipeKind;
   const ListBox& sizes = main.listHolesSelected;
   for (int i = 0; i < sizes.count(); ++i) input.hole_sizes.push_back(sizes.Line(i));
+  for (std::size_t i = 0; i < input.best_limits.size(); ++i) input.best_limits.at(i) = main.txtBest.at(i).text();
   input.soil = {main.listSoils.Current(), record.SoilName, record.RecFurrowFlow, main.lblRecFurrowFlow.caption};
   input.target_gpm = record.TargetGPM;
   input.hazen_williams_c = record.HazenWilliamsC;
@@ -177,6 +177,8 @@ ScenarioInput InputOf(const Program& program) {
 QuietProgram::QuietProgram(const std::string& data_folder) : host_(data_folder), program_(host_) {
   StartProgram(program_);
   host_.LeaveFolder();
+  // Nobody takes anything back here, and what one run left must not mark the figures of the next as stale.
+  program_.history.reset();
   start_design_ = program_.record;
   start_names_ = program_.record;
   start_screen_ = program_.main;
@@ -192,19 +194,24 @@ void QuietProgram::StartAnew() {
 }
 
 ScenarioResult QuietProgram::Run(const ScenarioInput& input, std::int16_t design_type, const Until& until) {
+  return Run(input, *FindDesignKind(design_type), until);
+}
+
+ScenarioResult QuietProgram::Run(const ScenarioInput& input, const DesignKind& kind, const Until& until) {
   StartAnew();
   ScenarioResult result;
-  result.design_type = design_type;
+  result.design_type = kind.type;
+  result.key = kind.key;
   Lay(input, program_);
   const std::string status = program_.main.sbStatusBar.caption;
   host_.told.clear();
   host_.until = until;
   host_.cancel = [this] { cmdCancel_Click(program_); };
-  ClickDesign(program_, design_type);
+  ClickDesign(program_, kind);
   host_.cancel = nullptr;
   if (host_.cancelled) {
     result.outcome = ScenarioOutcome::kCancelled;
-  } else if (IsDone(program_, design_type)) {
+  } else if (IsDone(program_, kind.type)) {
     result.outcome = ScenarioOutcome::kDone;
     TakeFigures(program_, result);
     TakeWarnings(program_, host_.told, result);

@@ -9,6 +9,7 @@
 
 #include "record/text_grid.h"
 #include "scenarios/scenario_host.h"
+#include "screen/design_types.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -30,6 +31,7 @@ struct ScenarioInput {
   std::array<std::string, 16> preferences;  // `txtDefault`
   std::string pipe_kind = "L";              // see record/kinds.h
   std::vector<std::string> hole_sizes;      // `listHolesSelected`
+  std::array<std::string, 3> best_limits;   // `txtBest`
   ChosenSoil soil;
   // What the record has taken from the fields, which keeps its value where a field holds no number that fits.
   float target_gpm = 0;
@@ -60,6 +62,7 @@ struct SizeCount {
 // What came of it. The figures are those of the record after the command, and 0 unless it is done.
 struct ScenarioResult {
   std::int16_t design_type = kNoDesign;
+  std::string_view key;  // of its kind, see DesignKind
   ScenarioOutcome outcome = ScenarioOutcome::kRefused;
 
   float uniformity = 0;  // percent
@@ -80,6 +83,7 @@ struct ScenarioResult {
   std::string target_head;  // the field afterwards: a limited selection chooses the head itself
 
   std::vector<std::string> warnings;  // whole sentences
+  std::string proof;                  // best holes: what is proven of other plans
   std::vector<std::string> words;     // of a refusal: what was said, one message after the other
   SheetCell cell;                     // of a refusal: the cell of the survey that it speaks of
 
@@ -94,9 +98,11 @@ class QuietProgram {
   // The program as it was after its start: nothing is left of what was done with it.
   void StartAnew();
 
-  // Puts the inputs through a design type's own command, from its menu entry to the result table on the screen, as a
-  // user who has just started the program and typed them would see it. The program stands there afterwards, to be
+  // Puts the inputs through the command of a kind of design, from its menu entry to the result table on the screen, as
+  // a user who has just started the program and typed them would see it. The program stands there afterwards, to be
   // saved, exported and printed from, until the next run.
+  ScenarioResult Run(const ScenarioInput& input, const DesignKind& kind, const Until& until = {});
+  // The same for one of the six types.
   ScenarioResult Run(const ScenarioInput& input, std::int16_t design_type, const Until& until = {});
 
   Program& program() { return program_; }

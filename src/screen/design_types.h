@@ -14,7 +14,8 @@ struct DesignKind {
   std::int16_t type;
   std::string_view key;             // one word, for tables and command lines
   std::string_view name;            // as the menu has it
-  std::string_view entry;           // the control whose click begins it
+  std::string_view entry;           // the control whose click begins it, or opens its panel ...
+  std::string_view panel_button;    // ... whose button begins it; empty where it has no panel
   std::string_view title;           // behind the program's name while it is worked out and shown
   std::string_view opened_title;    // the same where a file brought it
   std::string_view in_reports;      // the line below the title of a report

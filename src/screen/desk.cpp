@@ -37,7 +37,8 @@ constexpr std::array<ComparisonTrait, kComparisonColumns> kTraits = {{
     {"Slope (per 100 ft)", 1200, Better::kNone, "Designed slope of the crown, feet in 100 feet"},
     {"Highest Fill (ft)", 850, Better::kLower, "Highest fill below the designed crown, feet"},
     {"Hours for 1 in.", 850, Better::kLower, "Hours of pumping that apply a gross inch"},
-    {"Warning", 3250, Better::kNone, "What the figures warn of, or why the design can't be made"},
+    {"Warning, Gain", 3250, Better::kNone,
+     "What the figures warn of, what Best Holes gains, or why the design can't be made"},
 }};
 
 constexpr int kHeadingHeight = 510;  // twips, two lines

@@ -22,6 +22,8 @@ ScenarioInput SampleInput() {
   return InputOf(session.program);
 }
 
+using Kinds = std::vector<const DesignKind*>;
+
 // Waits until the newest question is answered. An answer that doesn't come is a failure, not a wait.
 LatestScenarios::Answer Wait(LatestScenarios& scenarios) {
   const auto begun = steady_clock::now();
@@ -40,7 +42,7 @@ TEST(LatestScenarios, AnswersInTheOrderAsked) {
   LatestScenarios scenarios;
   EXPECT_EQ(scenarios.Look().number, 0U);
   const ScenarioInput input = SampleInput();
-  EXPECT_EQ(scenarios.Ask(input, {kExistingField, kConstantSlope}), 1U);
+  EXPECT_EQ(scenarios.Ask(input, {FindDesignKind(kExistingField), FindDesignKind(kConstantSlope)}), 1U);
   const LatestScenarios::Answer answer = Wait(scenarios);
   EXPECT_EQ(answer.number, 1U);
   ASSERT_EQ(answer.results.size(), 2U);
@@ -54,7 +56,8 @@ TEST(LatestScenarios, AnswersInTheOrderAsked) {
 TEST(LatestScenarios, ANewerQuestionCancelsAnOlderOne) {
   LatestScenarios scenarios;
   ScenarioInput input = SampleInput();
-  const std::vector<std::int16_t> all = {kPlanned, kConstantSlope, kDualSlope, kComputerHoles, kExistingField};
+  Kinds all;
+  for (const DesignKind& kind : DesignKinds().first<5>()) all.push_back(&kind);
   for (int i = 1; i <= 200; ++i) {
     input.fields[3] = std::to_string(i % 2 + 2);
     EXPECT_EQ(scenarios.Ask(input, all), static_cast<std::uint64_t>(i));
@@ -73,7 +76,7 @@ TEST(LatestScenarios, EndsWhileItWorks) {
   const auto begun = steady_clock::now();
   for (int i = 0; i < 20; ++i) {
     LatestScenarios scenarios;
-    scenarios.Ask(SampleInput(), std::vector<std::int16_t>(1000, kConstantSlope));
+    scenarios.Ask(SampleInput(), Kinds(1000, FindDesignKind(kConstantSlope)));
   }
   // Worked through, the thousands of searches would take minutes.
   EXPECT_LT(steady_clock::now() - begun, seconds(30));
