@@ -112,7 +112,8 @@ void Fit(Program& program, const PassKind& kind, FitFlow flow) {
   }
 }
 
-// Either pass forgets the table's choice, and the row of the size table that the sheet's plus and minus keys had come to.
+// Either pass forgets the table's choice, and the row of the size table that the sheet's plus and minus keys had come
+// to.
 void RunPass(Program& program, const PassKind& kind, EngineHost& host) {
   DesignRecord& record = program.record;
   record.HoleSizeIdeal.Clear();

@@ -18,6 +18,7 @@ constexpr std::string_view kDescription =
 }  // namespace
 
 void frmSplash_Load(Program& program) {
+  static_cast<HoleSizeTable&>(program.record) = {};
   Form_Load(program);
   Default_Values(program);
   GridSet(program);
