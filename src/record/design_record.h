@@ -11,6 +11,12 @@
 
 namespace torvale {
 
+// The unit of a 32-bit field where units of one kind are neighbours; the compiler takes all of them for one type.
+using Feet = float;
+using Inches = float;
+using SquareFeet = float;
+using SquareInches = float;
+
 // A number that may not have been set yet; unset, it counts as 0.
 using FreeValue = std::optional<double>;
 
@@ -62,7 +68,7 @@ struct DesignInputs {
 
   // The hole sizes that the user allows
   BoundedArray<std::string, kHoleSizes> SelectedHoleName;
-  BoundedArray<float, kHoleSizes> SelectedHoleValue;
+  BoundedArray<Inches, kHoleSizes> SelectedHoleValue;
   FreeValue HoleSizeIndexLimit;
 
   // The chosen soil
@@ -76,12 +82,12 @@ struct SurveyedLine {
   RowArray<float> Station;                // hundredths of a foot; 0 ends the list beyond row 1
   RowArray<std::int16_t> HolesPerFurrow;  // 0 where the row has none
   RowArray<unsigned char> PastReach;      // 1 where the row stands past the last furrow of a watered reach
-  RowArray<float> HoleDia;                // feet; the row has holes where it is above 0
-  RowArray<float> SurveyHoleDia;          // inches
-  RowArray<float> HoleSpacing;
-  RowArray<float> PlantedWidth;  // planted furrow width between watered furrows
-  RowArray<float> PipeDia;       // of the span that ends at the row
-  RowArray<float> PipeArea;      // square inches
+  RowArray<Feet> HoleDia;                 // the row has holes where it is above 0
+  RowArray<Inches> SurveyHoleDia;
+  RowArray<Feet> HoleSpacing;
+  RowArray<Feet> PlantedWidth;  // planted furrow width between watered furrows
+  RowArray<Inches> PipeDia;     // of the span that ends at the row
+  RowArray<SquareInches> PipeArea;
   RowArray<std::string> MilText;
   RowArray<std::int16_t> FurrowLength;
   RowArray<float> CrownElev;                // existing crown, in the survey's units (rod reading or elevation)
@@ -103,15 +109,15 @@ struct DesignResults {
   std::string FlowCalcStatus;    // "Ok" once the march has finished a hole trial
 
   // By hole row
-  RowArray<double> Head;     // not rounded to 32 bits between rows
-  RowArray<float> HoleArea;  // square feet, all holes of the row
+  RowArray<double> Head;          // not rounded to 32 bits between rows
+  RowArray<SquareFeet> HoleArea;  // all holes of the row
   RowArray<float> FurrowFlow;
   RowArray<float> FurrowNumber;  // running number among the watered furrows, 0 on others
   RowArray<float> FlowRatio;     // furrow length / average furrow length
   RowArray<float> RequiredFlow;
-  RowArray<float> ComputerHoleDia;  // inches
-  RowArray<float> LimitedHoleDia;   // inches
-  RowArray<float> HoleSizeIdeal;    // inches
+  RowArray<Inches> ComputerHoleDia;
+  RowArray<Inches> LimitedHoleDia;
+  RowArray<Inches> HoleSizeIdeal;
   RowArray<double> FrictionLoss;
   RowArray<float> DisplayHoleNumber;  // by row of the Summary table: flow that has left the pipe up to that row
 

@@ -29,9 +29,9 @@ inline bool IsRigid(const Design& record) {
   return record.PipeKind == kRigid;
 }
 
-// The hole sizes that the design goes by, inches: the choice of the computer (type 4), that among the allowed sizes
+// The hole sizes that the design goes by: the choice of the computer (type 4), that among the allowed sizes
 // (type 6), or those of the survey.
-inline const RowArray<float>& ChosenHoleDia(const Design& record) {
+inline const RowArray<Inches>& ChosenHoleDia(const Design& record) {
   if (record.DesignType == kComputerHoles) return record.ComputerHoleDia;
   return record.DesignType == kLimitedHoles ? record.LimitedHoleDia : record.SurveyHoleDia;
 }
