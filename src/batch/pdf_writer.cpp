@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/arithmetic.h"
 #include "files/code_page.h"
 #include "reports/paper.h"
 
@@ -25,10 +26,6 @@ using File = std::unique_ptr<_HPDF_Doc_Rec, Closer>;
 
 // The library keeps the first error itself and does nothing after it; it is asked for at the end.
 void HPDF_STDCALL PassOver(HPDF_STATUS /*error*/, HPDF_STATUS /*detail*/, void* /*unused*/) {}
-
-float Narrow(double value) {
-  return static_cast<float>(value);
-}
 
 double X(double inches) {
   return (inches + kPageLeft) * kPointsPerInch;
@@ -81,7 +78,7 @@ class Drawing {
   std::string Shortened(const std::string& words, int points, double room) const {
     for (std::size_t kept = words.size(); kept > 0; --kept) {
       const std::size_t tail = kept / 2;
-      const std::string shorter = words.substr(0, kept - tail) + kEllipsis + words.substr(words.size() - tail);
+      std::string shorter = words.substr(0, kept - tail) + kEllipsis + words.substr(words.size() - tail);
       if (WidthOf(shorter, points) <= room) return shorter;
     }
     return std::string(1, kEllipsis);
