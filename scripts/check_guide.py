@@ -218,6 +218,10 @@ def check_messages(body, sources):
             yield f"{WORDS}: the guide has no entry for {name}: {text}"
         if not any(re.search(rf"\b{name}\b", source) for file, source in sources.items() if file != WORDS):
             yield f"{WORDS}: nobody says {name}"
+    for heading in page.iter("h3"):
+        text = plain(text_of(heading))
+        if text not in words.values():
+            yield f"an entry that nothing says: {text}"
     if len(words) != sources.get(WORDS, "").count("inline constexpr") or not words:
         yield f"{WORDS}: a row that can't be read"
     yield from check_speech(sources)

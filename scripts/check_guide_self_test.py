@@ -56,6 +56,7 @@ FAULTS = [
     (GUIDE, 'id="col-hole"', 'id="col-hull"', "no page or anchor col-hole"),
     (GUIDE, 'id="pipe"', 'id="fields"', "stands twice"),
     (GUIDE, 'id="keys" data-group="g"', 'id="keys"', "section keys is no page"),
+    (GUIDE, "<h3>At the foot.</h3>", "<h3>At the foot.</h3><h3>On top.</h3>", "nothing says: On top."),
     (GUIDE, '<a href="#keys">', '<a href="#keyes">', "leads nowhere"),
     (GUIDE, '<a href="#keys">', '<a href="https://keys">', "leads nowhere"),
     (GUIDE, '<a href="#keys">', '<a href="#pipe">', "the contents lack the page keys"),
