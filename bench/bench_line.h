@@ -9,38 +9,16 @@
 #include "engine/survey.h"
 #include "screen/program.h"
 #include "shell/start_up.h"
+#include "support/silent_host.h"
 
 namespace torvale {
-
-// A desktop on which nothing happens.
-class QuietHost final : public Host {
- public:
-  long Yield(long) override { return 1'000'000; }
-  void Message(std::string_view, std::string_view) override { ++messages; }
-  bool Question(std::string_view, std::string_view) override { return true; }
-  void Beep() override {}
-  std::optional<std::string> OpenDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
-  std::optional<std::string> SaveDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
-  bool HasPrinter() override { return false; }
-  std::optional<int> PrinterDialog() override { return std::nullopt; }
-  bool Print(const Document& /*document*/) override { return false; }
-  void Preview(const Document& /*document*/) override {}
-  WholeFileResult WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return {EIO, {}}; }
-  std::string ClipboardText() override { return ""; }
-  void SetClipboardText(std::string_view) override {}
-  std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
-  void SaveSetting(std::string_view, std::string_view) override {}
-  std::string Today() override { return "1/1/2030"; }
-  std::string ProgramFolder() override { return "."; }
-  std::string UserDataFolder() override { return ""; }
-
-  int messages = 0;  // a benchmark that draws one measures a failure
-};
 
 // The program with a survey on its sheet that gives `rows` hole rows: every hundredth of the line surveyed, crown
 // readings and lengths at both ends alone, so that the interpolation has its work to do.
 struct BenchLine {
   explicit BenchLine(int rows) {
+    host.folder = ".";
+    host.on_question = [] { return true; };
     StartProgram(program);
     host.messages = 0;  // of the soils that the current folder may lack
     const int feet = 5280 / rows;
@@ -61,7 +39,7 @@ struct BenchLine {
     main.Grid1.Set(kSpans + 1, kFurrowLengthColumn, "1000");
   }
 
-  QuietHost host;
+  SilentHost host;  // a benchmark that draws a message measures a failure
   Program program{host};
 };
 

@@ -1,41 +1,13 @@
 #pragma once
 
-#include <cerrno>
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "display/grid_layout.h"
 #include "record/hole_sizes.h"
 #include "screen/program.h"
+#include "support/silent_host.h"
 
 namespace torvale {
-
-// A desktop on which nothing happens: the display asks and tells nothing.
-class SilentHost final : public Host {
- public:
-  long Yield(long due) override { return due; }
-  void Message(std::string_view, std::string_view) override { ++messages; }
-  bool Question(std::string_view, std::string_view) override { return false; }
-  void Beep() override {}
-  std::optional<std::string> OpenDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
-  std::optional<std::string> SaveDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
-  bool HasPrinter() override { return false; }
-  std::optional<int> PrinterDialog() override { return std::nullopt; }
-  bool Print(const Document& /*document*/) override { return false; }
-  void Preview(const Document& /*document*/) override {}
-  WholeFileResult WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return {EIO, {}}; }
-  std::string ClipboardText() override { return ""; }
-  void SetClipboardText(std::string_view) override {}
-  std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
-  void SaveSetting(std::string_view, std::string_view) override {}
-  std::string Today() override { return ""; }
-  std::string ProgramFolder() override { return ""; }
-  std::string UserDataFolder() override { return ""; }
-
-  int messages = 0;
-};
 
 // A program with its grids laid out, a planned layflat design of elevations, and rows that a test adds one by one. All
 // rows have furrows of 1100 feet, 6 feet of planted width, 15 inch pipe of 10 mil, a crown at 60 and a head of 2.5.

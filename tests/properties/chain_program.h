@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
+#include <algorithm>
 #include <cmath>
 #include <functional>
-#include <optional>
 #include <string>
-#include <vector>
+#include <string_view>
+#include <utility>
 
 #include "properties/random.h"
 #include "record/record_fields.h"
@@ -16,57 +16,45 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/start_up.h"
+#include "support/silent_host.h"
 
 namespace torvale {
 
 // Answers questions at random and presses Cancel at one yield when it was told to.
-class RandomHost final : public Host {
- public:
-  explicit RandomHost(Random& random) : random_(random) {}
+struct RandomDesktop {
+  explicit RandomDesktop(Random& numbers) : random(numbers) {
+    host.folder = "no such folder";
+    host.on_yield = [this](long due) { return Yield(due); };
+    host.on_question = [this] { return random.OneIn(2); };
+    host.on_message = [this](std::string_view body, std::string_view title) {
+      last_message = std::string(title) + ": " + std::string(body);
+      if (body.find("could not finish") != std::string_view::npos) ++untrapped;
+    };
+  }
+  RandomDesktop(const RandomDesktop&) = delete;
+  RandomDesktop& operator=(const RandomDesktop&) = delete;
 
-  long Yield(long due) override {
+  long Yield(long due) {
     yields += due;
-    if (!cancel) return random_.OneIn(2) ? 1'000'000 : random_.Whole(0, 50);
-    if (yields < cancel_at) return std::min<long>(cancel_at - yields - 1, random_.Whole(0, 50));
+    if (!cancel) return random.OneIn(2) ? 1'000'000 : random.Whole(0, 50);
+    if (yields < cancel_at) return std::min<long>(cancel_at - yields - 1, random.Whole(0, 50));
     const std::function<void()> now = std::move(cancel);
     cancel = nullptr;
     now();
     return 1'000'000;
   }
-  void Message(std::string_view body, std::string_view title) override {
-    last_message = std::string(title) + ": " + std::string(body);
-    if (body.find("could not finish") != std::string_view::npos) ++untrapped;
-  }
-  bool Question(std::string_view, std::string_view) override { return random_.OneIn(2); }
-  void Beep() override {}
-  std::optional<std::string> OpenDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
-  std::optional<std::string> SaveDialog(const FileDialog& /*dialog*/) override { return std::nullopt; }
-  bool HasPrinter() override { return false; }
-  std::optional<int> PrinterDialog() override { return std::nullopt; }
-  bool Print(const Document& /*document*/) override { return false; }
-  void Preview(const Document& /*document*/) override {}
-  WholeFileResult WritePdf(const Document& /*document*/, const std::string& /*path*/) override { return {EIO, {}}; }
-  std::string ClipboardText() override { return ""; }
-  void SetClipboardText(std::string_view) override {}
-  std::optional<std::string> Setting(std::string_view) override { return std::nullopt; }
-  void SaveSetting(std::string_view, std::string_view) override {}
-  std::string Today() override { return "1/1/2030"; }
-  std::string ProgramFolder() override { return "no such folder"; }
-  std::string UserDataFolder() override { return ""; }
-
   void CancelAfter(long count, std::function<void()> press) {
     cancel_at = yields + count;
     cancel = std::move(press);
   }
 
+  Random& random;
+  SilentHost host;
   long yields = 0;
   int untrapped = 0;  // faults that no procedure trapped
   std::string last_message;
   long cancel_at = 0;
   std::function<void()> cancel;
-
- private:
-  Random& random_;
 };
 
 // Counts the elements that are no finite numbers.

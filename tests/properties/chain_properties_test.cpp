@@ -48,7 +48,9 @@ SurveyStyle RandomStyle(Random& random) {
 // One user with one program for some rounds, so that each design meets what the one before it left.
 class Session {
  public:
-  explicit Session(unsigned seed) : random_(seed), host_(random_), program_(host_) { StartProgram(program_); }
+  explicit Session(unsigned seed) : random_(seed), desktop_(random_), program_(desktop_.host) {
+    StartProgram(program_);
+  }
 
   void Round(Counts& counts) {
     const SurveyStyle style = RandomStyle(random_);
@@ -56,15 +58,15 @@ class Session {
     FillSurvey(random_, style, program_.main.Grid1.cells());
     TypeFields(style);
     if (random_.OneIn(3)) Click(program_, random_.OneIn(2) ? "mnuRigidPipe" : "mnuLayflatPipe");
-    if (random_.OneIn(10)) host_.CancelAfter(random_.Whole(1, 400), [this] { Click(program_, "cmdCancel"); });
+    if (random_.OneIn(10)) desktop_.CancelAfter(random_.Whole(1, 400), [this] { Click(program_, "cmdCancel"); });
     Design(random_.OneIn(2) ? "mnuDesignField" : "mnuExistingDesign", counts);
-    host_.cancel = nullptr;
+    desktop_.cancel = nullptr;
     static constexpr std::string_view kAfterwards[] = {"cmdDesignToggle", "cmdReCalc", "mnuRigidPipe", "mnuLayflatPipe",
                                                        "cmdInterpolate"};
     for (int i = random_.Whole(0, 2); i > 0; --i) Click(program_, random_.Of(kAfterwards));
     // The summary takes stations as they are, and reports one that is no number. A design whose figures were too large
     // to show ended in silence; asked for again, as the other table, it is reported.
-    if (!StationsAreNumbers() || program_.record.MissingData == -1) host_.untrapped = 0;
+    if (!StationsAreNumbers() || program_.record.MissingData == -1) desktop_.untrapped = 0;
     Click(program_, "mnuWindowInfo");
     ExpectWhole();
   }
@@ -77,7 +79,7 @@ class Session {
     TypeText(program_, "txtInfo(5)", random_.Of(kKinds));
     if (random_.OneIn(8)) TypeText(program_, "txtInfo(0)", GarbageText(random_));
     // A flow that no field can hold is reported as it is typed.
-    if (Narrow(std::fabs(Val(program_.main.txtInfo[2].text()))) > FLT_MAX) host_.untrapped = 0;
+    if (Narrow(std::fabs(Val(program_.main.txtInfo[2].text()))) > FLT_MAX) desktop_.untrapped = 0;
   }
 
   bool StationsAreNumbers() const {
@@ -116,7 +118,7 @@ class Session {
   }
 
   void ExpectWhole() {
-    EXPECT_EQ(host_.untrapped, 0) << host_.last_message;
+    EXPECT_EQ(desktop_.untrapped, 0) << desktop_.last_message;
     ExpectFinite(program_.record);
     EXPECT_EQ(program_.main.Grid1.rows(), kSurveyGridRows);
     EXPECT_EQ(program_.main.Grid1.column_count(), kSurveyColumns);
@@ -124,7 +126,7 @@ class Session {
   }
 
   Random random_;
-  RandomHost host_;
+  RandomDesktop desktop_;
   Program program_;
 };
 

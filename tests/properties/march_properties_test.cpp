@@ -58,8 +58,8 @@ struct LevelLine {
 TEST(MarchProperties, HeadFallsByFrictionAlone) {
   Watchdog watchdog(std::chrono::seconds(60));
   Random random(11);
-  RandomHost desktop(random);
-  Program program(desktop);
+  RandomDesktop desktop(random);
+  Program program(desktop.host);
   ScreenEngineHost host(program);
   const std::string head = "1";
   const std::string kind = "E";
@@ -101,8 +101,8 @@ TEST(MarchProperties, HeadFallsByFrictionAlone) {
 // The more head at the far end, the more flow out of the line.
 TEST(MarchProperties, MoreHeadIsMoreFlow) {
   Random random(12);
-  RandomHost desktop(random);
-  Program program(desktop);
+  RandomDesktop desktop(random);
+  Program program(desktop.host);
   ScreenEngineHost host(program);
   const std::string kind = "E";
   const unsigned rounds = Rounds(200);
