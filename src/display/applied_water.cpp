@@ -30,7 +30,7 @@ void AcreInchPumped(Program& program) {
   grid.control.visible = true;
   grid.columns.at(0).align = Align::kCentreCentre;
   const double gpm = Val(TextOf(program.main, InfoField::kGpm));
-  const double acres = static_cast<double>(program.record.TotalAcres);
+  const double acres = program.record.TotalAcres;
   int row = 1;
   for (const AppliedDepth& depth : kAppliedDepths) {
     const double hours = gpm == 0 ? 0 : Divide(acres * depth.gallons, gpm) / 60;
@@ -39,7 +39,7 @@ void AcreInchPumped(Program& program) {
     program.record.*depth.hours = shown;
     grid.Set(row, 0, depth.inches);
     grid.Set(row, 1, GeneralText(shown));
-    grid.Set(row, 2, Format(static_cast<double>(shown) / 24, "##.0"));
+    grid.Set(row, 2, Format(Wide(shown) / 24, "##.0"));
     ++row;
   }
 }

@@ -29,11 +29,11 @@ std::string HoleNumberText(const DesignRecord& record, int i, const NumberPatter
   const float number = AtRow(record, record.FurrowNumber, i);
   if (pattern.text().empty()) return GeneralText(number);
   const bool whole = number >= 0 && number < kWhole && number == std::floor(number);
-  return Format(whole ? static_cast<double>(number) : Val(GeneralText(number)), pattern);
+  return Format(whole ? number : Val(GeneralText(number)), pattern);
 }
 
 std::string Pattern(float value, const NumberPattern& pattern) {
-  return Format(static_cast<double>(value), pattern);
+  return Format(value, pattern);
 }
 
 }  // namespace
@@ -50,17 +50,17 @@ std::string FlowRatioText(const DesignRecord& record, int i) {
   const float required = AtRow(record, record.RequiredFlow, i);
   if (required == 0) return "";
   const float flow = AtRow(record, record.FurrowFlow, i);
-  return Format(Divide(static_cast<double>(flow), static_cast<double>(required)), kRatio);
+  return Format(Divide(flow, required), kRatio);
 }
 
 namespace {
 
 double OpeningFor(const Program& program, int i, int gates) {
   const DesignRecord& record = program.record;
-  const double area = static_cast<double>(AtRow(record, record.HoleArea, i)) * kSquareInches / gates;
+  const double area = AtRow(record, record.HoleArea, i) * kSquareInches / gates;
   if (HasRectangularGates(program.main)) return Divide(area, Val(TextOf(program.main, Preference::kGateSize)));
   double opening = 0;
-  GateMove(area, static_cast<double>(AtRow(record, record.SurveyHoleDia, i)), opening);
+  GateMove(area, AtRow(record, record.SurveyHoleDia, i), opening);
   return opening;
 }
 

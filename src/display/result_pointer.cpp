@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
 #include "display/cell_texts.h"
@@ -25,13 +26,13 @@ std::optional<double> Acres(const DesignRecord& record, int first, int last, con
   double sum = 0;
   for (int row = std::max(first, 1); row <= last; ++row) {
     if (row > record.HoleRows) return std::nullopt;
-    sum += static_cast<double>(record.FurrowLength[row]) * static_cast<double>(width[row]) / kSquareFeetPerAcre;
+    sum += record.FurrowLength[row] * Wide(width[row]) / kSquareFeetPerAcre;
   }
   return sum;
 }
 
 void ShowSelectedAcres(Program& program, double selected) {
-  const double total = static_cast<double>(program.record.TotalAcres);
+  const double total = program.record.TotalAcres;
   if (!(total > 0)) return;
   program.main.lblAcresTotal.caption = TotalAcresText(program) + "   Acres Selected = " + Format(selected, "###0.0") +
                                        "  Percent = " + Format(selected / total * 100, "###.0");

@@ -79,8 +79,7 @@ void WriteFirstRow(Program& program, Progress& at) {
 bool IsShown(const DesignRecord& record, int i, double survey_station) {
   const RowArray<float>& chosen = ChosenHoleDia(record);
   return record.PipeDia[i] != record.PipeDia[i - 1] || record.SurveyHoleDia[i] != record.SurveyHoleDia[i + 1] ||
-         static_cast<double>(Narrow(survey_station)) <= Int(static_cast<double>(record.Station[i])) ||
-         chosen[i] != chosen[i - 1];
+         Narrow(survey_station) <= Int(record.Station[i]) || chosen[i] != chosen[i - 1];
 }
 
 void WriteHoleRow(const TableRow& row, double flow_so_far) {
@@ -107,7 +106,7 @@ void WriteOtherRow(const TableRow& row, double flow_so_far) {
 
 void WriteMiddleRow(Program& program, const SurveyReader& survey, int i, Progress& at) {
   const DesignRecord& record = program.record;
-  at.flow += static_cast<double>(record.FurrowFlow[i]);
+  at.flow += record.FurrowFlow[i];
   if (!IsShown(record, i, survey.Val(at.survey_row, kStationColumn))) return;
   const TableRow row{program, i, at.grid_row, kSummaryRow, at.repeated};
   Write(row, {kResultStation, kResultCrown, kResultHead, kResultMil, kResultPipeDia});
@@ -134,7 +133,7 @@ void WriteLastRow(Program& program, const SurveyReader& survey, Progress& at) {
   if (survey.Text(at.survey_row, kHoleSizeColumn) > "0") {
     grid.Set(at.grid_row, kResultHoleNumber, GeneralText(record.WateredFurrows));
   }
-  record.DisplayHoleNumber[at.grid_row] = Store32(at.flow + static_cast<double>(flow));
+  record.DisplayHoleNumber[at.grid_row] = Store32(at.flow + flow);
   if (record.HoleDia[i] == 0) Empty(row, {kResultHoleNumber});
   grid.Set(at.grid_row, kResultStation, FormatText(survey.Text(at.survey_row, kStationColumn), "####0"));
   if (record.HoleDia[i] > 0) Write(row, {kResultStation});
@@ -164,7 +163,7 @@ int FillRows(Program& program) {
   }
   Progress at;
   WriteFirstRow(program, at);
-  at.flow = static_cast<double>(AtRow(record, record.FurrowFlow, 1));
+  at.flow = AtRow(record, record.FurrowFlow, 1);
   for (int i = 2; i <= record.HoleRows - 1; ++i) WriteMiddleRow(program, survey, i, at);
   WriteLastRow(program, survey, at);
   return at.grid_row;

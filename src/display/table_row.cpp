@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "base/arithmetic.h"
 #include "base/format.h"
 
 namespace torvale {
@@ -9,7 +10,7 @@ namespace {
 
 std::string AverageFurrowFlowText(const DesignRecord& record) {
   if (record.WateredFurrows == 0) return "0";
-  return Format(static_cast<double>(record.TargetGPM) / record.WateredFurrows, ".#");
+  return Format(Wide(record.TargetGPM) / record.WateredFurrows, ".#");
 }
 
 // The opening that a row shows is for the area of all gates of a furrow together.
@@ -27,9 +28,9 @@ std::optional<double> RepeatedValue(const DesignRecord& record, ResultColumn col
     case kResultHoleCount:
       return AtRow(record, record.HolesPerFurrow, i);
     case kResultPipeDia:
-      return static_cast<double>(AtRow(record, record.PipeDia, i));
+      return AtRow(record, record.PipeDia, i);
     case kResultPlantedWidth:
-      return static_cast<double>(AtRow(record, record.PlantedWidth, i));
+      return AtRow(record, record.PlantedWidth, i);
     default:
       return std::nullopt;
   }

@@ -121,7 +121,7 @@ void Search::TryFrom(HolePlan& plan, std::size_t furrow, int stretches, double a
     if (static_cast<long>(tried) % 256 == 0 && !Tell(tried / all)) return;
     const std::optional<double> estimate = judge_.Estimate(plan, end_head);
     if (!estimate) return;
-    if (!best_ || *estimate >= static_cast<double>(best_->outcome.uniformity) - kEstimateError) TakeIfBetter(plan);
+    if (!best_ || *estimate >= best_->outcome.uniformity - kEstimateError) TakeIfBetter(plan);
     return;
   }
   for (std::size_t size = 0; size < task_.sizes.size(); ++size) {
@@ -187,7 +187,7 @@ void Search::Settle() {
       if (StretchesOf(move) > task_.stretches) continue;
       double end_head = best_->outcome.end_head;
       const std::optional<double> estimate = judge_.Estimate(move, end_head);
-      if (!estimate || *estimate < static_cast<double>(best_->outcome.uniformity) - kEstimateError) continue;
+      if (!estimate || *estimate < best_->outcome.uniformity - kEstimateError) continue;
       moved = TakeIfBetter(move) || moved;
     }
   }
@@ -204,7 +204,7 @@ bool EvenHeads(const PlanTask& task, double end_head, std::vector<double>& heads
     const auto i = static_cast<std::size_t>(row);
     heads[i] = head;
     if (furrow > 0 && task.furrows[furrow - 1].row == row) {
-      flow += static_cast<double>(task.average) * task.furrows[--furrow].ratio;
+      flow += task.average * task.furrows[--furrow].ratio;
     }
     const double ratio = FlowPower(static_cast<float>(flow)) / line.dia_power[i];
     head = head - line.rise[i] + SpanFriction(line.length[i], ratio, line.friction_factor);
@@ -227,7 +227,7 @@ std::vector<Candidate> MakeCandidates(Search& search, const PlanTask& task, doub
     if (!EvenHeads(task, end_head, heads)) continue;
     for (const double level : kLevels) {
       for (const double price : kPrices) {
-        bounds.BestAtHeads(heads, level * static_cast<double>(task.average), price, plan);
+        bounds.BestAtHeads(heads, level * task.average, price, plan);
         if (!seen.insert(plan).second) continue;
         if (auto candidate = search.Estimated(plan, end_head)) candidates.push_back(std::move(*candidate));
       }
@@ -288,7 +288,7 @@ double Prove(Search& search, const PlanTask& task, double wanted, int all_boxes,
 // A percentage as designs show it: to one decimal, at most 100.
 float Shown(double percent) {
   const float tenths = Narrow(percent * 10);
-  return std::min(100.0F, Narrow(Int(static_cast<double>(tenths) + 0.5) / 10));
+  return std::min(100.0F, Narrow(Int(tenths + 0.5) / 10));
 }
 
 }  // namespace
@@ -369,9 +369,9 @@ BestHoles FindBestHoles(const PlanTask& task, const std::vector<KnownPlan>& know
     int boxes = all_boxes;
     for (const double gap : kGaps) {
       if (search.stopped() || boxes <= 0) break;
-      const double best = search.best() ? static_cast<double>(search.best()->outcome.uniformity) : 0;
+      const double best = search.best() ? search.best()->outcome.uniformity : 0;
       bound = std::min(bound, Prove(search, task, best + gap + kShownWithin, all_boxes, boxes, estimate));
-      if (search.best() && static_cast<double>(search.best()->outcome.uniformity) > best) search.Settle();
+      if (search.best() && search.best()->outcome.uniformity > best) search.Settle();
     }
     found.bound = Shown(bound);
     found.by_stretches = search.ByStretches();

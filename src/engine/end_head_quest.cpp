@@ -73,7 +73,7 @@ bool EndHeadQuest::Ask(double first_head, const FlowBounds& bounds, const HeadGu
   const MarchedJob* const end = MetAt(replay.end_head);
   if (end == nullptr) wanted.Add(replay.end_head);
   // What the march at the end will tell by itself need not be marched now.
-  const double flow = end != nullptr ? static_cast<double>(end->marched.flow) : guess.FlowAt(replay.end_head);
+  const double flow = end != nullptr ? end->marched.flow : guess.FlowAt(replay.end_head);
   const double margin = end != nullptr ? 0 : guess.margin;
   if (highest_low > replay.end_head - CertainlyTooLittleFrom(bounds, flow) - margin) wanted.Add(highest_low);
   if (lowest_high < replay.end_head + CertainlyTooMuchFrom(bounds, flow) + margin) wanted.Add(lowest_high);

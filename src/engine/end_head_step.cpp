@@ -39,8 +39,8 @@ void CorrectEndHead(double& end_head, EndHeadStep& last, Delivery delivery) {
 }
 
 bool MeetsTarget(float flow, float target) {
-  const double wanted = static_cast<double>(target);
-  return Narrow(wanted * 0.0005) > Narrow(std::fabs(static_cast<double>(flow) - wanted));
+  const double wanted = target;
+  return Narrow(wanted * 0.0005) > Narrow(std::fabs(flow - wanted));
 }
 
 }  // namespace torvale

@@ -38,7 +38,7 @@ class Search {
     bounds_.planted = manner.planted_error;
     crew_.Prepare(field_, manner);
     PreparePlainTrial(field_, plain_);
-    guess_.Begin(level.end_head, static_cast<double>(level.flow), static_cast<double>(level.lowest_head), bounds_);
+    guess_.Begin(level.end_head, level.flow, level.lowest_head, bounds_);
     lowest_head_ = level.lowest_head;
     next_slope_ = direction == CrownDirection::kFalling ? 0 : NextSlope(0, direction);
   }

@@ -22,7 +22,7 @@ void ClearResults(Design& record) {
   record.NormFurrowFlow.Clear();
   record.NormFurrowLength.Clear();
   record.MaxHead = 0;
-  record.MaxHeadStation = StoreInt16(static_cast<double>(record.Station[1]));
+  record.MaxHeadStation = StoreInt16(record.Station[1]);
   record.MinHeadStation = 2000;
   record.MinHead = 200000.0F;
   record.MaxFurrowFlow = 0;
@@ -56,11 +56,11 @@ void FindExtremes(Design& record) {
     const float head = Narrow(record.Head[i]);
     if (head > record.MaxHead) {
       record.MaxHead = Store32(record.Head[i]);
-      record.MaxHeadStation = StoreInt16(static_cast<double>(record.Station[i]));
+      record.MaxHeadStation = StoreInt16(record.Station[i]);
     }
     if (head < record.MinHead) {
       record.MinHead = Store32(record.Head[i]);
-      record.MinHeadStation = StoreInt16(static_cast<double>(record.Station[i]));
+      record.MinHeadStation = StoreInt16(record.Station[i]);
     }
     const float flow = record.FurrowFlow[i];
     if (flow > 0 && flow > record.MaxFurrowFlow) record.MaxFurrowFlow = flow;
@@ -72,7 +72,7 @@ void FindExtremes(Design& record) {
 double CapacityAt(const Line& line, double head) {
   double flow = 0;
   for (const float opening : line.opening) {
-    flow += OrificeFlow(static_cast<double>(opening), head, line.discharge_coef);
+    flow += OrificeFlow(opening, head, line.discharge_coef);
   }
   return flow;
 }
@@ -83,8 +83,8 @@ GiveUpCause CauseOf(const Design& record, const TypedTexts& texts, int empty_row
   GiveUpCause cause;
   cause.head = std::max(0.0, Val(texts.target_head));
   cause.capacity = CapacityAt(line, cause.head);
-  cause.wanted = static_cast<double>(record.TargetGPM);
-  if (empty_row > 0) cause.empty_station = static_cast<double>(record.Station[empty_row]);
+  cause.wanted = record.TargetGPM;
+  if (empty_row > 0) cause.empty_station = record.Station[empty_row];
   return cause;
 }
 
@@ -118,8 +118,7 @@ EndHeadSearch March(Design& record, bool elevations, EngineHost& host) {
 
 void Calculate(Design& record, const TypedTexts& texts, EngineHost& host, FlowEnd& end) {
   ClearResults(record);
-  record.Head[record.HoleRows] =
-      IsHoleSelection(record) ? static_cast<double>(record.SeedEndHead) : Finite(Val(texts.target_head));
+  record.Head[record.HoleRows] = IsHoleSelection(record) ? record.SeedEndHead : Finite(Val(texts.target_head));
   // The index is the count of furrows, not of rows; nothing in the march reads this element.
   const double diameter = SurveyReader(texts.sheet, record.SurveyRows).Val(record.SurveyRows, kPipeDiaColumn);
   record.PipeArea[record.WateredFurrows] = Store32(diameter * diameter * 3.14 / 4);

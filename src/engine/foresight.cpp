@@ -34,7 +34,7 @@ Relief ReliefOf(const Line& line) {
 }  // namespace
 
 bool FirstRowFallsShort(const Line& line, float target) {
-  const double area = static_cast<double>(line.opening[1]);
+  const double area = line.opening[1];
   const float alone = Narrow(OrificeFlow(area, kHeadAfterNegative, line.discharge_coef));
   return alone < target && !MeetsTarget(alone, target);
 }
@@ -55,18 +55,18 @@ bool EndHeadForesight::Look(const Line& line, float target, double first_head, c
   form_ = FormOf(WidestLanes());
   rows_.assign(static_cast<std::size_t>(line.rows) + 1, {});
   for (std::size_t i = 1; i < rows_.size(); ++i) {
-    rows_[i] = {static_cast<double>(line.opening[i]), line.length[i], line.dia_power[i], line.rise[i]};
+    rows_[i] = {line.opening[i], line.length[i], line.dia_power[i], line.rise[i]};
   }
   wide_ = {rows_.data(), line.rows, line.friction_factor, line.discharge_coef, false, LowestExponentFor(target)};
   TakeRise(relief.highest, quest_.brackets);
   quest_.Take(bounds_, {0, first, false, {}});
 
   // The target lies between a march and the head at which the least gain there is would have brought it.
-  const double wanted = static_cast<double>(target) * static_cast<double>(target);
+  const double wanted = Wide(target) * Wide(target);
   double from = std::max(0.0, first.head);
   double to = relief.highest + wanted / bounds_.gain;
   if (first.lowest >= 0) {
-    to = first.head + (wanted - static_cast<double>(first.flow) * static_cast<double>(first.flow)) / bounds_.gain;
+    to = first.head + (wanted - Wide(first.flow) * Wide(first.flow)) / bounds_.gain;
   }
   from = std::max(0.0, std::min(from, to));
   to = std::max(first.head, to);
@@ -76,7 +76,7 @@ bool EndHeadForesight::Look(const Line& line, float target, double first_head, c
   March(heads, form_.one_crown_jobs);
 
   SlopeGuess guess;
-  guess.Begin(first.head, static_cast<double>(target), 0, bounds_);
+  guess.Begin(first.head, target, 0, bounds_);
   Replay replay;
   for (int round = 0; round < kMostRounds; ++round) {
     if (!quest_.model.has_low && !quest_.model.has_high) return false;

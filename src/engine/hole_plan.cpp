@@ -36,7 +36,7 @@ int LowQuarterCount(const PlanTask& task) {
   for (const int length : lengths) {
     sum += length;
     ++count;
-    if (sum >= static_cast<double>(task.quarter)) break;
+    if (sum >= task.quarter) break;
   }
   return count;
 }
@@ -57,7 +57,7 @@ PlanJudge::PlanJudge(const PlanTask& task) : task_(task), line_(task.line), quar
 void PlanJudge::Open(const HolePlan& plan) {
   for (std::size_t i = 0; i < plan.size(); ++i) {
     const PlanFurrow& furrow = task_.furrows[i];
-    const double inches = static_cast<double>(task_.sizes[plan[i]]);
+    const double inches = task_.sizes[plan[i]];
     line_.opening[static_cast<std::size_t>(furrow.row)] = Store32(AreaByInches(inches, furrow.holes));
   }
 }
@@ -77,14 +77,14 @@ float PlanJudge::UniformityOfFlows() {
     const float flow = flow_[static_cast<std::size_t>(furrow.row)];
     if (furrow.ratio <= 0 || !(flow > 0)) continue;
     ++count;
-    keys_[static_cast<std::size_t>(count)] = Store32(Divide(static_cast<double>(flow), furrow.ratio));
+    keys_[static_cast<std::size_t>(count)] = Store32(Divide(flow, furrow.ratio));
     followers_[static_cast<std::size_t>(count)] = StoreInt16(furrow.normal_length);
   }
   if (count == 0) return 0;
   QSort(1, count, keys_.data(), followers_.data());
   const int places = LowQuarterPlaces(keys_.data(), followers_.data(), line_.rows, task_.quarter);
   double low = 0;
-  for (int i = 1; i <= places; ++i) low += static_cast<double>(keys_[static_cast<std::size_t>(i)]);
+  for (int i = 1; i <= places; ++i) low += keys_[static_cast<std::size_t>(i)];
   return UniformityOf(low, places, task_.average);
 }
 
@@ -114,7 +114,7 @@ float PlanJudge::Deliver(double end_head) {
 }
 
 std::optional<double> PlanJudge::Estimate(const HolePlan& plan, double& end_head) {
-  const double target = static_cast<double>(task_.target);
+  const double target = task_.target;
   double low = 0;              // delivers too little ...
   double low_error = -target;  // ... by this; a negative head counts as no flow
   double high = 0;             // delivers too much; 0 while none is known
@@ -125,7 +125,7 @@ std::optional<double> PlanJudge::Estimate(const HolePlan& plan, double& end_head
     int marches = 0;
     for (;; ++marches) {
       if (marches == kMostMarches || head > kNoHead) return std::nullopt;
-      const double flow = static_cast<double>(Deliver(head));
+      const double flow = Deliver(head);
       const double error = flow < 0 ? -target : flow - target;
       if (flow >= 0 && std::fabs(error) < target * kClose) break;
       if (error > 0) {
@@ -154,14 +154,13 @@ std::optional<double> PlanJudge::Estimate(const HolePlan& plan, double& end_head
   if (!HeadsWithinLimits(kEstimateSlack)) return std::nullopt;
   normal_.clear();
   for (const PlanFurrow& furrow : task_.furrows) {
-    if (furrow.ratio > 0)
-      normal_.push_back(static_cast<double>(flow_[static_cast<std::size_t>(furrow.row)]) / furrow.ratio);
+    if (furrow.ratio > 0) normal_.push_back(flow_[static_cast<std::size_t>(furrow.row)] / furrow.ratio);
   }
   if (quarter_count_ == 0) return std::nullopt;
   std::nth_element(normal_.begin(), normal_.begin() + (quarter_count_ - 1), normal_.end());
   double sum = 0;
   for (int i = 0; i < quarter_count_; ++i) sum += normal_[static_cast<std::size_t>(i)];
-  return 100 * sum / quarter_count_ / static_cast<double>(task_.average);
+  return 100 * sum / quarter_count_ / task_.average;
 }
 
 }  // namespace torvale

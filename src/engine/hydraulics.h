@@ -57,7 +57,7 @@ inline double SpanFriction(double length, double ratio, double factor) {
 
 // Feet from one station to the next, to hundredths. An overflow is a RunTimeFault.
 inline double SpanLength(float station, float station_before) {
-  return Hundredths(static_cast<double>(station) - static_cast<double>(station_before));
+  return Hundredths(Wide(station) - Wide(station_before));
 }
 
 // Feet that the crown rises from a row to the next one upstream. Of rod readings the larger one is lower ground.
@@ -68,10 +68,10 @@ inline double CrownRise(double here, double upstream, bool elevations) {
 // The flow of all furrows divided among them, and what of it a furrow of that share of the average length wants. No
 // watered furrow is a RunTimeFault.
 inline float AverageFlow(float target, int furrows) {
-  return Store32(Divide(static_cast<double>(target), furrows));
+  return Store32(Divide(target, furrows));
 }
 inline float WantedFlow(float average, float flow_ratio) {
-  return Store32(static_cast<double>(average) * static_cast<double>(flow_ratio));
+  return Store32(Wide(average) * Wide(flow_ratio));
 }
 
 }  // namespace torvale

@@ -121,7 +121,7 @@ void FillCrown(const Run& run, int from, int to) {
   for (int m = from; m <= to; ++m) {
     if (!run.Empty(m, kCrownColumn)) continue;
     run.record.SlopeDelta = Store32(Span(run, m) * slope);
-    const double reading = run.Number(m - 1, kCrownColumn) + static_cast<double>(run.record.SlopeDelta);
+    const double reading = run.Number(m - 1, kCrownColumn) + run.record.SlopeDelta;
     run.Set(m, kCrownColumn, Format(reading, "0.00"));
     run.end.cursor = {m, kCrownColumn};
   }

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cfloat>
 
+#include "base/arithmetic.h"
 #include "engine/uniformity.h"
 
 namespace torvale {
@@ -17,7 +18,7 @@ LowQuarter Sorted(const FurrowPlan& plan, int count, LowQuarterWork& work) {
   QSort(1, static_cast<std::int16_t>(count), work.flow.data(), work.length.data());
   const int places = LowQuarterPlaces(work.flow.data(), work.length.data(), count, plan.quarter);
   double sum = 0;
-  for (int i = 1; i <= places; ++i) sum += static_cast<double>(work.flow[static_cast<std::size_t>(i)]);
+  for (int i = 1; i <= places; ++i) sum += work.flow[static_cast<std::size_t>(i)];
   return {sum, places, places > 0};
 }
 
@@ -33,9 +34,9 @@ bool PlanFurrows(const SlopeField& field, FurrowPlan& plan) {
   for (int row = 1; row <= rows; ++row) {
     const auto i = static_cast<std::size_t>(row);
     if (field.furrow_length[i] <= 0 || !(field.line.opening[i] > 0)) continue;
-    const double ratio = static_cast<double>(field.flow_ratio[i]);
+    const double ratio = field.flow_ratio[i];
     // No furrow's flow is above the target by more than the tolerance when a trial has converged.
-    if (!(ratio > 0) || !(static_cast<double>(field.target) * 2 / ratio < static_cast<double>(FLT_MAX))) return false;
+    if (!(ratio > 0) || !(Wide(field.target) * 2 / ratio < FLT_MAX)) return false;
     flow[i] = 1;
     plan.row.push_back(row);
     plan.ratio.push_back(ratio);
@@ -50,7 +51,7 @@ bool PlanFurrows(const SlopeField& field, FurrowPlan& plan) {
   plan.length.assign(length.begin() + 1, length.begin() + 1 + sums.furrows);
   plan.equal_lengths = std::all_of(plan.length.begin(), plan.length.end(),
                                    [&](std::int16_t each) { return each == plan.length.front() && each > 0; });
-  plan.quarter = Narrow(static_cast<double>(field.low_quarter) * static_cast<double>(sums.length));
+  plan.quarter = Narrow(Wide(field.low_quarter) * Wide(sums.length));
   std::fill(listed.begin(), listed.end(), 1.0F);
   plan.places = LowQuarterPlaces(listed.data(), length.data(), sums.furrows, plan.quarter);
   return plan.places > 0;

@@ -29,7 +29,7 @@ void TakeOrifice(const Line& line, const Profile& profile, MarchPlace& place) {
   const int row = place.row;
   if (line.watered[static_cast<std::size_t>(row)] == 0) return;
   profile.area[row] = line.opening[static_cast<std::size_t>(row)];
-  const double area = static_cast<double>(line.opening[static_cast<std::size_t>(row)]);
+  const double area = line.opening[static_cast<std::size_t>(row)];
   const float out = static_cast<float>(OrificeFlow(area, profile.head[row], line.discharge_coef));
   if (!Finite32(out)) Overflow();
   profile.flow[row] = out;

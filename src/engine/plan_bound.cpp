@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "base/arithmetic.h"
 #include "base/power.h"
 #include "engine/hydraulics.h"
 
@@ -39,8 +40,8 @@ PlanBounds::PlanBounds(const PlanTask& task)
       stretches_(static_cast<std::size_t>(task.stretches)),
       quarter_(LowQuarterCount(task)),
       slack_((task.line.rows + 16) * 0x1p-24),
-      most_flow_(static_cast<double>(task.target) * 1.0005 * (1 + slack_)),
-      least_flow_(static_cast<double>(task.target) * 0.9995 * (1 - slack_)),
+      most_flow_(task.target * 1.0005 * (1 + slack_)),
+      least_flow_(task.target * 0.9995 * (1 - slack_)),
       ratio_from_(task.furrows.size() + 1),
       furrow_at_(static_cast<std::size_t>(task.line.rows) + 1, -1),
       head_at_(furrow_at_.size()),
@@ -57,7 +58,7 @@ PlanBounds::PlanBounds(const PlanTask& task)
       power_at_(kPowerSteps + 1),
       plan_(task.furrows.size()),
       marks_({task.furrows.size() * 3 / 4, task.furrows.size() / 2, task.furrows.size() / 4, 0}) {
-  for (const float size : task.sizes) area_.push_back(AreaByInches(static_cast<double>(size), 1));
+  for (const float size : task.sizes) area_.push_back(AreaByInches(size, 1));
   for (std::size_t step = 0; step <= kPowerSteps; ++step) {
     power_at_[step] = FlowPower(static_cast<float>(static_cast<double>(step) / power_scale_));
   }
@@ -74,7 +75,7 @@ PlanBounds::PlanBounds(const PlanTask& task)
 // Where all z add up to the target at least ratio_from_[0] t - B(t) max r flows out, which holds t down.
 PlanBox PlanBounds::Whole(double wanted) const {
   PlanBox box;
-  const double least_level = wanted / 100 * static_cast<double>(task_.average);
+  const double least_level = wanted / 100 * task_.average;
   const double lacking = quarter_ * largest_ratio_;
   const double held = ratio_from_[0] - lacking;
   const double most_level =
@@ -90,7 +91,7 @@ PlanBox PlanBounds::Whole(double wanted) const {
 }
 
 Range PlanBounds::FlowOfLevel(const Range& level, double wanted, std::size_t furrow) const {
-  const double least_level = wanted / 100 * static_cast<double>(task_.average);
+  const double least_level = wanted / 100 * task_.average;
   const double below = ratio_from_[furrow];
   const double above = ratio_from_[0] - below;
   Range flow{kInfinity, -kInfinity};
@@ -316,7 +317,7 @@ void PlanBounds::Blur(PlanBox& box) const {
 
 bool PlanBounds::Bound(PlanBox& box, double wanted, HolePlan& plan) {
   if (quarter_ == 0 || !MarchRanges(box, wanted)) return false;
-  const double points = 100 / (quarter_ * static_cast<double>(task_.average));
+  const double points = 100 / (quarter_ * Wide(task_.average));
   FlowPrices prices = box.prices;
   double least = kInfinity;
   double boldness = 1;
@@ -376,7 +377,7 @@ std::pair<PlanBox, PlanBox> PlanBounds::Split(const PlanBox& box) const {
     }
   }
   for (std::size_t i = 0; i + 1 < kFlowMarks; ++i) {
-    const double blur = 0.1 * (box.flow[i].high - box.flow[i].low) / static_cast<double>(task_.target);
+    const double blur = 0.1 * (box.flow[i].high - box.flow[i].low) / task_.target;
     if (blur > most) {
       most = blur;
       mark = i;

@@ -19,7 +19,7 @@ PlanFurrow FurrowOf(const DesignRecord& record, int row) {
   furrow.row = row;
   furrow.holes = record.HolesPerFurrow[row];
   if (record.FurrowLength[row] <= 0) return furrow;
-  furrow.ratio = static_cast<double>(record.FlowRatio[row]);
+  furrow.ratio = record.FlowRatio[row];
   furrow.normal_length = StoreInt16(Divide(record.FurrowLength[row], furrow.ratio));
   return furrow;
 }
@@ -40,9 +40,9 @@ PlanTask PlanTaskOf(const DesignRecord& record, bool elevations, const PlanLimit
   for (int row = 1; row <= record.HoleRows; ++row) {
     if (!(record.HoleDia[row] > 0) || record.HolesPerFurrow[row] <= 0) continue;
     task.furrows.push_back(FurrowOf(record, row));
-    if (record.FurrowLength[row] > 0) length = Store32(static_cast<double>(length) + record.FurrowLength[row]);
+    if (record.FurrowLength[row] > 0) length = Store32(Wide(length) + record.FurrowLength[row]);
   }
-  task.quarter = Narrow(static_cast<double>(record.LowQuarter) * static_cast<double>(length));
+  task.quarter = Narrow(Wide(record.LowQuarter) * Wide(length));
   return task;
 }
 

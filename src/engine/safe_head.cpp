@@ -16,7 +16,7 @@ std::optional<double> SafeHead(const PipeStrengths& strengths, double diameter, 
 
 std::optional<double> SafeHeadAt(const Design& record, const PipeStrengths& strengths, int i) {
   if (record.PipeKind != "L" || !IsNumber(record.MilText[i])) return std::nullopt;
-  return SafeHead(strengths, static_cast<double>(record.PipeDia[i]), Val(record.MilText[i]));
+  return SafeHead(strengths, record.PipeDia[i], Val(record.MilText[i]));
 }
 
 std::optional<Overload> WorstOverload(const Design& record, const PipeStrengths& strengths) {

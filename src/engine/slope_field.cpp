@@ -1,5 +1,6 @@
 #include "engine/slope_field.h"
 
+#include "base/arithmetic.h"
 #include "record/kinds.h"
 
 namespace torvale {
@@ -27,8 +28,8 @@ void PrepareSlopeField(const Design& record, double first_head, std::string_view
 void LayCrownAt(float slope, const float* span, int rows, bool grows_downward, float* crown) {
   const double sign = grows_downward ? 1 : -1;
   for (int i = 2; i <= rows; ++i) {
-    const float drop = Store32(static_cast<double>(slope) * static_cast<double>(span[i]));
-    crown[i] = Store32(static_cast<double>(crown[i - 1]) + sign * static_cast<double>(drop));
+    const float drop = Store32(Wide(slope) * Wide(span[i]));
+    crown[i] = Store32(crown[i - 1] + sign * drop);
   }
 }
 

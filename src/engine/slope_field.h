@@ -32,7 +32,7 @@ void PrepareSlopeField(const Design& record, double first_head, std::string_view
 
 // Feet from one station to the next as a crown is laid by: in 32 bits.
 inline float SpanInFeet(float station, float station_before) {
-  return Narrow(static_cast<double>(station) - static_cast<double>(station_before));
+  return Narrow(Wide(station) - Wide(station_before));
 }
 
 // Lays a crown of `rows` rows from `crown[1]` on, falling where `slope` is above 0. Product and sum are rounded to 32

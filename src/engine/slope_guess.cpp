@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/arithmetic.h"
+
 namespace torvale {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr double kMostSpread = 0.1;
 constexpr double kLeastGap = 1e-9;  // feet of mean rise below which two crowns count as one
 
 double SquareOf(const MarchedHead& marched) {
-  return static_cast<double>(marched.flow) * static_cast<double>(marched.flow);
+  return Wide(marched.flow) * Wide(marched.flow);
 }
 
 }  // namespace
@@ -60,7 +62,7 @@ const SlopeGuess::Node* SlopeGuess::NodeAtOrBefore(int ordinal) const {
 }
 
 void SlopeGuess::Begin(double end_head, double flow, double lowest_head, const FlowBounds& bounds) {
-  target_ = static_cast<double>(bounds.target);
+  target_ = bounds.target;
   gain_ = bounds.gain;
   const double root = end_head + (target_ * target_ - flow * flow) / gain_;
   nodes_[kNodes - 1] = {-1, 0, root, end_head - lowest_head};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/arithmetic.h"
 #include "engine/uniformity.h"
 
 namespace torvale {
@@ -14,10 +15,10 @@ float UniformityOfTrial(const SlopeField& field, PlainTrialWork& work) {
   ListFurrows(rows, work.flow.data(), field.furrow_length.data(), field.flow_ratio.data(),
               {work.furrow_flow.data(), work.furrow_length.data(), nullptr}, sums);
   QSort(1, sums.furrows, work.furrow_flow.data(), work.furrow_length.data());
-  const float quarter = Narrow(static_cast<double>(field.low_quarter) * static_cast<double>(sums.length));
+  const float quarter = Narrow(Wide(field.low_quarter) * Wide(sums.length));
   const int places = LowQuarterPlaces(work.furrow_flow.data(), work.furrow_length.data(), rows, quarter);
   double low = 0;
-  for (int i = 1; i <= places; ++i) low += static_cast<double>(work.furrow_flow[static_cast<std::size_t>(i)]);
+  for (int i = 1; i <= places; ++i) low += work.furrow_flow[static_cast<std::size_t>(i)];
   return UniformityOf(low, places, field.average_flow);
 }
 

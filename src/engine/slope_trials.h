@@ -76,7 +76,7 @@ bool TryPlainly(const SlopeField& field, float slope, PlainTrialWork& work, Slop
 
 // The slope of the next trial.
 inline float NextSlope(float slope, CrownDirection direction) {
-  return Narrow(static_cast<double>(slope) + (direction == CrownDirection::kFalling ? kSlopeStep : -kSlopeStep));
+  return Narrow(slope + (direction == CrownDirection::kFalling ? kSlopeStep : -kSlopeStep));
 }
 
 }  // namespace torvale

@@ -30,7 +30,7 @@ CrownLine SurveyedCrown(const Design& record, const TextGrid& sheet) {
 CrownLine DesignedCrown(const Design& record) {
   CrownLine line;
   for (int i = 1; i <= record.HoleRows; ++i) {
-    line.push_back({static_cast<double>(record.Station[i]), static_cast<double>(record.DesignElev[i])});
+    line.push_back({record.Station[i], record.DesignElev[i]});
   }
   return line;
 }

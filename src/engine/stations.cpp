@@ -27,12 +27,12 @@ void PlaceRow(Design& record, const SurveyReader& survey, int i, int& j, double&
   const double before = survey.Val(j - 1, kFurrowLengthColumn);
   if (here > 0 && before == 0) {  // start of a watered reach
     record.Station[i] = Up(survey.Val(j, kStationColumn));
-    run = static_cast<double>(record.Station[i]);
+    run = record.Station[i];
     record.HolesPerFurrow[i] = survey.Count(j, kHoleCountColumn);
     ++j;
   } else if (here == 0 && before == 0) {  // neither row watered
     record.Station[i] = Up(survey.Val(j, kStationColumn));
-    run = static_cast<double>(record.Station[i]);
+    run = record.Station[i];
     record.HolesPerFurrow[i] = 0;
     ++j;
   } else {  // inside a watered reach, or at its end, where the spacing is the one of the row before
@@ -47,7 +47,7 @@ void PlaceRow(Design& record, const SurveyReader& survey, int i, int& j, double&
 void TakeHoleSize(Design& record, const SurveyReader& survey, int i, int j) {
   const int size = HoleSizeByName(record, survey.Text(j, kHoleSizeColumn));
   record.SurveyHoleDia[i] = record.HoleSizeValue[size];
-  record.HoleDia[i] = Store32(static_cast<double>(record.HoleSizeValue[size]) / 12);
+  record.HoleDia[i] = Store32(Wide(record.HoleSizeValue[size]) / 12);
 }
 
 void TakeSpacing(Design& record, const SurveyReader& survey, int i, int j) {
@@ -99,7 +99,7 @@ void InterpolateSpan(Design& record, const SurveyReader& survey, int r) {
   int foot = first;
   for (double m = from + 1; m <= kLastLaidRow && m <= to; m += 1) {
     ++foot;
-    record.ElevByFoot[foot] = Store32(static_cast<double>(record.ElevByFoot[foot - 1]) + slope_elev);
+    record.ElevByFoot[foot] = Store32(record.ElevByFoot[foot - 1] + slope_elev);
     record.FurrowLengthByFoot[foot] = Finite(record.FurrowLengthByFoot[foot - 1] + slope_length);
   }
 }
@@ -188,7 +188,7 @@ void CalCrownElev(Design& record, const TextGrid& sheet) {
     if (Narrow(survey.Val(j, kStationColumn)) < record.Station[i + 1]) ++j;
   }
   for (int i = 1; i <= record.HoleRows; ++i) {
-    const int foot = ToWhole(static_cast<double>(record.Station[i]));
+    const int foot = ToWhole(record.Station[i]);
     record.CrownElev[i] = record.ElevByFoot[foot];
     if (record.SurveyHoleDia[i] > 0) record.FurrowLength[i] = StoreInt16(record.FurrowLengthByFoot[foot]);
   }
@@ -201,9 +201,9 @@ void FlowRatio(Design& record) {
   const float share = AverageFlow(record.TargetGPM, record.WateredFurrows);
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (record.FurrowLength[i] <= 0) continue;
-    const double ratio = Divide(static_cast<double>(record.FurrowLength[i]), mean);
+    const double ratio = Divide(record.FurrowLength[i], mean);
     record.FlowRatio[i] = Store32(ratio);
-    record.RequiredFlow[i] = Store32(ratio * static_cast<double>(share));
+    record.RequiredFlow[i] = Store32(ratio * share);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "base/arithmetic.h"
 #include "engine/end_head.h"
 #include "engine/foresight.h"
 
@@ -33,10 +34,10 @@ void TrialCrew::Prepare(const SlopeField& field, const SlopeSearchManner& manner
   rows_.assign(size, {});
   weight_.assign(size, 0);
   double area = 0;
-  for (const float opening : line.opening) area += static_cast<double>(opening);
+  for (const float opening : line.opening) area += opening;
   for (std::size_t i = 1; i < size; ++i) {
-    rows_[i] = {static_cast<double>(line.opening[i]), line.length[i], line.dia_power[i], 0};
-    weight_[i] = static_cast<float>(static_cast<double>(line.opening[i]) / area);
+    rows_[i] = {line.opening[i], line.length[i], line.dia_power[i], 0};
+    weight_[i] = static_cast<float>(line.opening[i] / area);
   }
   line_ = {rows_.data(),        line.rows,        line.friction_factor,
            line.discharge_coef, field.elevations, LowestExponentFor(field.target)};
@@ -142,9 +143,9 @@ void TrialCrew::LayBlock(TrialBlock& block) {
   }
   for (int s = 0; s < slots; ++s) {
     if (!block.fresh[s]) continue;
-    const double fall = static_cast<double>(crown[s]) - static_cast<double>(field_->first_crown);
+    const double fall = Wide(crown[s]) - Wide(field_->first_crown);
     const double sign = field_->elevations ? 1 : -1;
-    block.laid[s] = {sign * -fall, sign * (static_cast<double>(mean[s]) - fall), false};
+    block.laid[s] = {sign * -fall, sign * (mean[s] - fall), false};
   }
 }
 

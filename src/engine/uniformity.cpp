@@ -32,17 +32,17 @@ int LowQuarterPlaces(const float* flows, const std::int16_t* lengths, int places
   double length = 0;
   for (int i = 1; i <= places; ++i) {
     if (flows[i] > 0) length += lengths[i];
-    if (length >= static_cast<double>(quarter)) return i;
+    if (length >= quarter) return i;
   }
   return 0;
 }
 
 float UniformityOf(double low_sum, int places, float average) {
   const double mean = Divide(low_sum, places);
-  const float percent = Store32(100 * Divide(mean, static_cast<double>(average)));
+  const float percent = Store32(100 * Divide(mean, average));
   // The product is rounded to 32 bits first, so that 89.95 comes to 90.0.
-  const float tenths = Store32(static_cast<double>(percent) * 10);
-  const float uniformity = Store32(Int(static_cast<double>(tenths) + 0.5) / 10);
+  const float tenths = Store32(Wide(percent) * 10);
+  const float uniformity = Store32(Int(tenths + 0.5) / 10);
   return uniformity >= 100 ? 100 : uniformity;
 }
 
@@ -54,10 +54,10 @@ void ListFurrows(int rows, const float* flow, const std::int16_t* length, const 
     const auto furrow = static_cast<std::int16_t>(sums.furrows + 1);
     if (lists.number != nullptr) lists.number[i] = static_cast<float>(furrow);
     sums.furrows = furrow;
-    const double share = static_cast<double>(ratio[i]);
-    lists.flow[furrow] = Store32(Divide(static_cast<double>(flow[i]), share));
+    const double share = ratio[i];
+    lists.flow[furrow] = Store32(Divide(flow[i], share));
     lists.length[furrow] = StoreInt16(Divide(length[i], share));
-    sums.length = Store32(static_cast<double>(sums.length) + length[i]);
+    sums.length = Store32(Wide(sums.length) + length[i]);
   }
 }
 
@@ -66,11 +66,11 @@ void SortFurrows(Design& record) {
 }
 
 void DistributionEffic(Design& record, EngineHost& host) {
-  const float quarter = Narrow(static_cast<double>(record.LowQuarter) * static_cast<double>(record.TotalFurrowLength));
+  const float quarter = Narrow(Wide(record.LowQuarter) * Wide(record.TotalFurrowLength));
   const float* const flows = record.NormFurrowFlow.data();
   const int places = LowQuarterPlaces(flows, record.NormFurrowLength.data(), record.HoleRows, quarter);
   double low = 0;
-  for (int i = 1; i <= places; ++i) low += static_cast<double>(flows[i]);
+  for (int i = 1; i <= places; ++i) low += flows[i];
   record.Uniformity = UniformityOf(low, places, record.AverageFurrowFlow);
   host.UniformityChanged();
 }

@@ -150,7 +150,7 @@ void ShowOpened(Program& program, int sizes) {
     btnDefaultExit_Click(program);
     return;
   }
-  const double acres = Int(static_cast<double>(record.TotalAcres) * 10 + 0.5) / 10;
+  const double acres = Int(Wide(record.TotalAcres) * 10 + 0.5) / 10;
   main.lblAcresTotal.caption = "Total Acres = " + GeneralText(acres);
   DisplayDesign(program);
   main.mnuWindowInfo.visible = true;

@@ -226,7 +226,7 @@ std::optional<std::string> PairedWidth(const DesignRecord& record, int row) {
   if (!(AtRow(record, record.FurrowFlow, row) > 0) && record.DesignType != kSurveyOnly) return std::nullopt;
   // As it comes back from seven digits, so that writing and reading agree.
   const float width = Store32(Val(GeneralText(AtRow(record, record.PlantedWidth, row))));
-  return Format(static_cast<double>(width), "##.00");
+  return Format(width, "##.00");
 }
 
 // The sheet's last column by itself where the file has it, else by the pairing.

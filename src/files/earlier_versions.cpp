@@ -168,7 +168,7 @@ void Describe(std::string_view content, EarlierVersion& version) {
     reader.Number32();
     reader.Number32();
     const float uniformity = reader.Number32();
-    if (uniformity > 0) version.uniformity = Format(static_cast<double>(uniformity), "##.0");
+    if (uniformity > 0) version.uniformity = Format(uniformity, "##.0");
   } catch (const FileFault&) {
     // What was read so far tells what it can.
   } catch (const RunTimeFault&) {

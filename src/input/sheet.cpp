@@ -101,7 +101,7 @@ void FillBlankCell(Program& program) {
   if (sheet.row < 2) return;
   const std::string above = sheet.Text(sheet.row - 1, sheet.column);
   if (sheet.column == kStationColumn) {
-    SetCurrentText(sheet, GeneralText(Val(above) + static_cast<double>(program.record.StationInterval)));
+    SetCurrentText(sheet, GeneralText(Val(above) + program.record.StationInterval));
   } else {
     const std::string_view pattern = TraitOf(sheet.column).fill;
     SetCurrentText(sheet, pattern.empty() ? above : FormatText(above, pattern));

@@ -81,7 +81,7 @@ void TakeSpacings(const DesignRecord& record, CrewSheet& sheet) {
 }
 
 std::string Pattern(float value, std::string_view pattern) {
-  return Format(static_cast<double>(value), pattern);
+  return Format(value, pattern);
 }
 
 void TakeFigures(const Program& program, CrewSheet& sheet) {

@@ -27,9 +27,8 @@ void ShowLabels(Program& program) {
   const DesignRecord& record = program.record;
   CrownProfileScreen& profile = program.profile;
   profile.lblFillHeight.visible = IsSlopeDesign(record);
-  profile.lblProfileHiHead.caption = "Highest Head = " + Format(static_cast<double>(record.MaxHead), "##.##");
-  profile.lblFillHeight.caption =
-      "Highest Fill in Crown is " + Format(static_cast<double>(record.HighestFill), "##.00");
+  profile.lblProfileHiHead.caption = "Highest Head = " + Format(record.MaxHead, "##.##");
+  profile.lblFillHeight.caption = "Highest Fill in Crown is " + Format(record.HighestFill, "##.00");
   profile.lblDistUnif.caption = " Distribution Uniformity = " + GeneralText(record.Uniformity) + " Percent ";
 }
 
@@ -43,8 +42,8 @@ Range RangeOfCrowns(const DesignRecord& record, double Low) {
   Range range{.Low = Low};
   const auto take = [&](const RowArray<float>& crown) {
     for (int i = 1; i <= record.HoleRows; ++i) {
-      range.High = std::max(range.High, static_cast<double>(crown[i]));
-      range.Low = std::min(range.Low, static_cast<double>(crown[i]));
+      range.High = std::max(range.High, Wide(crown[i]));
+      range.Low = std::min(range.Low, Wide(crown[i]));
     }
   };
   take(record.CrownElev);
@@ -71,7 +70,7 @@ void WritePoint(const Program& program, LineChart& chart, int row, const std::st
   if (row >= points.rows()) points.Resize(row + 1, points.columns());
   points.Set(row, 0, label);
   const auto value = [&](float crown) {
-    const double feet = static_cast<double>(crown);
+    const double feet = crown;
     if (ReadsElevations(program.main)) return Format(feet, "####.00");
     return row == 1 ? Format(-feet, "####.00") : Format(feet, "-####.00");
   };
@@ -82,7 +81,7 @@ void WritePoint(const Program& program, LineChart& chart, int row, const std::st
 // Whether something changes at row i of the line, or a survey station has been reached.
 bool IsPoint(const DesignRecord& record, int i, double survey_station) {
   const auto differs = [i](const RowArray<float>& field) { return field[i] != field[i - 1]; };
-  return survey_station <= Int(static_cast<double>(record.Station[i])) ||
+  return survey_station <= Int(record.Station[i]) ||
          (record.DesignType != kComputerHoles && differs(record.SurveyHoleDia)) ||
          (record.DesignType == kComputerHoles && differs(record.ComputerHoleDia)) ||
          (record.DesignType == kLimitedHoles && differs(record.LimitedHoleDia)) || differs(record.PipeDia) ||
@@ -94,7 +93,7 @@ void FillPoints(Program& program, LineChart& chart) {
   const SurveyReader survey(program.main.Grid1.cells(), record.SurveyRows);
   chart.series = IsSlopeDesign(record) ? 2 : 1;
   chart.Points.Clear();
-  chart.Points.Resize(ToWhole(static_cast<double>(record.ProfileScale)) + 1, chart.series + 1);
+  chart.Points.Resize(ToWhole(record.ProfileScale) + 1, chart.series + 1);
   chart.Points.Set(0, 1, "Existing Crown");
   if (chart.series == 2) chart.Points.Set(0, 2, "Designed Crown");
   WritePoint(program, chart, 1, GeneralText(record.Station[1]), 1);
@@ -103,7 +102,7 @@ void FillPoints(Program& program, LineChart& chart) {
   for (int i = 2; i <= record.HoleRows; ++i) {
     const double survey_station = survey.Val(SurveyRow, kStationColumn);
     if (IsPoint(record, i, survey_station)) WritePoint(program, chart, NextPoint++, StationText(record, i) + " ", i);
-    if (survey_station < static_cast<double>(record.Station[i])) ++SurveyRow;
+    if (survey_station < record.Station[i]) ++SurveyRow;
   }
   chart.rows = NextPoint;
 }

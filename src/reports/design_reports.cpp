@@ -55,7 +55,7 @@ struct TablePrint {
 };
 
 double At(const TablePrint& print) {
-  return static_cast<double>(print.y);
+  return print.y;
 }
 
 void MoveDown(TablePrint& print, double by) {
@@ -149,8 +149,8 @@ Document PrintTable(Program& program, std::string title, bool summary) {
   double running = 0;
   for (int row = 1; row <= last; ++row) {
     // The grid's row serves as the index of the design's, also where the table has skipped rows.
-    running += static_cast<double>(record.FurrowFlow[row]);
-    PrintCells(print, row, summary ? static_cast<double>(record.DisplayHoleNumber[row]) : running);
+    running += record.FurrowFlow[row];
+    PrintCells(print, row, summary ? record.DisplayHoleNumber[row] : running);
     if (summary) PrintSummarySupplyRules(print, row);
     MoveDown(print, kLineHeight);
     RulesDown(print);

@@ -15,7 +15,7 @@ constexpr double kMiddle = 3.5;
 constexpr double kStep = 0.2;  // from one line to the next
 
 std::string Pattern(float value, std::string_view pattern) {
-  return Format(static_cast<double>(value), pattern);
+  return Format(value, pattern);
 }
 
 void PrintFigures(DocumentWriter& writer, const Program& program) {

@@ -56,12 +56,12 @@ constexpr ColumnHeading kLastHeadings[] = {
 };
 
 std::string Pattern(float value, std::string_view pattern) {
-  return Format(static_cast<double>(value), pattern);
+  return Format(value, pattern);
 }
 
 std::string AverageFurrowFlow(const DesignRecord& record) {
   if (record.WateredFurrows == 0) return "0";
-  return Format(static_cast<double>(record.TargetGPM) / record.WateredFurrows, " .#");
+  return Format(Wide(record.TargetGPM) / record.WateredFurrows, " .#");
 }
 
 void PrintHeading(DocumentWriter& writer, const ColumnHeading& heading, double y) {
@@ -124,7 +124,7 @@ void PrintAppliedWater(DocumentWriter& writer, const DesignRecord& record, doubl
     const float hours = record.*line.hours;
     writer.Text(0.85, at, line.inches);
     writer.Text(1.7, at, GeneralText(hours), 0.48);
-    writer.Text(2.4, at, Format(static_cast<double>(hours) / 24, "##.0"), 0.58);
+    writer.Text(2.4, at, Format(Wide(hours) / 24, "##.0"), 0.58);
   }
 }
 
@@ -143,14 +143,14 @@ void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {
   writer.Text(kLeft, 1.1, "Saved as " + record.DisplayFileName, kWholeRoom);
   writer.Text(kLeft, 1.4, "Name: " + TextOf(program.main, InfoField::kDesignName), kLeftRoom);
   if (writer.page() < 2) {
-    const double top = static_cast<double>(y);
+    const double top = y;
     writer.SetDrawWidth(3);
     PrintAppliedWater(writer, record, top);
     PrintSoil(writer, program, top);
     y = Store32(AppliedWaterRow(top, static_cast<int>(kAppliedWater.size()) - 1));
   }
-  y = Store32(static_cast<double>(y) + 0.3);
-  PrintColumnHeadings(writer, ReadsRods(program.main), static_cast<double>(y));
+  y = Store32(y + 0.3);
+  PrintColumnHeadings(writer, ReadsRods(program.main), y);
 }
 
 void PrintDesignData(DocumentWriter& writer, const Program& program) {

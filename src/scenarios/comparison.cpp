@@ -12,7 +12,7 @@ namespace {
 
 // A head or a flow as the read-outs of a design have it.
 std::string Figure(float value, std::string_view pattern) {
-  return Format(static_cast<double>(value), pattern);
+  return Format(value, pattern);
 }
 
 std::string HeadAt(float head, int station) {
@@ -40,7 +40,7 @@ struct Cell {
 };
 
 std::vector<Cell> CellsOf(const ScenarioResult& result) {
-  const auto number = [](float value) { return std::optional(static_cast<double>(value)); };
+  const auto number = [](float value) { return std::optional<double>(value); };
   return {{kComparedUniformity, GeneralText(result.uniformity), number(result.uniformity)},
           {kComparedHighestHead, HeadAt(result.max_head, result.max_head_station), number(result.max_head)},
           {kComparedLowestHead, HeadAt(result.min_head, result.min_head_station), number(result.min_head)},

@@ -92,7 +92,7 @@ void CountHoles(const Program& program, ScenarioResult& result) {
 
 // The dual slope is carried, and shown, in other units than the constant one.
 void TakeSlope(const DesignRecord& record, ScenarioResult& result) {
-  const double slope = static_cast<double>(record.CrownSlope);
+  const double slope = record.CrownSlope;
   if (record.DesignType == kConstantSlope) result.slope = slope * 100;
   if (record.DesignType == kDualSlope) {
     result.slope = slope + slope;

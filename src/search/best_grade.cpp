@@ -19,7 +19,7 @@ double EasedSlope(const DesignRecord& record) {
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!(record.SurveyHoleDia[i] > 0)) continue;
     ++rows;
-    sum_x += static_cast<double>(record.Station[i]);
+    sum_x += record.Station[i];
     sum_y += record.Head[i] + record.FrictionLoss[i];
   }
   const double mean_x = Divide(sum_x, rows);
@@ -28,7 +28,7 @@ double EasedSlope(const DesignRecord& record) {
   double sxx = 0;
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!(record.SurveyHoleDia[i] > 0)) continue;
-    const double x = static_cast<double>(record.Station[i]) - mean_x;
+    const double x = record.Station[i] - mean_x;
     sxy += x * (record.Head[i] + record.FrictionLoss[i] - mean_y);
     sxx += x * x;
   }
@@ -47,8 +47,8 @@ void BestGrade(Program& program) {
   const double slope = EasedSlope(record);
   for (int i = 2; i <= record.HoleRows; ++i) {
     if (!(record.SurveyHoleDia[i] > 0)) continue;
-    const double span = static_cast<double>(record.Station[i]) - static_cast<double>(record.Station[i - 1]);
-    record.DesignElev[i] = Store32(static_cast<double>(record.DesignElev[i - 1]) - span * slope);
+    const double span = Wide(record.Station[i]) - Wide(record.Station[i - 1]);
+    record.DesignElev[i] = Store32(record.DesignElev[i - 1] - span * slope);
   }
   const std::string shown = Format(std::fabs(100 * slope), "0.00");
   record.CrownSlope = Store32(Val(shown));

@@ -58,7 +58,7 @@ std::optional<PlanLimits> ReadLimits(Program& program) {
     Tell(program, words::kHighestHeadOutOfRange);
     return StayAt(program, kHighestHeadField);
   }
-  limits.first_head = static_cast<double>(Store32(target_head));
+  limits.first_head = Store32(target_head);
   return limits;
 }
 
@@ -74,7 +74,7 @@ std::vector<KnownPlan> ClassicPlans(Program& program, const PlanTask& task) {
     record.Head[record.HoleRows] = head;
     ManHoleCalSelected(program);
     if (auto plan = LaidPlan(task, record)) {
-      plans.push_back({std::move(*plan), static_cast<double>(record.SeedEndHead)});
+      plans.push_back({std::move(*plan), record.SeedEndHead});
     }
   }
   return plans;
@@ -91,7 +91,7 @@ bool GoOn(Program& program, const BestHolesProgress& progress) {
 }
 
 std::string Points(float points) {
-  return Format(static_cast<double>(points), "##0.0");
+  return Format(points, "##0.0");
 }
 
 // How much better any plan could be, as the screen shows it and as the status bar says it.
@@ -127,14 +127,14 @@ std::string Bar(double uniformity, double least) {
 void ShowCurve(MainScreen& main, const std::vector<float>& curve) {
   const auto any = std::find_if(curve.begin(), curve.end(), [](float uniformity) { return uniformity > 0; });
   if (any == curve.end()) return;
-  const auto least = static_cast<double>(*any);
+  const double least = *any;
   main.lblCurve[0].caption = "Stretches";
   main.lblCurve[1].caption = "Uniformity";
   main.lblCurve[2].caption = " ";
   for (std::size_t i = 0; i < curve.size(); ++i) {
     main.lblCurve[0].caption += "\n" + GeneralText(static_cast<double>(i + 1));
     main.lblCurve[1].caption += "\n" + (curve[i] > 0 ? Points(curve[i]) : "none");
-    main.lblCurve[2].caption += "\n" + (curve[i] > 0 ? Bar(static_cast<double>(curve[i]), least) : " ");
+    main.lblCurve[2].caption += "\n" + (curve[i] > 0 ? Bar(curve[i], least) : " ");
   }
 }
 

@@ -16,15 +16,15 @@ void LayBrokenLine(Program& program) {
   // The slope is still in feet per foot, whatever the words say.
   program.main.lblCrownSlope.caption = "Crown Slope = " + GeneralText(record.CrownSlope) + " feet per 100 feet";
   const int middle = ToWhole(record.HoleRows / 2.0 + 1);
-  record.DualBreakStation = Int(static_cast<double>(record.Station[middle]));
+  record.DualBreakStation = Int(record.Station[middle]);
   const int break_row = ToWhole(Int(record.HoleRows / 2.0 + 0.5));
   const bool rods = ReadsRods(program.main);
-  const double slope = static_cast<double>(record.CrownSlope);
+  const double slope = record.CrownSlope;
   for (int i = 2; i <= break_row + 1; ++i) {
     if (!(record.SurveyHoleDia[i] >= 0)) continue;
-    const double span = static_cast<double>(record.Station[i]) - static_cast<double>(record.Station[i - 1]);
+    const double span = Wide(record.Station[i]) - Wide(record.Station[i - 1]);
     const double drop = 2 * slope * span;
-    const double before = static_cast<double>(record.DesignElev[i - 1]);
+    const double before = record.DesignElev[i - 1];
     record.DesignElev[i] = Store32(rods ? before + drop : before - drop);
   }
   record.CrownSlope = Store32(Val(Format(slope * 100 * 2, "##.###")));
@@ -37,8 +37,8 @@ void LayBrokenLine(Program& program) {
 // How far the designed crown lies below the existing one at a row; 0 or less where it does not. A larger rod reading is
 // lower ground.
 double Below(const DesignRecord& record, int row, bool elevations) {
-  const double existing = static_cast<double>(record.CrownElev[row]);
-  const double designed = static_cast<double>(record.DesignElev[row]);
+  const double existing = record.CrownElev[row];
+  const double designed = record.DesignElev[row];
   return elevations ? existing - designed : designed - existing;
 }
 
@@ -57,7 +57,7 @@ void LiftCrown(Program& program) {
   }
   lift = Val(Format(lift, "###.0000"));
   for (int i = 1; i <= record.HoleRows; ++i) {
-    const double designed = static_cast<double>(record.DesignElev[i]);
+    const double designed = record.DesignElev[i];
     record.DesignElev[i] = Store32(elevations ? designed + lift : designed - lift);
   }
 }

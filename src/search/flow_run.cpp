@@ -42,9 +42,8 @@ void SayCause(Program& program, const GiveUpCause& cause) {
 void TellTryLimit(Program& program, int fail_row) {
   const DesignRecord& record = program.record;
   const auto& limit = IsHoleSelection(record) ? words::kTryLimitOfSelection : words::kTryLimit;
-  Tell(program,
-       limit(Format(static_cast<double>(record.Station[fail_row]), "####0"),
-             GeneralText(Hundredths(record.Head[fail_row])), Format(static_cast<double>(record.AccumGPM), "####0")));
+  Tell(program, limit(Format(record.Station[fail_row], "####0"), GeneralText(Hundredths(record.Head[fail_row])),
+                      Format(record.AccumGPM, "####0")));
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 
 // Lowers the Target Head by one increment, as the field shows it.
 void LowerTargetHead(TextField& field, float increment) {
-  const double head = Val(field.text()) - static_cast<double>(increment);
+  const double head = Val(field.text()) - increment;
   field.Set(Format(Val(GeneralText(head)), "##.##"));
 }
 
@@ -58,7 +58,7 @@ bool EfficAdjust(Program& program) {
   record.BestHeadFound = 0;
   program.main.txtInfo[InfoField::kTargetHead].Set(TextOf(main, Preference::kHighestHead));
   // The counter only counts the passes.
-  for (double counter = 0.5; counter <= highest; counter += static_cast<double>(increment)) {
+  for (double counter = 0.5; counter <= highest; counter += increment) {
     const double head = Val(TextOf(main, InfoField::kTargetHead));
     if (!TryHead(program, increment)) return false;
     // With two decimals a small increment leaves the head where it is: all passes to come would be this one again.

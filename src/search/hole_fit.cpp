@@ -1,5 +1,6 @@
 #include "search/hole_fit.h"
 
+#include "base/arithmetic.h"
 #include "engine/hydraulics.h"
 
 namespace torvale {
@@ -7,12 +8,12 @@ namespace {
 
 // Flow out of row `i` with holes of `inches`, gallons per minute.
 double FlowThrough(const DesignRecord& record, int i, float inches) {
-  const double area = AreaByInches(static_cast<double>(inches), record.HolesPerFurrow[i]);
-  return Finite(OrificeFlow(area, record.Head[i], static_cast<double>(record.DischargeCoef)));
+  const double area = AreaByInches(inches, record.HolesPerFurrow[i]);
+  return Finite(OrificeFlow(area, record.Head[i], record.DischargeCoef));
 }
 
 double Wanted(const DesignRecord& record, int i, FitFlow flow) {
-  return static_cast<double>(flow.wanted) * static_cast<double>(record.FlowRatio[i]);
+  return Wide(flow.wanted) * Wide(record.FlowRatio[i]);
 }
 
 // Which of two neighbouring sizes row `i` takes. The differences are signed, so that the size of the lesser flow is the

@@ -40,19 +40,18 @@ constexpr double kDiameterOfUnitArea = 1.128;  // for the square root of 4 over 
 double WorkRow(DesignRecord& record, int row, const PassFlow& pass, double dia_power, FitFlow& flow) {
   const double holes = record.HolesPerFurrow[row];
   flow.wanted = WantedFlow(pass.average, record.FlowRatio[row]);
-  const double capacity = Power(record.Head[row] * kTwiceGravity, 0.5) * kGpmPerCubicFootOfIdeal *
-                          static_cast<double>(record.DischargeCoef);
-  const double opening = Divide(static_cast<double>(flow.wanted), capacity) * 144 * holes;
+  const double capacity = Power(record.Head[row] * kTwiceGravity, 0.5) * kGpmPerCubicFootOfIdeal * record.DischargeCoef;
+  const double opening = Divide(flow.wanted, capacity) * 144 * holes;
   // Of each hole: the root of area times holes, over the holes, is that of one hole's area.
   record.HoleSizeIdeal[row] = Store32(Divide(Power(opening, 0.5) * kDiameterOfUnitArea, holes));
-  record.AccumGPM = Store32(static_cast<double>(record.AccumGPM) + static_cast<double>(flow.wanted));
+  record.AccumGPM = Store32(Wide(record.AccumGPM) + Wide(flow.wanted));
   const double ratio = Divide(FlowPower(record.AccumGPM), dia_power);
   return Finite(SpanFriction(SpanLength(record.Station[row], record.Station[row - 1]), ratio, pass.factor));
 }
 
 double UpstreamHead(const DesignRecord& record, int row, bool elevations, double friction) {
-  const double here = static_cast<double>(record.CrownElev[row]);
-  const double upstream = static_cast<double>(record.CrownElev[row - 1]);
+  const double here = record.CrownElev[row];
+  const double upstream = record.CrownElev[row - 1];
   return Finite(record.Head[row] - CrownRise(here, upstream, elevations) + friction);
 }
 
@@ -67,7 +66,7 @@ bool HeadLost(const DesignRecord& record, int row, const PassFlow& pass, const P
 bool MarchWantedFlows(Program& program, const PassKind& kind, EngineHost& host, FitFlow& flow) {
   DesignRecord& record = program.record;
   const PassFlow pass = {AverageFlow(record.TargetGPM, record.WateredFurrows),
-                         FrictionFactorOrNone(static_cast<double>(record.HazenWilliamsC)), ReadsRods(program.main),
+                         FrictionFactorOrNone(record.HazenWilliamsC), ReadsRods(program.main),
                          ReadsElevations(program.main)};
   double dia_power = 0;
   float diameter = 0;
@@ -77,7 +76,7 @@ bool MarchWantedFlows(Program& program, const PassKind& kind, EngineHost& host, 
   while (row != 0) {
     if (record.PipeDia[row] != diameter) {
       diameter = record.PipeDia[row];
-      dia_power = DiameterPowerOrNone(static_cast<double>(diameter));
+      dia_power = DiameterPowerOrNone(diameter);
     }
     if (record.HoleDia[row] > 0) friction = WorkRow(record, row, pass, dia_power, flow);
     record.Head[row - 1] = UpstreamHead(record, row, pass.elevations, friction);

@@ -28,7 +28,7 @@ constexpr std::string_view kFinalCaption = " Crown Slope: ";
 
 void CaptionSlope(Program& program, std::string_view words) {
   program.main.lblCrownSlope.caption =
-      std::string(words) + Format(static_cast<double>(program.record.SlopeDelta) * 100, "##.###") + "  Per 100 Feet";
+      std::string(words) + Format(Wide(program.record.SlopeDelta) * 100, "##.###") + "  Per 100 Feet";
 }
 
 void CaptionUniformity(Program& program) {
@@ -38,8 +38,8 @@ void CaptionUniformity(Program& program) {
 
 void CaptionHeads(Program& program) {
   auto& labels = program.main.frmDisplayLbl;
-  labels[Figure::kMaxHead].caption = Format(static_cast<double>(program.record.MaxHead), "##.00");
-  labels[Figure::kMinHead].caption = Format(static_cast<double>(program.record.MinHead), "##.00");
+  labels[Figure::kMaxHead].caption = Format(program.record.MaxHead, "##.00");
+  labels[Figure::kMinHead].caption = Format(program.record.MinHead, "##.00");
   labels[Figure::kMinHead].visible = true;
   labels[Figure::kMaxHead].visible = true;
 }
@@ -47,11 +47,9 @@ void CaptionHeads(Program& program) {
 // Where the search stands, in one line at the foot of the screen.
 void TellProgress(Program& program) {
   const DesignRecord& record = program.record;
-  Say(program, words::kSlopeProgress(Format(static_cast<double>(record.SlopeDelta) * 100, "0.000"),
-                                     GeneralText(record.Uniformity), GeneralText(record.BestUniformity),
-                                     Format(static_cast<double>(record.CrownSlope) * 100, "0.000"),
-                                     Format(static_cast<double>(record.MinHead), "0.00"),
-                                     Format(static_cast<double>(record.MaxHead), "0.00")));
+  Say(program, words::kSlopeProgress(Format(Wide(record.SlopeDelta) * 100, "0.000"), GeneralText(record.Uniformity),
+                                     GeneralText(record.BestUniformity), Format(Wide(record.CrownSlope) * 100, "0.000"),
+                                     Format(record.MinHead, "0.00"), Format(record.MaxHead, "0.00")));
 }
 
 // Keeps the trial in `SlopeDelta` where it is strictly better than the best so far.
@@ -65,8 +63,7 @@ void ShowBestSlope(Program& program) {
   program.main.lblCrownSlope.visible = true;
   program.main.lblHeadCount.visible = false;
   program.main.lblCrownSlope.caption =
-      "          Calculating Best Slope: " + Format(static_cast<double>(program.record.CrownSlope) * 100, "##.###") +
-      " Per 100 Feet";
+      "          Calculating Best Slope: " + Format(Wide(program.record.CrownSlope) * 100, "##.###") + " Per 100 Feet";
   program.main.frmDisplayLbl[Figure::kMaxHead].visible = true;
   program.main.frmDisplayLbl[Figure::kMaxHeadStation].visible = true;
 }
@@ -91,8 +88,7 @@ CrownDirection ChooseDirection(const DesignRecord& record) {
 }
 
 void StepSlope(DesignRecord& record, CrownDirection direction) {
-  record.SlopeDelta = Store32(static_cast<double>(record.SlopeDelta) +
-                              (direction == CrownDirection::kFalling ? kSlopeStep : -kSlopeStep));
+  record.SlopeDelta = Store32(record.SlopeDelta + (direction == CrownDirection::kFalling ? kSlopeStep : -kSlopeStep));
 }
 
 bool MoreHeadToSpend(const DesignRecord& record) {
@@ -264,21 +260,21 @@ void ResetExtremes(DesignRecord& record) {
 void TakeExtremes(DesignRecord& record, double head, double flow) {
   if (Narrow(head) > record.MaxHead) record.MaxHead = Store32(head);
   if (Narrow(head) < record.MinHead) record.MinHead = Store32(head);
-  if (flow > static_cast<double>(record.MaxFurrowFlow)) record.MaxFurrowFlow = Store32(flow);
-  if (flow < static_cast<double>(record.MinFurrowFlow)) record.MinFurrowFlow = Store32(flow);
+  if (flow > record.MaxFurrowFlow) record.MaxFurrowFlow = Store32(flow);
+  if (flow < record.MinFurrowFlow) record.MinFurrowFlow = Store32(flow);
 }
 
 // Flow that the row's furrow wants, to four decimals.
 double ShownWantedFlow(const DesignRecord& record, int row) {
   const float flow = WantedFlow(record.AverageFurrowFlow, record.FlowRatio[row]);
-  return Val(Format(static_cast<double>(flow), "###.####"));
+  return Val(Format(flow, "###.####"));
 }
 
 // Head at which the row's holes would give `flow`.
 void FitHead(DesignRecord& record, int row, double flow, double discharge_coef) {
-  const double radius = static_cast<double>(record.SurveyHoleDia[row]) / 2;
+  const double radius = Wide(record.SurveyHoleDia[row]) / 2;
   record.HoleArea[row] = Store32(AreaByRadius(radius, record.HolesPerFurrow[row]));
-  record.Head[row] = OrificeHead(static_cast<double>(record.HoleArea[row]), flow, discharge_coef);
+  record.Head[row] = OrificeHead(record.HoleArea[row], flow, discharge_coef);
 }
 
 }  // namespace
@@ -317,7 +313,7 @@ void BestGradeEffic(Program& program) {
 void BestFitHead(Program& program) {
   DesignRecord& record = program.record;
   ResetExtremes(record);
-  const float factor = Store32(FrictionFactor(static_cast<double>(record.HazenWilliamsC)));
+  const float factor = Store32(FrictionFactor(record.HazenWilliamsC));
   const double discharge_coef = Val(TextOf(program.main, Preference::kDischargeCoef));
   double run_flow = 0;
   int furrow = 0;
@@ -326,13 +322,12 @@ void BestFitHead(Program& program) {
     const double flow = ShownWantedFlow(record, i);
     if (record.HoleDia[i] > 0) {
       ++furrow;
-      record.NormFurrowFlow[furrow] = Store32(Hundredths(Divide(flow, static_cast<double>(record.FlowRatio[i]))));
+      record.NormFurrowFlow[furrow] = Store32(Hundredths(Divide(flow, record.FlowRatio[i])));
     }
     if (record.SurveyHoleDia[i] > 0) FitHead(record, i, flow, discharge_coef);
     run_flow += flow;
     // The factor is in 32 bits and goes in first, where the march's is in 64 and goes in last.
-    const double loss = Divide(static_cast<double>(factor) * Power(run_flow, kFlowExponent),
-                               Power(static_cast<double>(record.PipeDia[i]), kDiameterExponent));
+    const double loss = Divide(factor * Power(run_flow, kFlowExponent), Power(record.PipeDia[i], kDiameterExponent));
     record.FrictionLoss[i] = Finite(SpanLength(record.Station[i], record.Station[i - 1]) * (loss / 100));
     TakeExtremes(record, record.Head[i], flow);
   }

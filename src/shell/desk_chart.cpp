@@ -20,12 +20,12 @@ void TakeDesign(const Program& program, SupplyChart& chart) {
   const RowArray<float>& sizes = ChosenHoleDia(record);
   for (int i = 1; i <= record.HoleRows; ++i) {
     const bool hole = record.FurrowFlow[i] > 0;
-    chart.stations.push_back(static_cast<double>(record.Station[i]));
-    chart.heads.push_back(static_cast<double>(record.Head[i]));
-    chart.flows.push_back(static_cast<double>(record.FurrowFlow[i]));
-    chart.sizes.push_back(hole ? static_cast<double>(sizes[i]) : 0);
+    chart.stations.push_back(record.Station[i]);
+    chart.heads.push_back(record.Head[i]);
+    chart.flows.push_back(record.FurrowFlow[i]);
+    chart.sizes.push_back(hole ? sizes[i] : 0);
   }
-  if (record.AverageFurrowFlow > 0) chart.wanted_flow = static_cast<double>(record.AverageFurrowFlow);
+  if (record.AverageFurrowFlow > 0) chart.wanted_flow = record.AverageFurrowFlow;
 }
 
 // The design's row that the results' current row shows. Of several at one whole foot it is the one of that number.

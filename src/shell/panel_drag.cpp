@@ -34,7 +34,7 @@ void GrabPanel(Program& program, std::string_view panel, float x, float y) {
   if (!IsPanel(panel) || ReachOf(program, panel) != Reach::kUsable) return;
   PanelDrag& drag = program.main.drag;
   drag.DragX = x;
-  drag.DragY = StoreInt16(static_cast<double>(y));
+  drag.DragY = StoreInt16(y);
   drag.panel = panel;
   drag.from = FindControl(program, panel)->place;
 }
@@ -42,15 +42,14 @@ void GrabPanel(Program& program, std::string_view panel, float x, float y) {
 void DragPanel(Program& program, float x, float y) {
   const PanelDrag& drag = program.main.drag;
   if (Control* panel = Grabbed(program)) {
-    MoveTo(panel->place, double{x} - static_cast<double>(drag.DragX), double{y} - drag.DragY);
+    MoveTo(panel->place, double{x} - drag.DragX, double{y} - drag.DragY);
   }
 }
 
 void DropOnPanel(Program& program, float x, float y) {
   PanelDrag& drag = program.main.drag;
   if (Control* panel = Grabbed(program)) {
-    MoveTo(panel->place, panel->place.left + double{x} - static_cast<double>(drag.DragX),
-           panel->place.top + double{y} - drag.DragY);
+    MoveTo(panel->place, panel->place.left + double{x} - drag.DragX, panel->place.top + double{y} - drag.DragY);
   }
   drag.panel.clear();
 }
