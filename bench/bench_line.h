@@ -2,7 +2,6 @@
 // any number of them fits a 15 inch pipe.
 #pragma once
 
-#include <cerrno>
 #include <string>
 
 #include "display/grid_layout.h"

@@ -9,6 +9,7 @@
 #include "batch/csv_text.h"
 #include "scenarios/scenario.h"
 #include "screen/design_types.h"
+#include "screen/field_facts.h"
 
 namespace torvale {
 namespace {
@@ -39,26 +40,6 @@ constexpr TextColumn kTextColumns[] = {
 
 constexpr std::string_view kHolesColumn = "holes";
 constexpr std::string_view kDesignsColumn = "designs";
-
-// The preferences in the order of `txtDefault`.
-constexpr std::array<FieldColumnHelp, 16> kPreferences = {{
-    {"station interval", "feet between stations of the survey"},
-    {"hole size", "of a new survey, and of every row of one that has no such column"},
-    {"orifice coefficient", "usually 0.65"},
-    {"hazen williams c", "layflat 140, smooth steel commonly 100"},
-    {"crown warning", "highest crown above the field, feet"},
-    {"pipe diameter", "of a new survey, inches"},
-    {"furrow spacing", "feet between watered furrows of a new survey"},
-    {"holes per furrow", "of a new survey"},
-    {"mil", "pipe wall of a new survey, thousandths of an inch"},
-    {"default survey kind", "R or E, where the field names none"},
-    {"default target head", "feet, where the field names none"},
-    {"gate shape", "R for rectangular gates, C for circular ones"},
-    {"gate size", "diameter or height of a gate, inches"},
-    {"highest head", "highest target head of a limited selection, feet"},
-    {"head step", "step of the head in a limited selection, feet"},
-    {"open filter", "kind of file that the open dialog begins with"},
-}};
 
 // "Target_Head " as "TARGET HEAD".
 std::string Plain(std::string_view name) {
@@ -107,8 +88,8 @@ std::optional<FieldColumn> ColumnOf(std::string_view heading) {
   for (const TextColumn& column : kTextColumns) {
     if (Same(column.name, heading)) return FieldColumn{Plain(heading), &column, {}, false, false};
   }
-  for (std::size_t i = 0; i < kPreferences.size(); ++i) {
-    if (Same(kPreferences.at(i).name, heading) || Same("txtDefault(" + std::to_string(i) + ")", heading)) {
+  for (std::size_t i = 0; i < kPreferenceFacts.size(); ++i) {
+    if (Same(kPreferenceFacts.at(i).column, heading) || Same("txtDefault(" + std::to_string(i) + ")", heading)) {
       return FieldColumn{Plain(heading), nullptr, i, false, false};
     }
   }
@@ -259,7 +240,9 @@ std::vector<FieldColumnHelp> FieldColumns() {
   for (const TextColumn& column : kTextColumns) columns.push_back({column.name, column.what});
   columns.push_back({kHolesColumn, "sizes for a limited selection: 1/4; 3/8"});
   columns.push_back({kDesignsColumn, "planned; constant; dual; computer; existing; limited, or all (default)"});
-  for (const FieldColumnHelp& preference : kPreferences) columns.push_back(preference);
+  for (const PreferenceFacts& preference : kPreferenceFacts) {
+    columns.push_back({preference.column, preference.column_help});
+  }
   return columns;
 }
 

@@ -12,6 +12,7 @@
 #include "files/file_store.h"
 #include "input/field_marks.h"
 #include "input/focus.h"
+#include "screen/field_facts.h"
 #include "screen/fields.h"
 #include "screen/words.h"
 
@@ -21,7 +22,7 @@ namespace {
 void txtDefault_Change(Program& program, std::size_t index) {
   // The coefficients get their marks with the rest of what becomes of them.
   if (index != Preference::kDischargeCoef && index != Preference::kHazenWilliamsC) {
-    MarkField(program.main.txtDefault[index], FormOfPreference(static_cast<int>(index)));
+    MarkField(program.main.txtDefault[index], kPreferenceFacts.at(index).form);
   }
   ApplyDischargeCoef(program);
   ApplyHazenWilliamsC(program);
@@ -30,10 +31,8 @@ void txtDefault_Change(Program& program, std::size_t index) {
   field.Set(UpperCase(std::string(field.text())));
 }
 
-// The amounts in the middle are shown with two decimals.
 std::string AsShown(std::size_t index, const std::string& field) {
-  const bool amount = index >= Preference::kDischargeCoef && index <= Preference::kFurrowSpacing;
-  return amount ? FormatText(field, "0.00") : field;
+  return kPreferenceFacts.at(index).two_decimals ? FormatText(field, "0.00") : field;
 }
 
 // A value that its place can't hold is passed over, as if nothing had been.

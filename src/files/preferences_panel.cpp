@@ -1,7 +1,5 @@
 #include "files/preferences_panel.h"
 
-#include <array>
-
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/input_screen.h"
@@ -11,6 +9,7 @@
 #include "files/preferences.h"
 #include "input/focus.h"
 #include "record/hole_sizes.h"
+#include "screen/field_facts.h"
 #include "screen/fields.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -18,14 +17,9 @@
 namespace torvale {
 namespace {
 
-constexpr int kFields = 16;
-constexpr int kFactoryHoleSize = 12;  // row of the hole size table
-constexpr int kUpFromFirst = 12;      // where Up goes from the first field, on purpose not to the last
+constexpr int kFields = kPreferenceFacts.size();
+constexpr int kUpFromFirst = 12;  // where Up goes from the first field, on purpose not to the last
 constexpr double kLowestHighestHead = 0.5;
-
-// What a blank field takes. The hole size takes a name of its table.
-constexpr std::array<std::string_view, kFields> kFactory = {"100", "",  ".65", "140", "1.2", "15", "6.0", "1",
-                                                            "7",   "R", "2.0", "R",   "1.2", "2",  ".2",  "*.*"};
 
 TextField& Field(Program& program, int index) {
   return program.main.txtDefault.at(static_cast<std::size_t>(index));
@@ -50,11 +44,7 @@ void Attempt(Statement statement) {
 void FillBlankFields(Program& program) {
   for (int i = 0; i < kFields; ++i) {
     if (!Field(program, i).text().empty()) continue;
-    Attempt([&] {
-      Field(program, i)
-          .Set(i == Preference::kHoleSize ? std::string_view(program.record.HoleSizeName[kFactoryHoleSize])
-                                          : kFactory.at(static_cast<std::size_t>(i)));
-    });
+    Attempt([&] { Field(program, i).Set(kPreferenceFacts.at(static_cast<std::size_t>(i)).factory); });
   }
 }
 

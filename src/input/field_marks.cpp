@@ -1,7 +1,5 @@
 #include "input/field_marks.h"
 
-#include <array>
-
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
@@ -12,16 +10,6 @@ namespace torvale {
 namespace {
 
 using enum FieldForm;
-
-constexpr std::array<FieldForm, 6> kInfoForms = {kText, kText, kNumber, kNumber, kText, kRodsOrElevations};
-constexpr std::array<FieldForm, 16> kPreferenceForms = {kNumber, kText,
-                                                        kNumber, kNumber,
-                                                        kNumber, kNumber,
-                                                        kNumber, kNumber,
-                                                        kNumber, kRodsOrElevations,
-                                                        kNumber, kRectangularOrCircular,
-                                                        kNumber, kNumber,
-                                                        kNumber, kText};
 
 // What the mark of a number ends with that was beyond its place.
 constexpr std::string_view kEndOfFormerStays =
@@ -71,14 +59,6 @@ bool IsOneOf(std::string_view text, std::string_view one, std::string_view other
 }
 
 }  // namespace
-
-FieldForm FormOfInfo(int index) {
-  return kInfoForms.at(static_cast<std::size_t>(index));
-}
-
-FieldForm FormOfPreference(int index) {
-  return kPreferenceForms.at(static_cast<std::size_t>(index));
-}
 
 SpokenSentence WrongWith(std::string_view text, FieldForm form) {
   if (text.empty()) return {};

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "screen/field_facts.h"
 #include "screen/program.h"
 #include "screen/spoken.h"
 
@@ -10,12 +11,6 @@ namespace torvale {
 
 // What is wrong with the text of a field, as the field's mark: a number that won't be read as it was typed, a letter
 // that means nothing. What is read, and how, stays as it is.
-
-enum class FieldForm { kText, kNumber, kRodsOrElevations, kRectangularOrCircular };
-
-// What an information field and a preference hold.
-FieldForm FormOfInfo(int index);
-FieldForm FormOfPreference(int index);
 
 // What is wrong with a text, as a sentence; nothing where it is taken as it stands. An empty text is.
 SpokenSentence WrongWith(std::string_view text, FieldForm form);

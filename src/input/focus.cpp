@@ -1,25 +1,16 @@
 #include "input/focus.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "display/input_screen.h"
 #include "engine/survey.h"
 #include "input/sheet.h"
-#include "screen/fields.h"
+#include "screen/field_facts.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
 namespace torvale {
 namespace {
-
-// The index of an information field by its name, or -1.
-int InfoIndex(std::string_view control) {
-  for (int i = 0; i <= int{InfoField::kSurveyKind}; ++i) {
-    if (control == NameOf(static_cast<InfoField::Index>(i))) return i;
-  }
-  return -1;
-}
 
 const std::string& ShownText(Program& program, std::string_view control) {
   static const std::string nothing;
@@ -28,34 +19,13 @@ const std::string& ShownText(Program& program, std::string_view control) {
   return other != nullptr ? other->caption : nothing;
 }
 
-struct Hint {
+struct ControlHint {
   std::string_view control;
-  Sentence<0> text;
+  Sentence<0> hint;
 };
 
-constexpr Hint kHints[] = {
-    {"txtInfo(0)", words::kHintDesignName},
-    {"txtInfo(1)", words::kHintDesignDate},
-    {"txtInfo(2)", words::kHintGpm},
-    {"txtInfo(3)", words::kHintTargetHead},
-    {"txtInfo(4)", words::kHintLocation},
-    {"txtInfo(5)", words::kHintSurveyKind},
-    {"txtDefault(0)", words::kHintStationInterval},
-    {"txtDefault(1)", words::kHintNewHoleSize},
-    {"txtDefault(2)", words::kHintOrifice},
-    {"txtDefault(3)", words::kHintRoughness},
-    {"txtDefault(4)", words::kHintFillWarning},
-    {"txtDefault(5)", words::kHintNewPipeDiameter},
-    {"txtDefault(6)", words::kHintNewSpacing},
-    {"txtDefault(7)", words::kHintNewHoleCount},
-    {"txtDefault(8)", words::kHintNewMil},
-    {"txtDefault(9)", words::kHintNewSurveyKind},
-    {"txtDefault(10)", words::kHintNewTargetHead},
-    {"txtDefault(11)", words::kHintGateForm},
-    {"txtDefault(12)", words::kHintGateSize},
-    {"txtDefault(13)", words::kHintHighestHead},
-    {"txtDefault(14)", words::kHintHeadStep},
-    {"txtDefault(15)", words::kHintOpenFilter},
+// Those of the information fields and the preferences stand in screen/field_facts.h.
+constexpr ControlHint kHints[] = {
     {"txtBest(0)", words::kHintStretches},
     {"txtBest(1)", words::kHintLeastHead},
     {"txtBest(2)", words::kHintHighestHeadOfPipe},
@@ -121,8 +91,12 @@ void EnterPanel(Program& program, std::string_view panel) {
 
 SpokenSentence FocusHint(const Program& program, std::string_view control) {
   if (control == "Grid1") return ColumnHint(program.main.Grid1.column);
-  for (const Hint& hint : kHints) {
-    if (hint.control == control) return hint.text;
+  if (const int index = InfoIndex(control); index >= 0) return kInfoFacts.at(static_cast<std::size_t>(index)).hint;
+  if (const int index = PreferenceIndex(control); index >= 0) {
+    return kPreferenceFacts.at(static_cast<std::size_t>(index)).hint;
+  }
+  for (const ControlHint& row : kHints) {
+    if (row.control == control) return row.hint;
   }
   return {};
 }
@@ -131,7 +105,9 @@ bool IsHint(std::string_view text) {
   for (int column = 0; column < kSurveyColumns; ++column) {
     if (ColumnHint(column) == text) return true;
   }
-  return std::any_of(std::begin(kHints), std::end(kHints), [&](const Hint& hint) { return hint.text.text() == text; });
+  const auto is_text = [&](const auto& row) { return row.hint.text() == text; };
+  return std::ranges::any_of(kInfoFacts, is_text) || std::ranges::any_of(kPreferenceFacts, is_text) ||
+         std::ranges::any_of(kHints, is_text);
 }
 
 std::string NewsOf(const Program& program) {

@@ -47,7 +47,7 @@ void txtInfo_Change(Program& program, int index) {
   if (index == InfoField::kGpm) {
     TakeNumber(Field(program, index), program.record.TargetGPM);
   } else {
-    MarkField(Field(program, index), FormOfInfo(index));
+    MarkField(Field(program, index), kInfoFacts.at(static_cast<std::size_t>(index)).form);
   }
   if (index == InfoField::kSurveyKind) {
     Field(program, index).Set(UpperCase(std::string(Field(program, index).text())));

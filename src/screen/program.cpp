@@ -124,7 +124,7 @@ void ScreenEngineHost::UniformityChanged() {
 }
 
 std::string TotalAcresText(const Program& program) {
-  return "Total Acres = " + Format(static_cast<double>(program.record.TotalAcres), "###0.0");
+  return "Total Acres = " + Format(program.record.TotalAcres, "###0.0");
 }
 
 }  // namespace torvale

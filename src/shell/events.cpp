@@ -18,6 +18,7 @@
 #include "input/focus.h"
 #include "input/info_fields.h"
 #include "input/sheet.h"
+#include "screen/field_facts.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
@@ -42,15 +43,6 @@ std::optional<std::string> FaultOf(const std::function<void()>& work) {
   } catch (const std::exception&) {
     return "Something unexpected went wrong.";
   }
-}
-
-constexpr std::string_view kInfoFields = "txtInfo(";
-constexpr std::string_view kPreferences = "txtDefault(";
-
-// The index of a field of a row of fields ("txtInfo(3)"), or -1 for a control that is none of them.
-int IndexIn(std::string_view fields, std::string_view name) {
-  if (!name.starts_with(fields)) return -1;
-  return static_cast<int>(Val(name.substr(fields.size())));
 }
 
 // An Edit command that has a key in a field.
@@ -121,7 +113,7 @@ void SettleFocus(Program& program) {
   if (panel != std::exchange(events.panel, panel) && !panel.empty()) EnterPanel(program, panel);
   LeaveHiddenControl(program);
   const std::string left = std::exchange(events.focus, program.main.focus);
-  const int preference = IndexIn(kPreferences, left);
+  const int preference = PreferenceIndex(left);
   if (preference < 0 || left == program.main.focus) return;
   NameCause(program, left);
   txtDefault_LostFocus(program, preference);
@@ -215,8 +207,8 @@ bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke)
   if (stroke.alt) return true;
   const std::optional<FieldKeyKind> kind = KindOf(stroke.key);
   if (!kind || ReachOf(program, field) != Reach::kUsable) return false;
-  const int info = IndexIn(kInfoFields, field);
-  const int preference = IndexIn(kPreferences, field);
+  const int info = InfoIndex(field);
+  const int preference = PreferenceIndex(field);
   const EditKey* const command = EditKeyOf(stroke.key);
   bool swallowed = command != nullptr;
   Guarded(program, [&] {

@@ -9,31 +9,8 @@
 namespace torvale {
 namespace {
 
-constexpr int kInfoFields = kPreferencePlace - kInfoPlace;
-constexpr int kPreferences = kPipePlace - kPreferencePlace;
-
 constexpr std::array<std::string DesignRecord::*, kInputPlaces - kNamePlace> kFileNames = {
     &DesignRecord::SaveFileName, &DesignRecord::OpenedFileName, &DesignRecord::DisplayFileName};
-
-constexpr std::array<std::string_view, kInfoFields> kInfoNames = {
-    "Name", "Date", "GPM", "Target Head", "Location", "Rod Readings or Elevations"};
-
-constexpr std::array<std::string_view, kPreferences> kPreferenceNames = {"Distance Between Stations",
-                                                                         "Hole Size",
-                                                                         "Orifice Coefficient",
-                                                                         "Hazen-Williams C",
-                                                                         "Crown Warning",
-                                                                         "Pipe Diameter",
-                                                                         "Distance Between Furrows",
-                                                                         "Holes per Furrow",
-                                                                         "Mil",
-                                                                         "Elevations or Rod Readings",
-                                                                         "Target Head",
-                                                                         "Type of Gate",
-                                                                         "Size of Gate",
-                                                                         "Highest Target Head",
-                                                                         "Step of the Head",
-                                                                         "Kind of File"};
 
 constexpr std::array<std::string_view, kNamePlace - kBestPlace> kBestNames = {"Stretches of One Size", "Least Head",
                                                                               "Highest Head"};
@@ -194,8 +171,9 @@ std::string PlaceName(const Program& program, int place) {
   if (place < kSheetPlaces) {
     return "row " + std::to_string(place / kSurveyColumns + 1) + ", " + ColumnName(program, place % kSurveyColumns);
   }
-  if (place < kPreferencePlace) return std::string(kInfoNames.at(Index(place, kInfoPlace)));
-  if (place < kPipePlace) return "Preferences, " + std::string(kPreferenceNames.at(Index(place, kPreferencePlace)));
+  if (place < kPreferencePlace) return std::string(kInfoFacts.at(Index(place, kInfoPlace)).name);
+  if (place < kPipePlace)
+    return "Preferences, " + std::string(kPreferenceFacts.at(Index(place, kPreferencePlace)).name);
   if (place == kPipePlace) return "Type of Pipe";
   if (place == kHolesPlace) return "Selected Holes";
   if (place == kSoilPlace) return "Soil";

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/survey.h"
+#include "screen/field_facts.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -17,8 +18,8 @@ namespace torvale {
 
 inline constexpr int kSheetPlaces = (kSurveyGridRows - 1) * kSurveyColumns;
 inline constexpr int kInfoPlace = kSheetPlaces;
-inline constexpr int kPreferencePlace = kInfoPlace + 6;
-inline constexpr int kPipePlace = kPreferencePlace + 16;
+inline constexpr int kPreferencePlace = kInfoPlace + static_cast<int>(kInfoFacts.size());
+inline constexpr int kPipePlace = kPreferencePlace + static_cast<int>(kPreferenceFacts.size());
 inline constexpr int kHolesPlace = kPipePlace + 1;
 inline constexpr int kSoilPlace = kHolesPlace + 1;
 inline constexpr int kBestPlace = kSoilPlace + 1;  // the limits of the best holes

@@ -18,6 +18,7 @@
 #include "files/soils.h"
 #include "input/focus.h"
 #include "screen/design_types.h"
+#include "screen/field_facts.h"
 #include "screen/fields.h"
 #include "screen/status_line.h"
 #include "search/best_holes_panel.h"
@@ -45,30 +46,11 @@ constexpr std::array<PlaceSetting, 4> kPlaceSettings = {{
     {"MainHeight", &Place::height, 6500, true},
 }};
 
-// What blank preferences begin with. These are not the factory defaults that the panel of defaults puts into a blank
-// field; they differ in several fields on purpose.
-struct StartValue {
-  Preference::Index preference;
-  std::string_view text;
-};
-
-constexpr std::array<StartValue, 9> kStartValues = {{
-    {Preference::kDischargeCoef, "0.65"},
-    {Preference::kHazenWilliamsC, "140"},
-    {Preference::kSurveyKind, kElevations},
-    {Preference::kTargetHead, "2"},
-    {Preference::kGateForm, kRectangular},
-    {Preference::kGateSize, "1.2"},
-    {Preference::kHighestHead, "3.5"},
-    {Preference::kHeadStep, ".5"},
-    {Preference::kOpenFilter, "*.*"},
-}};
-
 // The whole number of twips nearest to a setting, or `missing` where it is no number that fits.
 int Twips(const std::optional<std::string>& setting, const PlaceSetting& place) {
   if (!setting || !IsNumber(*setting)) return place.missing;
   try {
-    const int twips = ToWhole(static_cast<double>(Store32(Val(*setting))));
+    const int twips = ToWhole(Store32(Val(*setting)));
     return place.is_size && twips <= 0 ? place.missing : twips;
   } catch (const RunTimeFault&) {
     return place.missing;
@@ -102,8 +84,9 @@ void PlacePanels(MainScreen& main) {
 }
 
 void FillBlankPreferences(MainScreen& main) {
-  for (const StartValue& value : kStartValues) {
-    if (main.txtDefault[value.preference].text().empty()) main.txtDefault[value.preference].Set(value.text);
+  for (std::size_t i = 0; i < kPreferenceFacts.size(); ++i) {
+    const std::string_view start = kPreferenceFacts.at(i).start;
+    if (!start.empty() && main.txtDefault.at(i).text().empty()) main.txtDefault.at(i).Set(start);
   }
 }
 

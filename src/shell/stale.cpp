@@ -1,12 +1,13 @@
 #include "shell/stale.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 
 #include "display/input_screen.h"
 #include "input/focus.h"
+#include "record/kinds.h"
+#include "screen/field_facts.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -15,37 +16,43 @@ namespace {
 
 constexpr std::string_view kBegin = "The figures shown are for ";
 
-// Fields and preferences that enter a design: `kHoleFields` that of a limited selection alone, `kGateFields` that of
-// rigid pipe.
-constexpr std::array kFields = {2, 3, 5};
-constexpr std::array kPreferenceFields = {2, 3};
-constexpr std::array kGateFields = {11, 12};
-constexpr std::array kHoleFields = {13, 14};
-
 std::string_view Trimmed(std::string_view text) {
   while (text.starts_with(' ')) text.remove_prefix(1);
   while (text.ends_with(' ')) text.remove_suffix(1);
   return text;
 }
 
-template <typename Numbers>
-void Find(const InputTexts& shown, const InputTexts& now, int first, const Numbers& numbers, std::vector<int>& places) {
-  for (const int number : numbers) {
-    const auto place = static_cast<std::size_t>(first + number);
-    if (Trimmed(shown[place]) != Trimmed(now[place])) places.push_back(first + number);
+bool Enters(EntersDesign designs, const DesignRecord& record) {
+  switch (designs) {
+    case EntersDesign::kNever:
+      return false;
+    case EntersDesign::kAlways:
+      return true;
+    case EntersDesign::kOnRigidPipe:
+      return IsRigid(record);
+    case EntersDesign::kOverHeads:
+      return record.DesignType == kLimitedHoles;
   }
+  return false;
 }
 
 // The places whose input the results don't know of; of the sheet the first one.
 std::vector<int> StalePlaces(const Program& program, const InputTexts& shown, const InputTexts& now) {
   std::vector<int> places;
-  Find(shown, now, kInfoPlace, kFields, places);
-  Find(shown, now, kPreferencePlace, kPreferenceFields, places);
-  if (program.record.PipeKind == "R") Find(shown, now, kPreferencePlace, kGateFields, places);
-  const bool limited = program.record.DesignType == kLimitedHoles;
-  if (limited) Find(shown, now, kPreferencePlace, kHoleFields, places);
-  if (limited) Find(shown, now, kHolesPlace, std::array{0}, places);
-  Find(shown, now, kPipePlace, std::array{0}, places);
+  const auto look = [&](int place) {
+    const auto at = static_cast<std::size_t>(place);
+    if (Trimmed(shown[at]) != Trimmed(now[at])) places.push_back(place);
+  };
+  const auto look_at_fields = [&](int place, const auto& facts) {
+    for (const auto& field : facts) {
+      if (Enters(field.enters, program.record)) look(place);
+      ++place;
+    }
+  };
+  look_at_fields(kInfoPlace, kInfoFacts);
+  look_at_fields(kPreferencePlace, kPreferenceFacts);
+  if (program.record.DesignType == kLimitedHoles) look(kHolesPlace);
+  look(kPipePlace);
   const auto sheet = std::mismatch(shown.begin(), shown.begin() + kSheetPlaces, now.begin());
   if (sheet.first != shown.begin() + kSheetPlaces) places.push_back(static_cast<int>(sheet.first - shown.begin()));
   return places;
@@ -80,9 +87,10 @@ bool TellsFalseText(const MainScreen& main, const std::string& told) {
   });
 }
 
-bool TellsOfField(const Program& program, const std::string& told) {
-  return std::any_of(kFields.begin(), kFields.end(),
-                     [&](int field) { return FocusHint(program, "txtInfo(" + std::to_string(field) + ")") == told; });
+bool TellsOfField(const std::string& told) {
+  return std::ranges::any_of(kInfoFacts, [&](const InfoFacts& field) {
+    return field.enters != EntersDesign::kNever && field.hint.text() == told;
+  });
 }
 
 // That typing has made figures stale is news, and stands behind what else the same event had to tell; who changes the
@@ -90,7 +98,7 @@ bool TellsOfField(const Program& program, const std::string& told) {
 void TellStale(Program& program, const SpokenSentence& sentence, bool typed) {
   const std::string& told = News(program);
   if (sentence.empty()) {
-    if (told.starts_with(kBegin) || TellsOfField(program, told)) ForgetNews(program);
+    if (told.starts_with(kBegin) || TellsOfField(told)) ForgetNews(program);
     return;
   }
   const bool news = typed && !TellsFalseText(program.main, told);
