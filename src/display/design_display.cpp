@@ -55,8 +55,7 @@ void ShowCrownDifferential(Program& program) {
   main.frmDisplayLbl[Figure::kCrownDifferentialName].visible = slope_design;
   value.visible = slope_design;
   if (!slope_design) return;
-  const double differential = static_cast<double>(
-      Store32(static_cast<double>(record.DesignElev[1]) - static_cast<double>(record.DesignElev[record.HoleRows])));
+  const double differential = Store32(Wide(record.DesignElev[1]) - Wide(record.DesignElev[record.HoleRows]));
   value.caption = Format(differential, "##.00 ft.");
   if (differential > Val(TextOf(main, Preference::kFillWarning))) value.back = kYellow;
 }
@@ -91,26 +90,26 @@ void ShowFigures(Program& program) {
   const auto show = [&](Figure::Index figure, double value, std::string_view pattern) {
     program.main.frmDisplayLbl[figure].caption = Format(value, pattern);
   };
-  show(Figure::kMaxHead, static_cast<double>(record.MaxHead), "##.00");
+  show(Figure::kMaxHead, record.MaxHead, "##.00");
   show(Figure::kMaxHeadStation, record.MaxHeadStation, "####0");
-  show(Figure::kMinHead, static_cast<double>(record.MinHead), "##.00");
+  show(Figure::kMinHead, record.MinHead, "##.00");
   show(Figure::kMinHeadStation, record.MinHeadStation, "####0");
-  show(Figure::kMaxFurrowFlow, static_cast<double>(record.MaxFurrowFlow), "####.00");
-  show(Figure::kMinFurrowFlow, static_cast<double>(record.MinFurrowFlow), "####.00");
-  show(Figure::kTotalFlow, static_cast<double>(record.AccumGPM), "####0");
+  show(Figure::kMaxFurrowFlow, record.MaxFurrowFlow, "####.00");
+  show(Figure::kMinFurrowFlow, record.MinFurrowFlow, "####.00");
+  show(Figure::kTotalFlow, record.AccumGPM, "####0");
 }
 
 void ShowConstantSlope(Program& program) {
   if (program.record.DesignType != kConstantSlope) return;
   program.main.lblCrownSlope.caption =
-      "Crown Slope = " + Format(static_cast<double>(program.record.CrownSlope) * 100, "##.###") + " feet per 100 feet";
+      "Crown Slope = " + Format(Wide(program.record.CrownSlope) * 100, "##.###") + " feet per 100 feet";
   program.main.lblCrownSlope.visible = true;
 }
 
 // The dual slope is shown doubled, not times 100.
 void ShowDualSlope(Program& program) {
   if (program.record.DesignType != kDualSlope) return;
-  const double slope = static_cast<double>(program.record.CrownSlope);
+  const double slope = program.record.CrownSlope;
   program.main.lblCrownSlope.caption = "Crown Slope = " + Format(slope + slope, "##.00") +
                                        " ft. /100 ft. from Station  0 to " +
                                        Format(Number(program.record.DualBreakStation), "#######");
@@ -149,7 +148,7 @@ void Show(Program& program) {
   main.cmdDesignToggle.visible = true;
   main.cmdReCalc.visible = true;
   ShowConstantSlope(program);
-  main.lblBestHoles.visible = main.mnuBestHoles.ticked && !main.lblBestHoles.caption.empty();
+  main.lblBestHoles.visible = main.best_holes && !main.lblBestHoles.caption.empty();
   main.frameBestCurve.visible = main.lblBestHoles.visible && !main.lblCurve[0].caption.empty();
   LayOut(program);
   if (main.cmdDesignToggle.caption == "Complete Design") {

@@ -95,6 +95,11 @@ void Tick(Program& program, const DesignKind& kind, bool ticked) {
   FindControl(program, kind.entry)->ticked = ticked;
 }
 
+void TickBestHoles(Program& program, bool best) {
+  program.main.best_holes = best;
+  Tick(program, kBestHoles, best);
+}
+
 }  // namespace
 
 std::span<const DesignKind, 6> DesignKinds() {
@@ -128,7 +133,7 @@ std::string TitleOfRun(std::int16_t design_type) {
 
 void TickDesign(Program& program, const DesignKind* ticked) {
   for (const DesignKind& kind : kKinds) Tick(program, kind, &kind == ticked);
-  Tick(program, kBestHoles, &kBestHoles == ticked);
+  TickBestHoles(program, &kBestHoles == ticked);
   program.main.lblBestHoles.visible = false;
   program.main.frameBestCurve.visible = false;
 }
@@ -141,7 +146,7 @@ void UntickDesignsOnTheWayBack(Program& program) {
   for (const DesignKind& kind : kKinds) {
     if (kind.type != kExistingField) Tick(program, kind, false);
   }
-  Tick(program, kBestHoles, false);
+  TickBestHoles(program, false);
 }
 
 }  // namespace torvale

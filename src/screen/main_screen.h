@@ -32,12 +32,13 @@ struct MainScreen {
   std::string title;
   Place window;  // twips
   WindowState state = WindowState::kNormal;
-  int zoom = 100;          // percent; one scale factor for the whole screen
-  bool busy = false;       // the whole program's pointer is the hourglass
-  bool main_busy = false;  // this screen's own pointer is
-  bool closed = false;     // the screen was unloaded; the program ends
-  std::string focus;       // name of the active control
-  SheetCell refused;       // what the last refusal of a survey speaks of
+  int zoom = 100;           // percent; one scale factor for the whole screen
+  bool busy = false;        // the whole program's pointer is the hourglass
+  bool main_busy = false;   // this screen's own pointer is
+  bool closed = false;      // the screen was unloaded; the program ends
+  std::string focus;        // name of the active control
+  SheetCell refused;        // what the last refusal of a survey speaks of
+  bool best_holes = false;  // the limited selection that is ticked was looked for among all plans
   PanelDrag drag;
 
   // Menus

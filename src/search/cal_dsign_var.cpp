@@ -21,14 +21,6 @@
 namespace torvale {
 namespace {
 
-// What every refused input leaves behind; the cell that it is refused for, where it is one.
-void Refuse(Program& program, SheetCell cell = {}) {
-  program.main.refused = cell;
-  program.record.MissingData = -1;
-  program.main.cmdInterpolate.visible = true;
-  program.main.cmdCancel.visible = false;
-}
-
 void StartRun(Program& program) {
   program.record.MissingData = 0;
   program.record.DesignOK = "True";
@@ -41,9 +33,8 @@ bool FieldsFilled(Program& program) {
   const SpokenSentence missing = EmptyFieldSentence(program);
   if (missing.empty()) return true;
   Say(program, missing);
-  program.main.busy = false;
+  RefuseInput(program);
   Tell(program, words::kInfoMissing);
-  Refuse(program);
   return false;
 }
 
@@ -54,9 +45,8 @@ bool SurveyFilled(Program& program) {
     for (int column : {kPipeDiaColumn, kCrownColumn, kStationColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
       Say(program, EmptyCellSentence(i, column));
+      RefuseInput(program, {i, column});
       Tell(program, words::kSurveyIncomplete);
-      program.main.busy = false;
-      Refuse(program, {i, column});
       return false;
     }
   }
@@ -75,8 +65,7 @@ bool StationsAccepted(Program& program) {
     sheet.control.visible = true;
     if (!Ask(program, words::kStationsAccepted(here, before, here))) {
       Say(program, StationOrderSentence(i));
-      program.main.busy = false;
-      Refuse(program, {i, kStationColumn});
+      RefuseInput(program, {i, kStationColumn});
       return false;
     }
     program.record.SpacingWarningOff = 1;
@@ -91,9 +80,8 @@ bool HoleRowsFilled(Program& program) {
     for (int column : {kHoleCountColumn, kMilColumn}) {
       if (!sheet.Text(i, column).empty()) continue;
       Say(program, EmptyCellSentence(i, column));
-      program.main.busy = false;
+      RefuseInput(program, {i, column});
       Tell(program, words::kHoleRowIncomplete);
-      Refuse(program, {i, column});
       return false;
     }
   }
@@ -171,6 +159,14 @@ void Run(Program& program, const Calculation& calculate) {
 }
 
 }  // namespace
+
+void RefuseInput(Program& program, SheetCell cell) {
+  program.main.refused = cell;
+  program.record.MissingData = -1;
+  program.main.cmdInterpolate.visible = true;
+  program.main.cmdCancel.visible = false;
+  program.main.busy = false;
+}
 
 void ShareFlow(DesignRecord& record) {
   record.AverageFurrowFlow = AverageFlow(record.TargetGPM, record.WateredFurrows);

@@ -17,6 +17,10 @@ void Cal_Dsign_Var(Program& program);
 using Calculation = std::function<bool(int& tries)>;
 void RunDesign(Program& program, const Calculation& calculate);
 
+// What every refused input leaves behind: `MissingData`, the pointer and the buttons; `cell`, the cell that it is
+// refused for, where it is one. The words are the caller's.
+void RefuseInput(Program& program, SheetCell cell = {});
+
 // `AverageFurrowFlow`: the pumped flow over the watered furrows. A line without one is a RunTimeFault
 // (kDivisionByZero).
 void ShareFlow(DesignRecord& record);

@@ -167,12 +167,9 @@ void mnuManHoleSelection_Click(Program& program) {
   record.ManualTargetHead = Store32(Val(TextOf(main, InfoField::kTargetHead)));
   record.BestUniformity = 0;
   if (const SpokenSentence missing = EmptyFieldSentence(program); !missing.empty()) {
-    main.busy = false;
     Say(program, missing);
+    RefuseInput(program);
     Tell(program, words::kInfoMissingForSelection);
-    record.MissingData = -1;
-    main.cmdInterpolate.visible = true;
-    main.cmdCancel.visible = false;
     return;
   }
   main.frameHoleSelection.visible = true;
@@ -192,7 +189,7 @@ void cmdReCalc_Click(Program& program) {
   cmdInterpolate_Click(program);
   switch (program.record.DesignType) {
     case kLimitedHoles:
-      if (program.main.mnuBestHoles.ticked) {
+      if (program.main.best_holes) {
         mnuBestHoles_Click(program);
       } else {
         mnuManHoleSelection_Click(program);
