@@ -10,7 +10,7 @@ namespace torvale {
 namespace {
 
 // Feet to hundredths, as levels are read.
-std::string Feet(double feet) {
+std::string LevelText(double feet) {
   return Format(feet, "###0.00");
 }
 
@@ -25,7 +25,7 @@ std::string StationOf(double station) {
 // What is nothing to hundredths of a foot is neither cut nor fill.
 std::string WorkText(const Stake& stake) {
   if (!stake.designed) return "";
-  const std::string feet = Feet(std::fabs(stake.fill));
+  const std::string feet = LevelText(std::fabs(stake.fill));
   if (feet == "0.00") return "0";
   return (stake.fill > 0 ? "Fill " : "Cut ") + feet;
 }
@@ -53,8 +53,8 @@ StakeRow StakeHeadings(bool elevations) {
 StakeRow StakeTexts(const Stake& stake, bool with_earth) {
   const bool earth = with_earth && stake.fall.has_value();
   return {StationOf(stake.station),
-          Feet(stake.existing),
-          stake.designed ? Feet(*stake.designed) : "",
+          LevelText(stake.existing),
+          stake.designed ? LevelText(*stake.designed) : "",
           WorkText(stake),
           CrownText(stake),
           earth ? CubicYards(stake.fill_earth) : "",
