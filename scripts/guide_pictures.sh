@@ -7,7 +7,9 @@ source scripts/configure.sh
 kWidest=720   # pixels
 kColours=64
 kTemp=$(mktemp -d)
-trap 'rm -rf "$kTemp"' EXIT
+kFields=/tmp/fields   # where the scripts save: the name stands on two of the pictures
+mkdir "$kFields"
+trap 'rm -rf "$kTemp" "$kFields"' EXIT
 
 configure release -DTORVALE_TESTS=ON
 cmake --build build/release --target torvale_pictures
@@ -17,8 +19,9 @@ cat >"$kTemp/screen.json" <<'END'
  "screens": [{"name": "guide", "x": 0, "y": 0, "width": 1920, "height": 1200,
               "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
 END
-QT_QPA_PLATFORM=offscreen:configfile=$kTemp/screen.json HOME=$kTemp build/release/torvale_pictures \
-  data "$kTemp" tests/scripts/guide_*.script
+kProject=$PWD
+(cd "$kFields" && QT_QPA_PLATFORM=offscreen:configfile=$kTemp/screen.json HOME=$kTemp \
+  "$kProject/build/release/torvale_pictures" "$kProject/data" "$kTemp" "$kProject"/tests/scripts/guide_*.script)
 
 # The page for a phone, in a browser.
 tests/desktop/phone_page.py build/release/torvale_script "$kTemp/phone"
