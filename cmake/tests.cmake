@@ -7,8 +7,10 @@ find_library(MPFR_LIBRARY mpfr REQUIRED)
 find_library(GMP_LIBRARY gmp REQUIRED)
 
 # The one file that is compiled with the name of this folder.
-add_library(torvale_source_folder OBJECT ${PROJECT_SOURCE_DIR}/tests/support/source_folder.cpp
-  ${PROJECT_SOURCE_DIR}/tests/support/files_in_memory.cpp)
+add_library(torvale_source_folder OBJECT ${PROJECT_SOURCE_DIR}/tests/support/source_folder.cpp)
+if(NOT WIN32)
+  target_sources(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/files_in_memory.cpp)
+endif()
 target_include_directories(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 target_compile_definitions(torvale_source_folder PRIVATE TORVALE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 
