@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <filesystem>
+#include <iterator>
 
 #include "file_program.h"
 #include "files/file_fault.h"
@@ -48,6 +50,22 @@ TEST_F(FileStoreTest, WhatCannotBeRead) {
   EXPECT_EQ(ErrorOf([&] { ReadBytes(host.ProgramFolder()); }), EISDIR);
   WriteTestFile(path, std::string((8U << 20U) + 1, 'n'));
   EXPECT_EQ(ErrorOf([&] { ReadBytes(path); }), EFBIG);
+}
+
+// A file as it seems, which opens and can't be read from its beginning.
+TEST_F(FileStoreTest, AReadThatFailsIsThrownAsTheSystemsNumber) {
+  EXPECT_EQ(ErrorOf([&] { ReadBytes("/proc/self/mem"); }), EIO);
+}
+
+TEST_F(FileStoreTest, AFileThatWasReadIsClosed) {
+  WriteTestFile(path, "text");
+  const auto open_files = [] {
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return std::distance(begin(files), end(files));
+  };
+  const auto before = open_files();
+  ReadBytes(path);
+  EXPECT_EQ(open_files(), before);
 }
 
 // Nobody writes to the pipe, and the device never ends.

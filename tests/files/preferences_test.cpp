@@ -136,5 +136,17 @@ TEST_F(PreferencesTest, TheFileThatComesWithTheProgramHoldsTheFactoryDefaults) {
                        "\r\n");
 }
 
+// Fields of every form: a number, a hole size, a letter. The two coefficients are marked where they are taken.
+TEST_F(PreferencesTest, AFieldThatWonTBeReadAsTypedIsMarked) {
+  for (const std::size_t index : {0U, 2U, 3U, 4U, 9U}) {
+    Field(index).Set("1,2");
+    EXPECT_NE(Field(index).control.mark, "") << index;
+  }
+  for (const auto& [index, text] : {std::pair{0U, "100"}, {2U, "0.65"}, {3U, "140"}, {4U, "1.2"}, {9U, "E"}}) {
+    Field(index).Set(text);
+    EXPECT_EQ(Field(index).control.mark, "") << index;
+  }
+}
+
 }  // namespace
 }  // namespace torvale

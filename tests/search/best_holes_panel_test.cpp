@@ -3,6 +3,8 @@
 #include <sstream>
 
 #include "base/format.h"
+#include "screen/status_line.h"
+#include "screen/words.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
 #include "search_program.h"
@@ -208,6 +210,25 @@ TEST_F(BestHolesTest, AnotherKindOfPipeDropsTheBound) {
   EXPECT_TRUE(main.Grid2.control.visible);
   EXPECT_FALSE(main.lblBestHoles.visible);
   EXPECT_TRUE(main.lblBestHoles.caption.empty());
+}
+
+// What was said of the selection is not said of its march over the other kind of pipe; where that march faults, it is
+// said why, and no half of it is shown.
+TEST_F(BestHolesTest, AnotherKindOfPipeDropsWhatWasSaid) {
+  Prepare({"3/8", "7/16"}, "2");
+  mnuManHoleSelection_Click(program);
+  cmdExitHoleSelect_Click(program);
+  ASSERT_TRUE(main.Grid2.control.visible);
+  Say(program, words::kSlopeProgress("1", "2", "3", "4", "5", "6"));
+  MarchShownSelection(program);
+  EXPECT_EQ(Status(), "");
+  EXPECT_TRUE(main.Grid2.control.visible);
+  record.WateredFurrows = 0;  // the flow is divided by them
+  MarchShownSelection(program);
+  EXPECT_EQ(Status(), "No row has holes: a watered row needs a furrow length, a hole size and a number of holes.");
+  EXPECT_FALSE(main.Grid2.control.visible);
+  EXPECT_TRUE(main.Grid1.control.visible);
+  EXPECT_EQ(record.DesignOK, "False");
 }
 
 }  // namespace

@@ -307,5 +307,91 @@ TEST_F(SlopeSearchTest, ShowsTheDesignAndUnlocksTheScreenItself) {
   EXPECT_FALSE(main.busy);
 }
 
+// ---- A trial that finds no head ----
+
+// From a target head of -92 feet the search for the head at the far end climbs by the foot. At 20 GPM the level crown is
+// met within its hundred tries; the lower the crown, the more tries it takes, and the crown at 0.010 takes too many.
+constexpr const char* kSunkenHead = "-92";
+constexpr int kTrialThatGivesUp = 10;
+
+// The trials one after the other on the record, as the command makes them; the last one gives up.
+void MakeTrialsPlainly(Program& program) {
+  DesignRecord& record = program.record;
+  int tries = 0;
+  for (int trial = 0; trial <= kTrialThatGivesUp; ++trial) {
+    if (trial > 0) record.SlopeDelta = static_cast<float>(static_cast<double>(record.SlopeDelta) + 0.00001F);
+    LayCrown(program, record.SlopeDelta);
+    RunFlowCalc(program, tries);
+    SortFurrows(record);
+    if (record.CancelFlag) return;  // no furrow has a flow: a uniformity of them is a fault, which ends the run
+    ScreenEngineHost host(program);
+    DistributionEffic(record, host);
+  }
+}
+
+TEST_F(SlopeSearchTest, ATrialThatGivesUpEndsTheFallingSearchWithItsOwnFigures) {
+  LevelLine("20");
+  main.txtInfo[3].Set(kSunkenHead);
+  std::vector<std::string> captions;
+  WatchYields([&] { captions.push_back(main.lblCrownSlope.caption); });
+  mnuDesignConstSlope_Click(program);
+  host.event = nullptr;
+  EXPECT_EQ(record.DesignOK, "False");
+  EXPECT_EQ(host.messages.size(), 1U);
+  // While the trial that gives up is worked, the one before it is the last that is known.
+  ASSERT_FALSE(captions.empty());
+  EXPECT_EQ(captions.back(), "          Crown Slope: .009  Per 100 Feet");
+  EXPECT_NEAR(record.SlopeDelta, 0.0001F, 1e-9F);
+
+  const DesignRecord ended = record;
+  LevelLine("20");
+  main.txtInfo[3].Set(kSunkenHead);
+  cmdInterpolate_Click(program);
+  record.DesignType = kConstantSlope;
+  record.DesignOK = "True";
+  record.CancelFlag = false;
+  record.SlopeDelta = 0;
+  record.DesignElev[1] = record.CrownElev[1];
+  MakeTrialsPlainly(program);
+  EXPECT_EQ(record.DesignOK, "False");
+  EXPECT_TRUE(ended.DesignElev == record.DesignElev);
+  EXPECT_TRUE(ended.Head == record.Head);
+  EXPECT_TRUE(ended.FurrowFlow == record.FurrowFlow);
+  EXPECT_TRUE(ended.NormFurrowFlow == record.NormFurrowFlow);
+  EXPECT_EQ(ended.AccumGPM, record.AccumGPM);
+  EXPECT_EQ(ended.MinHead, record.MinHead);
+  EXPECT_EQ(ended.Uniformity, record.Uniformity);
+}
+
+// What the desktop is told of does not depend on whether anything happens there.
+TEST_F(SlopeSearchTest, CountsTheSameYieldsWhetherOneIsWatchedOrNot) {
+  std::vector<long> counted;
+  for (const bool watched : {false, true}) {
+    LevelLine();
+    const long before = host.yields;
+    if (watched) WatchYields([] {});
+    mnuDesignConstSlope_Click(program);
+    host.event = nullptr;
+    counted.push_back(host.yields - before);
+    mnuWindowInfo_Click(program);
+  }
+  EXPECT_GT(counted[0], 0);
+  EXPECT_EQ(counted[0], counted[1]);
+}
+
+TEST_F(SlopeSearchTest, TheColourOfTheUniformityIsThatOfItsTrial) {
+  LevelLine();
+  bool looked = false;
+  WatchYields([&] {
+    if (looked || main.lblCrownSlope.caption != "          Crown Slope: .001  Per 100 Feet") return;
+    looked = true;
+    EXPECT_GE(record.Uniformity, 90);
+    EXPECT_EQ(main.lblEffic.back, kBrightGreen);
+  });
+  main.lblEffic.back = kYellow;  // of a design before
+  mnuDesignConstSlope_Click(program);
+  EXPECT_TRUE(looked);
+}
+
 }  // namespace
 }  // namespace torvale

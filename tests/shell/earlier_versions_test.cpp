@@ -113,6 +113,19 @@ TEST_F(EarlierVersionsTest, DaysGoneByKeepTheirLastSave) {
                                                   "2 12", "1 12", "0 12"}));
 }
 
+// What thinning takes away does not count among the twenty.
+TEST_F(EarlierVersionsTest, TwentyDaysAreKeptHoweverOftenItWasSaved) {
+  const std::string path = Path("a.DAT");
+  for (int day = 0; day < 28; ++day) {
+    for (int hour : {8, 12, 16}) {
+      host.now = 1'795'219'200'000 + day * kDay + hour * kHour;
+      Save(path, std::to_string(day) + " " + std::to_string(hour));
+      if (day <= 20) continue;
+      ASSERT_EQ(Contents().size(), 20U) << day << " " << hour;
+    }
+  }
+}
+
 TEST_F(EarlierVersionsTest, MonthsGoneByKeepOneAWeek) {
   const std::string path = Path("a.DAT");
   for (int day = 0; day < 60; ++day) {
@@ -149,6 +162,22 @@ TEST_F(EarlierVersionsTest, AllFilesTogetherStayUnderTheLimit) {
   EXPECT_LE(bytes, 1000U);
   // The nine contents a to i were saved over in this order; the last five of them fit.
   EXPECT_EQ(kept, (std::set<char>{'e', 'f', 'g', 'h', 'i'}));
+}
+
+TEST_F(EarlierVersionsTest, TwoSavesInOneMomentAreTwoVersions) {
+  const std::string path = Path("a.DAT");
+  for (const char* bytes : {"one", "two", "three"}) Save(path, bytes);
+  EXPECT_EQ(Contents(), (std::vector<std::string>{"two", "one"}));
+}
+
+// The same design, changed, is no other one.
+TEST_F(EarlierVersionsTest, ADesignOfTheSameNameIsNoOther) {
+  SaveDesign("Dunn", Path("dunn.DAT"));
+  const std::string written = program.record.SaveFileName;
+  TypeText(program, "txtInfo(2)", "850");
+  SaveDesign("Dunn", written);
+  EXPECT_EQ(program.main.sbStatusBar.caption.find("another design"), std::string::npos);
+  EXPECT_EQ(EarlierVersions(host).size(), 1U);
 }
 
 TEST_F(EarlierVersionsTest, SaysWhenAnotherDesignIsSavedOver) {
