@@ -80,6 +80,7 @@ void WindowPlace::Show() {
     screen_.state = WindowState::kMaximized;
     window_.showMaximized();
   }
+  settle_.start();  // title bar and edges, which count too, come with the showing
   window_.activateWindow();
 }
 

@@ -13,7 +13,6 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 SCREEN = (1600, 1200)
-SCREEN_TEXT = f"{SCREEN[0]}x{SCREEN[1]}x24"
 PATIENCE = 30  # seconds that anything may take
 
 # The program and the display must not see the desktop of whoever runs the test.
@@ -43,6 +42,9 @@ class Desk:
     """An X display with a window manager and an empty home, for the time of a `with` block. It needs a message bus of
     its own: run the whole test under dbus-run-session."""
 
+    def __init__(self, screen=SCREEN):
+        self.screen = screen
+
     def __enter__(self):
         self.program = None
         self.folder = pathlib.Path(tempfile.mkdtemp())
@@ -50,7 +52,8 @@ class Desk:
         self.log = open(self.folder / "desk.log", "wb")
         # Keys don't repeat themselves (-r): on a busy machine one that is pressed once may stay down for long.
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN_TEXT, "-nolisten", "tcp", "-r"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.screen[0]}x{self.screen[1]}x24",
+             "-nolisten", "tcp", "-r"],
             pass_fds=[write_end], stdout=self.log, stderr=self.log)
         os.close(write_end)
         with os.fdopen(read_end) as number:

@@ -10,6 +10,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import time
 
 from desk import PATIENCE, SCREEN, Atspi, Desk, Trouble, cell, wait_for
 
@@ -36,6 +37,8 @@ LENGTH = "1320"
 COPIED_COLUMNS = 7  # from the furrow length to the planted width: Enter copies them down from the first row
 DATA = str(pathlib.Path(__file__).resolve().parents[2] / "data")  # what a program newly installed begins with
 SIZES = ("1/2", "9/16", "5/8")  # what the planner of type 6 owns
+TIGHT_SCREEN = (1100, 750)  # a window that begins at its usual place would reach past the edges by its title bar
+SETTLED = 2  # seconds in which a window has found its place
 
 
 def script_of(design):
@@ -185,6 +188,17 @@ def magnify(desk):
     wait_for("the magnified window on the screen", stays, 10)
 
 
+def check_edges(program):
+    """On a screen with hardly more room than the window takes, its title bar and its edges keep it on the screen."""
+    width, height = TIGHT_SCREEN
+    with Desk(TIGHT_SCREEN) as desk:
+        desk.start(program)
+        time.sleep(SETTLED)
+        now = desk.find("frame", "TORVALE").get_extents(Atspi.CoordType.SCREEN)
+        if now.x < 0 or now.y < 0 or now.x + now.width > width or now.y + now.height > height:
+            raise Trouble(f"the window stands at {now.x}, {now.y}, {now.width} x {now.height}, on {width} x {height} pixels")
+
+
 def check_design(program, script_program, design, picture):
     awaited = expected(script_program, design)
     with Desk() as desk:
@@ -213,6 +227,11 @@ def main():
         except Trouble as trouble:
             print(f"FAILED  {caption}: {trouble}")
     print(f"{passed} of {len(DESIGNS)} design types went from the empty sheet to paper")
+    try:
+        check_edges(program)
+    except Trouble as trouble:
+        print(f"FAILED  {trouble}")
+        return 1
     return 0 if passed == len(DESIGNS) else 1
 
 

@@ -309,8 +309,8 @@ TEST_F(SlopeSearchTest, ShowsTheDesignAndUnlocksTheScreenItself) {
 
 // ---- A trial that finds no head ----
 
-// From a target head of -92 feet the search for the head at the far end climbs by the foot. At 20 GPM the level crown is
-// met within its hundred tries; the lower the crown, the more tries it takes, and the crown at 0.010 takes too many.
+// From a target head of -92 feet the search for the head at the far end climbs by the foot. At 20 GPM the level crown
+// is met within its hundred tries; the lower the crown, the more tries it takes, and the crown at 0.010 takes too many.
 constexpr const char* kSunkenHead = "-92";
 constexpr int kTrialThatGivesUp = 10;
 
