@@ -127,10 +127,6 @@ const DesignKind& BestHolesKind() {
   return kBestHoles;
 }
 
-std::string TitleOfRun(std::int16_t design_type) {
-  return TitleWith(FindDesignKind(design_type)->title);
-}
-
 void TickDesign(Program& program, const DesignKind* ticked) {
   for (const DesignKind& kind : kKinds) Tick(program, kind, &kind == ticked);
   TickBestHoles(program, &kBestHoles == ticked);

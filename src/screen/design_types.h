@@ -36,9 +36,8 @@ const DesignKind& BestHolesKind();
 // What a design of that type is called in a list ("Planned Field Design"), a survey among them; empty for no type.
 std::string_view NameOfKind(std::int16_t design_type);
 
-// The title of the main screen with these words behind the program's name, and that of a run of one of the six types.
+// The title of the main screen with these words behind the program's name.
 std::string TitleWith(std::string_view words);
-std::string TitleOfRun(std::int16_t design_type);
 
 // Ticks the menu entry of a row and takes the ticks of the others away; nullptr for none. What the screen says of the
 // best holes goes.

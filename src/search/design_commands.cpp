@@ -31,11 +31,7 @@ bool GaveUp(const DesignRecord& record) {
 void StartOnExistingCrown(Program& program, std::int16_t design_type) {
   MainScreen& main = program.main;
   main.lblCrownSlope.visible = false;
-  main.cmdInterpolate.visible = false;
-  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  TickDesign(program, design_type);
-  program.record.DesignType = design_type;
-  main.title = TitleOfRun(design_type);
+  BeginRun(program, *FindDesignKind(design_type));
   main.busy = true;
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);
@@ -96,6 +92,15 @@ void OfferBestHoles(MainScreen& main, bool offered) {
 
 }  // namespace
 
+void BeginRun(Program& program, const DesignKind& kind) {
+  MainScreen& main = program.main;
+  program.record.DesignType = kind.type;
+  main.title = TitleWith(kind.title);
+  TickDesign(program, &kind);
+  main.cmdInterpolate.visible = false;
+  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
+}
+
 void mnuDesignField_Click(Program& program) {
   StartOnExistingCrown(program, kPlanned);
 }
@@ -107,13 +112,9 @@ void mnuExistingDesign_Click(Program& program) {
 // This command alone leaves the crown slope's label as it stands.
 void mnuDesignConstSlope_Click(Program& program) {
   MainScreen& main = program.main;
-  program.record.DesignType = kConstantSlope;
+  BeginRun(program, *FindDesignKind(kConstantSlope));
   program.record.SlopeDelta = 0;
-  main.title = TitleOfRun(kConstantSlope);
-  main.cmdInterpolate.visible = false;
-  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   LockForSearch(program);
-  TickDesign(program, kConstantSlope);
   cmdInterpolate_Click(program);
   main.busy = true;
   Cal_Dsign_Var(program);
@@ -125,14 +126,10 @@ void mnuDesignConstSlope_Click(Program& program) {
 
 void mnuDesignDualSlope_Click(Program& program) {
   MainScreen& main = program.main;
+  BeginRun(program, *FindDesignKind(kDualSlope));
   program.record.SlopeDelta = 0;
-  main.title = TitleOfRun(kDualSlope);
-  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  LockForSearch(program);
-  TickDesign(program, kDualSlope);
-  main.cmdInterpolate.visible = false;
   main.lblCrownSlope.visible = false;
-  program.record.DesignType = kDualSlope;
+  LockForSearch(program);
   main.busy = true;
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);
@@ -146,11 +143,7 @@ void mnuComputerHoleSelection_Click(Program& program) {
   MainScreen& main = program.main;
   program.record.DesignOK = "True";
   main.lblCrownSlope.visible = false;
-  main.cmdInterpolate.visible = false;
-  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  TickDesign(program, kComputerHoles);
-  program.record.DesignType = kComputerHoles;
-  main.title = TitleOfRun(kComputerHoles);
+  BeginRun(program, *FindDesignKind(kComputerHoles));
   main.busy = true;
   cmdInterpolate_Click(program);
   Cal_Dsign_Var(program);

@@ -97,16 +97,12 @@ void BeginListedDesign(Program& program, const DesignKind& kind) {
   main.busy = true;
   record.CalcProblem.clear();
   record.ManualTargetHead = Store32(Val(TextOf(main, InfoField::kTargetHead)));
-  record.DesignType = kLimitedHoles;
   record.BestUniformity = 0;
   record.BestHeadFound = 0;
   TakeSelectedSizes(program);
-  main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
-  TickDesign(program, &kind);
-  main.title = TitleWith(kind.title);
+  BeginRun(program, kind);
   main.lblCrownSlope.visible = false;
   ForgetBestHoles(main);
-  main.cmdInterpolate.visible = false;
   ScreenControlsOff(program);
   main.busy = true;
   cmdInterpolate_Click(program);

@@ -58,7 +58,7 @@ TEST(DesignTypes, TheWayBackLeavesOneTick) {
 
 TEST(DesignTypes, TitlesStandBehindTheName) {
   EXPECT_EQ(TitleWith(""), "TORVALE   ");
-  EXPECT_EQ(TitleOfRun(kExistingField), "TORVALE   Existing Field Design");
+  EXPECT_EQ(TitleWith(FindDesignKind(kExistingField)->title), "TORVALE   Existing Field Design");
 }
 
 }  // namespace
