@@ -26,39 +26,39 @@ Block SelectedBlock(const Grid& grid) {
           std::max(grid.column, grid.column_sel)};
 }
 
-void CopyBlock(DesignRecord& record, Grid& grid) {
+void CopyBlock(BlockClipboard& clipboard, Grid& grid) {
   const Block block = SelectedBlock(grid);
-  record.PasteRow1 = static_cast<std::int16_t>(block.row1);
-  record.PasteCol1 = static_cast<std::int16_t>(block.column1);
+  clipboard.PasteRow1 = static_cast<std::int16_t>(block.row1);
+  clipboard.PasteCol1 = static_cast<std::int16_t>(block.column1);
   for (int row = block.row1; row <= block.row2; ++row) {
     for (int column = block.column1; column <= block.column2; ++column) {
-      record.GridClipboard.Set(row, column, grid.Text(row, column));
+      clipboard.GridClipboard.Set(row, column, grid.Text(row, column));
     }
   }
 }
 
-void CutBlock(DesignRecord& record, Grid& grid) {
+void CutBlock(BlockClipboard& clipboard, Grid& grid) {
   const Block block = SelectedBlock(grid);
-  CopyBlock(record, grid);
-  record.PasteRows = static_cast<std::int16_t>(block.row2 - block.row1 + 1);
-  record.PasteCols = static_cast<std::int16_t>(block.column2 - block.column1 + 1);
+  CopyBlock(clipboard, grid);
+  clipboard.PasteRows = static_cast<std::int16_t>(block.row2 - block.row1 + 1);
+  clipboard.PasteCols = static_cast<std::int16_t>(block.column2 - block.column1 + 1);
   if (block.row2 > 0) grid.cells().Erase(std::max(block.row1, 1), block.column1, block.row2, block.column2);
   grid.SetCurrent(block.row1, block.column1);
 }
 
-void PasteBlock(DesignRecord& record, Grid& grid) {
+void PasteBlock(BlockClipboard& clipboard, Grid& grid) {
   const Block target = SelectedBlock(grid);
-  int source_row = std::max<int>(record.PasteRow1, 1);
+  int source_row = std::max<int>(clipboard.PasteRow1, 1);
   for (int row = target.row1; row <= target.row2; ++row) {
-    int source_column = record.PasteCol1;
+    int source_column = clipboard.PasteCol1;
     for (int column = target.column1; column <= target.column2; ++column, ++source_column) {
       if (row == 0 || row >= kPasteRowEnd || column >= kPasteColumnEnd) continue;
-      grid.Set(row, column, Taken(record.GridClipboard, source_row, source_column));
+      grid.Set(row, column, Taken(clipboard.GridClipboard, source_row, source_column));
     }
     if (source_row < kLastSourceRow) ++source_row;
   }
-  grid.SetCurrent(std::min<int>(record.PasteRow1, grid.rows() - 1),
-                  std::min<int>(record.PasteCol1, grid.column_count() - 1));
+  grid.SetCurrent(std::min<int>(clipboard.PasteRow1, grid.rows() - 1),
+                  std::min<int>(clipboard.PasteCol1, grid.column_count() - 1));
 }
 
 }  // namespace torvale

@@ -146,7 +146,7 @@ BestHoles Look(Program& program, const PlanTask& task, const BestHolesWatch& wat
 }
 
 // The line with the plan's holes, as a limited selection leaves it.
-bool MarchPlan(Program& program, const PlanTask& task, const FoundPlan& found, int& tries) {
+void MarchPlan(Program& program, const PlanTask& task, const FoundPlan& found, int& tries) {
   DesignRecord& record = program.record;
   LayPlan(task, found.plan, record);
   record.HoleSizeIdeal.Clear();
@@ -155,7 +155,6 @@ bool MarchPlan(Program& program, const PlanTask& task, const FoundPlan& found, i
   record.DesignOK = "True";
   RunFlowCalcQuietly(program, tries);
   record.BestUniformity = found.outcome.uniformity;
-  return true;
 }
 
 void TellNone(Program& program, const PlanLimits& limits) {
@@ -180,7 +179,8 @@ bool RunBestHoles(Program& program, PlanLimits& limits) {
         // Cancelled so late, the search itself stands.
         if (curve.size() < static_cast<std::size_t>(kCurveStretches)) curve.clear();
       }
-      return MarchPlan(program, task, *found.best, tries);
+      MarchPlan(program, task, *found.best, tries);
+      return true;
     }
     if (!record.CancelFlag) TellNone(program, limits);
     return false;
