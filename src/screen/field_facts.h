@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <string_view>
 
 #include "record/kinds.h"
@@ -164,17 +165,17 @@ inline constexpr std::array<PreferenceFacts, 16> kPreferenceFacts = {{
 }};
 
 // The index of an information field or a preference by the name of its control ("txtInfo(3)"), or -1 for any other.
-inline int IndexIn(std::string_view fields, std::string_view control) {
+inline int IndexIn(std::string_view fields, std::size_t count, std::string_view control) {
   if (!control.starts_with(fields) || !control.ends_with(')')) return -1;
   int index = -1;
   std::from_chars(control.data() + fields.size(), control.data() + control.size(), index);
-  return index;
+  return index < static_cast<int>(count) ? index : -1;
 }
 inline int InfoIndex(std::string_view control) {
-  return IndexIn("txtInfo(", control);
+  return IndexIn("txtInfo(", kInfoFacts.size(), control);
 }
 inline int PreferenceIndex(std::string_view control) {
-  return IndexIn("txtDefault(", control);
+  return IndexIn("txtDefault(", kPreferenceFacts.size(), control);
 }
 
 }  // namespace torvale
