@@ -6,7 +6,7 @@ namespace torvale {
 namespace {
 
 bool StartsCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+  return !ContinuesCharacter(byte);
 }
 
 }  // namespace

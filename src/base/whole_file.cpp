@@ -16,6 +16,7 @@
 
 #include "base/paths.h"
 #include "base/platform.h"
+#include "base/utf8.h"
 
 namespace torvale {
 namespace {
@@ -187,7 +188,7 @@ int WriteBeside(const Disk& disk, const fs::path& target, std::string_view bytes
 // The tail of a name tells the most: number and extension stand there.
 std::string TailOf(const std::string& name) {
   std::size_t at = name.size() > kLongestTail ? name.size() - kLongestTail : 0;
-  while (at < name.size() && (static_cast<unsigned char>(name[at]) & 0xC0U) == 0x80U) ++at;
+  while (at < name.size() && ContinuesCharacter(name[at])) ++at;
   return name.substr(at);
 }
 

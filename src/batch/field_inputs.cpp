@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "batch/csv_text.h"
 #include "batch/survey_table.h"
 #include "batch/text_files.h"
@@ -115,7 +116,7 @@ void EnterSurvey(Program& program, const FieldRow& field, const SurveyTable& sur
 void OpenDesign(QuietProgram& quiet, const FieldRow& field, const std::filesystem::path& path) {
   Program& program = quiet.program();
   quiet.host().told.clear();
-  program.record.OpenedFileName = path.string();
+  program.record.OpenedFileName = Utf8Of(path);
   OpenFile(program);
   for (const Told& message : quiet.host().told) {
     if (message.body.starts_with("Error opening file")) throw FieldFault(field.survey + ": " + message.body);

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "base/numbers.h"
+#include "base/utf8.h"
 #include "base/version.h"
 #include "batch/content_hash.h"
 #include "batch/field_inputs.h"
@@ -264,7 +265,7 @@ std::string FolderOf(const FieldRow& field) {
   }
   if (name.size() > kLongest) {
     std::size_t end = kLongest;
-    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
+    while (end > 0 && ContinuesCharacter(name[end])) --end;
     name.resize(end);
   }
   return name.empty() ? number : number + "-" + name;

@@ -32,10 +32,6 @@ std::string HoleNumberText(const DesignRecord& record, int i, const NumberPatter
   return Format(whole ? number : Val(GeneralText(number)), pattern);
 }
 
-std::string Pattern(float value, const NumberPattern& pattern) {
-  return Format(value, pattern);
-}
-
 }  // namespace
 
 int ChosenSizeIndex(const DesignRecord& record, int i) {
@@ -43,7 +39,7 @@ int ChosenSizeIndex(const DesignRecord& record, int i) {
 }
 
 std::string StationText(const DesignRecord& record, int i) {
-  return Pattern(AtRow(record, record.Station, i), kFeet);
+  return Format(AtRow(record, record.Station, i), kFeet);
 }
 
 std::string FlowRatioText(const DesignRecord& record, int i) {
@@ -99,7 +95,7 @@ std::string CellText(const Program& program, ResultColumn column, int i, const R
     case kResultHoleNumber:
       return HoleNumberText(record, i, patterns.hole_number);
     case kResultFlow:
-      return Pattern(AtRow(record, record.FurrowFlow, i), patterns.flow);
+      return Format(AtRow(record, record.FurrowFlow, i), patterns.flow);
     case kResultHead:
       return Format(AtRow(record, record.Head, i), patterns.head);
     case kResultFlowRatio:
@@ -107,7 +103,7 @@ std::string CellText(const Program& program, ResultColumn column, int i, const R
     case kResultFurrowLength:
       return Format(AtRow(record, record.FurrowLength, i), kLength);
     case kResultCrown:
-      return Pattern(AtRow(record, CrownOfDesign(record), i), kElevation);
+      return Format(AtRow(record, CrownOfDesign(record), i), kElevation);
     case kResultHoleCount:
       return GeneralText(AtRow(record, record.HolesPerFurrow, i));
     case kResultMil:
@@ -115,7 +111,7 @@ std::string CellText(const Program& program, ResultColumn column, int i, const R
     case kResultPipeDia:
       return GeneralText(AtRow(record, record.PipeDia, i));
     case kResultPlantedWidth:
-      return Pattern(AtRow(record, record.PlantedWidth, i), kPlantedWidth);
+      return Format(AtRow(record, record.PlantedWidth, i), kPlantedWidth);
     case kResultMargin:
       return "";
   }

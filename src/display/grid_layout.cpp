@@ -135,14 +135,19 @@ std::string_view ResultHeading(const Program& program, int column) {
   return kResultLayout.at(static_cast<std::size_t>(column)).heading;
 }
 
+void TickPipe(Program& program) {
+  const bool layflat = IsLayflat(program.record);
+  program.main.mnuLayflatPipe.ticked = layflat;
+  program.main.mnuRigidPipe.ticked = !layflat;
+}
+
 void GridSet(Program& program) {
   MainScreen& main = program.main;
   main.cmdDesignToggle.place = {9250, 2620, 1100, 580};
   main.cmdReCalc.place = {9250, 2295, 1100, 315};
   LayOutSurvey(program);
   LayOutResults(program);
-  main.mnuLayflatPipe.ticked = IsLayflat(program.record);
-  main.mnuRigidPipe.ticked = !main.mnuLayflatPipe.ticked;
+  TickPipe(program);
   LayOutAppliedWater(main.GridInchesApplied);
   main.frameShowLimitedHoles.place = {10900, 2200, 4455, 7130};
 }

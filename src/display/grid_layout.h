@@ -29,6 +29,9 @@ inline constexpr int kResultColumns = 13;
 // The heading of a column of the results, as the layout has it: what is typed may stand in the grid's own cell instead.
 std::string_view ResultHeading(const Program& program, int column);
 
+// Ticks the menu entry of the kind of pipe, `PipeKind`: whatever isn't layflat counts as rigid.
+void TickPipe(Program& program);
+
 // Gives `Grid1`, `Grid2`, `GridInchesApplied` and the frame beside them their fixed shape: place, size, headings,
 // widths, alignment and colours. Typed data stays, but for cell (1,0) of `Grid1`, which becomes "0", and, before any
 // design, an empty cell (1,5), which takes the first hole size. `Grid2` is made invisible. The ticks of the two pipe

@@ -8,13 +8,12 @@
 #include "base/format.h"
 #include "base/numbers.h"
 #include "display/cell_texts.h"
+#include "engine/acres.h"
 #include "record/hole_sizes.h"
 #include "screen/fields.h"
 
 namespace torvale {
 namespace {
-
-constexpr double kSquareFeetPerAcre = 43560;
 
 bool CompleteDesignShown(const Program& program) {
   return program.main.cmdDesignToggle.caption == "Complete Design";

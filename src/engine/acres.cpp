@@ -9,7 +9,7 @@ bool AcreCalc(Design& record) {
   try {
     double sum = 0;
     for (int i = 1; i <= record.HoleRows - 1; ++i) {
-      sum += record.FurrowLength[i] * Wide(record.PlantedWidth[i]) / 43560;
+      sum += record.FurrowLength[i] * Wide(record.PlantedWidth[i]) / kSquareFeetPerAcre;
     }
     record.TotalAcres = Store32(sum);
     return true;

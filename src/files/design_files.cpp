@@ -8,8 +8,10 @@
 #include "base/format.h"
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "base/utf8.h"
 #include "base/version.h"
 #include "display/design_display.h"
+#include "display/grid_layout.h"
 #include "display/input_screen.h"
 #include "engine/stations.h"
 #include "engine/survey.h"
@@ -37,7 +39,7 @@ constexpr double kSoilVersion = 6;  // first version that recommended a furrow f
 // Where the last character of a text begins.
 std::size_t LastCharacter(std::string_view text) {
   std::size_t at = text.size() - 1;
-  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) --at;
+  while (at > 0 && ContinuesCharacter(text[at])) --at;
   return at;
 }
 
@@ -112,13 +114,6 @@ void Load(Program& program, int& sizes) {
   ++program.stored_count;
 }
 
-void TickPipe(Program& program) {
-  if (program.record.PipeKind.empty()) program.record.PipeKind = kLayflat;
-  const bool layflat = IsLayflat(program.record);
-  program.main.mnuLayflatPipe.ticked = layflat;
-  program.main.mnuRigidPipe.ticked = !layflat;
-}
-
 // Brings the title and the tick of the type that was read, and works out anew the holes that no file holds.
 void ShowType(Program& program) {
   MainScreen& main = program.main;
@@ -142,6 +137,7 @@ void ShowOpened(Program& program, int sizes) {
   RestoreFlowRatio(record);
   main.listHolesSelected.Clear();
   for (int i = 0; i < sizes; ++i) main.listHolesSelected.Add(record.SelectedHoleName[i]);
+  if (record.PipeKind.empty()) record.PipeKind = kLayflat;
   TickPipe(program);
   const bool made_anew = record.DesignType == kComputerHoles;
   ShowType(program);

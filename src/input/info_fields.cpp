@@ -104,8 +104,7 @@ void SetPipeKind(Program& program, std::string_view kind) {
   MainScreen& main = program.main;
   program.record.PipeKind = kind;
   const bool rigid = IsRigid(program.record);
-  main.mnuLayflatPipe.ticked = IsLayflat(program.record);
-  main.mnuRigidPipe.ticked = rigid;
+  TickPipe(program);
   main.Grid1.Set(0, kHoleSizeColumn, rigid ? "Hole Width (fractions)" : "Hole Diameter (fractions)");
 }
 

@@ -231,8 +231,7 @@ void ExtendSelection(Program& program, int row, int column) {
 
 std::string WithoutLastCharacter(std::string text) {
   if (Trim(text).empty()) return text;
-  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-  while (text.size() > 1 && continues(text.back())) text.pop_back();
+  while (text.size() > 1 && ContinuesCharacter(text.back())) text.pop_back();
   text.pop_back();
   return text;
 }

@@ -80,20 +80,16 @@ void TakeSpacings(const DesignRecord& record, CrewSheet& sheet) {
   }
 }
 
-std::string Pattern(float value, std::string_view pattern) {
-  return Format(value, pattern);
-}
-
 void TakeFigures(const Program& program, CrewSheet& sheet) {
   const DesignRecord& record = program.record;
   const auto add = [&](std::string label, std::string text) { sheet.figures.emplace_back(std::move(label), text); };
   add("Flow", TextOf(program.main, InfoField::kGpm) + " GPM");
-  add("Highest head", Pattern(record.MaxHead, "0.00") + " ft at station " + GeneralText(record.MaxHeadStation));
-  add("Lowest head", Pattern(record.MinHead, "0.00") + " ft at station " + GeneralText(record.MinHeadStation));
+  add("Highest head", Format(record.MaxHead, "0.00") + " ft at station " + GeneralText(record.MaxHeadStation));
+  add("Lowest head", Format(record.MinHead, "0.00") + " ft at station " + GeneralText(record.MinHeadStation));
   add("Uniformity", GeneralText(record.Uniformity) + " percent");
-  add("Acres", Pattern(record.TotalAcres, "###0.0"));
-  add("Hours for 1 inch", Pattern(record.HoursOneInch, "###0.0"));
-  add("Hours for 2 inches", Pattern(record.HoursTwoInch, "###0.0"));
+  add("Acres", Format(record.TotalAcres, "###0.0"));
+  add("Hours for 1 inch", Format(record.HoursOneInch, "###0.0"));
+  add("Hours for 2 inches", Format(record.HoursTwoInch, "###0.0"));
 }
 
 }  // namespace

@@ -14,10 +14,6 @@ constexpr double kLeft = 0.5;
 constexpr double kMiddle = 3.5;
 constexpr double kStep = 0.2;  // from one line to the next
 
-std::string Pattern(float value, std::string_view pattern) {
-  return Format(value, pattern);
-}
-
 void PrintFigures(DocumentWriter& writer, const Program& program) {
   const DesignRecord& record = program.record;
   const auto& info = program.main.txtInfo;
@@ -29,8 +25,8 @@ void PrintFigures(DocumentWriter& writer, const Program& program) {
   writer.Text(kMiddle, 1.2, "Date: " + info[1].text(), kMiddleRoom);
   writer.Text(kLeft, 1.4, "GPM: " + info[2].text(), kLeftRoom);
   writer.Text(kMiddle, 1.4, "Location: " + info[4].text(), kMiddleRoom);
-  writer.Text(kLeft, 1.6, "Distribution Uniformity: " + Pattern(record.Uniformity, "###.#"), kLeftRoom);
-  writer.Text(kMiddle, 1.6, "Acres: " + Pattern(record.TotalAcres, "####.#"), kMiddleRoom);
+  writer.Text(kLeft, 1.6, "Distribution Uniformity: " + Format(record.Uniformity, "###.#"), kLeftRoom);
+  writer.Text(kMiddle, 1.6, "Acres: " + Format(record.TotalAcres, "####.#"), kMiddleRoom);
 }
 
 std::string HoleText(const Program& program, int i) {
@@ -114,9 +110,9 @@ void PrintSpacingTable(DocumentWriter& writer, DesignRecord& record, double& y) 
 // Below the soil, beside the last rows of the applied water and past them.
 void PrintHeads(DocumentWriter& writer, const DesignRecord& record, double y) {
   const std::string lines[] = {
-      "Maximum Head = " + Pattern(record.MaxHead, "##.00"),
+      "Maximum Head = " + Format(record.MaxHead, "##.00"),
       "Maximum Head Station = " + GeneralText(record.MaxHeadStation),
-      "Minimum Head = " + Pattern(record.MinHead, "##.00"),
+      "Minimum Head = " + Format(record.MinHead, "##.00"),
       "Minimum Head Station = " + GeneralText(record.MinHeadStation),
   };
   int row = 3;

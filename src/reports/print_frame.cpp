@@ -1,11 +1,10 @@
 #include "reports/print_frame.h"
 
-#include <array>
-
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
 #include "base/version.h"
+#include "display/applied_water.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -17,18 +16,6 @@ constexpr double kLeftRoom = 3.4;   // up to the second column
 constexpr double kRightRoom = 3.9;  // up to the edge of the table
 constexpr double kWholeRoom = 7.4;  // from the first column to that edge
 
-struct AppliedWaterLine {
-  std::string_view inches;
-  float DesignRecord::*hours;
-};
-
-constexpr std::array<AppliedWaterLine, 5> kAppliedWater = {{
-    {"0.5", &DesignRecord::HoursHalfInch},
-    {"1.0", &DesignRecord::HoursOneInch},
-    {"1.5", &DesignRecord::HoursOneHalfInch},
-    {"2.0", &DesignRecord::HoursTwoInch},
-    {"3.0", &DesignRecord::HoursThreeInch},
-}};
 constexpr double kAppliedHeading = 0.34;  // two lines of headings
 
 // One word or two, the second below the first, ahead of the rule at `end`.
@@ -54,10 +41,6 @@ constexpr ColumnHeading kLastHeadings[] = {
     {6.4, "Pipe Dia.", 6.45, "Inches", kTableRules[11]},
     {7.1, "Accum.", 7.15, "GPM", kTableRules[12]},
 };
-
-std::string Pattern(float value, std::string_view pattern) {
-  return Format(value, pattern);
-}
 
 std::string AverageFurrowFlow(const DesignRecord& record) {
   if (record.WateredFurrows == 0) return "0";
@@ -119,10 +102,10 @@ void PrintAppliedWater(DocumentWriter& writer, const DesignRecord& record, doubl
   writer.Text(1.7, y + 0.17, "Hours");
   writer.Text(2.3, y + 0.17, "Days");
   int row = 0;
-  for (const AppliedWaterLine& line : kAppliedWater) {
+  for (const AppliedDepth& depth : kAppliedDepths) {
     const double at = AppliedWaterRow(y, row++);
-    const float hours = record.*line.hours;
-    writer.Text(0.85, at, line.inches);
+    const float hours = record.*depth.hours;
+    writer.Text(0.85, at, depth.inches);
     writer.Text(1.7, at, GeneralText(hours), 0.48);
     writer.Text(2.4, at, Format(Wide(hours) / 24, "##.0"), 0.58);
   }
@@ -147,7 +130,7 @@ void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {
     writer.SetDrawWidth(3);
     PrintAppliedWater(writer, record, top);
     PrintSoil(writer, program, top);
-    y = Store32(AppliedWaterRow(top, static_cast<int>(kAppliedWater.size()) - 1));
+    y = Store32(AppliedWaterRow(top, static_cast<int>(kAppliedDepths.size()) - 1));
   }
   y = Store32(y + 0.3);
   PrintColumnHeadings(writer, ReadsRods(program.main), y);
@@ -165,14 +148,14 @@ void PrintDesignData(DocumentWriter& writer, const Program& program) {
   right(1.6, SurveyKindText(main));
   left(1.8, "Target Head: " + TextOf(main, InfoField::kTargetHead));
   right(1.8, "GPM: " + TextOf(main, InfoField::kGpm));
-  left(2.0, "Maximum Head: " + Pattern(record.MaxHead, "##.00"));
+  left(2.0, "Maximum Head: " + Format(record.MaxHead, "##.00"));
   right(2.0, "Maximum Head Station: " + GeneralText(record.MaxHeadStation));
-  left(2.2, "Minimum Head: " + Pattern(record.MinHead, "##.00"));
+  left(2.2, "Minimum Head: " + Format(record.MinHead, "##.00"));
   right(2.2, "Minimum Head Station: " + GeneralText(record.MinHeadStation));
-  left(2.4, "Maximum Furrow Flow (GPM): " + Pattern(record.MaxFurrowFlow, "##.00"));
-  right(2.4, "Minimum Furrow Flow(GPM): " + Pattern(record.MinFurrowFlow, "##.00"));
+  left(2.4, "Maximum Furrow Flow (GPM): " + Format(record.MaxFurrowFlow, "##.00"));
+  right(2.4, "Minimum Furrow Flow(GPM): " + Format(record.MinFurrowFlow, "##.00"));
   left(2.6, "Distribution Efficiency = " + GeneralText(record.Uniformity));
-  right(2.6, "Acres = " + Pattern(record.TotalAcres, "###0.0"));
+  right(2.6, "Acres = " + Format(record.TotalAcres, "###0.0"));
   if (IsSlopeDesign(record)) writer.Text(kLeft, 2.8, main.lblCrownSlope.caption, kWholeRoom);
   writer.SetDrawWidth(3);
 }

@@ -10,13 +10,8 @@
 namespace torvale {
 namespace {
 
-// A head or a flow as the read-outs of a design have it.
-std::string Figure(float value, std::string_view pattern) {
-  return Format(value, pattern);
-}
-
 std::string HeadAt(float head, int station) {
-  return Figure(head, "##.00") + " at " + std::to_string(station);
+  return Format(head, "##.00") + " at " + std::to_string(station);
 }
 
 // "9/16  1/2", from the largest on, as the sizes follow one another along most lines.
@@ -44,14 +39,14 @@ std::vector<Cell> CellsOf(const ScenarioResult& result) {
   return {{kComparedUniformity, GeneralText(result.uniformity), number(result.uniformity)},
           {kComparedHighestHead, HeadAt(result.max_head, result.max_head_station), number(result.max_head)},
           {kComparedLowestHead, HeadAt(result.min_head, result.min_head_station), number(result.min_head)},
-          {kComparedLeastFlow, Figure(result.min_furrow_flow, "####.00"), number(result.min_furrow_flow)},
-          {kComparedGreatestFlow, Figure(result.max_furrow_flow, "####.00"), number(result.max_furrow_flow)},
+          {kComparedLeastFlow, Format(result.min_furrow_flow, "####.00"), number(result.min_furrow_flow)},
+          {kComparedGreatestFlow, Format(result.max_furrow_flow, "####.00"), number(result.max_furrow_flow)},
           {kComparedSizes, SizesText(result.sizes), static_cast<double>(result.sizes.size())},
           {kComparedChanges, std::to_string(result.size_changes), result.size_changes},
           {kComparedSlope, SlopeText(result), result.slope},
-          {kComparedFill, result.highest_fill ? Figure(*result.highest_fill, "##.00") : "",
+          {kComparedFill, result.highest_fill ? Format(*result.highest_fill, "##.00") : "",
            result.highest_fill ? number(*result.highest_fill) : std::nullopt},
-          {kComparedHours, Figure(result.hours_for_inch, "###.0"), number(result.hours_for_inch)}};
+          {kComparedHours, Format(result.hours_for_inch, "###.0"), number(result.hours_for_inch)}};
 }
 
 void ListDesigns(DeskScreen& desk) {

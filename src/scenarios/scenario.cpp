@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "display/cell_texts.h"
 #include "display/colour_meanings.h"
+#include "display/grid_layout.h"
 #include "display/hole_summary.h"
 #include "input/focus.h"
 #include "record/kinds.h"
@@ -42,8 +43,7 @@ void Lay(const ScenarioInput& input, Program& program) {
   for (std::size_t i = 0; i < input.fields.size(); ++i) LayText(main.txtInfo.at(i), input.fields.at(i));
   main.Grid1.cells() = input.sheet;
   record.PipeKind = input.pipe_kind;
-  main.mnuLayflatPipe.ticked = IsLayflat(record);
-  main.mnuRigidPipe.ticked = IsRigid(record);
+  TickPipe(program);
   main.listHolesSelected.Clear();
   for (const std::string& size : input.hole_sizes) main.listHolesSelected.Add(size);
   for (std::size_t i = 0; i < input.best_limits.size(); ++i) LayText(main.txtBest.at(i), input.best_limits.at(i));

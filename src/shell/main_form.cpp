@@ -108,9 +108,9 @@ void Form_Load(Program& program) {
   OpenDesk(program);
   EnablePrinting(main, false);
   PlacePanels(main);
-  main.mnuLayflatPipe.ticked = true;
   record.FileVersion = ProgramVersion();
   record.PipeKind = kLayflat;
+  TickPipe(program);
   main.lblOpenFilter.caption = "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)";
   if (record.StationInterval == 0) record.StationInterval = 100;
   FillBlankPreferences(main);
