@@ -1,3 +1,4 @@
+// base/platform.h on POSIX systems.
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/file.h>

@@ -1,3 +1,4 @@
+// base/platform.h on Windows.
 #include <windows.h>
 // The order matters: the headers of the shell need those above.
 #include <fcntl.h>

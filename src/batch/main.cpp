@@ -1,3 +1,4 @@
+// torvale_batch: many fields in one go.
 #include <csignal>
 #include <cstdlib>
 #include <iostream>

@@ -1,3 +1,4 @@
+// The Complete Design table: every outlet along the pipe.
 #include <optional>
 
 #include "base/arithmetic.h"

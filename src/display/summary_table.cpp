@@ -1,3 +1,4 @@
+// The Summary table: the rows at which something changes.
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"

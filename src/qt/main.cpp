@@ -1,3 +1,4 @@
+// torvale: the program with its windows.
 #include <QApplication>
 #include <QFileInfo>
 #include <QStandardPaths>

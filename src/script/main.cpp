@@ -1,3 +1,4 @@
+// torvale_script: replays a script on a desktop without a screen.
 #include <csignal>
 #include <filesystem>
 #include <fstream>

@@ -1,3 +1,4 @@
+// What a user does in grids, by pointer and by key: see shell/events.h.
 #include <algorithm>
 #include <array>
 #include <optional>

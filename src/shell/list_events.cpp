@@ -1,3 +1,4 @@
+// What a user does to the lines of lists: see shell/events.h.
 #include <algorithm>
 #include <array>
 
