@@ -28,6 +28,7 @@ MENU_ORDER = ("Planned Design", "Design Constant Slope", "Design Dual Slope", "C
               "User Hole Selection", "Existing Field Design")
 REPORTS = ("Summary", "Complete Design", "Hole Summary")
 
+PROFILE = "Profile of Crown"  # the window's title
 NAME = "End to end"
 DATE = "11/21/2026"
 GPM = "300"
@@ -175,6 +176,14 @@ def work_through(desk, design, awaited):
             raise Trouble(f"the paper of {REPORTS[index]} is not what the same work prints without a window: {paper(path)}")
 
 
+def look_at_profile(desk):
+    """The crown profile opens by its letter in the menu bar and goes with Esc."""
+    desk.keys("alt+c")
+    wait_for("the crown profile", lambda: desk.look(lambda node: node.get_name() == PROFILE))
+    desk.keys("Escape")
+    wait_for("the end of the crown profile", lambda: desk.look(lambda node: node.get_name() == PROFILE) is None)
+
+
 def magnify(desk):
     """At 250 percent the window would be larger than the screen: its edges stay on it, under a title bar too."""
     window = desk.find("frame", "TORVALE")
@@ -205,6 +214,7 @@ def check_design(program, script_program, design, picture):
         desk.start(program)
         try:
             work_through(desk, design, awaited)
+            look_at_profile(desk)
             magnify(desk)
         finally:
             desk.picture(picture)

@@ -93,6 +93,29 @@ TEST_F(DesignFilesWindowTest, WhoHasDesignsOpensWhereTheDesktopBegins) {
   EXPECT_FALSE(OpenBeginsIn().startsWith(data_.path()));
 }
 
+TEST_F(DesignFilesWindowTest, ADialogBeginsInTheFolderLastUsed) {
+  ASSERT_TRUE(QDir(data_.path()).mkdir("designs"));
+  record().DesignType = kPlanned;
+  QTimer::singleShot(0, qApp, [this] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    QTest::qWait(1);
+    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(data_.filePath("designs/east"));
+    static_cast<QDialog*>(dialog)->accept();
+  });
+  Choose("mnuFileSaveAs");
+  ASSERT_TRUE(QFile::exists(data_.filePath("designs/east.PFD")));
+  EXPECT_EQ(OpenBeginsIn().toStdString(), data_.filePath("designs").toStdString());
+}
+
+// A single one would underline the letter behind it.
+TEST_F(DesignFilesWindowTest, ARecentEntryShowsItsAmpersand) {
+  const QString path = data_.filePath("Dunn & Sons");
+  ASSERT_TRUE(QFile::rename(SavedSurvey(), path));
+  window_->OpenDesign(path);
+  EXPECT_EQ(Find<QAction>("mnuFileList(0)").text(), data_.filePath("Dunn && Sons"));
+}
+
 TEST_F(DesignFilesWindowTest, OpenShowsItsTitleItsFiltersAndThePreferredOne) {
   main().txtDefault[15].Set("CSD");
   const Seen seen = LookAtDialogOf("mnuFileOpen");

@@ -31,6 +31,10 @@ TEST_F(SoilsWindowTest, ClosingHidesItAndTheProgramGoesOn) {
   EXPECT_FALSE(program_->soils.visible);
   EXPECT_FALSE(main().closed);
   Choose("mnuSoils_and_Furrow");
+  Key(Find<QTableView>("Grd_Soils_FurrowFlow"), Qt::Key_Escape);
+  EXPECT_FALSE(Editor().isVisible());
+  EXPECT_FALSE(program_->soils.visible);
+  Choose("mnuSoils_and_Furrow");
   EXPECT_TRUE(Editor().isVisible());
   window_->close();
   EXPECT_FALSE(Editor().isVisible());

@@ -188,6 +188,18 @@ TEST_F(StationOrderTest, ANoRefuses) {
   EXPECT_EQ(Status(), "Rows 2 and 3: the station does not rise.");
 }
 
+// A selection that begins on its panel interpolates nothing, and the sheet may be hidden.
+TEST_F(StationOrderTest, TheSheetIsThereForTheQuestion) {
+  TwoSteps();
+  cmdInterpolate_Click(program);
+  main.Grid1.control.visible = false;
+  record.DesignType = kPlanned;
+  host.answers = {false};
+  Cal_Dsign_Var(program);
+  EXPECT_EQ(host.questions.size(), 1U);
+  EXPECT_TRUE(main.Grid1.control.visible);
+}
+
 TEST_F(StationOrderTest, AYesGoesOnWithTheRowsBelowInTheSameRun) {
   TwoSteps();
   host.answers = {true, false};

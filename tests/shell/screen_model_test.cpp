@@ -9,6 +9,7 @@
 
 #include "display/grid_layout.h"
 #include "engine/survey.h"
+#include "reports/stale_mark.h"
 #include "shell/commands.h"
 #include "shell/started_program.h"
 #include "support/long_runs.h"
@@ -118,8 +119,7 @@ struct ModelledUser : StartedProgramTest {
       host.event_at = host.yields + 1;
       host.event = [this] { Click(program, "cmdCancel"); };
     }
-    const bool stale = !program.main.cmdReCalc.mark.empty();
-    host.answers.assign(stale ? 1 : 0, true);  // a report of stale figures asks first
+    host.answers.assign(FiguresAreStale(program) ? 1 : 0, true);  // a report of stale figures asks first
     const Reach reach = Click(program, control);
     host.event = nullptr;
     EXPECT_EQ(reach == Reach::kUsable, reachable) << control;
@@ -151,8 +151,10 @@ struct ModelledUser : StartedProgramTest {
       case 7:
       case 8: {
         const bool empty_list = what == 7;
-        main.listHolesSelected.Clear();
-        if (!empty_list) main.listHolesSelected.Add("3/8");
+        Guarded(program, [&] {
+          main.listHolesSelected.Clear();
+          if (!empty_list) main.listHolesSelected.Add("3/8");
+        });
         if (Clicked("cmdExitHoleSelect", model.panel, false)) model.LeavePanel(empty_list);
         return;
       }
