@@ -15,7 +15,8 @@ kJobs=${TORVALE_WINDOWS_JOBS:-$(nproc)}
 kMingw=$PWD/cmake/mingw.cmake
 
 # Static, since Qt's licence lets a program under the GPL do so and its user then has one file. What the program uses
-# nothing of is left out, and the header that Debian's source lacks (wintab.h) with what needs it.
+# nothing of is left out, and the header that Debian's source lacks (wintab.h) with what needs it. The older part of
+# Direct2D stays: without it Qt's sources ask for letters of DirectWrite that they then don't compile.
 kQtFlags=(
   -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF
   -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_TOOLS_WHEN_CROSSCOMPILING=OFF
@@ -23,7 +24,7 @@ kQtFlags=(
   -DFEATURE_system_harfbuzz=OFF -DFEATURE_system_pcre2=OFF -DFEATURE_system_doubleconversion=OFF
   -DFEATURE_sql=OFF -DFEATURE_network=OFF -DFEATURE_testlib=OFF -DFEATURE_opengl=OFF -DFEATURE_dbus=OFF
   -DFEATURE_xml=OFF -DFEATURE_concurrent=OFF -DFEATURE_vulkan=OFF -DFEATURE_tabletevent=OFF
-  -DFEATURE_direct2d=OFF -DFEATURE_zstd=OFF -DFEATURE_pkg_config=OFF -DFEATURE_glib=OFF -DFEATURE_icu=OFF)
+  -DFEATURE_direct2d1_1=OFF -DFEATURE_zstd=OFF -DFEATURE_pkg_config=OFF -DFEATURE_glib=OFF -DFEATURE_icu=OFF)
 
 qt_version=$(version_of qt6-base-dev)
 plot_version=$(version_of libqcustomplot-dev)

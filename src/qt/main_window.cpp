@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <utility>
 
 #include "qt/keys.h"
@@ -309,8 +310,8 @@ void MainWindow::MouseReleased(const QMouseEvent& event) {
 
 void MainWindow::StepZoom(int steps) {
   const auto* const at = std::lower_bound(kZoomSteps.begin(), kZoomSteps.end(), program_.main.zoom);
-  const auto last = static_cast<long>(kZoomSteps.size()) - 1;
-  const long index = std::clamp<long>(at - kZoomSteps.begin() + steps, 0, last);
+  const auto last = static_cast<std::ptrdiff_t>(kZoomSteps.size()) - 1;
+  const auto index = std::clamp<std::ptrdiff_t>(at - kZoomSteps.begin() + steps, 0, last);
   Run([&] { SetZoom(program_, kZoomSteps[static_cast<std::size_t>(index)]); });
 }
 
