@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
@@ -14,6 +13,7 @@
 #include "display/hole_summary.h"
 #include "display/input_screen.h"
 #include "display/result_tables.h"
+#include "engine/dry_furrows.h"
 #include "engine/survey.h"
 #include "screen/fields.h"
 #include "screen/status_line.h"
@@ -72,17 +72,26 @@ SpokenSentence OverloadSentence(const DesignRecord& record, const Overload& wors
                              GeneralText(record.PipeDia[worst.pipe]), record.MilText[worst.pipe]);
 }
 
-// What a pipe gets more than it is to bear is told with the design, and stands in the mark of the highest head as long
-// as the design does.
-void WarnOfHead(Program& program) {
-  const DesignRecord& record = program.record;
-  std::string& mark = program.main.frmDisplayLbl[Figure::kMaxHead].mark;
-  const std::string told = std::exchange(mark, "");
-  const std::optional<Overload> worst = WorstOverload(record, program.pipe_strengths);
-  if (!worst) return;
-  const SpokenSentence sentence = OverloadSentence(record, *worst);
+SpokenSentence DrySentence(const DesignRecord& record, const DryFurrows& dry) {
+  const std::string first = StationText(record, dry.first);
+  return dry.count == 1 ? words::kFurrowStaysDry(first) : words::kFurrowsStayDry(GeneralText(dry.count), first);
+}
+
+// A warning is told with the design, and stands in the mark of its figure as long as the design does.
+void Warn(Program& program, Figure::Index figure, const SpokenSentence& sentence) {
+  std::string& mark = program.main.frmDisplayLbl[figure].mark;
+  const bool told = mark == sentence.text();
   mark = sentence.text();
-  if (mark != told) SayToo(program, sentence);
+  if (!told && !sentence.empty()) SayToo(program, sentence);
+}
+
+// What a pipe gets more than it is to bear, and furrows that get nothing.
+void WarnOfDesign(Program& program) {
+  const DesignRecord& record = program.record;
+  const std::optional<Overload> worst = WorstOverload(record, program.pipe_strengths);
+  Warn(program, Figure::kMaxHead, worst ? OverloadSentence(record, *worst) : SpokenSentence{});
+  const DryFurrows dry = FindDryFurrows(record);
+  Warn(program, Figure::kMinFurrowFlow, dry.count > 0 ? DrySentence(record, dry) : SpokenSentence{});
 }
 
 void ShowFigures(Program& program) {
@@ -142,7 +151,7 @@ void Show(Program& program) {
   ScreenControlsOn(program);
   ShowCrownDifferential(program);
   ColourHeads(program);
-  WarnOfHead(program);
+  WarnOfDesign(program);
   ShowFigures(program);
   main.cmdInterpolate.visible = false;
   main.cmdDesignToggle.visible = true;

@@ -13,7 +13,7 @@ namespace torvale {
 namespace {
 
 constexpr int kMargin = 6;         // pixels at 100 percent
-constexpr int kHeightBelow = 236;  // the same
+constexpr int kHeightBelow = 252;  // the same
 constexpr int kNarrowest = 420;    // the same
 constexpr int kWordsLines = 2;
 
@@ -85,8 +85,12 @@ void DeskView::MakeSection(const NamedControl& frame, const std::vector<NamedCon
               [this, name = std::string(named.name)] { run_([&] { Click(program_, name); }); });
     }
   }
-  layout_->addWidget(widget, frame.control == &program_.desk.frmComparison ? 3 : 2);
+  layout_->addWidget(widget, StretchOf(section));
   sections_.push_back(std::move(section));
+}
+
+int DeskView::StretchOf(const Section& section) const {
+  return section.frame.control == &program_.desk.frmComparison ? 3 : 2;
 }
 
 void DeskView::MakeGrid(Section& section, const NamedControl& named, QBoxLayout& rows) {
@@ -117,6 +121,9 @@ void DeskView::DrawLetters(const Section& section) const {
   const int pixels = Scale(program_.main.zoom).Zoomed(kTextPixels);
   SetLetters(*section.title, pixels, true);
   SetLetters(*section.close, pixels);
+  const QFontMetrics letters = section.close->fontMetrics();
+  section.close->setMinimumSize(letters.horizontalAdvance(section.close->text()) + 2 * pixels,
+                                letters.height() + pixels / 2);
   if (section.words == nullptr) return;
   SetLetters(*section.words, pixels);
   section.words->setFixedHeight(kWordsLines * section.words->fontMetrics().lineSpacing());
@@ -129,8 +136,8 @@ bool DeskView::Sync() {
   bool changed = zoomed;
   for (const Section& section : sections_) {
     const bool open = section.frame.control->visible;
-    any = any || open;
-    if (section.widget->isVisibleTo(this) != open) {
+    any = any || (open && !section.away);
+    if (section.widget->isVisibleTo(section.widget->parentWidget()) != open) {
       section.widget->setVisible(open);
       changed = true;
     }
@@ -164,6 +171,30 @@ bool DeskView::Sync() {
 void DeskView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   Sync();
+}
+
+void DeskView::StandChart(QWidget& screens, const QRect& place) {
+  const auto found =
+      std::find_if(sections_.begin(), sections_.end(), [](const Section& s) { return s.chart != nullptr; });
+  Section& section = *found;
+  const bool away = !place.isEmpty();
+  if (away == section.away && place == chart_place_) return;
+  chart_place_ = place;
+  if (away != section.away) {
+    section.away = away;
+    layout_->removeWidget(section.widget);
+    section.widget->setParent(away ? &screens : this);
+    if (!away) layout_->addWidget(section.widget, StretchOf(section));
+    section.widget->setVisible(section.frame.control->visible);
+  }
+  if (away) section.widget->setGeometry(place);
+  layout_->activate();  // the others have its room, or give it up
+  Sync();
+}
+
+bool DeskView::OpenBesideChart() const {
+  return std::any_of(sections_.begin(), sections_.end(),
+                     [](const Section& s) { return s.chart == nullptr && s.frame.control->visible; });
 }
 
 void DeskView::StandUpright(bool upright) {

@@ -15,7 +15,7 @@
 namespace torvale {
 
 // The sections of the desk, beside the screens; it shows what `Program::desk` says. Where it stands upright the open
-// sections lie one below the other, else side by side.
+// sections lie one below the other, else side by side. The chart may stand on the screens themselves.
 class DeskView final : public QWidget {
  public:
   // What the user does is worked on inside `run`, which brings all windows up to date afterwards. `entered` is told of
@@ -27,6 +27,10 @@ class DeskView final : public QWidget {
   // Applies what changed in the structure since the last call. True where the desk came or went.
   bool Sync();
   void StandUpright(bool upright);
+  // Stands the chart at that place of `screens`; among the other sections where the place is empty.
+  void StandChart(QWidget& screens, const QRect& place);
+  // Whether a section other than the chart is open.
+  bool OpenBesideChart() const;
   // Pixels that the desk wants where it lies below the screens.
   int HeightBelow() const;
   // Pixels without which it does not stand beside them.
@@ -50,7 +54,9 @@ class DeskView final : public QWidget {
     NamedControl close_control;
     const Control* words_control = nullptr;
     std::string grid_name;
+    bool away = false;  // it stands on the screens
   };
+  int StretchOf(const Section& section) const;
   void MakeSection(const NamedControl& frame, const std::vector<NamedControl>& controls);
   void MakeGrid(Section& section, const NamedControl& named, QBoxLayout& rows);
   void DrawLetters(const Section& section) const;
@@ -59,6 +65,7 @@ class DeskView final : public QWidget {
   Run run_;
   Entered entered_;
   QBoxLayout* layout_;
+  QRect chart_place_;  // on the screens
   std::vector<Section> sections_;
   int drawn_zoom_ = 0;
 };

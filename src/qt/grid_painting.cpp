@@ -1,6 +1,7 @@
 #include "qt/grid_painting.h"
 
 #include <QPainter>
+#include <QTextLayout>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -64,6 +65,27 @@ QColor TextColour(const Grid& grid, int row, int column, const QPalette& palette
     return palette.color(QPalette::Base).lightness() < kDarkBase ? kFilledOnDark : kFilledOnLight;
   // Black on a cell without a colour of its own is the plain text colour, which a dark desktop turns light.
   return fore && *fore != kBlack ? ToQt(*fore) : palette.color(QPalette::Text);
+}
+
+// What the lines of the row have no room for ends in dots.
+void DrawLines(QPainter& painter, const QFont& font, const QRect& room, Qt::Alignment across, const QString& text) {
+  painter.setFont(font);
+  const QFontMetrics metrics(font);
+  const int lines = std::max(1, room.height() / metrics.lineSpacing());
+  QTextLayout layout(text, font);
+  layout.beginLayout();
+  QString shown;
+  for (int i = 1; i <= lines; ++i) {
+    QTextLine line = layout.createLine();
+    if (!line.isValid()) break;
+    line.setLineWidth(room.width());
+    const QString rest = text.mid(line.textStart());
+    shown += i < lines ? text.mid(line.textStart(), line.textLength()).trimmed() + '\n'
+                       : metrics.elidedText(rest, Qt::ElideRight, room.width());
+  }
+  layout.endLayout();
+  if (shown.endsWith('\n')) shown.chop(1);
+  painter.drawText(room, static_cast<int>(across | Qt::AlignVCenter), shown);
 }
 
 }  // namespace
@@ -143,7 +165,12 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   // A row holds one line, so that it stands in the middle of the height, whatever the alignment.
   const QRect room = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
   const Qt::Alignment across = AcrossOf(grid_.SideOf(row, column));
-  letters_.Draw(*painter, option.font, room, across, grid_.Text(row, column));
+  const std::string& text = grid_.Text(row, column);
+  if (grid_.most_lines > 1) {
+    DrawLines(*painter, option.font, room, across, ToQt(text));
+  } else {
+    letters_.Draw(*painter, option.font, room, across, text);
+  }
   if (grid_.edit && row == grid_.row && column == grid_.column) DrawCaret(*painter, option.font, room, across);
   painter->restore();
 }

@@ -72,16 +72,24 @@ void GridView::LayOut() {
   int row_height = std::max(scale_.Pixels(kRowHeight), text_height + scale_.Zoomed(kRowMargin));
   // A small grid that all but fits is shown whole.
   if (room / std::max(1, grid_.rows()) >= text_height) row_height = std::min(row_height, room / grid_.rows());
-  verticalHeader()->setMinimumSectionSize(1);
-  verticalHeader()->setDefaultSectionSize(row_height);
   heading_->setMinimumSectionSize(1);
   heading_->setFixedHeight(std::max(scale_.Pixels(grid_.heading_height), row_height));
+  const int line_height = QFontMetrics(letters).lineSpacing();
+  row_height += (LinesOfRow(room - heading_->height(), row_height, line_height) - 1) * line_height;
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setDefaultSectionSize(row_height);
   const bool whole = heading_->height() + row_height * model_->rowCount() <= room;
   setVerticalScrollBarPolicy(whole ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
   SetColumnWidths(width() - 2 * frameWidth() - (whole ? 0 : verticalScrollBar()->sizeHint().width()));
   heading_->FitLetters(letters.pixelSize());
   updateGeometries();
   grid_.rows_in_view = std::max(1, viewport()->height() / row_height);
+}
+
+// As many as all rows have room for, within the grid's limits.
+int GridView::LinesOfRow(int room, int row_height, int line_height) const {
+  const int row_room = room / std::max(1, grid_.rows() - 1);
+  return std::clamp((row_room - row_height) / line_height + 1, grid_.least_lines, grid_.most_lines);
 }
 
 // Edges are rounded on their own; the last column takes what is left, so that the columns fill the grid exactly. Where
@@ -101,7 +109,7 @@ void GridView::SetColumnWidths(int room) {
 }
 
 bool GridView::Draw(const Scale& scale) {
-  bool relayout = laid_out_ != size() || drawn_.columns != grid_.columns;
+  bool relayout = laid_out_ != size() || drawn_.columns != grid_.columns || drawn_.rows != grid_.rows();
   if (drawn_.revision != grid_.revision()) {
     drawn_.revision = grid_.revision();
     const int columns = model_->columnCount();
@@ -112,6 +120,7 @@ bool GridView::Draw(const Scale& scale) {
   scale_ = scale;
   if (relayout) {
     drawn_.columns = grid_.columns;
+    drawn_.rows = grid_.rows();
     laid_out_ = size();
     LayOut();
   }

@@ -52,6 +52,7 @@ class GridView final : public QTableView {
   struct Drawn {
     std::uint64_t revision = 0;
     std::vector<GridColumn> columns;
+    int rows = 0;
     int top_row = 1;
     int left_column = 0;
     int caret = -1;
@@ -61,6 +62,7 @@ class GridView final : public QTableView {
     int column_sel = 0;
   };
   void LayOut();
+  int LinesOfRow(int room, int row_height, int line_height) const;
   void SetColumnWidths(int room);
   bool DrawCursor();
   void Point(const QMouseEvent& event, bool extend);

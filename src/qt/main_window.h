@@ -91,6 +91,8 @@ class MainWindow final : public QMainWindow {
   void DrawFocus();
   void DrawBusy();
   QSize NeededRoom() const;
+  bool RoomBeside(int screens) const;
+  QRect ChartPlace(const QSize& needed) const;
   void FitCanvas();
   void PlaceDesk();
   void RoomChanged();

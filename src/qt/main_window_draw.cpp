@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kMargin = 8;         // pixels around what stands on the screen, at 100 percent
 constexpr int kWorthGrowing = 60;  // pixels at 100 percent
+constexpr int kChartHeight = 200;  // the same, with its title and words
 
 // What shows more where it is longer.
 constexpr std::array<std::string_view, 3> kGrowing = {"Grid1", "Grid2", "frameShowLimitedHoles"};
@@ -46,8 +47,11 @@ void MainWindow::Sync() {
     const Redrawn redrawn = DrawControl(view, program_.main.zoom);
     refit = refit || redrawn.needs_room || redrawn.in_frame;
   }
-  if (refit) FitCanvas();
-  if (desk_->Sync() || refit) PlaceDesk();
+  const bool desk = desk_->Sync();
+  if (desk || refit) {
+    FitCanvas();
+    PlaceDesk();
+  }
   for (ControlView& view : controls_) DrawGrid(view);
   menus_->Draw();
   tools_->Draw(Scale(program_.main.zoom));
@@ -100,6 +104,25 @@ QSize MainWindow::NeededRoom() const {
   return needed + QSize(margin, margin);
 }
 
+bool MainWindow::RoomBeside(int screens) const {
+  return centralWidget()->width() >= screens + desk_->NarrowestBeside();
+}
+
+// Where a maximised window has room for it the chart stands below the hole summary, which keeps its length then; else
+// the place is empty. A normal window is only as high as what it shows.
+QRect MainWindow::ChartPlace(const QSize& needed) const {
+  const Scale scale(program_.main.zoom);
+  const Control& summary = program_.main.frameShowLimitedHoles;
+  const bool shown = program_.desk.frmChart.visible && summary.visible;
+  if (!shown || program_.main.state != WindowState::kMaximized) return {};
+  const bool below = desk_->OpenBesideChart() && !RoomBeside(needed.width());
+  const int longer = centralWidget()->height() - (below ? desk_->HeightBelow() : 0) - needed.height();
+  if (longer < scale.Zoomed(kChartHeight)) return {};
+  const QRect above = scale.Rect(summary.place);
+  const int gap = scale.Zoomed(kMargin);
+  return {above.left(), above.bottom() + gap, above.width(), longer - gap};
+}
+
 // A window that is clearly higher than the screen shows more rows: the tables and the hole summary reach down to its
 // foot.
 void MainWindow::FitCanvas() {
@@ -107,10 +130,13 @@ void MainWindow::FitCanvas() {
   const QSize needed = NeededRoom();
   const int free = area_->viewport()->height() - needed.height();
   const int longer = free >= scale.Zoomed(kWorthGrowing) ? free : 0;
+  const QRect chart = ChartPlace(needed);
+  desk_->StandChart(*canvas_, chart);
   for (ControlView& view : controls_) {
+    const bool stays = !chart.isEmpty() && view.named.control == &program_.main.frameShowLimitedHoles;
     const bool grows = std::find(kGrowing.begin(), kGrowing.end(), view.named.name) != kGrowing.end();
     const QRect place = scale.Rect(view.named.control->place);
-    if (grows) view.widget->resize(place.width(), place.height() + longer);
+    if (grows) view.widget->resize(place.width(), place.height() + (stays ? 0 : longer));
     if (view.named.kind == ControlKind::kFrame) FitFrame(view, controls_);
   }
   canvas_->resize(needed.width(), needed.height() + longer);
@@ -119,7 +145,7 @@ void MainWindow::FitCanvas() {
 // Beside the screens where the window has room for both, else below them; then a normal window is so much higher.
 void MainWindow::PlaceDesk() {
   const bool open = desk_->isVisibleTo(centralWidget());
-  const bool beside = open && centralWidget()->width() >= canvas_->width() + desk_->NarrowestBeside();
+  const bool beside = open && RoomBeside(canvas_->width());
   const bool below = open && !beside;
   halves_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   halves_->setStretchFactor(desk_, beside ? 1 : 0);
@@ -128,6 +154,9 @@ void MainWindow::PlaceDesk() {
   desk_->StandUpright(beside);
   desk_->setMinimumHeight(below ? desk_->HeightBelow() : 0);
   desk_->setMaximumHeight(below ? desk_->HeightBelow() : QWIDGETSIZE_MAX);
+  const Scale plain(100);
+  program_.main.room_width = plain.Twips(centralWidget()->width());
+  program_.main.room_height = plain.Twips(centralWidget()->height() - (below ? desk_->HeightBelow() : 0));
   const int bars = tools_->Height() + (below ? desk_->HeightBelow() : 0);
   if (std::exchange(bars_, bars) == bars) return;
   place_.SetBarHeight(bars);
@@ -138,6 +167,7 @@ void MainWindow::PlaceDesk() {
 void MainWindow::RoomChanged() {
   if (syncing_) return;
   FitCanvas();
+  PlaceDesk();
   for (ControlView& view : controls_) DrawGrid(view);
   desk_->Sync();
 }

@@ -27,14 +27,11 @@ QVector<double> ToQt(const std::vector<double>& values) {
   return QVector<double>(values.begin(), values.end());
 }
 
-// All that a line shows, with some room, and at least so much that a level line stands in the middle.
-QCPRange RangeOf(const std::vector<double>& values, std::optional<double> also, bool from_zero) {
+// From 0 to the highest of the values and of `also`, with some room above it.
+QCPRange RangeOf(const std::vector<double>& values, double also) {
   if (values.empty()) return {0, 1};
-  auto [low, high] = std::minmax_element(values.begin(), values.end());
-  double least = from_zero ? 0 : std::min(*low, also.value_or(*low));
-  double most = std::max(*high, also.value_or(*high));
-  const double room = std::max((most - least) * kRoom, 0.05);
-  return {from_zero ? 0 : least - room, most + room};
+  const double most = std::max(*std::max_element(values.begin(), values.end()), also);
+  return {0, most + std::max(most * kRoom, 0.05)};
 }
 
 }  // namespace
@@ -77,7 +74,8 @@ SupplyChartView::SupplyChartView(QWidget* parent, std::function<void(double)> po
   wanted_ = addGraph(along, upper_->axis(QCPAxis::atRight));
   safe_ = addGraph(along, upper_->axis(QCPAxis::atLeft));
   sizes_ = addGraph(lower_->axis(QCPAxis::atBottom), lower_->axis(QCPAxis::atLeft));
-  sizes_->setLineStyle(QCPGraph::lsStepRight);
+  // A size, like a pipe, reaches from the row before up to its own.
+  for (QCPGraph* graph : {safe_, sizes_}) graph->setLineStyle(QCPGraph::lsStepRight);
   const auto line = [this](QCPAxisRect* rect) {
     auto* item = new QCPItemStraightLine(this);
     item->setClipAxisRect(rect);
@@ -97,7 +95,10 @@ void SupplyChartView::Show(const SupplyChart& chart, const Scale& scale) {
   const int letters = scale.Zoomed(kChartLetters);
   const bool same = drawn_ == chart.revision && drawn_row_ == chart.row && letters_ == letters;
   if (same) return;
-  if (std::exchange(letters_, letters) != letters) UseLetters(scale);
+  if (std::exchange(letters_, letters) != letters) {
+    UseLetters(scale);
+    UseColours();
+  }
   if (std::exchange(drawn_, chart.revision) != chart.revision) DrawLines(chart);
   drawn_row_ = chart.row;
   DrawLit(chart);
@@ -126,11 +127,24 @@ void SupplyChartView::DrawLines(const SupplyChart& chart) {
     if (value) graph->setData({first, last}, {*value, *value}, true);
   };
   level(wanted_, chart.wanted_flow);
-  level(safe_, chart.safe_head);
+  const double safest = DrawSafeHeads(chart, stations);
   for (QCPAxisRect* rect : {upper_, lower_}) rect->axis(QCPAxis::atBottom)->setRange(first, std::max(last, first + 1));
-  upper_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.heads, chart.safe_head, true));
-  upper_->axis(QCPAxis::atRight)->setRange(RangeOf(chart.flows, chart.wanted_flow, true));
-  lower_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.sizes, std::nullopt, true));
+  upper_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.heads, safest));
+  upper_->axis(QCPAxis::atRight)->setRange(RangeOf(chart.flows, chart.wanted_flow.value_or(0)));
+  lower_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.sizes, 0));
+}
+
+// A pipe of which nothing is known leaves a gap. Gives back the highest of the heads.
+double SupplyChartView::DrawSafeHeads(const SupplyChart& chart, const QVector<double>& stations) {
+  double safest = 0;
+  QVector<double> heads;
+  for (const double head : chart.safe_heads) {
+    heads.append(head > 0 ? head : qQNaN());
+    safest = std::max(safest, head);
+  }
+  safe_->setData(stations, heads, true);
+  safe_->setVisible(safest > 0);
+  return safest;
 }
 
 void SupplyChartView::DrawLit(const SupplyChart& chart) {
@@ -171,8 +185,9 @@ void SupplyChartView::UseColours() {
       axis->grid()->setZeroLinePen(QPen(faint, 1));
     }
   }
+  const double width = kLineWidth * std::max(letters_, kChartLetters) / kChartLetters;
   const auto pen = [&](QCPGraph* graph, const Look& look) {
-    graph->setPen(QPen(dark ? look.on_dark : look.on_light, kLineWidth, look.line));
+    graph->setPen(QPen(dark ? look.on_dark : look.on_light, width, look.line));
   };
   pen(head_, kHead);
   pen(flow_, kFlow);

@@ -9,8 +9,8 @@
 
 namespace torvale {
 
-// Head and furrow flow along the line, with the flow that is wanted and the head that the tubing bears as straight
-// lines, and below them the hole sizes as steps.
+// Head and furrow flow along the line, with the flow that is wanted and the head that the tubing is to bear, and
+// below them the hole sizes as steps.
 class SupplyChartView final : public QCustomPlot {
  public:
   // `point` is told of a station, feet, that the user points at.
@@ -25,6 +25,7 @@ class SupplyChartView final : public QCustomPlot {
 
  private:
   void DrawLines(const SupplyChart& chart);
+  double DrawSafeHeads(const SupplyChart& chart, const QVector<double>& stations);
   void DrawLit(const SupplyChart& chart);
   void UseColours();
   void UseLetters(const Scale& scale);

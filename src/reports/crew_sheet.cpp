@@ -8,6 +8,7 @@
 #include "display/cell_texts.h"
 #include "display/hole_summary.h"
 #include "reports/print_frame.h"
+#include "reports/stale_mark.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -101,6 +102,7 @@ CrewSheet CrewSheetOf(const Program& program) {
   sheet.date = Trim(info[InfoField::kDate].text());
   sheet.location = Trim(info[InfoField::kLocation].text());
   sheet.design = DesignLine(program.record, &DesignKind::in_hole_report);
+  sheet.stale = {StaleHeading(program), StaleSentence(program)};
   TakeRuns(program, sheet);
   TakeSpacings(program.record, sheet);
   TakeFigures(program, sheet);

@@ -18,7 +18,14 @@ struct CrewRun {
   std::string count;  // "56 holes", "56 furrows, 112 holes"
 };
 
+// Said ahead of figures that are stale.
+struct StaleNote {
+  std::string heading;  // empty where none are
+  std::string sentence;
+};
+
 struct CrewSheet {
+  StaleNote stale;
   std::string name;  // of the design; may be empty, as every text that the user gives
   std::string location;
   std::string date;

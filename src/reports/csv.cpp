@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "display/grid_layout.h"
 #include "record/kinds.h"
+#include "reports/stale_mark.h"
 
 namespace torvale {
 namespace {
@@ -70,6 +71,7 @@ std::string ResultTableCsv(const Program& program) {
     rows.emplace_back();
     for (int c = 0; c < kResultMargin; ++c) rows.back().push_back(Trim(grid.Text(row, c)));
   }
+  MarkStaleRows(program, rows);
   return Csv(rows);
 }
 
@@ -87,6 +89,7 @@ std::string HoleSummaryCsv(const Program& program) {
     rows.push_back({sizes[i], stations[i].substr(0, dash),
                     range ? stations[i].substr(dash + kBetween.size()) : stations[i], counts[i]});
   }
+  MarkStaleRows(program, rows);
   return Csv(rows);
 }
 

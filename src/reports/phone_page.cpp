@@ -19,6 +19,8 @@ body { margin: 0; padding: 12px 14px 40px; background: var(--paper); color: var(
 main { max-width: 34em; margin: 0 auto; }
 h1 { font-size: 28px; line-height: 1.2; margin: 0 0 4px; overflow-wrap: anywhere; }
 h2 { font-size: 22px; margin: 26px 0 8px; }
+#stale { border: 4px solid #c00; border-radius: 12px; padding: 10px 14px; margin: 14px 0; }
+#stale b { display: block; font-size: 24px; font-weight: 800; }
 p { margin: 2px 0; color: var(--soft); overflow-wrap: anywhere; }
 #progress { color: var(--ink); font-size: 22px; margin: 14px 0 8px; }
 ol, ul { list-style: none; margin: 0; padding: 0; }
@@ -93,6 +95,13 @@ std::string Heading(const CrewSheet& sheet) {
   return html + "</header>\n";
 }
 
+// Figures that belong to other inputs than those that stand beside them in the program.
+std::string Stale(const CrewSheet& sheet) {
+  if (sheet.stale.heading.empty()) return "";
+  return Element("<section id=\"stale\"><b>", sheet.stale.heading, "</b>") +
+         Element("", sheet.stale.sentence, "</section>\n");
+}
+
 std::string Run(const CrewRun& run) {
   return "<li><label><input type=\"checkbox\" autocomplete=\"off\"><span>" +
          Element("<span class=\"size\">", run.size, "</span>") +
@@ -155,9 +164,9 @@ std::string HtmlText(std::string_view text) {
 std::string PhonePage(const CrewSheet& sheet) {
   const std::string title = sheet.name.empty() ? "Hole Summary" : sheet.name + ": Hole Summary";
   return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n" + std::string(kHead) +
-         Element("<title>", title, "</title>\n</head>\n<body>\n<main>\n") + Heading(sheet) + Runs(sheet) +
-         Lines("Holes in all", sheet.totals) + Lines("Spacing", sheet.spacings) + Figures(sheet) + "</main>\n" +
-         std::string(kScript) + "</body>\n</html>\n";
+         Element("<title>", title, "</title>\n</head>\n<body>\n<main>\n") + Heading(sheet) + Stale(sheet) +
+         Runs(sheet) + Lines("Holes in all", sheet.totals) + Lines("Spacing", sheet.spacings) + Figures(sheet) +
+         "</main>\n" + std::string(kScript) + "</body>\n</html>\n";
 }
 
 }  // namespace torvale

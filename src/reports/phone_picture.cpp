@@ -39,6 +39,8 @@ void Run(DocumentWriter& writer, double& y, const CrewRun& run) {
 Document PhonePicture(const CrewSheet& sheet) {
   DocumentWriter writer("Hole Summary");
   double y = 0.3;
+  Words(writer, y, 30, sheet.stale.heading);
+  Words(writer, y, 18, sheet.stale.sentence);
   Words(writer, y, 32, sheet.name.empty() ? "Hole Summary" : sheet.name);
   for (const std::string& text : {sheet.location, sheet.design, sheet.date}) Words(writer, y, 20, text);
   y += 0.15;

@@ -6,6 +6,7 @@
 #include "reports/csv.h"
 #include "reports/document_writer.h"
 #include "reports/print_frame.h"
+#include "reports/stale_mark.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -100,7 +101,9 @@ Document StakesReport(const Program& program, const Stakes& stakes, double width
     writer.Text(kLeft, y, sentence, kRules.back() - kLeft);
     y += 0.2;
   }
-  return writer.Take();
+  Document document = writer.Take();
+  MarkStalePages(program, document);
+  return document;
 }
 
 std::string StakesCsv(const Program& program, const Stakes& stakes, double width) {
@@ -108,6 +111,7 @@ std::string StakesCsv(const Program& program, const Stakes& stakes, double width
   const auto add = [&](const StakeRow& row) { rows.emplace_back(row.begin(), row.end()); };
   add(StakeHeadings(HasElevations(program)));
   for (const Stake& stake : stakes.stakes) add(StakeTexts(stake, width > 0));
+  MarkStaleRows(program, rows);
   return Csv(rows);
 }
 

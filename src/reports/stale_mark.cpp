@@ -1,5 +1,6 @@
 #include "reports/stale_mark.h"
 
+#include <string_view>
 #include <utility>
 
 #include "screen/message_box.h"
@@ -8,8 +9,10 @@
 namespace torvale {
 namespace {
 
+constexpr std::string_view kMarkText = "NOT RE-CALCULATED";
+
 // At the left of the page's number, where no report has anything.
-const PrintedText kMark{0.1, 0.2, 12, "NOT RE-CALCULATED", false, 2.5};
+const PrintedText kMark{0.1, 0.2, 12, std::string(kMarkText), false, 2.5};
 
 }  // namespace
 
@@ -20,6 +23,21 @@ bool FiguresAreStale(const Program& program) {
 bool GoOnThoughStale(Program& program) {
   if (!FiguresAreStale(program)) return true;
   return Ask(program, words::kGoOnWithStaleFigures(program.main.cmdReCalc.mark));
+}
+
+std::string StaleHeading(const Program& program) {
+  return FiguresAreStale(program) ? std::string(kMarkText) : "";
+}
+
+std::string StaleSentence(const Program& program) {
+  return FiguresAreStale(program) ? program.main.cmdReCalc.mark : "";
+}
+
+void MarkStaleRows(const Program& program, std::vector<std::vector<std::string>>& rows) {
+  if (!FiguresAreStale(program)) return;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    rows[i].push_back(i == 0 ? StaleHeading(program) : i == 1 ? StaleSentence(program) : "");
+  }
 }
 
 void MarkStalePages(const Program& program, Document& document) {

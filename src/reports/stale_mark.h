@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "screen/document.h"
 #include "screen/program.h"
 
@@ -11,7 +14,16 @@ bool FiguresAreStale(const Program& program);
 // Asks before stale figures leave the screen. True where none are stale, or the user goes on all the same.
 bool GoOnThoughStale(Program& program);
 
+// What stale figures are headed by wherever they leave the screen, and what they are for; both empty where none are
+// stale.
+std::string StaleHeading(const Program& program);
+std::string StaleSentence(const Program& program);
+
 // Marks every page of a document made of stale figures.
 void MarkStalePages(const Program& program, Document& document);
+
+// The same for the rows of a table that goes to a spreadsheet, the first of them its headings: a last column is headed
+// by the mark and says in its first row what the figures are for.
+void MarkStaleRows(const Program& program, std::vector<std::vector<std::string>>& rows);
 
 }  // namespace torvale

@@ -58,6 +58,7 @@ void Lay(const ScenarioInput& input, Program& program) {
   record.StationInterval = input.station_interval;
   record.SurveyRows = input.survey_rows;
   record.SpacingWarningOff = input.spacing_warning_off;
+  program.pipe_strengths = input.pipe_strengths;
 }
 
 void ClickDesign(Program& program, const DesignKind& kind) {
@@ -109,15 +110,18 @@ std::string WithoutColour(std::string_view words) {
   return UpperCase(sentence.substr(0, 1)) + sentence.substr(1);
 }
 
+// What would harm the field comes first.
 void TakeWarnings(Program& program, const std::vector<Told>& told, ScenarioResult& result) {
+  for (const Figure::Index figure : kWarningFigures) {
+    const std::string& mark = program.main.frmDisplayLbl[figure].mark;
+    if (!mark.empty()) result.warnings.push_back(mark);
+  }
   for (const Told& message : told) result.warnings.push_back(message.body);
   for (const std::string_view name : kWarningControls) {
     const Control* control = FindControl(program, name);
     if (control == nullptr || !control->visible || control->back != kYellow) continue;
     result.warnings.push_back(WithoutColour(MeaningOfColour(name, kYellow)));
   }
-  if (const std::string& mark = program.main.frmDisplayLbl[Figure::kMaxHead].mark; !mark.empty())
-    result.warnings.push_back(mark);
 }
 
 void TakeFigures(const Program& program, ScenarioResult& result) {
@@ -171,6 +175,7 @@ ScenarioInput InputOf(const Program& program) {
   input.station_interval = record.StationInterval;
   input.survey_rows = record.SurveyRows;
   input.spacing_warning_off = record.SpacingWarningOff;
+  input.pipe_strengths = program.pipe_strengths;
   return input;
 }
 

@@ -40,6 +40,7 @@ struct ScenarioInput {
   std::int16_t station_interval = 0;
   std::int16_t survey_rows = 0;
   std::int16_t spacing_warning_off = 0;
+  PipeStrengths pipe_strengths;  // for the warning of a head that the tubing is not to bear
 };
 
 // The inputs as they stand in a program. Nothing of the program is touched.

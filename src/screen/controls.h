@@ -147,6 +147,8 @@ class Grid {
   Control control;
   std::vector<GridColumn> columns;
   int heading_height = 0;            // twips
+  int least_lines = 1;               // of letters that a row has room for; a longer text takes several of them ...
+  int most_lines = 1;                // ... and as many where all rows have room for that
   std::optional<Colour> fixed_back;  // the heading row
   std::optional<Colour> fixed_fore;
   int top_row = 1;                // first row below the headings that is in view; a window moves it as the user scrolls

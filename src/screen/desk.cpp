@@ -26,25 +26,27 @@ constexpr ControlRow<DeskScreen> kRows[] = {
 };
 
 constexpr std::array<ComparisonTrait, kComparisonColumns> kTraits = {{
-    {"Design", 2050, Better::kNone, "The kinds of design of the Design menu"},
-    {"Unif. (%)", 750, Better::kHigher, "Distribution uniformity: mean of the lowest quarter over the target mean"},
-    {"Highest Head (ft)", 1350, Better::kLower, "Highest head, feet, and its station"},
-    {"Lowest Head (ft)", 1350, Better::kHigher, "Lowest head, feet, and its station"},
-    {"Least Flow", 800, Better::kHigher, "Least furrow flow, gallons per minute"},
-    {"Greatest Flow", 900, Better::kLower, "Greatest furrow flow, gallons per minute"},
-    {"Hole Sizes", 1500, Better::kLower, "Sizes of the holes, inches; the fewest are the best"},
-    {"Size Changes", 850, Better::kLower, "How often the crew must change the size along the line"},
+    {"Design", 1500, Better::kNone, "The kinds of design of the Design menu"},
+    {"Unif. (%)", 720, Better::kHigher, "Distribution uniformity: mean of the lowest quarter over the target mean"},
+    {"Highest Head (ft)", 1260, Better::kLower, "Highest head, feet, and its station"},
+    {"Lowest Head (ft)", 1260, Better::kHigher, "Lowest head, feet, and its station"},
+    {"Least Flow", 720, Better::kHigher, "Least furrow flow, gallons per minute"},
+    {"Greatest Flow", 800, Better::kLower, "Greatest furrow flow, gallons per minute"},
+    {"Hole Sizes", 1200, Better::kLower, "Sizes of the holes, inches; the fewest are the best"},
+    {"Size Changes", 780, Better::kLower, "How often the crew must change the size along the line"},
     {"Slope (per 100 ft)", 1200, Better::kNone, "Designed slope of the crown, feet in 100 feet"},
-    {"Highest Fill (ft)", 850, Better::kLower, "Highest fill below the designed crown, feet"},
-    {"Hours for 1 in.", 850, Better::kLower, "Hours of pumping that apply a gross inch"},
-    {"Warning, Gain", 3250, Better::kNone,
+    {"Highest Fill (ft)", 800, Better::kLower, "Highest fill below the designed crown, feet"},
+    {"Hours for 1 in.", 780, Better::kLower, "Hours of pumping that apply a gross inch"},
+    {"Warning, Gain", 1700, Better::kNone,
      "What the figures warn of, what Best Holes gains, or why the design can't be made"},
 }};
 
 constexpr int kHeadingHeight = 510;  // twips, two lines
-constexpr int kRemarkRow = 600;
-constexpr int kRemarkColumn = 2200;
-constexpr int kRemarkSentence = 9000;
+constexpr int kMostLines = 10;
+constexpr int kRemarkRow = 500;
+constexpr int kRemarkColumn = 1600;
+constexpr int kRemarkSentence = 3300;
+constexpr int kRemarkLines = 2;
 
 constexpr std::string_view kNone = "\u2014";  // of a design that can't be made
 
@@ -54,11 +56,13 @@ void Compose(Grid& grid) {
   grid.scrolls_sideways = true;
 }
 
-// The words of boxes are laid out with blanks and line ends, which have no place in a cell.
+// The words of boxes are laid out with blanks and line ends, which have no place in a cell, and some end without a
+// full stop.
 std::string InOneLine(const std::vector<std::string>& sentences) {
   std::string line;
   for (const std::string& sentence : sentences) {
     bool gap = !line.empty();
+    if (gap && std::string_view(".?!").find(line.back()) == std::string_view::npos) line += '.';
     for (const char c : sentence) {
       const bool blank = c == ' ' || c == '\r' || c == '\n' || c == '\t';
       if (!blank && gap) line += ' ';
@@ -100,7 +104,9 @@ void ShowDesign(Grid& grid, int row, const ComparedDesign& design) {
   if (design.tried && !design.made) grid.Set(row, kComparedUniformity, kNone);
   if (design.tried) grid.Set(row, kComparedWarning, words);
   grid.SetTip(row, kComparedWarning, words);
-  grid.SetTip(row, kComparedName, design.made ? std::string_view("Enter or a click makes this design") : words);
+  // The warnings may stand where the view does not reach.
+  const std::string makes = InOneLine({"Enter or a click makes this design", words});
+  grid.SetTip(row, kComparedName, design.made ? makes : words);
 }
 
 }  // namespace
@@ -118,6 +124,7 @@ DeskScreen::DeskScreen() {
   Compose(Comparison);
   Comparison.Resize(1, kComparisonColumns);
   Comparison.heading_height = kHeadingHeight;
+  Comparison.most_lines = kMostLines;
   for (int c = 0; c < kComparisonColumns; ++c) {
     const auto column = static_cast<std::size_t>(c);
     const bool text = c == kComparedName || c == kComparedWarning;
@@ -127,6 +134,7 @@ DeskScreen::DeskScreen() {
   }
   Compose(SurveyRemarks);
   SurveyRemarks.Resize(1, 3);
+  SurveyRemarks.least_lines = SurveyRemarks.most_lines = kRemarkLines;
   SurveyRemarks.columns = {{kRemarkRow, 0, Align::kCentreCentre}, {kRemarkColumn}, {kRemarkSentence}};
   SurveyRemarks.Set(0, 0, "Row");
   SurveyRemarks.Set(0, 1, "Column");

@@ -53,8 +53,8 @@ struct SupplyChart {
   std::vector<double> heads;          // feet
   std::vector<double> flows;          // gallons per minute of a furrow; 0 where a row has no hole
   std::vector<double> sizes;          // inches; 0 where a row has no hole
+  std::vector<double> safe_heads;     // feet that the tubing up to the row is to bear; 0 where nothing is known of it
   std::optional<double> wanted_flow;  // of a furrow
-  std::optional<double> safe_head;    // that the tubing bears, feet
   int row = 0;                        // of the design, that is lit; 0 for none
   std::uint64_t revision = 0;         // moves with every change of the lines, not of `row`
 };

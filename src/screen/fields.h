@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 
@@ -49,6 +50,8 @@ struct Figure {
     kCrownDifferential = 15,
   };
 };
+// Those whose marks warn of the design: tubing that gets more than it is to bear, furrows that get nothing.
+inline constexpr std::array<Figure::Index, 2> kWarningFigures = {Figure::kMaxHead, Figure::kMinFurrowFlow};
 
 // The name of the control ("txtInfo(3)").
 inline std::string NameOf(InfoField::Index field) {

@@ -32,7 +32,9 @@ struct MainScreen {
   std::string title;
   Place window;  // twips
   WindowState state = WindowState::kNormal;
-  int zoom = 100;           // percent; one scale factor for the whole screen
+  int zoom = 100;      // percent; one scale factor for the whole screen
+  int room_width = 0;  // twips at 100 percent that a window has for the screens; 0 where there is none
+  int room_height = 0;
   bool busy = false;        // the whole program's pointer is the hourglass
   bool main_busy = false;   // this screen's own pointer is
   bool closed = false;      // the screen was unloaded; the program ends
@@ -54,7 +56,7 @@ struct MainScreen {
   Control mnuDesign, mnuDesignField, mnuDesignConstSlope, mnuDesignDualSlope, mnuComputerHoleSelection,
       mnuExistingDesign, mnuManHoleSelection, mnuBestHoles;
   Control mnuTypeOfPipe, mnuLayflatPipe, mnuRigidPipe;
-  Control mnuView, mnuStakes, mnuZoom;
+  Control mnuView, mnuStakes, mnuZoom, mnuZoomFit;
   std::array<Control, 3> mnuDesk;  // by section of the desk
   std::array<Control, 7> mnuZoomTo;
   Control mnuWindowInfo, mnuProfile, mnuHelp, mnuHelpContents, mnuHelpScreen, mnuHelpFirstSteps, mnuHelpAbout;

@@ -25,7 +25,7 @@ void SayMark(Program& program, const Control& control) {
 
 void ForgetNews(Program& program) {
   program.main.sbStatusBar.caption.clear();
-  program.main.frmDisplayLbl[Figure::kMaxHead].mark.clear();
+  for (const Figure::Index figure : kWarningFigures) program.main.frmDisplayLbl[figure].mark.clear();
 }
 
 const std::string& News(const Program& program) {

@@ -18,7 +18,7 @@ void SayToo(Program& program, const SpokenSentence& sentence);
 void SayAgain(Program& program, const std::string& news);
 // Tells what is wrong with a control, as its mark says.
 void SayMark(Program& program, const Control& control);
-// A run begins, or a design is gone: what was told of the one before, the warning of its highest head too, is no longer
+// A run begins, or a design is gone: what was told of the one before, the warnings at its figures too, is no longer
 // true.
 void ForgetNews(Program& program);
 // What stands in the line.

@@ -86,6 +86,10 @@ inline constexpr Sentence<1> kHeadLost{
     "the Target Head."};
 inline constexpr Sentence<5> kHeadTooHigh{
     "The head of {} feet at station {} is more than the {} feet that {}-inch tubing of {} mil is to bear."};
+inline constexpr Sentence<1> kFurrowStaysDry{"The furrow at station {} gets no water."};
+inline constexpr Sentence<2> kFurrowsStayDry{"{} furrows get no water, the first at station {}."};
+inline constexpr Sentence<0> kHowToSelectHoles{
+    "Add sizes to the Selected Holes of the User Hole Selection in the Design menu. Its Exit starts the design."};
 
 // ---- best holes ----
 

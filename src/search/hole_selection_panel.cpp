@@ -41,6 +41,7 @@ void AbandonDesign(Program& program) {
   main.frmDisplayLbl[Figure::kCrownDifferential].caption.clear();
   main.title = TitleWith("");
   main.cmdInterpolate.visible = false;
+  Say(program, words::kHowToSelectHoles);
 }
 
 // Puts the chosen sizes into the record in ascending order. A line that is no name of the table adds no size, and the

@@ -146,6 +146,7 @@ constexpr Command kCommands[] = {
     {"mnuZoomTo(4)", mnuZoomTo_Click<4>},
     {"mnuZoomTo(5)", mnuZoomTo_Click<5>},
     {"mnuZoomTo(6)", mnuZoomTo_Click<6>},
+    {"mnuZoomFit", mnuZoomFit_Click},
     {"mnuDesk(0)", mnuDeskAt_Click<0>},
     {"mnuDesk(1)", mnuDeskAt_Click<1>},
     {"mnuDesk(2)", mnuDeskAt_Click<2>},

@@ -24,6 +24,7 @@ void TakeDesign(const Program& program, SupplyChart& chart) {
     chart.heads.push_back(record.Head[i]);
     chart.flows.push_back(record.FurrowFlow[i]);
     chart.sizes.push_back(hole ? sizes[i] : 0);
+    chart.safe_heads.push_back(SafeHeadAt(record, program.pipe_strengths, i).value_or(0));
   }
   if (record.AverageFurrowFlow > 0) chart.wanted_flow = record.AverageFurrowFlow;
 }
@@ -45,6 +46,7 @@ std::string PointText(const Program& program, const SupplyChart& chart) {
   if (chart.flows[at] > 0) text += ", furrow flow " + Format(chart.flows[at], "###0.00") + " GPM";
   const std::string size = chart.sizes[at] > 0 ? ChosenSizeName(program, chart.row) : "";
   if (!size.empty()) text += ", hole " + size;
+  if (chart.safe_heads[at] > 0) text += "; the tubing is to bear " + Format(chart.safe_heads[at], "##0.00") + " feet";
   return text;
 }
 
@@ -69,9 +71,9 @@ void ShowDeskChart(Program& program) {
   if (program.main.Grid2.control.visible) TakeDesign(program, fresh);
   SupplyChart& chart = desk.chart;
   const bool same = fresh.stations == chart.stations && fresh.heads == chart.heads && fresh.flows == chart.flows &&
-                    fresh.sizes == chart.sizes && fresh.wanted_flow == chart.wanted_flow;
+                    fresh.sizes == chart.sizes && fresh.safe_heads == chart.safe_heads &&
+                    fresh.wanted_flow == chart.wanted_flow;
   fresh.revision = same ? chart.revision : chart.revision + 1;
-  fresh.safe_head = chart.safe_head;
   fresh.row = LitRow(program, fresh);
   chart = std::move(fresh);
   desk.lblChartPoint.caption = PointText(program, chart);

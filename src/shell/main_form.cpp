@@ -30,6 +30,7 @@ namespace {
 
 constexpr std::string_view kZoomKey = "MainZoom";
 constexpr int kPlainZoom = 100;
+constexpr int kScreenMargin = 120;  // twips to the right of what stands on the screens, and below it
 
 // The saved place of the main screen, by the key of each value.
 struct PlaceSetting {
@@ -168,6 +169,19 @@ void mnuFileExit_Click(Program& program) {
 void SetZoom(Program& program, int percent) {
   ShowZoom(program.main, percent);
   program.host.SaveSetting(kZoomKey, GeneralText(percent));
+}
+
+void mnuZoomFit_Click(Program& program) {
+  const MainScreen& main = program.main;
+  const Place& corner = main.frameShowLimitedHoles.place;  // the rightmost and lowest of what stands on the screens
+  const auto fits = [](int edge, int percent, int room) { return (edge + kScreenMargin) * percent / 100 <= room; };
+  int best = kZoomSteps.front();
+  for (const int step : kZoomSteps) {
+    const bool whole = fits(corner.left + corner.width, step, main.room_width) &&
+                       fits(corner.top + corner.height, step, main.room_height);
+    if (whole) best = step;
+  }
+  if (main.room_width > 0) SetZoom(program, best);
 }
 
 }  // namespace torvale

@@ -17,5 +17,8 @@ void mnuFileExit_Click(Program& program);
 
 // One scale factor for the whole screen, percent; remembered for the next start.
 void SetZoom(Program& program, int percent);
+// The largest step at which the screens stand whole in the room that the window has; the smallest where none does. A
+// normal window grows with the screens, so that this is for one that is maximised.
+void mnuZoomFit_Click(Program& program);
 
 }  // namespace torvale

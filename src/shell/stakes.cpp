@@ -12,6 +12,7 @@
 #include "input/focus.h"
 #include "reports/print_commands.h"
 #include "reports/stakes_report.h"
+#include "reports/stale_mark.h"
 #include "screen/fields.h"
 #include "screen/words.h"
 #include "shell/csv_export.h"
@@ -19,6 +20,7 @@
 namespace torvale {
 namespace {
 
+constexpr std::string_view kTitle = "Stakes";
 constexpr std::string_view kIntervalKey = "StakeInterval";
 constexpr std::string_view kWidthKey = "CrownWidth";
 constexpr double kUsualStakes = 100;  // feet, where the field holds no distance
@@ -69,6 +71,8 @@ void LayOut(Grid& grid, int rows) {
 
 void ShowStakes(Program& program) {
   const Stakes all = StakesOf(program);
+  const std::string stale = StaleHeading(program);
+  program.stakes.frmStakes.caption = std::string(kTitle) + (stale.empty() ? "" : ": " + stale);
   Grid& grid = program.stakes.Grd_Stakes;
   LayOut(grid, std::max(2, static_cast<int>(all.stakes.size()) + 1));
   WriteRow(grid, 0, StakeHeadings(ReadsElevations(program.main)));

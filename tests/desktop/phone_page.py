@@ -31,9 +31,11 @@ fill Grid1 1 0
 600	10.00	1320	6.67	15	3/4	2	10	6.67
 end
 click mnuDesignField
+{then}
 dialog "{path}"
 click mnuExportPhone
 """
+STALE = 'type txtInfo(2) "850"\nanswer Yes'
 
 
 class Trouble(Exception):
@@ -201,11 +203,26 @@ def expect(what, told, wanted):
     print(f"{what}: {told!r}")
 
 
-def write_page(script_program, folder, name):
+def write_page(script_program, folder, name, then=""):
     path = pathlib.Path(folder) / name
-    subprocess.run([script_program], input=FIELD.format(path=path), text=True, check=True,
+    subprocess.run([script_program], input=FIELD.format(path=path, then=then), text=True, check=True,
                    stdout=subprocess.DEVNULL, cwd=folder)
     return path
+
+
+def check_stale(browser, page, pictures):
+    """Figures that are not those of the fields are marked above everything that is to be done."""
+    for scheme in ("light", "dark"):
+        browser.scheme(scheme)
+        browser.open(page)
+        expect("mark", browser.ask("document.querySelector('#stale b').textContent"), "NOT RE-CALCULATED")
+        expect("mark above the holes", browser.ask("document.querySelector('#stale').getBoundingClientRect().bottom <= "
+                                                   "document.querySelector('#runs').getBoundingClientRect().top"), True)
+        expect("wider than the phone", browser.ask("document.documentElement.scrollWidth > innerWidth"), False)
+        contrast = browser.ask(CONTRAST)
+        if contrast < 7:
+            raise Trouble(f"contrast of the marked page in the {scheme} scheme: {contrast}")
+        browser.picture(pictures / f"phone-{scheme}-stale.png")
 
 
 def check(browser, page, other, pictures):
@@ -224,6 +241,7 @@ def check(browser, page, other, pictures):
            browser.ask("Math.min(...[...document.querySelectorAll('main :not(input)')].map(e => "
                        "parseFloat(getComputedStyle(e).fontSize))) >= 18"), True)
     expect("nothing done", browser.ask(told), "0 of 3 done")
+    expect("no mark", browser.ask("document.querySelector('#stale')"), None)
     browser.picture(pictures / "phone-light.png")
     browser.touch("#runs label", 1)
     expect("one ticked", browser.ask(ticks), "010")
@@ -278,6 +296,7 @@ def main():
         browser = Browser(program, folder + "/browser")
         try:
             check(browser, page, other, pictures)
+            check_stale(browser, write_page(script_program, folder, "stale.html", STALE), pictures)
         except Trouble as trouble:
             browser.picture(pictures / "trouble.png")
             print(f"FAILED: {trouble}")

@@ -9,6 +9,7 @@
 
 #include "base/format.h"
 #include "scenarios/fields_by_hand.h"
+#include "screen/fields.h"
 #include "shell/desk.h"
 
 namespace torvale {
@@ -173,6 +174,45 @@ TEST(Comparison, TellsWhatTheBestHolesGain) {
   refused.key = "limited";
   TakeResult(desk, refused);
   EXPECT_EQ(words(), "Uniformity 0.5 below Computer Holes. " + best.proof);
+}
+
+// A level line of 15-inch tubing of 10 mil that is to bear .9 feet: the row warns in the words that the design itself
+// has, and says nothing of tubing that the table does not know.
+TEST(Comparison, WarnsOfTubingInTheWordsOfTheDesign) {
+  std::ostringstream transcript;
+  Session session(transcript);
+  Program& program = session.program;
+  std::istringstream script(
+      "type txtDefault(2) \"0.65\"\ntype txtDefault(3) \"140\"\ntype txtInfo(2) \"30\"\ntype txtInfo(3) \"2\"\n"
+      "type txtInfo(5) \"E\"\nfill Grid1 1 0\n0\t10\t1320\t20\t15\t5/8\t1\t10\t20\n"
+      "100\t10\t1320\t20\t15\t5/8\t1\t10\t20\nend\n");
+  ReplayScript(session, script);
+  const auto words = [&] {
+    program.desk.compared_inputs = 0;
+    session.comparison.Settle();
+    return program.desk.Comparison.Text(RowOf(program.desk, "Planned Design"), kComparedWarning);
+  };
+  Click(program, "mnuDesk(0)");
+  program.pipe_strengths = {{15, 9, 0.9}};
+  EXPECT_EQ(words().find("tubing"), std::string::npos) << words();
+  program.pipe_strengths = {{15, 10, 0.9}};
+  const std::string warning = words();
+  GridPoint(program, "Comparison", RowOf(program.desk, "Planned Design"), 0, false);
+  const std::string& mark = program.main.frmDisplayLbl[Figure::kMaxHead].mark;
+  EXPECT_FALSE(mark.empty());
+  EXPECT_TRUE(warning.starts_with(mark)) << warning;
+}
+
+// Some words of boxes end without a full stop, and others follow them in the row.
+TEST(Comparison, WarningsAreSentences) {
+  ScenarioResult result = Done("computer", 95);
+  result.warnings = {"Said in a box,\rin two lines", "Is it?", "The last."};
+  DeskScreen desk;
+  desk.designs.resize(1);
+  desk.designs[0].key = "computer";
+  TakeResult(desk, result);
+  ShowComparison(desk);
+  EXPECT_EQ(desk.Comparison.Text(1, kComparedWarning), "Said in a box, in two lines. Is it? The last.");
 }
 
 // Every edit asks anew, at once; the answer that stands in the end is that of the last one.

@@ -93,6 +93,24 @@ TEST_F(DeskTest, RemarksLeadToTheirCells) {
   EXPECT_EQ(program.main.focus, "Grid1");
 }
 
+// A maximised window of 1920 x 1080 pixels has some 1000 of them in height for the screens: 630 are needed at 100
+// percent, 788 at 125, 945 at 150.
+TEST_F(DeskTest, ZoomFitsTheWindow) {
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 100) << "there is no window";
+  program.main.room_width = 1920 * 15;
+  program.main.room_height = 944 * 15;
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 125);
+  program.main.room_height = 945 * 15;
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 150);
+  EXPECT_TRUE(program.main.mnuZoomTo[3].ticked);
+  program.main.room_width = 600 * 15;
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 75) << "the smallest where none fits";
+}
+
 // Tab leads out of the sheet through the screen and the desk, and back.
 TEST_F(DeskTest, TabReachesTheDesk) {
   Click(program, "mnuDesk(0)");
@@ -117,6 +135,33 @@ TEST_F(DeskTest, FirstStepsGoWithTheFirstCell) {
   EXPECT_TRUE(program.main.frameFirstSteps.visible);
   Click(program, "cmdCloseFirstSteps");
   EXPECT_FALSE(program.main.frameFirstSteps.visible);
+}
+
+// Two pipes of which the table knows the first, up to station 100.
+TEST_F(DeskTest, ChartHasWhatEachPipeIsToBear) {
+  program.pipe_strengths = {{15, 10, 2.2}};
+  TypeText(program, "txtInfo(2)", "30");
+  TypeText(program, "txtInfo(3)", "2");
+  TypeText(program, "txtInfo(5)", "E");
+  Guarded(program, [&] {
+    const char* const rows[3][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "10", "20"},
+                                    {"100", "10", "1320", "20", "15", "5/8", "1", "10", "20"},
+                                    {"140", "10", "1320", "20", "12", "5/8", "1", "10", "20"}};
+    for (int row = 0; row < 3; ++row) {
+      for (int column = 0; column < 9; ++column) program.main.Grid1.Set(row + 1, column, rows[row][column]);
+    }
+  });
+  Click(program, "mnuDesk(2)");
+  Click(program, "mnuDesignField");
+  // Eight holes 20 feet apart; those up to 100 feet in the 15-inch pipe.
+  const SupplyChart& chart = program.desk.chart;
+  EXPECT_EQ(chart.stations, (std::vector<double>{0, 20, 40, 60, 80, 100, 120, 140}));
+  EXPECT_EQ(chart.safe_heads, (std::vector<double>{2.2, 2.2, 2.2, 2.2, 2.2, 2.2, 0, 0}));
+  EXPECT_TRUE(program.desk.lblChartPoint.caption.ends_with("; the tubing is to bear 2.20 feet"))
+      << program.desk.lblChartPoint.caption;
+  const auto drawn = chart.revision;
+  GridKey(program, "Grid2", {Key::kDown, ""});
+  EXPECT_EQ(program.desk.chart.revision, drawn) << "the lines are the same";
 }
 
 TEST_F(DeskTest, ChartOfNothingSaysSo) {

@@ -1,4 +1,4 @@
-// The warning of a head that the tubing is not to bear.
+// The warnings of a head that the tubing is not to bear, and of furrows that get no water.
 #include <gtest/gtest.h>
 
 #include "shell/commands.h"
@@ -58,6 +58,21 @@ TEST_F(SafeHeadWarningTest, NothingIsSaidOfWhatIsBorneOrNotKnown) {
   Start("15,10,1.2\n15,9,.5\n");
   EXPECT_EQ(Mark(), "");
   EXPECT_EQ(Status().find("tubing"), std::string::npos);
+}
+
+// Whatever left the furrows without water, the design says so as long as it stands.
+TEST_F(SafeHeadWarningTest, FurrowsWithoutWaterAreTold) {
+  Start("");
+  EXPECT_EQ(program.main.frmDisplayLbl[11].mark, "");
+  program.record.FurrowFlow[2] = 0;
+  Click(program, "cmdDesignToggle");
+  EXPECT_EQ(program.main.frmDisplayLbl[11].mark, "The furrow at station 20 gets no water.");
+  EXPECT_NE(Status().find("The furrow at station 20 gets no water."), std::string::npos) << Status();
+  program.record.FurrowFlow[5] = 0;
+  Click(program, "cmdDesignToggle");
+  EXPECT_EQ(program.main.frmDisplayLbl[11].mark, "2 furrows get no water, the first at station 20.");
+  Click(program, "cmdReCalc");
+  EXPECT_EQ(program.main.frmDisplayLbl[11].mark, "");
 }
 
 TEST_F(SafeHeadWarningTest, ANewDesignForgetsIt) {
