@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "qt/fitted_text.h"
 #include "qt/tips.h"
 #include "shell/commands.h"
 #include "shell/desk_rows.h"
@@ -23,6 +24,16 @@ void SetLetters(QWidget& widget, int pixels, bool bold = false) {
   font.setPixelSize(pixels);
   font.setBold(bold);
   widget.setFont(font);
+}
+
+// Words that their lines have no room for take smaller letters.
+void FitWords(QLabel& label, const QString& words, int pixels) {
+  const QRect room = label.contentsRect();
+  const bool fits = label.wordWrap() && label.font().pixelSize() == pixels &&
+                    label.fontMetrics().boundingRect(room, Qt::TextWordWrap, words).height() <= room.height();
+  if (fits && label.text() == words) return;
+  SetLabelText(label, words, pixels);
+  label.setWordWrap(true);
 }
 
 }  // namespace
@@ -137,6 +148,8 @@ bool DeskView::Sync() {
   for (const Section& section : sections_) {
     const bool open = section.frame.control->visible;
     any = any || (open && !section.away);
+    // Without the hole summary the chart has no place on the screens.
+    if (section.away && !program_.main.frameShowLimitedHoles.visible) changed = true;
     if (section.widget->isVisibleTo(section.widget->parentWidget()) != open) {
       section.widget->setVisible(open);
       changed = true;
@@ -146,10 +159,8 @@ bool DeskView::Sync() {
     if (section.chart != nullptr) section.chart->Show(program_.desk.chart, scale);
     if (section.words != nullptr) {
       const QString words = ToQt(section.words_control->caption);
-      if (section.words->text() != words) {
-        section.words->setText(words);
-        section.words->setToolTip(TipText(section.words_control->caption));
-      }
+      if (section.words->text() != words) section.words->setToolTip(TipText(section.words_control->caption));
+      FitWords(*section.words, words, scale.Zoomed(kTextPixels));
     }
   }
   if (isVisibleTo(parentWidget()) != any) {

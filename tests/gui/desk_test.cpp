@@ -108,7 +108,12 @@ TEST_F(DeskWindowTest, TheChartStandsBelowTheHoleSummaryOfALargeWindow) {
   EXPECT_FALSE(section.isVisible());
   Choose("mnuDesk(2)");
   EXPECT_TRUE(section.isVisible());
+  // The summary goes with the user to the input screen, and the chart with it.
   Choose("mnuWindowInfo");
+  EXPECT_TRUE(summary.isVisible());
+  EXPECT_EQ(section.x(), summary.x());
+  Guarded(*program_, [this] { main().frameShowLimitedHoles.visible = false; });
+  window_->Sync();
   EXPECT_TRUE(Desk().isAncestorOf(&section));
   EXPECT_TRUE(Desk().isVisible());
 }
@@ -118,29 +123,28 @@ TEST_F(DeskWindowTest, RemarksLeadToTheirCells) {
   Choose("mnuDesk(1)");
   Line();
   EXPECT_EQ(Remarks().model()->rowCount(), 0);
-  GridPoint(*program_, "Grid1", 2, kFurrowLengthColumn, false);
-  Key(Sheet(), Qt::Key_Delete);
-  Type(Sheet(), "85O");
   GridPoint(*program_, "Grid1", 2, kHoleSizeColumn, false);
   Key(Sheet(), Qt::Key_Delete);
-  Type(Sheet(), "9/7");
+  Type(Sheet(), "97");
+  GridPoint(*program_, "Grid1", 2, kStationColumn, false);
+  Key(Sheet(), Qt::Key_Delete);
+  Type(Sheet(), "0");
   ASSERT_EQ(Remarks().model()->rowCount(), 2);
   EXPECT_EQ(Remarks().model()->index(0, 0).data().toString(), "2");
   const QString tip = Remarks().model()->index(0, 2).data(Qt::ToolTipRole).toString();
-  EXPECT_TRUE(tip.contains("is read as 85")) << tip.toStdString();
+  EXPECT_TRUE(tip.contains("the same as in the row above")) << tip.toStdString();
   Keep("remarks");
   QTest::mouseClick(Remarks().viewport(), Qt::LeftButton, Qt::NoModifier, PointOf(Remarks(), 1, 2));
   EXPECT_TRUE(Sheet().hasFocus());
   EXPECT_EQ(main().Grid1.row, 2);
-  EXPECT_EQ(main().Grid1.column, kFurrowLengthColumn);
+  EXPECT_EQ(main().Grid1.column, kStationColumn);
   Remarks().setFocus();
   Key(Remarks(), Qt::Key_Down);
   EXPECT_TRUE(Remarks().hasFocus());
   Key(Remarks(), Qt::Key_Return);
   EXPECT_TRUE(Sheet().hasFocus());
   EXPECT_EQ(main().Grid1.column, kHoleSizeColumn);
-  Key(Sheet(), Qt::Key_Delete);
-  Type(Sheet(), "1/2");
+  Key(Sheet(), Qt::Key_Delete);  // a row may do without a hole
   EXPECT_EQ(Remarks().model()->rowCount(), 1);
 }
 
