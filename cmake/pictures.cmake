@@ -6,7 +6,7 @@ find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 set(pixels_to_a_side 8)
 
 function(torvale_pixel_pictures target)
-  set(folder ${PROJECT_BINARY_DIR}/pictures)
+  set(folder ${PROJECT_BINARY_DIR}/pixel_icons)
   file(MAKE_DIRECTORY ${folder}/text)
   file(GLOB pictures CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/icons/*.svg)
   set(entries "")

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QFont>
-#include <QStringList>
+#include <functional>
 
 namespace torvale {
 
@@ -14,6 +14,6 @@ void AskForDesktopColours();
 void UseDesktopLook();
 
 // The font in the first typeface without serifs that is there, if its own is not.
-QFont WithoutSerifs(QFont wanted, const QStringList& typefaces_there);
+QFont WithoutSerifs(QFont wanted, const std::function<bool(const QString& typeface)>& is_there);
 
 }  // namespace torvale
