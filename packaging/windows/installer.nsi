@@ -118,6 +118,8 @@ Section Uninstall
   !insertmacro RemoveCopies
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
+  ; It may have been made for this program alone; where it holds another it stays.
+  RMDir "$LOCALAPPDATA\Programs"
   Delete "$SMPROGRAMS\TORVALE.lnk"
   !insertmacro ForgetKind ".pfd" "TORVALE.PlannedField"
   !insertmacro ForgetKind ".csd" "TORVALE.ConstantSlope"

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -53,8 +54,8 @@ int main(int argc, char** argv) {
   // By this a desktop finds the icon and the menu entry of the window.
   QApplication::setDesktopFileName("torvale");
   const QString executable_folder = QApplication::applicationDirPath();
-  FileFacts facts;
-  const bool may_write = LookAt(PathOf(executable_folder.toStdString()), facts) == 0 && facts.is_writable;
+  // The rights don't tell all: a disk may only be read, a system may guard a folder of the user's against programs.
+  const bool may_write = QTemporaryFile(executable_folder + "/torvale-XXXXXX").open();
   QtHost host(FindProgramFolder(executable_folder, may_write,
                                 QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
               QString::fromStdString(Utf8Of(UserDataFolder())));
