@@ -31,6 +31,7 @@ OBJDUMP = "x86_64-w64-mingw32-objdump"
 SUBSYSTEMS = {"torvale": "Windows GUI", "torvale_script": "Windows CUI", "torvale_batch": "Windows CUI"}
 # The numbers that Windows gives to kinds of resources.
 RESOURCES = {0x03: "icon", 0x0e: "group of icons", 0x10: "version", 0x18: "manifest"}
+OWN_FILES = ("Default50.TVL", "SoilsName.txt", "SafeHeads.txt", "RecentTORVALEFileName.Dat")
 WINDOW_VALUES = ("MainLeft", "MainTop", "MainWidth", "MainHeight")
 CLASSES = r"HKCU\Software\Classes"
 KINDS = (".pfd", ".csd", ".dsd", ".csh", ".xfd", ".lhd", ".dat")
@@ -354,7 +355,7 @@ def check_installer(build, pictures):
     if program_files != {p: p.stat().st_mtime for p in installed.rglob("*") if p.is_file()}:
         raise Trouble("the program wrote into its folder")
     own = user_folder() / "AppData/Roaming/TORVALE/TORVALE"
-    for name in ("Default50.TVL", "SoilsName.txt", "RecentTORVALEFileName.Dat", "TORVALEHELP.hlp"):
+    for name in (*OWN_FILES, "TORVALEHELP.hlp"):
         if not (own / name).exists():
             raise Trouble(f"{name} is not in the user's folder")
     wine(installed / "uninstall.exe", "/S")
@@ -364,8 +365,7 @@ def check_installer(build, pictures):
     wine("wineboot", "--end-session")
     left = {str(p.relative_to(user_folder())) for p in files_of_user() - before}
     users = {"AppData/Roaming/TORVALE", "AppData/Roaming/TORVALE/TORVALE", "AppData/Local/TORVALE"}
-    users |= {f"AppData/Roaming/TORVALE/TORVALE/{name}"
-              for name in ("Default50.TVL", "SoilsName.txt", "RecentTORVALEFileName.Dat")}
+    users |= {f"AppData/Roaming/TORVALE/TORVALE/{name}" for name in OWN_FILES}
     foreign = {name for name in left if name not in users and not name.startswith("AppData/Local/TORVALE/")
                and "Microsoft/Windows/Recent" not in name}
     if foreign:
