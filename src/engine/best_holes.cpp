@@ -22,9 +22,9 @@ constexpr std::size_t kJudged = 16;         // of the best estimates
 constexpr std::size_t kMoved = 6;           // candidates that are moved stretch by stretch
 constexpr int kMoveTrials = 1500;           // for each of them
 constexpr int kSettleRounds = 12;           // of moves judged one by one
-constexpr double kBoxRows = 20000.0 * 264;  // boxes of the proof times furrows in each, which is its work
+constexpr double kBoxRows = 10000.0 * 264;  // boxes of the proof times furrows in each, which is its work
 constexpr int kFewestBoxes = 2000;
-constexpr int kMostBoxes = 40000;
+constexpr int kMostBoxes = 20000;
 // Points of uniformity above the best plan that are tried to be proven in turn, as designs show them.
 constexpr double kGaps[] = {0.5, 0.3, 0.2, 0.1, 0};
 constexpr double kShownWithin = 0.049;  // of a tenth: what is above it is shown as the next one

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 
-#include "base/arithmetic.h"
 #include "base/power.h"
 #include "engine/hydraulics.h"
 
@@ -13,12 +12,16 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kFirstPrice = 0.15;
-constexpr double kLevelWeight = 0.5;
-constexpr int kPrices = 5;                 // sets of prices tried for a box
-constexpr double kPriceAim = 0.02;         // percent below what is wanted that the steps of the prices aim at
-constexpr std::size_t kPowerSteps = 8192;  // of the flow, at which its power is kept
-constexpr double kHeadStray = 1e-9;        // feet that a sum of heads can stray
-constexpr double kRoundingPoints = 1e-4;   // percent that the stores of single values can add
+// Weights by which a box is cut: those that took the fewest boxes.
+constexpr double kLevelWeight = 0.25;
+constexpr double kHeadWeight = 0.7;
+constexpr double kFlowWeight = 0.1;
+// How much farther the prices of heads are moved than those of flows: one furrow weighs less than the whole line.
+constexpr double kHeadPriceWeight = 200;
+constexpr int kPrices = 5;                // sets of prices tried for a box
+constexpr double kPriceAim = 0.02;        // percent below what is wanted that the steps of the prices aim at
+constexpr double kHeadStray = 1e-9;       // feet that a sum of heads can stray
+constexpr double kRoundingPoints = 1e-4;  // percent that the stores of single values can add
 
 Range Meet(const Range& a, const Range& b) {
   return {std::max(a.low, b.low), std::min(a.high, b.high)};
@@ -37,6 +40,7 @@ double Middle(const Range& range) {
 PlanBounds::PlanBounds(const PlanTask& task)
     : task_(task),
       sizes_(task.sizes.size()),
+      width_((sizes_ + 1) / 2 * 2),
       stretches_(static_cast<std::size_t>(task.stretches)),
       quarter_(LowQuarterCount(task)),
       slack_((task.line.rows + 16) * 0x1p-24),
@@ -47,18 +51,31 @@ PlanBounds::PlanBounds(const PlanTask& task)
       head_at_(furrow_at_.size()),
       flow_at_(furrow_at_.size()),
       friction_at_(furrow_at_.size()),
-      flow_low_(task.furrows.size() * sizes_),
-      flow_high_(task.furrows.size() * sizes_),
-      cost_(sizes_),
-      chosen_flow_(task.furrows.size() * sizes_),
-      best_(stretches_ * sizes_),
-      next_best_(stretches_ * sizes_),
-      from_(task.furrows.size() * stretches_ * sizes_),
+      flow_low_(task.furrows.size() * width_),
+      flow_high_(task.furrows.size() * width_),
+      square_(width_),
+      inverse_square_(width_),
+      closed_(width_, kInfinity),
+      cost_(width_),
+      chosen_flow_(task.furrows.size() * width_),
+      best_((task.furrows.size() + 1) * stretches_ * width_),
+      head_price_(task.furrows.size()),
+      miss_(task.furrows.size()),
+      flow_price_(task.furrows.size()),
+      head_prices_above_(furrow_at_.size()),
+      water_price_(task.furrows.size()),
+      friction_line_(furrow_at_.size()),
       power_scale_(static_cast<double>(kPowerSteps) / (most_flow_ * (1 + slack_))),
       power_at_(kPowerSteps + 1),
       plan_(task.furrows.size()),
       marks_({task.furrows.size() * 3 / 4, task.furrows.size() / 2, task.furrows.size() / 4, 0}) {
   for (const float size : task.sizes) area_.push_back(AreaByInches(size, 1));
+  for (std::size_t size = 0; size < sizes_; ++size) {
+    const double flow = OrificeFlow(area_[size], 1, task.line.discharge_coef);
+    square_[size] = flow * flow;
+    inverse_square_[size] = 1 / square_[size];
+    closed_[size] = 0;
+  }
   for (std::size_t step = 0; step <= kPowerSteps; ++step) {
     power_at_[step] = FlowPower(static_cast<float>(static_cast<double>(step) / power_scale_));
   }
@@ -112,8 +129,8 @@ void PlanBounds::SetFlows(std::size_t furrow, double least_head, double highest_
   const double low = OrificeFlow(task_.furrows[furrow].holes, least_head, task_.line.discharge_coef) * (1 - slack_);
   const double high = OrificeFlow(task_.furrows[furrow].holes, highest_head, task_.line.discharge_coef) * (1 + slack_);
   for (std::size_t size = 0; size < sizes_; ++size) {
-    flow_low_[furrow * sizes_ + size] = area_[size] * low;
-    flow_high_[furrow * sizes_ + size] = area_[size] * high;
+    flow_low_[furrow * width_ + size] = area_[size] * low;
+    flow_high_[furrow * width_ + size] = area_[size] * high;
   }
 }
 
@@ -170,7 +187,7 @@ bool PlanBounds::MarchDownstream(PlanBox& box) {
                          above.high + line.rise[i] - friction_at_[i].low + kHeadStray});
       Range given{0, 0};
       if (const int upstream = furrow_at_[i - 1]; upstream >= 0) {
-        const std::size_t at = static_cast<std::size_t>(upstream) * sizes_;
+        const std::size_t at = static_cast<std::size_t>(upstream) * width_;
         given = {flow_low_[at], flow_high_[at + sizes_ - 1]};
       }
       flow = Meet(flow, {flow_at_[i - 1].low - given.high - stray, flow_at_[i - 1].high - given.low + stray});
@@ -193,120 +210,13 @@ bool PlanBounds::MarchRanges(PlanBox& box, double wanted) {
   return MarchUpstream(box, wanted) && MarchDownstream(box);
 }
 
-// The cost of each size at a furrow, and the flow that it is least at. Loss falls with the flow up to the level and
-// then jumps to nothing, the price is linear: the least is at the level or at an end of the range.
-void PlanBounds::CostFurrow(std::size_t furrow, const Range& level, double price) {
-  const double ratio = task_.furrows[furrow].ratio;
-  const double met = level.low * ratio;
-  const double loss = ratio > 0 ? level.high : 0;
-  const double slope = ratio > 0 ? price - 1 / ratio : 0;  // of the cost below the level
-  const double* const lows = &flow_low_[furrow * sizes_];
-  const double* const highs = &flow_high_[furrow * sizes_];
-  double* const chosen = &chosen_flow_[furrow * sizes_];
-  for (std::size_t size = 0; size < sizes_; ++size) {
-    const double low = lows[size];
-    const double high = highs[size];
-    // The best flow that meets the level, and the best that doesn't.
-    const double full = price < 0 ? high : std::max(met, low);
-    const double starved = slope < 0 ? std::min(met, high) : low;
-    const double full_cost = high >= met ? price * full : kInfinity;
-    const double starved_cost = low < met ? loss + slope * starved : kInfinity;
-    const bool starves = starved_cost < full_cost;
-    chosen[size] = starves ? starved : full;
-    cost_[size] = starves ? starved_cost : full_cost;
-  }
-}
-
-// best_[s, k]: the least cost of the furrows from this one to the far end, where it has size k and s changes of size
-// follow downstream of it.
-void PlanBounds::StepUpstream(std::size_t furrow) {
-  std::uint8_t* from = &from_[furrow * stretches_ * sizes_];
-  const double* here = best_.data();
-  double* next = next_best_.data();
-  for (std::size_t s = 0; s < stretches_; ++s, from += sizes_, here += sizes_, next += sizes_) {
-    // The least and the second least of one change fewer, of which each size takes the one that isn't itself.
-    std::size_t least = 0;
-    std::size_t second = 0;
-    double least_cost = kInfinity;
-    double second_cost = kInfinity;
-    if (s > 0) {
-      const double* const fewer = here - sizes_;
-      for (std::size_t k = 0; k < sizes_; ++k) {
-        const double cost = fewer[k];
-        if (cost < least_cost) {
-          second = least;
-          second_cost = least_cost;
-          least = k;
-          least_cost = cost;
-        } else if (cost < second_cost) {
-          second = k;
-          second_cost = cost;
-        }
-      }
-    }
-    for (std::size_t k = 0; k < sizes_; ++k) {
-      const bool is_least = k == least;
-      const double changed = is_least ? second_cost : least_cost;
-      const bool changes = changed < here[k];
-      next[k] = (changes ? changed : here[k]) + cost_[k];
-      from[k] = static_cast<std::uint8_t>(changes ? (is_least ? second : least) : k);
-    }
-  }
-  best_.swap(next_best_);
-}
-
-// The first mark, from the far end, that stands at the furrow or upstream of it.
-std::size_t PlanBounds::MarkAbove(std::size_t furrow) const {
-  std::size_t mark = 0;
-  while (furrow < marks_[mark]) ++mark;
-  return mark;
-}
-
-// The plan of the least cost into plan_, the flows that it draws above the marks into drawn_.
-void PlanBounds::TakeBack() {
-  const auto least = std::min_element(best_.begin(), best_.end());
-  const auto place = static_cast<std::size_t>(least - best_.begin());
-  std::size_t s = place / sizes_;
-  std::size_t k = place % sizes_;
-  drawn_ = {};
-  for (std::size_t furrow = 0; furrow < plan_.size(); ++furrow) {
-    plan_[furrow] = static_cast<std::uint16_t>(k);
-    drawn_[MarkAbove(furrow)] += chosen_flow_[furrow * sizes_ + k];
-    const std::size_t next = from_[(furrow * stretches_ + s) * sizes_ + k];
-    if (next != k) --s;
-    k = next;
-  }
-  for (std::size_t mark = 1; mark < kFlowMarks; ++mark) drawn_[mark] += drawn_[mark - 1];
-}
-
-double PlanBounds::LeastCost(const Range& level, const FlowPrices& prices) {
-  FlowPrices price_at = prices;  // of the furrows downstream of each mark
-  for (std::size_t mark = kFlowMarks - 1; mark > 0; --mark) price_at[mark - 1] += price_at[mark];
-  std::fill(best_.begin(), best_.end(), kInfinity);
-  std::fill_n(best_.begin(), sizes_, 0.0);
-  for (std::size_t furrow = plan_.size(); furrow-- > 0;) {
-    CostFurrow(furrow, level, price_at[MarkAbove(furrow)]);
-    if (furrow + 1 == plan_.size()) {
-      std::uint8_t* const from = &from_[furrow * stretches_ * sizes_];
-      for (std::size_t place = 0; place < stretches_ * sizes_; ++place) {
-        from[place] = static_cast<std::uint8_t>(place % sizes_);
-        best_[place] += cost_[place % sizes_];
-      }
-    } else {
-      StepUpstream(furrow);
-    }
-  }
-  TakeBack();
-  return *std::min_element(best_.begin(), best_.end());
-}
-
 // How many points of the bound come from the width of the level, and how many from the ranges of the flows.
 void PlanBounds::Blur(PlanBox& box) const {
   int starved = 0;
   double flows = 0;
   for (std::size_t i = 0; i < plan_.size(); ++i) {
     const double ratio = task_.furrows[i].ratio;
-    const std::size_t at = i * sizes_ + plan_[i];
+    const std::size_t at = i * width_ + plan_[i];
     if (ratio <= 0) continue;
     flows += (flow_high_[at] - flow_low_[at]) / 2 / ratio;
     starved += chosen_flow_[at] < box.level.low * ratio;
@@ -315,42 +225,60 @@ void PlanBounds::Blur(PlanBox& box) const {
   box.flow_blur = flows * quarter_ / static_cast<double>(plan_.size());
 }
 
+// The bound that the prices give, percent, and how far the plan's flows above the marks are past their ranges.
+double PlanBounds::BoundAt(const PlanBox& box, const FlowPrices& prices, FlowPrices& excess) {
+  PriceWater();
+  double sum = quarter_ * box.level.high - LeastCost(box.level, prices) - HeadTerms(box);
+  for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
+    const Range& flow = box.flow[mark];
+    const double priced = prices[mark] > 0   ? flow.high
+                          : prices[mark] < 0 ? flow.low
+                                             : std::clamp(drawn_[mark], flow.low, flow.high);
+    sum += prices[mark] * priced;
+    excess[mark] = drawn_[mark] - priced;
+  }
+  return sum * Points() + kRoundingPoints;
+}
+
+// Moves the prices against what the plan found does wrong, as far as would bring a linear bound down by so many points;
+// no price of flow past 0, where its range's end changes. False where the plan does nothing wrong.
+bool PlanBounds::MovePrices(const PlanBox& box, double down, const FlowPrices& excess, FlowPrices& prices) {
+  double square = kHeadPriceWeight * MissHeads(box);
+  for (const double flow : excess) square += flow * flow;
+  if (square == 0) return false;
+  const double step = down / Points() / square;
+  for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
+    const double next = prices[mark] + step * excess[mark];
+    prices[mark] = next * prices[mark] < 0 ? 0 : next;
+  }
+  for (std::size_t i = 0; i < plan_.size(); ++i) {
+    const double next = head_price_[i] + kHeadPriceWeight * step * miss_[i] * Worth(i);
+    head_price_[i] = Wide(Narrow(next));  // as a box keeps it
+  }
+  return true;
+}
+
 bool PlanBounds::Bound(PlanBox& box, double wanted, HolePlan& plan) {
   if (quarter_ == 0 || !MarchRanges(box, wanted)) return false;
-  const double points = 100 / (quarter_ * Wide(task_.average));
   FlowPrices prices = box.prices;
+  box.head_prices.resize(plan_.size());
+  std::copy(box.head_prices.begin(), box.head_prices.end(), head_price_.begin());
   double least = kInfinity;
   double boldness = 1;
   for (int i = 0; i < kPrices; ++i) {
-    double sum = quarter_ * box.level.high - LeastCost(box.level, prices);
     FlowPrices excess{};
-    double square = 0;
-    for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
-      const Range& flow = box.flow[mark];
-      const double priced = prices[mark] > 0   ? flow.high
-                            : prices[mark] < 0 ? flow.low
-                                               : std::clamp(drawn_[mark], flow.low, flow.high);
-      sum += prices[mark] * priced;
-      excess[mark] = drawn_[mark] - priced;
-      square += excess[mark] * excess[mark];
-    }
-    const double bound = sum * points + kRoundingPoints;
+    const double bound = BoundAt(box, prices, excess);
     if (bound < least) {
       least = bound;
       box.prices = prices;
+      std::transform(head_price_.begin(), head_price_.end(), box.head_prices.begin(), Narrow);
       plan = plan_;
       Blur(box);
     } else {
       boldness /= 2;
     }
     if (least <= wanted) return false;
-    if (square == 0) break;
-    // As far as would bring a linear bound down to what is wanted, but no price past 0, where its range's end changes.
-    const double step = boldness * (bound - wanted + kPriceAim) / points / square;
-    for (std::size_t mark = 0; mark < kFlowMarks; ++mark) {
-      const double next = prices[mark] + step * excess[mark];
-      prices[mark] = next * prices[mark] < 0 ? 0 : next;
-    }
+    if (i + 1 < kPrices && !MovePrices(box, boldness * (bound - wanted + kPriceAim), excess, prices)) break;
   }
   box.bound = std::min(box.bound, least);
   return true;
@@ -358,7 +286,7 @@ bool PlanBounds::Bound(PlanBox& box, double wanted, HolePlan& plan) {
 
 std::pair<PlanBox, PlanBox> PlanBounds::Split(const PlanBox& box) const {
   std::pair<PlanBox, PlanBox> halves{box, box};
-  // How far each range blurs the flows; the weights are those that took the fewest boxes.
+  // How far each range blurs the flows.
   const auto head_blur = [](const Range& head) { return (head.high - head.low) / (head.high + head.low); };
   double most = head_blur(box.end_head);
   Range PlanBox::*widest = &PlanBox::end_head;
@@ -370,14 +298,14 @@ std::pair<PlanBox, PlanBox> PlanBounds::Split(const PlanBox& box) const {
     kind = kLevel;
   }
   for (std::size_t i = 0; i < box.head.size(); ++i) {
-    if (const double blur = 0.7 * head_blur(box.head[i]); blur > most) {
+    if (const double blur = kHeadWeight * head_blur(box.head[i]); blur > most) {
       most = blur;
       mark = i;
       kind = kHead;
     }
   }
   for (std::size_t i = 0; i + 1 < kFlowMarks; ++i) {
-    const double blur = 0.1 * (box.flow[i].high - box.flow[i].low) / task_.target;
+    const double blur = kFlowWeight * (box.flow[i].high - box.flow[i].low) / task_.target;
     if (blur > most) {
       most = blur;
       mark = i;
@@ -400,6 +328,7 @@ void PlanBounds::BestAtHeads(const std::vector<double>& heads, double level, dou
   }
   FlowPrices prices{};
   prices.back() = price;
+  DropHeadPrices();
   LeastCost({level, level}, prices);
   plan = plan_;
 }
