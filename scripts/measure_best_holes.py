@@ -2,6 +2,7 @@
 """Measures the best holes against the two classic selections on made-up fields and on the samples.
 
   measure_best_holes.py PROGRAM [FIELDS [FIRST]]   PROGRAM is torvale_script; 200 fields of 264 holes from seed FIRST on
+  measure_best_holes.py PROGRAM samples            the same on the inputs of data/samples
 
 Each field is a script that runs User Hole Selection (five sizes), Computer Hole Selection (all sizes) and Best Holes
 (the five sizes, four stretches) and shows what they come to. One line for each field, then the figures of
@@ -62,10 +63,25 @@ def field(seed):
     return lines, sizes, highest
 
 
-def classic_steps(sizes):
+def samples():
+    """Name, script, sizes, highest head of each sample: its inputs, with five sizes around its first one."""
+    folder = pathlib.Path(__file__).resolve().parent.parent / "data/samples"
+    for script in sorted(folder.glob("*.script")):
+        lines = ['type txtDefault(13) "2"', 'type txtDefault(14) ".2"']
+        for line in script.read_text().splitlines():
+            if re.match(r"click mnu\w*(Design|HoleSelection)", line):
+                break
+            lines.append(line)
+        cells = [line.split("\t") for line in lines[lines.index("fill Grid1 1 0") + 1 :]]
+        part, low = map(int, next(row[5] for row in cells if len(row) > 5 and "/" in row[5]).split("/"))
+        sizes = [size_name(part * 16 // low + step) for step in range(-2, 3)]
+        yield script.stem, lines, sizes, re.search(r'type txtInfo\(3\) "(.*?)"', "\n".join(lines)).group(1)
+
+
+def classic_steps(sizes, head):
     steps = ["click mnuManHoleSelection"] + [f'doubleclick listAllHoles "{size}"' for size in sizes]
     steps += ["click cmdExitHoleSelect", "show Uniformity MaxHead MinHead LimitedHoleDia"]
-    return steps + ['type txtInfo(3) "2"', "click mnuComputerHoleSelection", "show Uniformity MaxHead MinHead"]
+    return steps + [f'type txtInfo(3) "{head}"', "click mnuComputerHoleSelection", "show Uniformity MaxHead MinHead"]
 
 
 def best_steps(sizes, highest):
@@ -94,21 +110,20 @@ def stretches(text):
     return sum(1 for before, size in zip([None] + sizes, sizes) if size != before)
 
 
-def measure(program, seed):
-    lines, sizes, highest = field(seed)
-    classic, _ = run(program, lines + classic_steps(sizes))
+def measure(program, lines, sizes, highest, head="2"):
+    classic, _ = run(program, lines + classic_steps(sizes, head))
     best, seconds = run(program, lines + best_steps(sizes, highest))
     uniformities = numbers(classic, "Uniformity")
     label = re.search(r'^lblBestHoles = "(.*?)" visible', best, re.M)
     if label is None or "Grid2[1,0]" not in best:
         return None
     gap = re.search(r"\(([\d.]+) more\)", label.group(1))
-    result = {"best": numbers(best, "Uniformity")[0], "seconds": seconds}
+    result = {"best": numbers(best, "Uniformity")[0], "seconds": seconds, "label": label.group(1)}
     result["gap"] = float(gap.group(1)) if gap else 0.0
     result["limited"], result["computer"] = (uniformities + [0, 0])[:2]
     # Whether the limited selection's own plan lies within the limits of the best holes.
     heads = numbers(classic, "MaxHead")[:1] + numbers(classic, "MinHead")[:1]
-    result["within"] = 0 < stretches(classic) <= 4 and len(heads) == 2 and heads[0] <= highest and heads[1] >= 0.5
+    result["within"] = 0 < stretches(classic) <= 4 and len(heads) == 2 and heads[0] <= float(highest) and heads[1] >= 0.5
     return result
 
 
@@ -121,11 +136,15 @@ def spread(values, of="{:.1f}"):
 
 def main():
     program = str(pathlib.Path(sys.argv[1]).resolve())
+    if sys.argv[2:] == ["samples"]:
+        for name, lines, sizes, head in samples():
+            print(name, sizes, measure(program, lines, sizes, head, head))
+        return 0
     fields = int(sys.argv[2]) if len(sys.argv) > 2 else 200
     first = int(sys.argv[3]) if len(sys.argv) > 3 else 1
     results = []
     for seed in range(first, first + fields):
-        result = measure(program, seed)
+        result = measure(program, *field(seed))
         print(seed, result, flush=True)
         if result:
             results.append(result)
