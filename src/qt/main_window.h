@@ -93,6 +93,7 @@ class MainWindow final : public QMainWindow {
   QSize NeededRoom() const;
   bool RoomBeside(int screens) const;
   QRect ChartPlace(const QSize& needed) const;
+  int CurveBelow(const ControlView& view) const;
   void FitCanvas();
   void PlaceDesk();
   void RoomChanged();

@@ -123,6 +123,14 @@ QRect MainWindow::ChartPlace(const QSize& needed) const {
   return {above.left(), above.bottom() + gap, above.width(), longer - gap};
 }
 
+// What the curve of the best holes takes of the foot of the hole summary, which scrolls above it.
+int MainWindow::CurveBelow(const ControlView& view) const {
+  const MainScreen& main = program_.main;
+  if (view.named.control != &main.frameShowLimitedHoles || !main.frameBestCurve.visible) return 0;
+  const Scale scale(main.zoom);
+  return scale.Rect(main.frameShowLimitedHoles.place).bottom() + 1 - scale.Rect(main.frameBestCurve.place).top();
+}
+
 // A window that is clearly higher than the screen shows more rows: the tables and the hole summary reach down to its
 // foot.
 void MainWindow::FitCanvas() {
@@ -132,11 +140,16 @@ void MainWindow::FitCanvas() {
   const int longer = free >= scale.Zoomed(kWorthGrowing) ? free : 0;
   const QRect chart = ChartPlace(needed);
   desk_->StandChart(*canvas_, chart);
+  const MainScreen& main = program_.main;
+  const int below_summary = chart.isEmpty() ? longer : 0;
   for (ControlView& view : controls_) {
-    const bool stays = !chart.isEmpty() && view.named.control == &program_.main.frameShowLimitedHoles;
     const bool grows = std::find(kGrowing.begin(), kGrowing.end(), view.named.name) != kGrowing.end();
     const QRect place = scale.Rect(view.named.control->place);
-    if (grows) view.widget->resize(place.width(), place.height() + (stays ? 0 : longer));
+    // The curve of the best holes stands at the foot of the hole summary.
+    const bool summary = view.named.control == &main.frameShowLimitedHoles;
+    const int more = summary ? below_summary : longer;
+    if (grows) view.widget->resize(place.width(), place.height() + more - CurveBelow(view));
+    if (view.named.control == &main.frameBestCurve) view.widget->move(place.left(), place.top() + below_summary);
     if (view.named.kind == ControlKind::kFrame) FitFrame(view, controls_);
   }
   canvas_->resize(needed.width(), needed.height() + longer);
