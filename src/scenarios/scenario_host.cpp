@@ -6,9 +6,9 @@
 namespace torvale {
 namespace {
 
-// Yields between two looks at the clock. They come with the rows of a march, some tens of nanoseconds apart, or with
-// the rounds of a search.
-constexpr long kIdleYields = 63;
+// Yields between two looks at the clock. They come with the rows of a march, some tens of nanoseconds apart, so that
+// these take a few milliseconds at most; and a calculation foresees marches only as far as no yield falls into them.
+constexpr long kIdleYields = 0xffff;
 
 // Below a file that is no folder nothing can lie and nothing can be written.
 constexpr std::string_view kNowhere = "/dev/null/torvale";
