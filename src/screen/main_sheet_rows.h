@@ -25,6 +25,9 @@ inline constexpr TextLook kResultLook{TextPlace::kCentre, 0, true, true};
 inline constexpr TextLook kTitleLook{TextPlace::kFoot};
 // The lines of these belong together across the labels, so the letters are alike.
 inline constexpr TextLook kLinesLook{TextPlace::kTop, kLineLetters};
+// So do these, which have as many lines each; the bars begin one below the other.
+inline constexpr TextLook kCurveLook{TextPlace::kCentre, kLineLetters};
+inline constexpr TextLook kBarsLook{TextPlace::kLeft, kLineLetters};
 
 inline constexpr ControlRow<MainScreen> kInput[] = {
     Label<&MainScreen::lblName>("lblName", "", {120, 75, 1000, 315}, "Name:"),
@@ -143,11 +146,11 @@ inline constexpr ControlRow<MainScreen> kResults[] = {
     Frame<&MainScreen::frameBestCurve>("frameBestCurve", {10920, 6600, 4415, 2700}, "",
                                        {.visible = false, .spoken = "Best uniformity by stretches of one size"}),
     Label<&MainScreen::lblCurve, 0>("lblCurve(0)", "frameBestCurve", {15, 60, 900, 2600}, "", kCurveTip,
-                                    {.look = kLinesLook}),
+                                    {.look = kCurveLook}),
     Label<&MainScreen::lblCurve, 1>("lblCurve(1)", "frameBestCurve", {915, 60, 1000, 2600}, "", kCurveTip,
-                                    {.look = kLinesLook}),
+                                    {.look = kCurveLook}),
     Label<&MainScreen::lblCurve, 2>("lblCurve(2)", "frameBestCurve", {1915, 60, 2470, 2600}, "", kCurveTip,
-                                    {.look = kLinesLook}),
+                                    {.look = kBarsLook}),
     Frame<&MainScreen::frameHoleEquiv>("frameHoleEquiv", {1680, 3660, 7200, 420}, "", {.visible = false}),
     Label<&MainScreen::lblHoleEquiv>("lblHoleEquiv", "frameHoleEquiv", {60, 75, 7080, 270}),
     Row<&MainScreen::tbToolBar, kWhole>(ControlKind::kToolBar, "tbToolBar", "", {}, "", "", {}),
