@@ -170,6 +170,35 @@ TEST_F(EarlierVersionsTest, TwoSavesInOneMomentAreTwoVersions) {
   EXPECT_EQ(Contents(), (std::vector<std::string>{"two", "one"}));
 }
 
+// However the disk lists its folders, and though the clock was set back: by the moment of the save.
+TEST_F(EarlierVersionsTest, TheNewestStandFirstWhateverTheOrderOnTheDisk) {
+  const std::int64_t start = host.now;
+  const auto save_at = [&](int hour, const char* file, const char* bytes) {
+    host.now = start + hour * kHour;
+    Save(Path(file), bytes);
+  };
+  save_at(0, "a.DAT", "a1");
+  save_at(20, "a.DAT", "a2");
+  save_at(5, "a.DAT", "a3");
+  save_at(0, "b.DAT", "b1");
+  save_at(4, "b.DAT", "b2");
+  save_at(12, "b.DAT", "b3");
+  EXPECT_EQ(Contents(), (std::vector<std::string>{"a1", "a2", "b2", "b1"}));
+}
+
+// What no name of a file may hold.
+TEST_F(EarlierVersionsTest, AForgottenFileIsNamedAfterItsDesignWithoutSlashes) {
+  SaveDesign("East/West: 1", Path("d.DAT"));
+  TypeText(program, "txtInfo(2)", "850");
+  SaveDesign("East/West: 1", program.record.SaveFileName);
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(host.UserDataFolder())) {
+    if (entry.path().filename() == "path.txt") Write(entry.path().string(), "");
+  }
+  const std::vector<EarlierVersion> versions = EarlierVersions(host);
+  ASSERT_EQ(versions.size(), 1U);
+  EXPECT_TRUE(versions[0].file.starts_with(host.UserDataFolder() + "/East-West- 1")) << versions[0].file;
+}
+
 // The same design, changed, is no other one.
 TEST_F(EarlierVersionsTest, ADesignOfTheSameNameIsNoOther) {
   SaveDesign("Dunn", Path("dunn.DAT"));
