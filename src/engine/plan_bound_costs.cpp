@@ -165,7 +165,7 @@ double PlanBounds::MissHeads(const PlanBox& box) {
       weights += worth * worth;
     }
     if (row == 1) break;
-    const auto step = std::min(static_cast<std::size_t>(flow * power_scale_ + 0.5), kPowerSteps);
+    const auto step = std::min(static_cast<std::size_t>(std::round(flow * power_scale_)), kPowerSteps);
     head += SpanFriction(line.length[i], power_at_[step] / line.dia_power[i], line.friction_factor) - line.rise[i];
   }
   const double end_head = std::clamp(sum / std::max(weights, 1e-9), box.end_head.low, box.end_head.high);
