@@ -143,7 +143,7 @@ inline constexpr ControlRow<MainScreen> kResults[] = {
                                       {.look = kLinesLook}),
     Label<&MainScreen::lblSumlNumHoles>("lblSumlNumHoles", "frameShowLimitedHoles", {2665, 90, 1535, 6980}, "", "",
                                         {.look = kLinesLook}),
-    Frame<&MainScreen::frameBestCurve>("frameBestCurve", {10920, 6600, 4415, 2700}, "",
+    Frame<&MainScreen::frameBestCurve>("frameBestCurve", {10900, 6600, 4455, 2730}, "",
                                        {.visible = false, .spoken = "Best uniformity by stretches of one size"}),
     Label<&MainScreen::lblCurve, 0>("lblCurve(0)", "frameBestCurve", {15, 60, 900, 2600}, "", kCurveTip,
                                     {.look = kCurveLook}),

@@ -119,7 +119,7 @@ std::string Bar(double uniformity, double least) {
   constexpr double kLongest = 16;  // blocks, for a hundred percent
   const double blocks = least < 100 ? 1 + (kLongest - 1) * (uniformity - least) / (100 - least) : kLongest;
   std::string bar;
-  for (int i = 0; i < static_cast<int>(std::round(blocks)); ++i) bar += "\u2588";
+  for (int i = 0; i < static_cast<int>(std::round(blocks)); ++i) bar += "\u2501";
   return bar;
 }
 

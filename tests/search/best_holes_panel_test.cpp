@@ -184,7 +184,7 @@ TEST_F(BestHolesTest, TellsWhatOneMoreStretchBuys) {
   EXPECT_EQ(lines[2], Format(static_cast<double>(record.Uniformity), "##0.0"));
   for (std::size_t i = 2; i < lines.size(); ++i) EXPECT_GE(Val(lines[i]), Val(lines[i - 1]));
   // The shortest bar has one block, of three bytes.
-  EXPECT_THAT(main.lblCurve[2].caption, StartsWith(" \n\u2588\n\u2588"));
+  EXPECT_THAT(main.lblCurve[2].caption, StartsWith(" \n\u2501\n\u2501"));
   MarchShownSelection(program);
   EXPECT_FALSE(main.frameBestCurve.visible);
 }
