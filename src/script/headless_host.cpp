@@ -24,6 +24,14 @@ std::string QuotedTitle(std::string_view title) {
   return Quoted(title.empty() ? kProgramTitle : title);
 }
 
+// File by file: where a system numbers no files, the library takes any two folders of a disk for the same.
+void CopyFiles(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (!std::filesystem::is_directory(from)) return;
+  for (const auto& entry : std::filesystem::directory_iterator(from)) {
+    if (entry.is_regular_file()) std::filesystem::copy_file(entry.path(), to / entry.path().filename());
+  }
+}
+
 }  // namespace
 
 TemporaryFolder::TemporaryFolder() {
@@ -39,8 +47,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 HeadlessHost::HeadlessHost(std::ostream& transcript, const std::string& data_folder) : transcript_(transcript) {
-  const std::filesystem::path data = PathOf(data_folder);
-  if (std::filesystem::is_directory(data)) std::filesystem::copy(data, folder_.path());
+  CopyFiles(PathOf(data_folder), folder_.path());
   // Opened for appending: a list of no soils where there is none yet.
   std::ofstream(folder_.path() / kSoilsFile, std::ios::app);
 }

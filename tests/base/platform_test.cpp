@@ -103,7 +103,9 @@ TEST_F(Platform, AFileLiesInTheNetwork) {
     EXPECT_EQ(BytesOf(in / PathOf(kForeignName)), "second");
     EXPECT_TRUE(Seen(in).is_writable);
   }
-  fs::remove_all(there);
+  // The library itself can't take away what lies so deep.
+  std::error_code ignored;
+  fs::remove_all(there, ignored);
 }
 
 TEST_F(Platform, WhatIsntThereIsNoError) {
@@ -119,8 +121,7 @@ TEST_F(Platform, ErrorsOfTheLibraryHaveTheNumbersOfErrno) {
   EXPECT_EQ(NumberOf(error), 0);
   EXPECT_FALSE(fs::create_directory(path / "below", error));
   EXPECT_EQ(NumberOf(error), ENOENT);
-  ASSERT_EQ(Write(path, "a"), 0);
-  fs::rename(path, folder / "nowhere" / "x", error);
+  const fs::directory_iterator none(folder / "nowhere", error);
   EXPECT_EQ(NumberOf(error), ENOENT);
 }
 

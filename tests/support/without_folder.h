@@ -6,11 +6,16 @@
 
 namespace torvale {
 
-// The text with "<folder>" in the place of the folder's path, wherever it stands.
+// The text with "<folder>" in the place of the folder's path, wherever it stands, also as a transcript has it, which
+// writes a backslash as two.
 inline std::string WithoutFolder(std::string text, const std::filesystem::path& folder) {
   const std::string path = std::filesystem::canonical(folder).string();
-  for (std::size_t at = text.find(path); at != std::string::npos; at = text.find(path, at)) {
-    text.replace(at, path.size(), "<folder>");
+  std::string quoted;
+  for (const char letter : path) quoted.append(letter == '\\' ? 2 : 1, letter);
+  for (const std::string& form : {quoted, path}) {
+    for (std::size_t at = text.find(form); at != std::string::npos; at = text.find(form, at)) {
+      text.replace(at, form.size(), "<folder>");
+    }
   }
   return text;
 }
