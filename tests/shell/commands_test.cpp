@@ -106,7 +106,7 @@ TEST_F(CommandsTest, ExitStoresThePreferences) {
   TypeText(program, "txtDefault(3)", "");
   ASSERT_FALSE(std::filesystem::exists(file)) << "what is typed is in the fields alone";
   EXPECT_EQ(Click(program, "mnuFileExit"), Reach::kUsable);
-  std::ifstream stored(file);
+  std::ifstream stored(file, std::ios::binary);
   std::vector<std::string> lines;
   for (std::string line; std::getline(stored, line);) lines.push_back(line);
   ASSERT_GE(lines.size(), 16U);

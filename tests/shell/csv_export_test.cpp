@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -51,7 +52,7 @@ TEST_F(CsvExportTest, TheDialogProposesTheDesignsName) {
   EXPECT_EQ(host.dialogs.back().written("/a/b.CSV"), "/a/b.CSV");
   program.record.DisplayFileName = "/designs/north.v2.PFD";
   mnuExportHoleCsv_Click(program);
-  EXPECT_EQ(host.dialogs.back().name, "/designs/north.v2 Hole Summary.csv");
+  EXPECT_EQ(std::filesystem::path(host.dialogs.back().name).generic_string(), "/designs/north.v2 Hole Summary.csv");
 }
 
 TEST_F(CsvExportTest, AFileThatCanNotBeWrittenIsToldOfWithTheReason) {

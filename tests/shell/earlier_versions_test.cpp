@@ -79,7 +79,9 @@ TEST_F(EarlierVersionsTest, OneContentIsKeptOnce) {
 TEST_F(EarlierVersionsTest, AFileIsOneFileByAnyPath) {
   std::filesystem::create_directory(Path("folder"));
   Write(Path("a.DAT"), "one");
-  std::filesystem::create_symlink(Path("a.DAT"), Path("link.DAT"));
+  std::error_code error;
+  std::filesystem::create_symlink(Path("a.DAT"), Path("link.DAT"), error);
+  if (error) GTEST_SKIP() << "no links: " << error.message();
   KeepEarlierVersion(program, Path("folder/../a.DAT"), "two");
   KeepEarlierVersion(program, Path("link.DAT"), "two");
   EXPECT_EQ(Contents(), std::vector<std::string>{"one"});
@@ -230,7 +232,7 @@ TEST_F(EarlierVersionsTest, ASaveGoesOnWhereNothingCanBeKept) {
   SaveDesign("Dunn", path);
   const std::string written = program.record.SaveFileName;
   host.disk = [](DiskStep step, const std::filesystem::path& at) {
-    return step == DiskStep::kCreate && at.string().find("/versions/") != std::string::npos ? ENOSPC : 0;
+    return step == DiskStep::kCreate && at.generic_string().find("/versions/") != std::string::npos ? ENOSPC : 0;
   };
   SaveDesign("Smith", written);
   EXPECT_TRUE(host.messages.empty());
