@@ -1,7 +1,7 @@
 # The tests that a build for Windows is held to, run under Wine by scripts/wine.sh. GoogleTest is compiled from the source
-# that Debian's package googletest brings. Left out are files that need a call of POSIX or a library that is there for
-# this system alone: their rules don't depend on the system.
-set(needs_this_system "rapidcheck|mpfr|exact\\.h|<sys/|<unistd\\.h>|<fcntl\\.h>|<malloc\\.h>|<pwd\\.h>|\"/dev/")
+# that Debian's package googletest brings. Left out are files that need a call of POSIX, or a library or program that is
+# there for this system alone: their rules don't depend on the system.
+set(needs_this_system "rapidcheck|mpfr|exact\\.h|<sys/|<unistd\\.h>|<fcntl\\.h>|<malloc\\.h>|<pwd\\.h>|popen|\"/dev/")
 
 add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 # A folder with nlohmann/json.hpp and none of this system's own headers.
