@@ -33,6 +33,18 @@ struct PlanBox {
   double bound = 0;                    // percent: no plan of the box has a greater uniformity before it is rounded
 };
 
+// at_none + slope * flow, with the flow in gallons per minute
+struct FlowLine {
+  double at_none = 0;
+  double slope = 0;
+};
+
+// A straight line that bounds `scale` times the power of the flow that friction goes by, wherever the flow is in the
+// range: from above, the chord over the range; from below, the tangent at its middle, since the power bends upward.
+// `power_at` holds the power at each step of the flow, so many to a gallon per minute, as far as the range goes.
+FlowLine LineByPower(const std::vector<double>& power_at, double steps, double scale, const Range& flow,
+                     bool from_above);
+
 // Bounds the plans of a box by four facts.
 //
 // 1. Heads. Upstream head grows with the far-end head and with every flow, so marching the least and the greatest that
@@ -81,11 +93,6 @@ class PlanBounds {
 
  private:
   static constexpr std::size_t kPowerSteps = 8192;  // of the flow, at which its power is kept
-  // at_none + slope * flow
-  struct FlowLine {
-    double at_none = 0;  // feet
-    double slope = 0;
-  };
   bool MarchRanges(PlanBox& box, double wanted);
   bool MarchUpstream(PlanBox& box, double wanted);
   bool MarchDownstream(PlanBox& box);

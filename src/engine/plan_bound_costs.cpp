@@ -21,6 +21,21 @@ double LeastAt(double slope, double bend, double vertex, double low, double high
 
 }  // namespace
 
+FlowLine LineByPower(const std::vector<double>& power_at, double steps, double scale, const Range& flow,
+                     bool from_above) {
+  const auto first = static_cast<std::size_t>(std::max(flow.low, 0.0) * steps);
+  const auto last = std::min(static_cast<std::size_t>(flow.high * steps) + 1, power_at.size() - 1);
+  const std::size_t at = from_above ? first : (first + last) / 2;
+  const double there = static_cast<double>(at) / steps;
+  double slope = 0;
+  if (from_above) {
+    slope = scale * (power_at[last] - power_at[first]) * steps / static_cast<double>(last - first);
+  } else if (at > 0) {
+    slope = scale * kFlowExponent * power_at[at] / there;
+  }
+  return {scale * power_at[at] - slope * there, slope};
+}
+
 // The cost of each size at a furrow, and the flow that it is least at. Loss falls with the flow up to the level and
 // then jumps to nothing, the price of flow is linear, that of head goes with the square of the flow: below the level
 // and above it the least lies at an end of the range or where the sum is flat.
@@ -177,22 +192,11 @@ double PlanBounds::MissHeads(const PlanBox& box) {
   return square;
 }
 
-// A straight line in the flow that bounds the friction of the span above a row: from above, the chord over all flows
-// that it can have; from below, the tangent at their middle. Friction bends upward with the flow.
-PlanBounds::FlowLine PlanBounds::FrictionLine(std::size_t row, bool from_above) const {
+// Bounds the friction of the span above a row over all flows that it can have.
+FlowLine PlanBounds::FrictionLine(std::size_t row, bool from_above) const {
   const Line& line = task_.line;
   const double scale = SpanFriction(line.length[row], 1 / line.dia_power[row], line.friction_factor);
-  const auto first = static_cast<std::size_t>(std::max(flow_at_[row].low, 0.0) * power_scale_);
-  const auto last = std::min(static_cast<std::size_t>(flow_at_[row].high * power_scale_) + 1, kPowerSteps);
-  const std::size_t at = from_above ? first : (first + last) / 2;
-  const double flow = static_cast<double>(at) / power_scale_;
-  double slope = 0;
-  if (from_above) {
-    slope = scale * (power_at_[last] - power_at_[first]) * power_scale_ / static_cast<double>(last - first);
-  } else if (at > 0) {
-    slope = scale * kFlowExponent * power_at_[at] / flow;
-  }
-  return {scale * power_at_[at] - slope * flow, slope};
+  return LineByPower(power_at_, power_scale_, scale, flow_at_[row], from_above);
 }
 
 // What flow does to the heads upstream of it, at their prices.

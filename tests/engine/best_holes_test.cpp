@@ -163,6 +163,29 @@ Followed FollowPlans(int rounds, const Tamper& tamper) {
   return followed;
 }
 
+// A chord lies on or above what bends upward, a tangent on or below it: at flows of 10 to 30 gallons per minute, whose
+// powers are far from a straight line, each bound holds everywhere, and the other one doesn't.
+TEST(PlanBounds, AStraightLineBoundsFrictionFromItsSide) {
+  constexpr double kSteps = 2;  // to a gallon per minute
+  constexpr double kScale = 0.004;
+  std::vector<double> power_at(101);
+  for (std::size_t i = 0; i < power_at.size(); ++i)
+    power_at[i] = FlowPower(static_cast<float>(static_cast<double>(i) / kSteps));
+  for (const Range& range : {Range{10, 30}, Range{0, 3.3}, Range{17.2, 17.9}, Range{-1, 49.9}}) {
+    const FlowLine chord = LineByPower(power_at, kSteps, kScale, range, true);
+    const FlowLine tangent = LineByPower(power_at, kSteps, kScale, range, false);
+    double above = 0;
+    for (double flow = std::max(range.low, 0.0); flow <= range.high; flow += 0.1) {
+      const double friction = kScale * FlowPower(static_cast<float>(flow));
+      const double slack = 1e-6 * friction + 1e-9;
+      EXPECT_GE(chord.at_none + chord.slope * flow, friction - slack) << flow;
+      EXPECT_LE(tangent.at_none + tangent.slope * flow, friction + slack) << flow;
+      above = std::max(above, (chord.slope - tangent.slope) * flow + chord.at_none - tangent.at_none);
+    }
+    EXPECT_GT(above, 1e-5) << "the two are far apart where the range is not narrow";
+  }
+}
+
 // No cut and no narrowing loses a plan, whatever it is, and no bound is below one of its box.
 TEST(PlanBounds, KeepEveryPlanInABoxAndBelowItsBound) {
   const Followed followed = FollowPlans(static_cast<int>(Rounds(60)), [](const PlanTask& task) { return task; });

@@ -13,7 +13,9 @@ class SelectionTwiceTest : public SearchTest {
   // A line with a bend in its crown, some of it supply line, on a random field.
   void RandomLine(unsigned seed) {
     std::mt19937 random(seed);
-    const auto whole = [&](int low, int high) { return low + static_cast<int>(random() % (high - low + 1)); };
+    const auto whole = [&](int low, int high) {
+      return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
+    };
     const int spacing = whole(5, 40);
     const int spans = whole(1, 3);
     std::vector<SurveyRow> rows;
