@@ -4,14 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <map>
+#include <optional>
 #include <sstream>
 
+#include "base/format.h"
 #include "base/numbers.h"
 #include "batch/csv_text.h"
 #include "batch/field_inputs.h"
 #include "batch/temporary_folder.h"
 #include "files/code_page.h"
 #include "files/design_files.h"
+#include "record/hole_sizes.h"
+#include "record/kinds.h"
 #include "scenarios/fields_by_hand.h"
 #include "screen/design_types.h"
 
@@ -67,6 +72,7 @@ struct ByHand {
   std::ostringstream transcript;
   Session session{transcript};
   Program& program = session.program;
+  HeadlessHost& host() { return session.host; }
 };
 
 // A field as a user types it: sample `index`, or from there on a random one. A new design is begun before, so that the
@@ -108,13 +114,66 @@ void DesignByHand(ByHand& hand, std::int16_t type) {
   if (type == kLimitedHoles) Click(hand.program, "cmdExitHoleSelect");
 }
 
-// A row of results against what the screen and the record show, and its design file against the one that is saved by
-// hand, byte for byte.
-void ExpectSameDesign(const CsvRow& row, Program& shown, const std::filesystem::path& saved,
-                      const std::string& saved_as) {
+// The holes as the table of results tells them, and the changes of size, counted furrow by furrow along the line.
+struct CountedHoles {
+  std::string by_size;
+  int changes = 0;
+};
+
+CountedHoles CountHoles(const DesignRecord& record) {
+  std::map<float, int> holes;  // of a diameter in inches
+  CountedHoles counted;
+  std::optional<float> before;
+  for (int i = 1; i <= record.HoleRows; ++i) {
+    if (!(record.FurrowFlow[i] > 0)) continue;
+    const float size = ChosenHoleDia(record)[i];
+    holes[size] += record.HolesPerFurrow[i];
+    if (before && *before != size) ++counted.changes;
+    before = size;
+  }
+  for (const auto& [size, count] : holes) {
+    const int listed = HoleSizeByValue(record, size);
+    counted.by_size += counted.by_size.empty() ? "" : "; ";
+    counted.by_size += (listed > 0 ? record.HoleSizeName[listed] : GeneralText(size)) + ": " + std::to_string(count);
+  }
+  return counted;
+}
+
+// The figures of a slope design against the sentence on the screen; no other design has them.
+void ExpectSameSlope(const CsvRow& row, const Program& shown) {
+  const DesignRecord& record = shown.record;
+  if (!IsSlopeDesign(record)) {
+    for (const std::size_t column : {12U, 13U, 14U}) EXPECT_EQ(row.Cell(column), "");
+    return;
+  }
+  EXPECT_EQ(row.Cell(14), ShortestText(record.HighestFill));
+  const double slope = std::stod(row.Cell(12));
+  const std::string sentence = record.DesignType == kConstantSlope
+                                   ? "Crown Slope = " + Format(slope, "##.###") + " feet per 100 feet"
+                                   : "Crown Slope = " + Format(slope, "##.00") + " ft. /100 ft. from Station  0 to " +
+                                         Format(std::stod(row.Cell(13)), "#######");
+  EXPECT_EQ(sentence, shown.main.lblCrownSlope.caption);
+}
+
+// The tables that are written by hand against those of the batch, whose names begin with `start`.
+void ExpectSameTables(ByHand& hand, const std::string& start) {
+  for (const auto& [command, name] : {std::pair("mnuExportCsv", "table"), std::pair("mnuExportHoleCsv", "holes")}) {
+    const TestFolder folder;
+    MenuOpened(hand.program, "mnuFile");
+    hand.host().Dialog(Utf8Of(folder / "by_hand.csv"));
+    Click(hand.program, command);
+    EXPECT_EQ(ReadTextFile(PathOf(start + " " + name + ".csv")), folder.Read("by_hand.csv"));
+  }
+}
+
+// A row of results against what the screen and the record show, and its design file and tables against those that are
+// written by hand, byte for byte.
+void ExpectSameDesign(const CsvRow& row, ByHand& hand, const std::filesystem::path& out, const std::string& saved_as) {
+  Program& shown = hand.program;
   const DesignRecord& record = shown.record;
   if (shown.main.lblActiveInactive.caption != "Active Design") {
     EXPECT_EQ(row.Cell(3), "refused");
+    EXPECT_NE(row.Cell(21), "");
     return;
   }
   EXPECT_EQ(row.Cell(3), "done") << row.text;
@@ -126,14 +185,21 @@ void ExpectSameDesign(const CsvRow& row, Program& shown, const std::filesystem::
   EXPECT_EQ(row.Cell(9), ShortestText(record.MaxFurrowFlow));
   EXPECT_EQ(row.Cell(10), ShortestText(record.MinFurrowFlow));
   EXPECT_EQ(row.Cell(11), ShortestText(record.AccumGPM));
+  ExpectSameSlope(row, shown);
+  const CountedHoles holes = CountHoles(record);
+  EXPECT_EQ(row.Cell(15), holes.by_size);
+  EXPECT_EQ(row.Cell(16), std::to_string(holes.changes));
   EXPECT_EQ(row.Cell(17), ShortestText(record.TotalAcres));
   EXPECT_EQ(row.Cell(18), ShortestText(record.HoursOneInch));
-  const TestFolder folder;
+  EXPECT_EQ(row.Cell(19), shown.main.txtInfo[3].text());
   shown.record.DisplayFileName = saved_as;
+  const std::string saved = Utf8Of(out / PathOf(saved_as));
+  ExpectSameTables(hand, saved.substr(0, saved.size() - ExtensionOf(record.DesignType).size()));
+  const TestFolder folder;
   shown.record.SaveFileName = Utf8Of(folder / "by_hand");
   shown.record.SaveFileName += ExtensionOf(record.DesignType);
   SaveFile(shown);
-  EXPECT_EQ(ReadTextFile(saved), ReadTextFile(PathOf(shown.record.SaveFileName)));
+  EXPECT_EQ(ReadTextFile(PathOf(saved)), ReadTextFile(PathOf(shown.record.SaveFileName)));
 }
 
 BatchOptions Options(const TestFolder& folder, std::string_view out = "out") {
@@ -159,8 +225,8 @@ Ran RunAs(
   return {end.status, out.str(), errors.str()};
 }
 
-// All samples and 200 random fields, each in the six ways: the same bits as by hand, in the table and in the design
-// files.
+// All samples and 200 random fields, each in the six ways: the same bits as by hand, in the table of results, in
+// the design files and in the tables beside them.
 TEST(Batch, GivesWhatTheWindowAndTheScriptGive) {
   const TestFolder folder;
   const int fields = static_cast<int>(SampleScripts().size()) + static_cast<int>(Rounds(200));
@@ -179,6 +245,7 @@ TEST(Batch, GivesWhatTheWindowAndTheScriptGive) {
   folder.Write("fields.csv", table);
   BatchOptions options = Options(folder);
   options.papers.designs = true;
+  options.papers.tables = true;
   options.pool.threads = 3;
   options.pool.limit = std::chrono::hours(1);  // none runs out, however busy the machine is
   RunAs(options);
@@ -198,7 +265,7 @@ TEST(Batch, GivesWhatTheWindowAndTheScriptGive) {
       field.name = hand.program.main.txtInfo[0].text();
       DesignByHand(hand, type);
       const std::string saved = FolderOf(field) + "/" + row.Cell(2) + std::string(ExtensionOf(type));
-      ExpectSameDesign(row, hand.program, folder / ("out/" + saved), saved);
+      ExpectSameDesign(row, hand, folder / "out", saved);
       if (row.Cell(3) == "done") ++done;
     }
   }
