@@ -125,13 +125,13 @@ std::optional<std::uint64_t> WriterOf(std::string_view name) {
   return writer;
 }
 
-bool IsLeftover(const fs::directory_entry& entry) {
+bool IsLeftover(const fs::directory_entry& entry, std::chrono::hours untouched) {
   const auto writer = WriterOf(Utf8Of(entry.path().filename()));
   if (!writer || ProcessRuns(*writer)) return false;
   std::error_code error;
   if (!fs::is_regular_file(entry.symlink_status(error))) return false;
   const fs::file_time_type touched = entry.last_write_time(error);
-  return !error && fs::file_time_type::clock::now() - touched > kOldEnough;
+  return !error && fs::file_time_type::clock::now() - touched >= untouched;
 }
 
 // The file that a path leads to, also where it isn't there yet.
@@ -265,15 +265,18 @@ WholeFileResult WriteWhole(const fs::path& path, std::string_view bytes, const f
 }
 
 void RemoveLeftovers(const fs::path& file, const DiskWatch& watch) {
-  const Disk disk(watch);
   fs::path target = file;
   if (FollowLinks(target) != 0) return;
+  RemoveLeftoversIn(target.has_parent_path() ? target.parent_path() : ".", kOldEnough, watch);
+}
+
+void RemoveLeftoversIn(const fs::path& folder, std::chrono::hours untouched, const DiskWatch& watch) {
   std::vector<fs::path> leftovers;
   std::error_code end;
-  const fs::path folder = target.has_parent_path() ? target.parent_path() : ".";
   for (fs::directory_iterator entry(folder, end); !end && entry != fs::directory_iterator(); entry.increment(end)) {
-    if (IsLeftover(*entry)) leftovers.push_back(entry->path());
+    if (IsLeftover(*entry, untouched)) leftovers.push_back(entry->path());
   }
+  const Disk disk(watch);
   for (const fs::path& leftover : leftovers) disk.Remove(leftover);
 }
 

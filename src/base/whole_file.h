@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string_view>
@@ -36,5 +37,8 @@ WholeFileResult WriteWhole(const std::filesystem::path& path, std::string_view b
 // since another machine may write to the same folder. What can't be taken away stays. Every write does so when it is
 // done.
 void RemoveLeftovers(const std::filesystem::path& file, const DiskWatch& watch = {});
+// The same in a folder, where such files have been untouched for that long: zero for a folder that no other machine
+// writes to.
+void RemoveLeftoversIn(const std::filesystem::path& folder, std::chrono::hours untouched, const DiskWatch& watch = {});
 
 }  // namespace torvale

@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "base/utf8.h"
 #include "base/version.h"
+#include "base/whole_file.h"
 #include "batch/content_hash.h"
 #include "batch/field_inputs.h"
 #include "batch/pdf_writer.h"
@@ -285,6 +286,8 @@ FieldOutcome WorkField(QuietProgram& quiet, const FieldTask& task, const FieldRo
   if (!field.faults.empty()) return FailedField(field, FieldEnd::kRefused, Joined(field.faults));
   try {
     const FieldInputs inputs = TypeField(quiet, field, task.table_folder, ReadSurveyFile(field, task.table_folder));
+    // A field is worked by one program at a time: what stands half written in its folder is of one that was killed.
+    if (task.papers.Any()) RemoveLeftoversIn(task.out_folder / PathOf(FolderOf(field)), std::chrono::hours(0));
     FieldOutcome outcome;
     std::vector<Row> rows;
     for (const std::int16_t type : field.designs) {

@@ -81,6 +81,16 @@ TEST_F(Leftovers, WhatMayBeNeededStays) {
   EXPECT_EQ(NamesThere(), there);
 }
 
+// In a folder that only one machine writes to, the moment makes no difference, but whether the program runs does.
+TEST_F(Leftovers, YoungOnesGoWhereTheyAreToGoAtOnce) {
+  Put(".torvale-" + dead + "-1", 0);
+  Put(".torvale-" + dead + "-2", 25);
+  const std::string running = Put(".torvale-" + std::to_string(ProcessNumber()) + "-1", 25);
+  RemoveLeftoversIn(folder, std::chrono::hours(0));
+  EXPECT_EQ(NamesThere(), Names{running});
+  RemoveLeftoversIn(folder / "no such folder", std::chrono::hours(0));
+}
+
 TEST_F(Leftovers, OnlyFilesGo) {
   fs::create_directory(folder / (".torvale-" + dead + "-1"));
   fs::create_symlink("nowhere", folder / (".torvale-" + dead + "-2"));

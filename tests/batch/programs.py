@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """The programs as they are started from a shell: --help and --version of each, and Ctrl+C in the middle of a run of
-torvale_batch, which ends cleanly and goes on from there, to the same bytes.
+torvale_batch, which ends cleanly and goes on from there, to the same bytes; and parts of a run that are killed.
 
   programs.py TORVALE_BATCH TORVALE_SCRIPT [TORVALE]
 """
@@ -88,7 +88,8 @@ def files_below(folder):
 
 def same_files(folder, one, other):
     names = [name for name in files_below(folder / one) if not name.endswith(".journal")]
-    check(names == [n for n in files_below(folder / other) if not n.endswith(".journal")], f"{other}: other files")
+    others = [name for name in files_below(folder / other) if not name.endswith(".journal")]
+    check(names == others, f"{other}: other files: {sorted(set(names) ^ set(others))}")
     check(len(names) > FIELDS, "designs were written")
     for name in names:
         check(filecmp.cmp(folder / one / name, folder / other / name, shallow=False), f"{other}/{name} differs")
@@ -108,6 +109,43 @@ def interrupted_runs_go_on(batch, folder):
         print(f"{number.name}: stopped after {done} of {FIELDS} fields, the rest made later, the same files")
 
 
+def shard_command(batch, folder, out, shard):
+    return command(batch, folder, out) + ["--shard", shard]
+
+
+def killed_parts_give_the_same_files(batch, folder):
+    """A part is killed without a warning as often as two more of its fields are done, and started again each time."""
+    for shard in ("1/2", "2/2"):
+        run(*shard_command(batch, folder, "parts", shard))
+    kills = 0
+    while True:
+        journal = folder / "killed" / "results-2-of-2.journal"
+        before = journal.read_bytes().count(b"\nend\n") if journal.exists() else 0
+        process = subprocess.Popen(shard_command(batch, folder, "killed", "2/2"), stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        begin = time.monotonic()
+        while process.poll() is None and (not journal.exists() or journal.read_bytes().count(b"\nend\n") < before + 2):
+            check(time.monotonic() - begin < PATIENCE, "no field was done")
+            time.sleep(0.002)
+        if process.poll() is not None:
+            break
+        process.kill()
+        process.wait()
+        kills += 1
+        check(kills < FIELDS, "a killed part never comes to its end")
+    check(kills >= 2, f"killed {kills} times: nothing is shown")
+    check(process.returncode in (0, 1), f"status {process.returncode}")
+    run(*shard_command(batch, folder, "killed", "1/2"))
+    same_files(folder, "parts", "killed")
+    for out in ("parts", "killed"):
+        parts = sorted((folder / out).glob("results-*-of-2.csv"))
+        merged = run(batch, "merge", folder / out / "results.csv", *parts)
+        check(merged.returncode == STATUS_DONE, merged.stderr)
+        check(filecmp.cmp(folder / out / "results.csv", folder / "whole" / "results.csv", shallow=False),
+              f"{out}: the joined table is not the whole")
+    print(f"SIGKILL: a part was killed {kills} times, the same files, and joined the same table")
+
+
 def main():
     batch, script = sys.argv[1:3]
     versions = {options_are_told(program) for program in sys.argv[1:]}
@@ -118,6 +156,7 @@ def main():
     print("--help and --version of", ", ".join(pathlib.Path(p).name for p in sys.argv[1:]))
     with tempfile.TemporaryDirectory() as folder:
         interrupted_runs_go_on(batch, pathlib.Path(folder))
+        killed_parts_give_the_same_files(batch, pathlib.Path(folder))
 
 
 main()
