@@ -32,8 +32,12 @@ bool IsDesignFile(std::string_view name) {
          });
 }
 
+std::string Placed(const FieldRow& field, const std::string& words) {
+  return "row " + std::to_string(field.line) + " of the table: " + words;
+}
+
 [[noreturn]] void Fail(const FieldRow& field, const std::string& words) {
-  throw FieldFault("row " + std::to_string(field.line) + " of the table: " + words);
+  throw FieldFault(Placed(field, words));
 }
 
 // Types as into a field that is in reach, whether its panel is open or not.
@@ -46,13 +50,15 @@ void Type(const FieldRow& field, TextField& target, const std::string& text) {
   }
 }
 
-void SetPreferences(Program& program, const FieldRow& field) {
+void SetPreferences(Program& program, const FieldRow& field, std::vector<std::string>& remarks) {
   for (const auto& [index, text] : field.preferences) {
     if (index == Preference::kHoleSize && HoleSizeByName(program.record, text) == 0) {
       Fail(field, "\"" + text + "\" is no size of the hole size table");
     }
     Type(field, program.main.txtDefault.at(index), text);
     txtDefault_LostFocus(program, static_cast<int>(index));
+    const std::string& taken = program.main.txtDefault.at(index).text();
+    if (taken != text) remarks.push_back(Placed(field, "\"" + text + "\" is taken as " + taken));
   }
   TakePreferences(program);
 }
@@ -139,15 +145,16 @@ FieldInputs TypeField(QuietProgram& quiet, const FieldRow& field, const std::fil
   quiet.StartAnew();
   Program& program = quiet.program();
   FieldInputs inputs;
-  SetPreferences(program, field);
+  inputs.remarks = field.remarks;
+  SetPreferences(program, field, inputs.remarks);
   mnuFileNew_Click(program);
   if (IsDesignFile(field.survey)) {
     OpenDesign(quiet, field, folder / PathOf(field.survey));
   } else {
     try {
-      SurveyTable table = ReadSurveyTable(TextOfFile(survey), field.layout, field.survey);
+      const SurveyTable table = ReadSurveyTable(TextOfFile(survey), field.layout, field.survey);
       EnterSurvey(program, field, table);
-      inputs.remarks = std::move(table.remarks);
+      inputs.remarks.insert(inputs.remarks.end(), table.remarks.begin(), table.remarks.end());
     } catch (const SurveyTableFault& fault) {
       throw FieldFault(fault.what());
     }

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/numbers.h"
+#include "batch/cell_words.h"
 #include "batch/content_hash.h"
 #include "batch/csv_text.h"
 #include "scenarios/scenario.h"
@@ -14,28 +15,30 @@
 namespace torvale {
 namespace {
 
-// A column whose text goes to the field as it is.
+// A column whose text goes to the field as it is, but for a letter that may also be spelt out.
 struct TextColumn {
   std::string_view name;
   std::string FieldRow::*text;
   std::string_view what;
+  FieldForm form = FieldForm::kText;
 };
 
 constexpr TextColumn kTextColumns[] = {
     {"name", &FieldRow::name, "name of the field"},
     {"date", &FieldRow::date, "date on the papers; empty for none"},
-    {"gpm", &FieldRow::gpm, "pumped flow, gallons per minute"},
-    {"target head", &FieldRow::target_head, "feet"},
+    {"gpm", &FieldRow::gpm, "pumped flow, gallons per minute", FieldForm::kNumber},
+    {"target head", &FieldRow::target_head, "feet", FieldForm::kNumber},
     {"location", &FieldRow::location, "where the field lies"},
-    {"survey kind", &FieldRow::survey_kind, "R for rod readings, E for elevations"},
+    {"survey kind", &FieldRow::survey_kind, "R for rod readings, E for elevations", FieldForm::kRodsOrElevations},
     {"survey", &FieldRow::survey, "file of the survey: a table (CSV) or a design file of the program"},
     {"survey layout", &FieldRow::layout,
      "of a survey table: sheet (default), PNEZ or PENZ (point, northing and easting, elevation)"},
-    {"furrow length", &FieldRow::furrow_length, "feet, of every row of a survey that has no such column"},
+    {"furrow length", &FieldRow::furrow_length, "feet, of every row of a survey that has no such column",
+     FieldForm::kNumber},
     {"pipe kind", &FieldRow::pipe, "L for layflat tubing, R for rigid gated pipe"},
     {"soil", &FieldRow::soil, "a name of the list of soils"},
-    {"stake interval", &FieldRow::stake_interval, "feet between stakes of slope designs; 100"},
-    {"crown width", &FieldRow::crown_width, "of the crown that is built, feet, for its earth"},
+    {"stake interval", &FieldRow::stake_interval, "feet between stakes of slope designs; 100", FieldForm::kNumber},
+    {"crown width", &FieldRow::crown_width, "of the crown that is built, feet, for its earth", FieldForm::kNumber},
 };
 
 constexpr std::string_view kHolesColumn = "holes";
@@ -128,12 +131,44 @@ std::vector<FieldColumn> Headings(const CsvRow& row, const std::string& file) {
   return columns;
 }
 
-// Takes one cell of a field; what it can't take is a fault in words.
-void TakeCell(FieldRow& field, const FieldColumn& column, const std::string& cell, const std::string& place) {
-  if (column.text != nullptr) field.*column.text->text = cell;
-  if (column.preference) field.preferences.emplace_back(*column.preference, cell);
-  if (column.holes) field.holes = Parts(cell);
-  if (!column.designs || Same(cell, "all")) return;
+// The two words of a cell that takes the letter of one, and what the cell is about.
+struct TwoWords {
+  std::string_view first;
+  std::string_view second;
+  std::string_view of;
+};
+constexpr TwoWords kSurveyKinds = {"rod readings", "elevations", "the survey kind"};
+constexpr TwoWords kGateShapes = {"rectangular", "circular", "the gate shape"};
+constexpr TwoWords kPipeKinds = {"layflat", "rigid", "the pipe"};
+
+std::string LetterOf(std::string_view word) {
+  return UpperCase(word.substr(0, 1));
+}
+
+// The letter of a cell that has it, or its word or the beginning of that; anything else is a fault.
+std::string TakenLetter(FieldRow& field, const TwoWords& words, const std::string& cell, const std::string& place) {
+  const std::string plain = Plain(cell);
+  if (plain.empty()) return "";
+  for (const std::string_view word : {words.first, words.second}) {
+    if (Plain(word).starts_with(plain)) return LetterOf(word);
+  }
+  field.faults.push_back(place + ": " + std::string(words.of) + " is " + LetterOf(words.first) + " for " +
+                         std::string(words.first) + " or " + LetterOf(words.second) + " for " +
+                         std::string(words.second) + ", not \"" + cell + "\"");
+  return cell;
+}
+
+// What goes to the field for a cell. A number that the program reads otherwise than it looks is remarked.
+std::string Taken(FieldRow& field, FieldForm form, const std::string& cell, const std::string& place) {
+  if (form == FieldForm::kRodsOrElevations) return TakenLetter(field, kSurveyKinds, cell, place);
+  if (form == FieldForm::kRectangularOrCircular) return TakenLetter(field, kGateShapes, cell, place);
+  const std::string misread = form == FieldForm::kNumber ? NumberMisread(cell) : "";
+  if (!misread.empty()) field.remarks.push_back(place + ": " + misread);
+  return cell;
+}
+
+void TakeDesigns(FieldRow& field, const std::string& cell, const std::string& place) {
+  if (Same(cell, "all")) return;
   for (const std::string& word : Parts(cell)) {
     if (const auto type = DesignType(word)) {
       if (std::find(field.designs.begin(), field.designs.end(), *type) == field.designs.end()) {
@@ -145,22 +180,15 @@ void TakeCell(FieldRow& field, const FieldColumn& column, const std::string& cel
   }
 }
 
-// The letter of a cell that may also spell the word out, or nothing.
-std::optional<std::string> LetterOf(std::string_view cell, std::string_view layflat, std::string_view rigid) {
-  const std::string plain = Plain(cell);
-  if (plain.empty()) return "";
-  for (const std::string_view word : {layflat, rigid}) {
-    if (plain == Plain(word) || plain == Plain(word.substr(0, 1))) return UpperCase(word.substr(0, 1));
+// Takes one cell of a field; what it can't take is a fault in words.
+void TakeCell(FieldRow& field, const FieldColumn& column, const std::string& cell, const std::string& place) {
+  if (column.text != nullptr) field.*column.text->text = Taken(field, column.text->form, cell, place);
+  if (column.preference) {
+    const FieldForm form = kPreferenceFacts.at(*column.preference).form;
+    field.preferences.emplace_back(*column.preference, Taken(field, form, cell, place));
   }
-  return std::nullopt;
-}
-
-void CheckPipe(FieldRow& field, const std::string& place) {
-  if (const auto letter = LetterOf(field.pipe, "layflat", "rigid")) {
-    field.pipe = *letter;
-  } else {
-    field.faults.push_back(place + ": the pipe is L for layflat or R for rigid, not \"" + field.pipe + "\"");
-  }
+  if (column.holes) field.holes = Parts(cell);
+  if (column.designs) TakeDesigns(field, cell, place);
 }
 
 void CheckLayout(FieldRow& field, const std::string& place) {
@@ -186,7 +214,7 @@ FieldRow FieldOf(const CsvRow& row, const std::vector<FieldColumn>& columns, con
     }
     TakeCell(field, columns[i], cell, place);
     if (columns[i].text == nullptr) continue;
-    if (columns[i].text->text == &FieldRow::pipe) CheckPipe(field, place);
+    if (columns[i].text->text == &FieldRow::pipe) field.pipe = TakenLetter(field, kPipeKinds, cell, place);
     if (columns[i].text->text == &FieldRow::layout) CheckLayout(field, place);
   }
   if (field.designs.empty()) field.designs = AllDesigns();
@@ -198,10 +226,6 @@ FieldRow FieldOf(const CsvRow& row, const std::vector<FieldColumn>& columns, con
 }
 
 }  // namespace
-
-std::string PlaceOfCell(const std::string& file, int line, std::size_t column) {
-  return file + ", row " + std::to_string(line) + ", column " + std::to_string(column + 1);
-}
 
 FieldTable::FieldTable(std::string text, std::string file)
     : text_(std::move(text)), file_(std::move(file)), separator_(SeparatorOf(text_)) {

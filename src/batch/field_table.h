@@ -34,8 +34,9 @@ struct FieldRow {
   std::vector<std::string> holes;
   std::vector<std::int16_t> designs;                             // all six where none are named
   std::vector<std::pair<std::size_t, std::string>> preferences;  // by index of `txtDefault`
-  std::vector<std::string> faults;  // cells that can't be understood, in words with file, line and column
-  std::uint64_t content = 0;        // hash of the cells under their headings, by which a later run knows it again
+  std::vector<std::string> faults;   // cells that can't be understood, in words with file, line and column
+  std::vector<std::string> remarks;  // cells that the program reads otherwise than they look, in the same way
+  std::uint64_t content = 0;         // hash of the cells under their headings, by which a later run knows it again
 };
 
 // A table that can't be worked through: no heading, a column that nothing is known by, two of one name.
@@ -79,8 +80,5 @@ struct FieldColumnHelp {
   std::string_view what;
 };
 std::vector<FieldColumnHelp> FieldColumns();
-
-// "fields.csv, row 3, column 5": where a cell stands, both counted from 1.
-std::string PlaceOfCell(const std::string& file, int line, std::size_t column);
 
 }  // namespace torvale

@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "base/version.h"
+#include "batch/cell_words.h"
 #include "batch/content_hash.h"
 #include "batch/csv_text.h"
 #include "batch/journal.h"

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "base/numbers.h"
+#include "batch/cell_words.h"
 #include "batch/csv_text.h"
-#include "batch/field_table.h"
 #include "record/hole_sizes.h"
 
 namespace torvale {
@@ -100,9 +100,7 @@ std::string Misreading(int column, const std::string& cell) {
   const std::string word = Trim(cell);
   const bool supply =
       (column == kFurrowLengthColumn && word == "Supply") || (column == kSpacingColumn && word == "Line");
-  if (supply || IsNumber(cell)) return "";
-  const double read = Val(cell);
-  return "\"" + cell + "\" is read as " + (std::isfinite(read) ? GeneralText(read) : "a number without end");
+  return supply ? "" : NumberMisread(cell);
 }
 
 void NeedRoom(const SurveyTable& survey, const CsvRow& row, const std::string& file) {

@@ -84,6 +84,46 @@ TEST(FieldTable, TellsOfCellsWithRowAndColumn) {
   EXPECT_THAT(fields.at(1).faults, ElementsAre("fields.csv, row 3: the field names no survey"));
 }
 
+// A letter may be small, and its word or the beginning of that will do, as they stand in other people's tables. What
+// is no such word is told, since it would be worked as the other kind.
+TEST(FieldTable, TakesTheLettersOfWords) {
+  const std::vector<FieldRow> fields = Read(
+      "survey,survey kind,pipe kind,default survey kind,gate shape\n"
+      "a.csv,e,layflat,Elev,circ\n"
+      "a.csv,Rod Readings,rig,R,r\n"
+      "a.csv, elevation ,,rod,\n"
+      "a.csv,Q,x,1,oval\n");
+  EXPECT_EQ(fields.at(0).survey_kind, "E");
+  EXPECT_EQ(fields.at(0).pipe, "L");
+  EXPECT_THAT(fields.at(0).preferences, ElementsAre(Pair(9, "E"), Pair(11, "C")));
+  EXPECT_EQ(fields.at(1).survey_kind, "R");
+  EXPECT_EQ(fields.at(1).pipe, "R");
+  EXPECT_THAT(fields.at(1).preferences, ElementsAre(Pair(9, "R"), Pair(11, "R")));
+  EXPECT_EQ(fields.at(2).survey_kind, "E");
+  EXPECT_EQ(fields.at(2).pipe, "");
+  for (int i = 0; i < 3; ++i) EXPECT_THAT(fields.at(static_cast<std::size_t>(i)).faults, IsEmpty());
+  const std::string place = "fields.csv, row 5, column ";
+  EXPECT_THAT(fields.at(3).faults,
+              ElementsAre(place + "2: the survey kind is R for rod readings or E for elevations, not \"Q\"",
+                          place + "3: the pipe is L for layflat or R for rigid, not \"x\"",
+                          place + "4: the survey kind is R for rod readings or E for elevations, not \"1\"",
+                          place + "5: the gate shape is R for rectangular or C for circular, not \"oval\""));
+}
+
+// The program reads a number as far as it goes; a reader of the results is told where that is less than it looks.
+TEST(FieldTable, RemarksNumbersThatAreReadOtherwiseThanTheyLook) {
+  const std::vector<FieldRow> fields = Read(
+      "survey;gpm;target head;name;pipe diameter;hole size\n"
+      "a.csv;60x;2,5;6O;1O;1/2\n"
+      "a.csv; 60 ;2.5;6O;10;5/8\n");
+  EXPECT_THAT(fields.at(0).remarks, ElementsAre("fields.csv, row 2, column 2: \"60x\" is read as 60",
+                                                "fields.csv, row 2, column 3: \"2,5\" is read as 2",
+                                                "fields.csv, row 2, column 5: \"1O\" is read as 1"));
+  EXPECT_EQ(fields.at(0).gpm, "60x");
+  EXPECT_THAT(fields.at(0).faults, IsEmpty());
+  EXPECT_THAT(fields.at(1).remarks, IsEmpty());
+}
+
 TEST(FieldTable, RefusesATableThatItCantGoBy) {
   EXPECT_EQ(FaultOf(""), "fields.csv: the table is empty");
   EXPECT_EQ(FaultOf("survey,depth\n"), "fields.csv, row 1, column 2: no column of fields is called \"depth\"");

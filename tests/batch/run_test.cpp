@@ -471,6 +471,22 @@ TEST_F(BatchTest, TellsTheCellOfARefusal) {
   EXPECT_EQ(rows.at(1).Cell(23), "1");
 }
 
+// The flow is read as far as its digits go, the survey's cell too, and the highest head of a limited selection is never
+// below half a foot: the field is worked, and its row says so.
+TEST_F(BatchTest, RemarksWhatIsReadOtherwiseThanItLooks) {
+  folder.Write("letter.csv", "0,100,600,20,10,1/2,1,7,20\n40,100,60O,20,10,1/2,1,7,20\n");
+  folder.Write("fields.csv",
+               "gpm,target head,survey kind,survey,designs,highest head\n30x,4,e,letter.csv,planned,0.3\n");
+  RunAs(Options(folder));
+  const std::string results = folder.Read("out/results.csv");
+  const std::vector<CsvRow> rows = ReadCsv(results, ',');
+  EXPECT_EQ(rows.at(1).Cell(3), "done") << rows.at(1).text;
+  const std::string table = Utf8Of(folder / "fields.csv");
+  EXPECT_THAT(rows.at(1).Cell(20),
+              testing::StartsWith(table + ", row 2, column 1: \"30x\" is read as 30 / row 2 of the table: \"0.3\" is "
+                                          "taken as 0.5 / letter.csv, row 2, column 3: \"60O\" is read as 60"));
+}
+
 // A limit that is over at once: every field runs out of time, and is tried again by the next run.
 TEST_F(BatchTest, TriesAgainWhatRanOutOfTime) {
   WriteFields(3);
