@@ -46,8 +46,6 @@ class OutputFile {
   int Create(const std::filesystem::path& path, bool for_user_alone);
   // A file that is there, its content as it stands, the next write at its beginning.
   int OpenAsItIs(const std::filesystem::path& path);
-  // Writes go behind what is there; a file that isn't there is made, for the user alone.
-  int OpenToAppend(const std::filesystem::path& path);
 
   // Gives the file the mode, owner and group of another.
   int TakeRights(const FileFacts& other) const;

@@ -107,11 +107,6 @@ int OutputFile::OpenAsItIs(const std::filesystem::path& path) {
   return OpenInto(handle_, path, O_WRONLY | O_NONBLOCK, 0);
 }
 
-int OutputFile::OpenToAppend(const std::filesystem::path& path) {
-  Close();
-  return OpenInto(handle_, path, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK, kUserAlone);
-}
-
 int OutputFile::TakeRights(const FileFacts& other) const {
   struct stat own {};
   const int file = Descriptor(handle_);

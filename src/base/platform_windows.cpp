@@ -161,11 +161,6 @@ int OutputFile::OpenAsItIs(const fs::path& path) {
   return OpenInto(handle_, path, GENERIC_WRITE, OPEN_EXISTING);
 }
 
-int OutputFile::OpenToAppend(const fs::path& path) {
-  Close();
-  return OpenInto(handle_, path, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS);
-}
-
 // RenameOver leaves them as they are.
 int OutputFile::TakeRights(const FileFacts& /*other*/) const {
   return 0;

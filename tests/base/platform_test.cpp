@@ -189,15 +189,6 @@ TEST_F(Platform, ANewFileDisplacesNone) {
   EXPECT_EQ(BytesOf(path), "a");
 }
 
-TEST_F(Platform, AppendingGoesBehindWhatIsThere) {
-  for (const std::string_view part : {"one", "two"}) {
-    OutputFile file;
-    ASSERT_EQ(file.OpenToAppend(path), 0);
-    EXPECT_EQ(file.Write(part), 0);
-  }
-  EXPECT_EQ(BytesOf(path), "onetwo");
-}
-
 TEST_F(Platform, AFileEndsWhereItIsToldTo) {
   ASSERT_EQ(Write(path, "a long text"), 0);
   OutputFile file;
