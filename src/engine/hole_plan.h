@@ -21,17 +21,16 @@ struct PlanFurrow {
 struct PlanTask {
   Line line;                        // its openings are not read
   std::vector<PlanFurrow> furrows;  // in the order of the line, the one at its head first
-  std::vector<float> sizes;  // hole diameters to choose from, inches, ascending, each once; at most kMostPlanSizes
-  int stretches = 4;         // the greatest number of runs of one size along the line, 1 to kMostStretches
-  double least_head = 0;     // feet, above 0; the head of every row lies from here ...
-  double highest_head = 0;   // ... to here, both compared in 32 bits
-  float target = 0;          // gallons per minute out of all holes
-  double first_head = 0;     // feet at the far end that the search for the head begins with
-  float quarter = 0;         // feet of furrow length that make the low quarter
-  float average = 0;         // gallons per minute that a furrow of average length wants
+  std::vector<float> sizes;         // hole diameters to choose from, inches, ascending, each once
+  int stretches = 4;                // the greatest number of runs of one size along the line, 1 to kMostStretches
+  double least_head = 0;            // feet, above 0; the head of every row lies from here ...
+  double highest_head = 0;          // ... to here, both compared in 32 bits
+  float target = 0;                 // gallons per minute out of all holes
+  double first_head = 0;            // feet at the far end that the search for the head begins with
+  float quarter = 0;                // feet of furrow length that make the low quarter
+  float average = 0;                // gallons per minute that a furrow of average length wants
 };
 
-inline constexpr int kMostPlanSizes = 50;
 inline constexpr int kMostStretches = 64;
 
 // A size for each furrow, as an index into PlanTask::sizes.

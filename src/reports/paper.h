@@ -12,7 +12,7 @@ namespace torvale {
 // What everybody who draws a document on paper has to do alike, whatever it is drawn with.
 
 inline constexpr double kSheetWidth = 8.5;  // inches, letter paper
-inline constexpr double kSheetHeight = 11;
+inline constexpr double kSheetHeight = kPageHeight;
 inline constexpr double kPointsPerInch = 72;
 // Inches from the sheet's left edge to that of the page.
 inline constexpr double kPageLeft = (kSheetWidth - kPageWidth) / 2;
