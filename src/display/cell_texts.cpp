@@ -32,16 +32,7 @@ std::string HoleNumberText(const DesignRecord& record, int i, const NumberPatter
   return Format(whole ? number : Val(GeneralText(number)), pattern);
 }
 
-}  // namespace
-
-int ChosenSizeIndex(const DesignRecord& record, int i) {
-  return HoleSizeByValue(record, AtRow(record, ChosenHoleDia(record), i));
-}
-
-std::string StationText(const DesignRecord& record, int i) {
-  return Format(AtRow(record, record.Station, i), kFeet);
-}
-
+// Flow over required flow to two decimals; empty where nothing is required.
 std::string FlowRatioText(const DesignRecord& record, int i) {
   const float required = AtRow(record, record.RequiredFlow, i);
   if (required == 0) return "";
@@ -49,8 +40,7 @@ std::string FlowRatioText(const DesignRecord& record, int i) {
   return Format(Divide(flow, required), kRatio);
 }
 
-namespace {
-
+// How far the gates of row i open where their row has so many of them, inches.
 double OpeningFor(const Program& program, int i, int gates) {
   const DesignRecord& record = program.record;
   const double area = AtRow(record, record.HoleArea, i) * kSquareInches / gates;
@@ -60,7 +50,24 @@ double OpeningFor(const Program& program, int i, int gates) {
   return opening;
 }
 
+// Hole of row i: the name of its size for layflat tubing, the gate opening for rigid pipe. Empty for size index 0.
+std::string OpeningText(const Program& program, int i, int size_index, const NumberPattern& circular_gate) {
+  if (size_index == 0) return "";
+  if (IsLayflat(program.record)) return program.record.HoleSizeName[size_index];
+  const bool rectangular = HasRectangularGates(program.main);
+  if (rectangular && Val(TextOf(program.main, Preference::kGateSize)) == 0) return "";
+  return Format(GateOpening(program, i), rectangular ? kShortGate : circular_gate);
+}
+
 }  // namespace
+
+int ChosenSizeIndex(const DesignRecord& record, int i) {
+  return HoleSizeByValue(record, AtRow(record, ChosenHoleDia(record), i));
+}
+
+std::string StationText(const DesignRecord& record, int i) {
+  return Format(AtRow(record, record.Station, i), kFeet);
+}
 
 double GateOpening(const Program& program, int i) {
   return OpeningFor(program, i, 1);
@@ -75,14 +82,6 @@ std::string EachGateText(const Program& program, int i) {
   } catch (const RunTimeFault&) {
     return "";
   }
-}
-
-std::string OpeningText(const Program& program, int i, int size_index, const NumberPattern& circular_gate) {
-  if (size_index == 0) return "";
-  if (IsLayflat(program.record)) return program.record.HoleSizeName[size_index];
-  const bool rectangular = HasRectangularGates(program.main);
-  if (rectangular && Val(TextOf(program.main, Preference::kGateSize)) == 0) return "";
-  return Format(GateOpening(program, i), rectangular ? kShortGate : circular_gate);
 }
 
 std::string CellText(const Program& program, ResultColumn column, int i, const RowPatterns& patterns) {

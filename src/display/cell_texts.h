@@ -44,9 +44,6 @@ inline constexpr RowPatterns kSummaryLastRow = {kShortTwoDecimals, kTwoDecimals,
 // `Station` of row i in whole feet.
 std::string StationText(const DesignRecord& record, int i);
 
-// Flow over required flow to two decimals; empty where nothing is required.
-std::string FlowRatioText(const DesignRecord& record, int i);
-
 // How far the gates of row i open in rigid pipe, inches: the height of a rectangular gate (`txtDefault(11)` "R") of the
 // width `txtDefault(12)`, or the travel of a circular gate as wide as the survey's hole. Faults of Divide and GateMove
 // pass through.
@@ -55,9 +52,6 @@ double GateOpening(const Program& program, int i);
 // How far each single gate opens, in a sentence, where a furrow of row i has several, which share that area; empty
 // where it has one, in layflat tubing, and where it can't be worked out.
 std::string EachGateText(const Program& program, int i);
-
-// Hole of row i: the name of its size for layflat tubing, the gate opening for rigid pipe. Empty for size index 0.
-std::string OpeningText(const Program& program, int i, int size_index, const NumberPattern& circular_gate);
 
 // Any cell of row i; the opening is that of the chosen size. The margin is empty.
 std::string CellText(const Program& program, ResultColumn column, int i, const RowPatterns& patterns);

@@ -9,6 +9,8 @@
 namespace torvale {
 namespace {
 
+constexpr int kResultRows = 5284;
+
 constexpr int kHeadingHeight = 1060;
 constexpr int kAppliedRows = 6;  // the heading row and five depths
 

@@ -23,7 +23,6 @@ enum ResultColumn : int {
   kResultMargin = 12,  // no heading, never written
 };
 
-inline constexpr int kResultRows = 5284;
 inline constexpr int kResultColumns = 13;
 
 // The heading of a column of the results, as the layout has it: what is typed may stand in the grid's own cell instead.

@@ -97,6 +97,17 @@ void TakeWholeNames(Program& program, std::string_view file) {
   for (int i = 0; i < kShownRecent; ++i) program.record.RecentFiles[i] = names[static_cast<std::size_t>(i)];
 }
 
+void SaveRecentFiles(Program& program) {
+  for (int i = 0; i < kShownRecent; ++i) program.host.SaveSetting(RecentKey(i), program.record.RecentFiles[i]);
+  try {
+    WriteBytes(program, RecentPath(program), RecentText(program));
+  } catch (const FileFault& fault) {
+    AddNews(program, words::kRecentFilesNotWritten(WhyNotWritten(fault.number)));
+    return;
+  }
+  for (int i = 0; i < kShownRecent; ++i) ShowRecent(program, i);
+}
+
 void AddRecent(Program& program, std::string_view name) {
   DesignRecord& record = program.record;
   for (int i = kShownRecent - 1; i >= 0; --i) {
@@ -164,17 +175,6 @@ void EnablePrinting(MainScreen& main, bool enabled) {
 
 void mnuFile_Click(Program& program) {
   EnablePrinting(program.main, program.main.Grid2.control.visible);
-}
-
-void SaveRecentFiles(Program& program) {
-  for (int i = 0; i < kShownRecent; ++i) program.host.SaveSetting(RecentKey(i), program.record.RecentFiles[i]);
-  try {
-    WriteBytes(program, RecentPath(program), RecentText(program));
-  } catch (const FileFault& fault) {
-    AddNews(program, words::kRecentFilesNotWritten(WhyNotWritten(fault.number)));
-    return;
-  }
-  for (int i = 0; i < kShownRecent; ++i) ShowRecent(program, i);
 }
 
 void OpenRecentFiles(Program& program) {

@@ -23,9 +23,8 @@ void EnablePrinting(MainScreen& main, bool enabled);
 // Opens the named design as Open does, without a dialog.
 void OpenNamedFile(Program& program, std::string_view path);
 
-// The list of recent files, to and from its file in the program's folder. The status bar says when it can't be written,
-// or is there and can't be read; nothing else that fails is told.
-void SaveRecentFiles(Program& program);
+// The list of recent files, out of its file in the program's folder, which every command that opens or saves keeps. The
+// status bar says when it can't be written, or is there and can't be read; nothing else that fails is told.
 void OpenRecentFiles(Program& program);
 
 }  // namespace torvale

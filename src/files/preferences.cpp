@@ -19,6 +19,15 @@
 namespace torvale {
 namespace {
 
+// The coefficients by their fields. A RunTimeFault (kOverflow) where one is too large.
+void ApplyDischargeCoef(Program& program) {
+  TakeNumber(program.main.txtDefault[Preference::kDischargeCoef], program.record.DischargeCoef);
+}
+
+void ApplyHazenWilliamsC(Program& program) {
+  TakeNumber(program.main.txtDefault[Preference::kHazenWilliamsC], program.record.HazenWilliamsC);
+}
+
 void txtDefault_Change(Program& program, std::size_t index) {
   // The coefficients get their marks with the rest of what becomes of them.
   if (index != Preference::kDischargeCoef && index != Preference::kHazenWilliamsC) {
@@ -50,14 +59,6 @@ void ConnectPreferences(Program& program) {
   for (std::size_t i = 0; i < program.main.txtDefault.size(); ++i) {
     program.main.txtDefault[i].on_change = [&program, i] { txtDefault_Change(program, i); };
   }
-}
-
-void ApplyDischargeCoef(Program& program) {
-  TakeNumber(program.main.txtDefault[Preference::kDischargeCoef], program.record.DischargeCoef);
-}
-
-void ApplyHazenWilliamsC(Program& program) {
-  TakeNumber(program.main.txtDefault[Preference::kHazenWilliamsC], program.record.HazenWilliamsC);
 }
 
 void ApplyCoefficients(Program& program) {

@@ -10,12 +10,8 @@ inline constexpr std::string_view kDefaultsFile = "Default50.TVL";
 // fields 9 and 11 are capitals. Once, at start.
 void ConnectPreferences(Program& program);
 
-// Take `DischargeCoef` from field 2 and `HazenWilliamsC` from field 3. A RunTimeFault (kOverflow) where it is too
-// large.
-void ApplyDischargeCoef(Program& program);
-void ApplyHazenWilliamsC(Program& program);
-
-// Both; one that is too large is passed over and stays as it was.
+// Takes `DischargeCoef` from field 2 and `HazenWilliamsC` from field 3; one that is too large is passed over and stays
+// as it was.
 void ApplyCoefficients(Program& program);
 
 // Reads the defaults file of the program's folder into `txtDefault`; fields 2 to 6 take two decimals. Fields end at

@@ -36,6 +36,22 @@ constexpr ControlHint kHints[] = {
     {"cmdDesignToggle", words::kHintResults},
 };
 
+// Selects a field's whole text where the active control shows the same text, as the field itself does on gaining the
+// focus.
+void SelectWhereShown(Program& program, TextField& field) {
+  if (ShownText(program, program.main.focus) == field.text()) field.SelectAll();
+}
+
+// Whether the status bar's text is the hint of a control, not news.
+bool IsHint(std::string_view text) {
+  for (int column = 0; column < kSurveyColumns; ++column) {
+    if (ColumnHint(column) == text) return true;
+  }
+  const auto is_text = [&](const auto& row) { return row.hint.text() == text; };
+  return std::ranges::any_of(kInfoFacts, is_text) || std::ranges::any_of(kPreferenceFacts, is_text) ||
+         std::ranges::any_of(kHints, is_text);
+}
+
 }  // namespace
 
 void txtInfo_GotFocus(Program& program, int index) {
@@ -43,10 +59,6 @@ void txtInfo_GotFocus(Program& program, int index) {
   if (!program.main.Frame1.visible) return;
   program.main.Frame1.visible = false;
   ShowBehindPreferences(program);
-}
-
-void SelectWhereShown(Program& program, TextField& field) {
-  if (ShownText(program, program.main.focus) == field.text()) field.SelectAll();
 }
 
 void MoveFocus(Program& program, std::string_view control) {
@@ -99,15 +111,6 @@ SpokenSentence FocusHint(const Program& program, std::string_view control) {
     if (row.control == control) return row.hint;
   }
   return {};
-}
-
-bool IsHint(std::string_view text) {
-  for (int column = 0; column < kSurveyColumns; ++column) {
-    if (ColumnHint(column) == text) return true;
-  }
-  const auto is_text = [&](const auto& row) { return row.hint.text() == text; };
-  return std::ranges::any_of(kInfoFacts, is_text) || std::ranges::any_of(kPreferenceFacts, is_text) ||
-         std::ranges::any_of(kHints, is_text);
 }
 
 std::string NewsOf(const Program& program) {

@@ -35,12 +35,6 @@ void TellMark(Program& program, std::string_view field, const std::string& befor
 
 // Selects the whole text and leaves the panel of defaults.
 void txtInfo_GotFocus(Program& program, int index);
-// Selects a field's whole text where the active control shows the same text, as the field itself does on gaining the
-// focus.
-void SelectWhereShown(Program& program, TextField& field);
-
-// Whether the status bar's text is such a hint, not news.
-bool IsHint(std::string_view text);
 // What the status bar tells where it is no hint.
 std::string NewsOf(const Program& program);
 // Adds a sentence to the news in the status bar; a hint makes way for it.

@@ -8,6 +8,10 @@
 namespace torvale {
 namespace {
 
+// Twips of the window's place are this many times as large as those of what stands in it, so that a window of the fixed
+// width of 10000 shows all of the screen.
+constexpr double kWindowScale = 1.6;
+
 constexpr int kSettleMilliseconds = 250;
 
 double PixelsPerTwip() {

@@ -8,10 +8,6 @@
 
 namespace torvale {
 
-// Twips of the window's place are this many times as large as those of what stands in it, so that a window of the fixed
-// width of 10000 shows all of the screen.
-inline constexpr double kWindowScale = 1.6;
-
 // Keeps a window and the place that the screen structure gives it together.
 class WindowPlace {
  public:

@@ -82,6 +82,33 @@ constexpr std::string_view kScript = R"(<script>
 </script>
 )";
 
+// A text as HTML shows it. Control characters become blanks.
+std::string HtmlText(std::string_view text) {
+  std::string html;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        html += "&amp;";
+        break;
+      case '<':
+        html += "&lt;";
+        break;
+      case '>':
+        html += "&gt;";
+        break;
+      case '"':
+        html += "&quot;";
+        break;
+      case '\'':
+        html += "&#39;";
+        break;
+      default:
+        html += static_cast<unsigned char>(c) < 0x20 || c == 0x7f ? ' ' : c;
+    }
+  }
+  return html;
+}
+
 std::string Element(std::string_view open, std::string_view text, std::string_view close) {
   return std::string(open) + HtmlText(text) + std::string(close);
 }
@@ -134,32 +161,6 @@ std::string Figures(const CrewSheet& sheet) {
 }
 
 }  // namespace
-
-std::string HtmlText(std::string_view text) {
-  std::string html;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        html += "&amp;";
-        break;
-      case '<':
-        html += "&lt;";
-        break;
-      case '>':
-        html += "&gt;";
-        break;
-      case '"':
-        html += "&quot;";
-        break;
-      case '\'':
-        html += "&#39;";
-        break;
-      default:
-        html += static_cast<unsigned char>(c) < 0x20 || c == 0x7f ? ' ' : c;
-    }
-  }
-  return html;
-}
 
 std::string PhonePage(const CrewSheet& sheet) {
   const std::string title = sheet.name.empty() ? "Hole Summary" : sheet.name + ": Hole Summary";

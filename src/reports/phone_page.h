@@ -13,7 +13,4 @@ namespace torvale {
 // so. Nothing of what the user typed can become markup.
 std::string PhonePage(const CrewSheet& sheet);
 
-// A text as HTML shows it. Control characters become blanks.
-std::string HtmlText(std::string_view text);
-
 }  // namespace torvale

@@ -130,6 +130,16 @@ void RunWaiting(Program& program) {
   }
 }
 
+// A key in a preference: arrows move, keys that carry a character may be taken whole. The others are none of its own.
+bool PreferenceKey(Program& program, int index, const KeyStroke& stroke, FieldKeyKind kind) {
+  if (kind == FieldKeyKind::kUp || kind == FieldKeyKind::kDown) {
+    txtDefault_KeyDown(program, index, kind);
+    return true;
+  }
+  const std::string_view character = CharacterOf(stroke);
+  return !character.empty() && txtDefault_KeyPress(program, index, character);
+}
+
 }  // namespace
 
 void Guarded(Program& program, const std::function<void()>& work) {
@@ -191,16 +201,6 @@ void SelectText(Program& program, std::string_view field, const TextSelection& s
   TextField* target = FindField(program, field);
   if (target == nullptr || ReachOf(program, field) != Reach::kUsable) return;
   target->Select(selection.start, selection.length);
-}
-
-// A key in a preference: arrows move, keys that carry a character may be taken whole. The others are none of its own.
-bool PreferenceKey(Program& program, int index, const KeyStroke& stroke, FieldKeyKind kind) {
-  if (kind == FieldKeyKind::kUp || kind == FieldKeyKind::kDown) {
-    txtDefault_KeyDown(program, index, kind);
-    return true;
-  }
-  const std::string_view character = CharacterOf(stroke);
-  return !character.empty() && txtDefault_KeyPress(program, index, character);
 }
 
 bool FieldKey(Program& program, std::string_view field, const KeyStroke& stroke) {

@@ -13,6 +13,8 @@
 namespace torvale {
 namespace {
 
+constexpr std::string_view kHelpFile = "TORVALEHELP.hlp";  // in the program's folder
+
 constexpr std::string_view kContents = "contents";
 constexpr std::string_view kFirstDesign = "first-design";
 constexpr std::string_view kResults = "results";

@@ -7,9 +7,6 @@
 
 namespace torvale {
 
-// The help file, after the program's folder.
-inline constexpr std::string_view kHelpFile = "TORVALEHELP.hlp";
-
 // The page of the guide, or the anchor on a page, that tells of a control, a menu entry or a window
 // ("Grd_Soils_FurrowFlow", "CrownProfile"), as the screen stands.
 std::string_view HelpPlaceFor(Program& program, std::string_view control);

@@ -14,6 +14,9 @@
 namespace torvale {
 namespace {
 
+// What is kept of steps at most; the oldest go first. Ten thousand steps of typing take a tenth of it.
+constexpr std::size_t kMostHistoryBytes = std::size_t{16} << 20U;
+
 constexpr std::string_view kUndo = "mnuEditUndo";
 constexpr std::string_view kRedo = "mnuEditRedo";
 

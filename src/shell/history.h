@@ -16,9 +16,6 @@ namespace torvale {
 // is typed into one cell or field, one character after the other, is one step. Undo and redo restore inputs and
 // calculate nothing.
 
-// What is kept of steps at most; the oldest go first. Ten thousand steps of typing take a tenth of it.
-inline constexpr std::size_t kMostHistoryBytes = std::size_t{16} << 20U;
-
 // Begins the history with the inputs as they are.
 void StartHistory(Program& program);
 

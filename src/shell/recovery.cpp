@@ -13,6 +13,8 @@
 namespace torvale {
 namespace {
 
+constexpr std::int64_t kJournalPause = 1000;  // milliseconds between two writes
+
 // Preferences and names of files are no work that a new design drops.
 bool IsWork(int place) {
   return place < kPreferencePlace || (place >= kPipePlace && !IsFileName(place));

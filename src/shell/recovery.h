@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "screen/program.h"
 
 namespace torvale {
@@ -12,14 +10,11 @@ struct History;
 // or opened or a new one begun, and again when undo leads back there; preferences once their file has been written. A
 // design that New or Open drops before it was stored is left behind as a work of its own.
 
-// Between two writes of the journal, milliseconds.
-inline constexpr std::int64_t kJournalPause = 1000;
-
 // Begins with nothing that needs keeping, and looks for what earlier programs left behind.
 void StartRecovery(Program& program);
 // The outermost event ends: takes note of what it stored. Called ahead of the history's own look at the inputs.
 void NoteStored(Program& program);
-// Writes the journal, at most once in `kJournalPause`. `changed` tells that the inputs are no longer those of the last
+// Writes the journal, at most once a second. `changed` tells that the inputs are no longer those of the last
 // call.
 void KeepWork(Program& program, bool changed);
 // The desktop has a moment to spare. It calls this several times a second; also while a calculation runs.

@@ -23,14 +23,15 @@ namespace {
 constexpr std::string_view kTitle = "Stakes";
 constexpr std::string_view kIntervalKey = "StakeInterval";
 constexpr std::string_view kWidthKey = "CrownWidth";
-constexpr double kUsualStakes = 100;  // feet, where the field holds no distance
+constexpr double kNearestStakes = 1;  // feet
 
 constexpr std::array<int, kStakeColumns> kWidths = {1000, 1500, 1500, 1300, 1500, 1500, 1300};  // twips
 constexpr int kHeadingHeight = 735;
 
+// The usual one where the field holds no distance.
 double Interval(const Program& program) {
   const double typed = Val(program.stakes.txtStakeInterval.text());
-  return typed >= kNearestStakes ? typed : kUsualStakes;
+  return typed >= kNearestStakes ? typed : Val(kUsualStakeInterval);
 }
 
 // 0 for none.

@@ -8,8 +8,7 @@ namespace torvale {
 
 // The window of stakes: cut and fill of the crown of a slope design that is shown.
 
-inline constexpr double kNearestStakes = 1;                     // feet
-inline constexpr std::string_view kUsualStakeInterval = "100";  // what the field begins with
+inline constexpr std::string_view kUsualStakeInterval = "100";  // feet: what the field begins with
 
 // The fields of the window run their change handling from here on: a table is laid anew as one types. They begin with
 // what the user had in them last. Call once.
