@@ -1,3 +1,4 @@
+// Every path of the program is a UTF-8 text until it is handed to the file system, and again once it comes from there.
 #pragma once
 
 #include <filesystem>
@@ -6,8 +7,6 @@
 #include <system_error>
 
 namespace torvale {
-
-// Every path of the program is a UTF-8 text until it is handed to the file system, and again once it comes from there.
 
 std::filesystem::path PathOf(std::string_view utf8);
 std::string Utf8Of(const std::filesystem::path& path);

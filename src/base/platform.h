@@ -1,3 +1,6 @@
+// What an operating system must do itself. Each system has a file of its own behind this header: platform_posix.cpp,
+// platform_windows.cpp. What can fail gives back 0 or the number of the error, as errno has it. Paths follow links
+// where nothing else is said.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +11,6 @@
 #include <vector>
 
 namespace torvale {
-
-// What an operating system must do itself. Each system has a file of its own behind this header: platform_posix.cpp,
-// platform_windows.cpp. What can fail gives back 0 or the number of the error, as errno has it. Paths follow links
-// where nothing else is said.
 
 // What stands at a path.
 struct FileFacts {

@@ -1,8 +1,7 @@
-#pragma once
-
 // The tables behind Power and FlowPower. power_table.cpp is written by scripts/make_power_table.py; the tests compute
 // every entry anew. 1.852 stands for the double nearest to it, 26 bits for a significand of 26 bits, and "the rest" for
 // the double nearest to what the part before it leaves of the exact value.
+#pragma once
 
 namespace torvale {
 

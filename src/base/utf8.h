@@ -1,11 +1,10 @@
+// UTF-8 texts counted in characters (code points).
 #pragma once
 
 #include <cstddef>
 #include <string_view>
 
 namespace torvale {
-
-// UTF-8 texts counted in characters (code points).
 
 // Whether a byte goes on with a character that an earlier one began.
 constexpr bool ContinuesCharacter(char byte) {

@@ -1,3 +1,5 @@
+// Files that are replaced whole: at every moment, whatever fails and whenever the power goes, the former content or the
+// new one stands under the name.
 #pragma once
 
 #include <chrono>
@@ -6,9 +8,6 @@
 #include <string_view>
 
 namespace torvale {
-
-// Files that are replaced whole: at every moment, whatever fails and whenever the power goes, the former content or the
-// new one stands under the name.
 
 enum class DiskStep { kMakeFolder, kCreate, kTakeRights, kWrite, kFlush, kRename, kFlushFolder, kRemove };
 

@@ -1,3 +1,4 @@
+// The command line of `torvale_batch`.
 #pragma once
 
 #include <functional>

@@ -1,3 +1,4 @@
+// Fingerprints of what a result depends on.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Tables of separated values, read with file line and column for who made a mistake.
 #pragma once
 
 #include <cstddef>

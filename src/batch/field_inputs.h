@@ -1,3 +1,4 @@
+// From a line of the table of fields to the inputs of its designs.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Many fields on several threads. One that fails or hangs never stops the rest.
 #pragma once
 
 #include <chrono>
@@ -9,8 +10,6 @@
 #include "batch/field_work.h"
 
 namespace torvale {
-
-// Many fields on several threads. One that fails or hangs never stops the rest.
 
 // Works one thing out; made once for each thread and used by it alone.
 using Worker = std::function<FieldOutcome(std::size_t index, const Until& until)>;

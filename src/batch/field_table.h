@@ -1,3 +1,4 @@
+// The table of fields that a run works through: a heading line, then a line for each field.
 #pragma once
 
 #include <array>
@@ -11,8 +12,6 @@
 #include <vector>
 
 namespace torvale {
-
-// The table of fields that a run works through: a heading line, then a line for each field.
 
 // One field as its line asks for it. Texts are as they stand in the table; an empty one leaves the program's default.
 struct FieldRow {

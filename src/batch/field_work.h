@@ -1,3 +1,4 @@
+// One field worked out: its rows in the table of results, and its papers.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// What makes a run that was broken off go on where it stood.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +11,10 @@
 
 namespace torvale {
 
-// What a run has finished so far, kept in a file as it goes, so that a run that was broken off goes on where it stood
-// and one that is made again does only what is missing or changed. Entries stay on the disk; only their places are kept
-// in memory. An entry that was cut off is as if it had never been begun. A newer entry of a field takes the place of
-// the one before it, which goes from the file when it is compacted.
+// What a run has finished so far, kept in a file as it goes: one that is made again, too, does only what is missing or
+// changed. Entries stay on the disk; only their places are kept in memory. An entry that was cut off is as if it had
+// never been begun. A newer entry of a field takes the place of the one before it, which goes from the file when it is
+// compacted.
 class Journal {
  public:
   // Opens or begins the file. Throws TextFileFault.

@@ -1,3 +1,4 @@
+// Reports as PDF files without a toolkit.
 #pragma once
 
 #include <optional>

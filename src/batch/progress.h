@@ -1,3 +1,4 @@
+// How far a run is, told as it goes.
 #pragma once
 
 #include <chrono>

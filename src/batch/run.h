@@ -1,3 +1,4 @@
+// A run over a table of fields, and tables of results joined.
 #pragma once
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// A survey out of a table.
 #pragma once
 
 #include <array>

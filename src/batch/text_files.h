@@ -1,3 +1,4 @@
+// Files of any size, read and written whole.
 #pragma once
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// The area of the field.
 #pragma once
 
 #include "record/design_record.h"

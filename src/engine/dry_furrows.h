@@ -1,3 +1,4 @@
+// The furrows that a finished design leaves dry.
 #pragma once
 
 #include "record/design_record.h"

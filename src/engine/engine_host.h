@@ -1,8 +1,8 @@
+// What the engine asks of the program around it. The engine runs with no screen at all behind this interface.
 #pragma once
 
 namespace torvale {
 
-// What the engine asks of the program around it. The engine runs with no screen at all behind this interface.
 class EngineHost {
  public:
   virtual ~EngineHost() = default;

@@ -1,10 +1,9 @@
-#pragma once
-
-namespace torvale {
-
 // Geometry of round gates that slide open: a partly open gate is a segment of a circle. Inches, square inches and
 // radians; pi is 4 arctan 1 here, while the hydraulics use 3.14. Each procedure gives its result through its last
 // argument. A division by zero, the root of a negative number and an overflow are RunTimeFaults.
+#pragma once
+
+namespace torvale {
 
 // Area of the segment of central angle `theta`: (theta - sin theta) r^2 / 2.
 void SegmentArea(double radius, double theta, double& area);

@@ -1,3 +1,4 @@
+// The completion of a survey sheet on which the user has filled in what changes along the line.
 #pragma once
 
 #include <optional>

@@ -1,3 +1,4 @@
+// The hydraulics of one line as arrays: what a march needs to know of a design.
 #pragma once
 
 #include <vector>

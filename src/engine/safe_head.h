@@ -1,3 +1,5 @@
+// The highest head that layflat tubing is to bear, by its diameter and the thickness of its wall. The figures come from
+// a table that the user may change; there is no formula behind them here.
 #pragma once
 
 #include <optional>
@@ -6,9 +8,6 @@
 #include "record/design_record.h"
 
 namespace torvale {
-
-// The highest head that layflat tubing is to bear, by its diameter and the thickness of its wall. The figures come from
-// a table that the user may change; there is no formula behind them here.
 
 struct PipeStrength {
   double diameter = 0;  // inches

@@ -1,3 +1,4 @@
+// What the crew needs to build the crown of a slope design: how much to cut or fill at stakes along the line.
 #pragma once
 
 #include <optional>
@@ -7,8 +8,6 @@
 #include "record/text_grid.h"
 
 namespace torvale {
-
-// What the crew needs to build the crown of a slope design: how much to cut or fill at stakes along the line.
 
 struct Stake {
   double station = 0;              // feet

@@ -1,13 +1,12 @@
+// From the coarse survey to one row for each punched hole or survey gap. The four procedures run in this order, and
+// `FlowRatio` after them and before any march. They read the sheet and `SurveyRows`, write the record and show nothing.
+// A station that does not rise, a count too large for its field or an index past a row array is a RunTimeFault.
 #pragma once
 
 #include "record/design_record.h"
 #include "record/text_grid.h"
 
 namespace torvale {
-
-// From the coarse survey to one row for each punched hole or survey gap. The four procedures run in this order, and
-// `FlowRatio` after them and before any march. They read the sheet and `SurveyRows`, write the record and show nothing.
-// A station that does not rise, a count too large for its field or an index past a row array is a RunTimeFault.
 
 // Lays the stations out: watered reaches hole by hole at the spacing of the survey row being walked, unwatered survey
 // rows as one row each. Writes `Station` (hundredths of a foot, rounded up) and, for the time being, `HolesPerFurrow`.

@@ -1,3 +1,4 @@
+// The survey sheet as the engine knows it: its columns, and its cells as numbers.
 #pragma once
 
 #include <string>

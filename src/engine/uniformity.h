@@ -1,3 +1,4 @@
+// The distribution uniformity of a march, and the sort that it goes by.
 #pragma once
 
 #include <cstdint>

@@ -1,11 +1,10 @@
+// Text files of the program are in the Windows-1252 code page; inside, every text is UTF-8.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 namespace torvale {
-
-// Text files of the program are in the Windows-1252 code page; inside, every text is UTF-8.
 
 // Whether the bytes are UTF-8 from the first to the last.
 bool IsUtf8(std::string_view bytes);

@@ -1,3 +1,4 @@
+// Design files: a design saved, and opened again.
 #pragma once
 
 #include <string>

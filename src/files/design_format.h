@@ -1,3 +1,5 @@
+// A design as text: the survey as typed, the result table as shown and every row array of the record, so that it opens
+// again without being calculated again. One format for all design types; docs/file_format.md lists its fields.
 #pragma once
 
 #include <functional>
@@ -7,9 +9,6 @@
 #include "screen/program.h"
 
 namespace torvale {
-
-// A design as text: the survey as typed, the result table as shown and every row array of the record, so that it opens
-// again without being calculated again. One format for all design types; docs/file_format.md lists its fields.
 
 // The design as it stands, UTF-8.
 std::string WriteDesign(Program& program);

@@ -1,3 +1,5 @@
+// What a file held before each save, in the folder "versions" of the user's data: a folder for each file, with the
+// file's path in "path.txt" and each former content under the moment of the save.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +11,6 @@
 #include "screen/spoken.h"
 
 namespace torvale {
-
-// What a file held before each save, in the folder "versions" of the user's data: a folder for each file, with the
-// file's path in "path.txt" and each former content under the moment of the save.
 
 // How much is kept. Of a file: the last `of_one_file` saves; of those older than a day the last of each day, of those
 // older than a month the last of each week. Where all files together come to more than `bytes`, the oldest go.

@@ -1,3 +1,4 @@
+// Text files as a sequence of fields: records of one or more fields, a comma between them, CR LF at their end.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +8,6 @@
 #include "record/design_record.h"
 
 namespace torvale {
-
-// Text files as a sequence of fields: records of one or more fields, a comma between them, CR LF at their end.
 
 // Reads one field after the other; a comma and a line end (CR LF, CR or LF) count the same. A text that begins with a
 // double quote runs to the next one, commas and line ends included, and what follows up to the field's end is dropped.

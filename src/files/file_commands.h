@@ -1,3 +1,5 @@
+// The commands of the file menu that choose names, run the file dialogs and keep the list of recent files. A cancelled
+// dialog ends a command in silence.
 #pragma once
 
 #include <string_view>
@@ -5,9 +7,6 @@
 #include "screen/program.h"
 
 namespace torvale {
-
-// The commands of the file menu that choose names, run the file dialogs and keep the list of recent files. A cancelled
-// dialog ends a command in silence.
 
 inline constexpr std::string_view kRecentFile = "RecentTORVALEFileName.Dat";
 

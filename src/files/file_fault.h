@@ -1,10 +1,11 @@
+// How a file operation fails.
 #pragma once
 
 #include "base/run_time_fault.h"
 
 namespace torvale {
 
-// What a file operation fails with: the operating system's error number, or one of those below.
+// The operating system's error number, or one of those below.
 struct FileFault {
   int number;
 };

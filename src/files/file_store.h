@@ -1,3 +1,4 @@
+// Whole files, in and out. Paths are UTF-8. Every procedure throws FileFault with the operating system's error number.
 #pragma once
 
 #include <string>
@@ -6,8 +7,6 @@
 #include "screen/program.h"
 
 namespace torvale {
-
-// Whole files, in and out. Paths are UTF-8. Every procedure throws FileFault with the operating system's error number.
 
 // The bytes of a file. A file of more than 8 megabytes is refused (EFBIG): no design comes near it.
 std::string ReadBytes(const std::string& path);

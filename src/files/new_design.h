@@ -1,3 +1,4 @@
+// The start of a new design, from the preferences.
 #pragma once
 
 #include <string_view>

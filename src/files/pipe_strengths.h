@@ -1,3 +1,4 @@
+// The table of heads that tubing bears, out of its file.
 #pragma once
 
 #include <string_view>

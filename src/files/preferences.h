@@ -1,3 +1,4 @@
+// The preferences: their file, and what they mean to the record.
 #pragma once
 
 #include "screen/program.h"

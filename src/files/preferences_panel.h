@@ -1,3 +1,4 @@
+// The panel of preferences `Frame1`: sixteen fields that the rest of the program reads directly, shown or hidden.
 #pragma once
 
 #include <string_view>
@@ -6,8 +7,6 @@
 #include "screen/program.h"
 
 namespace torvale {
-
-// The panel of preferences `Frame1`: sixteen fields that the rest of the program reads directly, shown or hidden.
 
 void mnuPreference_Click(Program& program);
 

@@ -1,3 +1,4 @@
+// The list of soils with their recommended furrow flows: its file, its editor, and the choice of one.
 #pragma once
 
 #include <string_view>

@@ -1,10 +1,9 @@
+// The list of earlier versions on the screen: see earlier_versions.h.
 #pragma once
 
 #include "screen/program.h"
 
 namespace torvale {
-
-// The list of earlier versions on the screen: see earlier_versions.h.
 
 // Shows the list, the versions of the open design's file ahead.
 void mnuFileEarlier_Click(Program& program);

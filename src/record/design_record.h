@@ -1,3 +1,11 @@
+// The state of the program's work, in three layers: what a design is worked out from, what came of it, and what lies on
+// the desk beside it. A copy of a `Design` is a copy of the design; `DesignRecord` is that with its desk, one for each
+// program, read and written by every part by field name.
+//
+// Lengths, stations, elevations and heads are in feet, flows in US gallons per minute, hole and pipe diameters in
+// inches unless a field says feet. Hole rows 1 to `HoleRows` lie along the pipe: row 1 at the head of the line, where
+// the water enters, row `HoleRows` at the far end. `float` fields are 32-bit store points: a value is rounded where it
+// is stored into one, and nowhere else.
 #pragma once
 
 #include <cstdint>
@@ -39,15 +47,6 @@ inline constexpr int kSoilNames = 200;
 inline constexpr int kRecentFiles = 5;  // entries 0 to 3 are shown, 4 takes what falls off the end
 inline constexpr int kClipboardRows = 321;
 inline constexpr int kClipboardColumns = 13;
-
-// The state of the program's work, in three layers: what a design is worked out from, what came of it, and what lies on
-// the desk beside it. A copy of a `Design` is a copy of the design; `DesignRecord` is that with its desk, one for each
-// program, read and written by every part by field name.
-//
-// Lengths, stations, elevations and heads are in feet, flows in US gallons per minute, hole and pipe diameters in
-// inches unless a field says feet. Hole rows 1 to `HoleRows` lie along the pipe: row 1 at the head of the line, where
-// the water enters, row `HoleRows` at the far end. `float` fields are 32-bit store points: a value is rounded where it
-// is stored into one, and nowhere else.
 
 struct DesignInputs {
   // Mode

@@ -1,3 +1,4 @@
+// The hole sizes that are listed: the vocabulary of every hole size in the program.
 #pragma once
 
 #include <string>
@@ -14,9 +15,8 @@ using HoleSizeValues = BoundedArray<float, kHoleSizes + 1>;  // inches
 HoleSizeNames ListedSizeNames();
 HoleSizeValues ListedSizeValues();
 
-// The hole sizes that are listed, rows 0 to 50, and an empty row to spare: the vocabulary of every hole size in the
-// program. Row 0 is "0" with the value 0; the rows rise by 1/32 of an inch to row 3 and by 1/16 from row 4 on. It is
-// the same in every program and never changes.
+// Rows 0 to 50, and an empty row to spare. Row 0 is "0" with the value 0; the rows rise by 1/32 of an inch to row 3 and
+// by 1/16 from row 4 on. It is the same in every program and never changes.
 struct HoleSizeTable {
   HoleSizeNames HoleSizeName = ListedSizeNames();
   HoleSizeValues HoleSizeValue = ListedSizeValues();

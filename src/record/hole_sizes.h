@@ -1,3 +1,4 @@
+// The table of hole sizes, asked by name and by value.
 #pragma once
 
 #include <string_view>

@@ -1,3 +1,5 @@
+// What the letters of a design stand for. A letter is compared exactly; where a field holds any other text, both
+// questions about it are answered with no, and each procedure that asks says by which question it goes.
 #pragma once
 
 #include <string_view>
@@ -5,9 +7,6 @@
 #include "record/design_record.h"
 
 namespace torvale {
-
-// What the letters of a design stand for. A letter is compared exactly; where a field holds any other text, both
-// questions about it are answered with no, and each procedure that asks says by which question it goes.
 
 // The survey kind: larger rod readings are lower ground.
 inline constexpr std::string_view kRods = "R";

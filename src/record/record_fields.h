@@ -1,3 +1,4 @@
+// The fields of the record as a list of names and members, for those who find a field by its name.
 #pragma once
 
 #include <string_view>

@@ -1,3 +1,4 @@
+// Lists of fixed bounds, such as a value for each row of the design.
 #pragma once
 
 #include <algorithm>

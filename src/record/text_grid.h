@@ -1,3 +1,4 @@
+// A sheet of text cells, with nothing of its looks.
 #pragma once
 
 #include <cstdint>

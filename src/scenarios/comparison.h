@@ -1,3 +1,4 @@
+// The designs of one set of inputs side by side, on the desk beside the screens.
 #pragma once
 
 #include <cstdint>

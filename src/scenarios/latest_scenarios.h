@@ -1,3 +1,4 @@
+// Designs worked out beside the one on the screen, on a thread of their own.
 #pragma once
 
 #include <condition_variable>

@@ -1,3 +1,4 @@
+// A design worked out with nobody at the screen: inputs in, figures or the words of a refusal out.
 #pragma once
 
 #include <array>

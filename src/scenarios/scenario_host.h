@@ -1,3 +1,4 @@
+// The desktop of a program that nobody sits at.
 #pragma once
 
 #include <chrono>

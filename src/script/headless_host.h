@@ -1,3 +1,4 @@
+// A desktop without a window, for scripts.
 #pragma once
 
 #include <filesystem>
@@ -27,7 +28,7 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-// A desktop without a window, the same on every machine: what a user would notice goes to a transcript, settings live
+// The same on every machine: what a user would notice goes to a transcript, settings live
 // in memory, the date is always 11/21/2026, files of reports are not written. The program folder is one of its own:
 // without a defaults file and with a list of no soils, so that no file of the machine changes what a script does, or a
 // copy of the folder that is named.

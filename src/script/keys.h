@@ -1,3 +1,4 @@
+// The keys that a script presses.
 #pragma once
 
 #include <string>

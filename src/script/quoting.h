@@ -1,3 +1,4 @@
+// The words of a script line, and texts in quotes.
 #pragma once
 
 #include <stdexcept>

@@ -1,3 +1,4 @@
+// Scripts from their first line to their last.
 #pragma once
 
 #include <istream>

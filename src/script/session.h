@@ -1,3 +1,4 @@
+// What a script is replayed on.
 #pragma once
 
 #include <ostream>

@@ -1,12 +1,3 @@
-#pragma once
-
-#include <ostream>
-#include <string_view>
-
-#include "screen/program.h"
-
-namespace torvale {
-
 // State as lines of a transcript:
 //
 //   lblEffic = "Distribution Uniformity = 93.2" visible enabled back 0,255,0
@@ -21,6 +12,14 @@ namespace torvale {
 //
 // A menu entry with a tick is "ticked". A text colour is told where it isn't black. Numbers are in the shortest form
 // that reads back to the same bits; an unset free value is `unset`, a truth value True or False.
+#pragma once
+
+#include <ostream>
+#include <string_view>
+
+#include "screen/program.h"
+
+namespace torvale {
 
 // Which elements of a list are shown: those in use, rows 1 to `HoleRows` of a row array and all of another list that
 // aren't zero or empty; or all that aren't zero or empty.

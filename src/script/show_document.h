@@ -1,3 +1,4 @@
+// What was printed, as lines of a transcript.
 #pragma once
 
 #include <ostream>

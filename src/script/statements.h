@@ -1,3 +1,4 @@
+// The language of scripts: its statements.
 #pragma once
 
 #include <istream>

@@ -1,11 +1,10 @@
+// The earlier way of setting the crown, kept beside the search and reached by no command: the least squares slope of
+// head and friction loss against station over the rows with holes, taken at 0.8.
 #pragma once
 
 #include "screen/program.h"
 
 namespace torvale {
-
-// The earlier way of setting the crown, kept beside the search and reached by no command: the least squares slope of
-// head and friction loss against station over the rows with holes, taken at 0.8.
 
 // Levels `DesignElev` from row 1 on.
 void CalConstantSlopeElev(DesignRecord& record);

@@ -1,12 +1,11 @@
+// Best Holes: the plan of hole sizes with the greatest uniformity (engine/best_holes.h), shown as a limited selection
+// with a bound that no other plan passes. The panel of hole sizes gives the sizes; three fields beside its list, which
+// stand there for this command alone, give the limits.
 #pragma once
 
 #include "screen/program.h"
 
 namespace torvale {
-
-// Best Holes: the plan of hole sizes with the greatest uniformity (engine/best_holes.h), shown as a limited selection
-// with a bound that no other plan passes. The panel of hole sizes gives the sizes; three fields beside its list, which
-// stand there for this command alone, give the limits.
 
 // Fields of `txtBest`.
 inline constexpr std::size_t kStretchesField = 0;    // the greatest number of runs of one size, a whole number

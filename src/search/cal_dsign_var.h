@@ -1,3 +1,4 @@
+// The one road from the input screen to a calculated design, and what every run on it does alike.
 #pragma once
 
 #include <functional>
@@ -6,7 +7,7 @@
 
 namespace torvale {
 
-// The one road from the input screen to a calculated design: checks the input with its messages, turns the sheet into
+// A design of the type `DesignType`: checks the input with its messages, turns the sheet into
 // hole rows, calculates by `DesignType`, sorts, works out acres and uniformity, and shows the design. The outcome is in
 // `MissingData` (-1: input refused or a run-time fault), `DesignOK` and `CancelFlag`. A run-time fault ends it without
 // a message box; the status bar then says in one sentence what stopped it.

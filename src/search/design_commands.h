@@ -1,3 +1,4 @@
+// The commands that start and steer a design.
 #pragma once
 
 #include "screen/design_types.h"
@@ -5,7 +6,7 @@
 
 namespace torvale {
 
-// The commands that start and steer a design. Each works from the click to the result on the screen.
+// Each works from the click to the result on the screen.
 void mnuDesignField_Click(Program& program);            // Planned
 void mnuExistingDesign_Click(Program& program);         // Existing Field
 void mnuDesignConstSlope_Click(Program& program);       // Constant Slope

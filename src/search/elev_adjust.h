@@ -1,3 +1,4 @@
+// The crown of a slope design after its slope is known: broken for a dual slope, and lifted above the ground.
 #pragma once
 
 #include "screen/program.h"

@@ -1,3 +1,4 @@
+// The engine's calculations as a command runs them: on the program's record and screen, with words for how they end.
 #pragma once
 
 #include "screen/program.h"

@@ -1,3 +1,4 @@
+// The loop over target heads of a limited hole selection.
 #pragma once
 
 #include "screen/program.h"

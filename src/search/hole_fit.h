@@ -1,3 +1,4 @@
+// From the ideal diameters of a hole selection to sizes that can be punched.
 #pragma once
 
 #include "screen/program.h"

@@ -1,13 +1,12 @@
+// The panel `frameHoleSelection`, in which the user lists the hole sizes that a design may use: a limited selection, or
+// the best holes (search/best_holes_panel.h). A double click on a line of `listAllHoles` adds what is selected there,
+// one on a line of `listHolesSelected` removes it.
 #pragma once
 
 #include "screen/design_types.h"
 #include "screen/program.h"
 
 namespace torvale {
-
-// The panel `frameHoleSelection`, in which the user lists the hole sizes that a design may use: a limited selection, or
-// the best holes (search/best_holes_panel.h). A double click on a line of `listAllHoles` adds what is selected there,
-// one on a line of `listHolesSelected` removes it.
 
 void cmdADDtoSelected_Click(Program& program);
 void cmdremoveSelected_Click(Program& program);

@@ -1,12 +1,11 @@
+// The search for the crown slope of best uniformity, design types 2 and 3: level first, then steeper and steeper by
+// 0.00001 feet per foot, a whole march search for each, until the lowest head of the line has fallen to 0.1 foot. The
+// slope of the highest uniformity is kept; among equals the flattest.
 #pragma once
 
 #include "screen/program.h"
 
 namespace torvale {
-
-// The search for the crown slope of best uniformity, design types 2 and 3: level first, then steeper and steeper by
-// 0.00001 feet per foot, a whole march search for each, until the lowest head of the line has fallen to 0.1 foot. The
-// slope of the highest uniformity is kept; among equals the flattest.
 
 // The prepass: for each row the head that would give its furrow exactly the flow wanted, and `FrictionLoss`. Then the
 // existing crown becomes the designed one and the search begins. Faults as the arithmetic has them: RunTimeFault.

@@ -1,3 +1,4 @@
+// One plain sentence for the status bar, where a refusal only says that something is missing or says nothing at all.
 #pragma once
 
 #include <string_view>
@@ -10,8 +11,6 @@ namespace torvale {
 
 // What a column of the survey holds, as a sentence has it: "furrow length".
 std::string_view SurveyColumnName(int column);
-
-// One plain sentence for the status bar, where a refusal only says that something is missing or says nothing at all.
 
 // The first information field that a design needs and that is empty; nothing where all are filled.
 SpokenSentence EmptyFieldSentence(const Program& program);
