@@ -181,9 +181,9 @@ void RunDesign(Program& program, const Calculation& calculate) {
   try {
     Run(program, calculate);
   } catch (const RunTimeFault& fault) {
-    // A run that was cancelled may end in a fault of its unfinished figures.
+    // A run that was cancelled or gave up may end in a fault of its unfinished figures.
     if (program.record.DesignOK == "False") {
-      ForgetNews(program);
+      ForgetProgress(program);
     } else {
       Say(program, WhatStopped(program, fault));
     }

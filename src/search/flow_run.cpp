@@ -60,6 +60,7 @@ void RunFlowCalc(Program& program, EngineHost& host, int& tries) {
     case FlowEnd::Way::kCancelled:
       return;
     case FlowEnd::Way::kTryLimit:
+      ForgetNews(program);  // the progress of a search is none
       SayCause(program, end.cause);
       TellTryLimit(program, end.fail_row);
       main.cmdCancel.visible = false;

@@ -98,7 +98,8 @@ bool MoreHeadToSpend(const DesignRecord& record) {
 void CaptionTrial(Program& program, CrownDirection direction) {
   CaptionSlope(program, direction == CrownDirection::kFalling ? kFallingCaption : kRisingCaption);
   CaptionUniformity(program);
-  TellProgress(program);
+  // What is told of a trial that gave up stays.
+  if (!program.record.CancelFlag) TellProgress(program);
 }
 
 // One trial at `SlopeDelta`, worked on the record itself: for the trial that gives up, whose words and figures stay.
@@ -279,6 +280,11 @@ void FitHead(DesignRecord& record, int row, double flow, double discharge_coef) 
 
 }  // namespace
 
+void ForgetProgress(Program& program) {
+  constexpr std::string_view kProgress = words::kSlopeProgress.text();
+  if (News(program).starts_with(kProgress.substr(0, kProgress.find('{')))) ForgetNews(program);
+}
+
 void LayCrown(Program& program, float slope) {
   DesignRecord& record = program.record;
   std::vector<float> span(static_cast<std::size_t>(record.HoleRows) + 1);
@@ -306,7 +312,7 @@ void BestGradeEffic(Program& program) {
   if (RunTrials(program, direction)) {
     FinishSearch(program);
   } else {
-    ForgetNews(program);  // its progress is over
+    ForgetProgress(program);
   }
 }
 

@@ -20,6 +20,9 @@ void BestGradeEffic(Program& program);
 // shows the best.
 void GradeEfficAdj(Program& program);
 
+// Where the status bar tells how far a search is, that is over. What it tells besides stays.
+void ForgetProgress(Program& program);
+
 // Lays `DesignElev` from row 1 on at `slope` feet per foot, falling where above 0. Row 1 stays.
 void LayCrown(Program& program, float slope);
 

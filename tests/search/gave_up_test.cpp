@@ -132,6 +132,36 @@ TEST_F(GaveUpTest, SlopeDesignsTellOfTheTryLimitOnce) {
   }
 }
 
+// Under 2 feet the hole of 3/8 inch gives (0.375 / 12)^2 x 3.14 / 4 x sqrt(2 x 64.4) x 448.8 x 0.65 = 2.54 GPM.
+TEST_F(GaveUpTest, SlopeDesignsTellTheCause) {
+  for (const auto& command : {mnuDesignConstSlope_Click, mnuDesignDualSlope_Click}) {
+    OneHole("100000");
+    command(program);
+    EXPECT_EQ(main.sbStatusBar.caption,
+              "At the target head of 2 feet the holes let 3 GPM out, less than the 100000 GPM that are pumped: take "
+              "larger holes or more of them, or pump less.");
+  }
+}
+
+// Heads of 23 feet are spent on steeper and steeper crowns until a trial finds none; the progress of the trials before
+// gives way to the cause. 26 holes of 1/2 inch let 26 x (0.5 / 12)^2 x 3.14 / 4 x sqrt(2 x 64.4) x 448.8 x 0.65 = 117
+// GPM out under 2 feet.
+TEST_F(GaveUpTest, ATrialThatGivesUpTellsTheCause) {
+  record.TargetGPM = 400;
+  main.txtInfo[2].Set("400");
+  main.txtInfo[3].Set("2");
+  main.txtInfo[5].Set("E");
+  for (const int row : {1, 2}) {
+    const char* const cells[] = {row == 1 ? "0" : "150", "10.00", "600", "6", "15", "1/2", "1", "10", "6"};
+    for (int column = 0; column < 9; ++column) main.Grid1.Set(row, column, cells[column]);
+  }
+  mnuDesignConstSlope_Click(program);
+  ASSERT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(main.sbStatusBar.caption,
+            "At the target head of 2 feet the holes let 117 GPM out, less than the 400 GPM that are pumped: take larger "
+            "holes or more of them, or pump less.");
+}
+
 // The computer gives the row the largest hole, 3 inches: at 102 feet that is
 // 9 x 3.14 / 4 / 144 x sqrt(102 x 64.4) x 448.8 x 0.65 = 1159.97 GPM. That flow loses
 // 10 x 1160^1.852 / 15^4.866 x 0.2083 x (100 / 140)^1.852 / 100 = 0.0100 feet on the way: 102.01 at the head of the
