@@ -63,19 +63,14 @@ void TrialCrew::Prepare(const SlopeField& field, const SlopeSearchManner& manner
 }
 
 TrialCrew::~TrialCrew() {
-  ends_ = true;
-  ++round_;
-  round_.notify_all();
+  rounds_.End();
   for (std::thread& thread : threads_) thread.join();
 }
 
 void TrialCrew::Work(int block) {
-  for (int seen = 0;;) {
-    round_.wait(seen);
-    seen = round_;
-    if (ends_) return;
+  for (int seen = 0; rounds_.Await(seen);) {
     MarchBlock(Of(block));
-    if (--busy_ == 0) busy_.notify_one();
+    rounds_.Done();
   }
 }
 
@@ -216,14 +211,10 @@ void TrialCrew::MarchBlock(TrialBlock& block) {
 void TrialCrew::March(float target) {
   target_ = target;
   const int helped = static_cast<int>(threads_.size());
-  if (helped > 0) {
-    busy_ = helped;
-    ++round_;
-    round_.notify_all();
-  }
+  if (helped > 0) rounds_.Begin(helped);
   MarchBlock(Of(0));
   for (int block = helped + 1; block < blocks(); ++block) MarchBlock(Of(block));
-  for (int busy = busy_; busy != 0; busy = busy_) busy_.wait(busy);
+  if (helped > 0) rounds_.AwaitEnd();
 }
 
 }  // namespace torvale

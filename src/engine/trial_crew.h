@@ -1,11 +1,11 @@
 // The memory and the threads of a fast slope search: blocks of crowns and marches, one for each thread.
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <thread>
 #include <vector>
 
+#include "engine/crew_rounds.h"
 #include "engine/end_head_quest.h"
 #include "engine/low_quarter.h"
 #include "engine/slope_trials.h"
@@ -98,11 +98,8 @@ class TrialCrew {
   std::vector<float> last_crown_;  // the crown of the last trial
   bool has_last_ = false;
 
-  // Threads wait for a round of another number, work their block, and count themselves ready.
+  CrewRounds rounds_;
   std::vector<std::thread> threads_;
-  std::atomic<int> round_{0};
-  std::atomic<int> busy_{0};
-  std::atomic<bool> ends_{false};
 };
 
 }  // namespace torvale
