@@ -43,8 +43,15 @@ class Search {
   Outcome Loop() {
     search_.marches = 1;
     for (;;) {
-      if (place_.row == line_.rows && line_.rows > 1 && SkipMarch()) continue;
-      if (!PauseHere()) return Outcome::kStopped;
+      Ahead ahead = AtFarEnd() ? LookAhead(PausesUpTo(place_.row)) : Ahead::kMarch;
+      if (ahead == Ahead::kMarch) {
+        if (AtFarEnd()) MakeUp(false);
+        if (!PauseHere()) return Outcome::kStopped;
+        // The answer may have been the first of the search.
+        if (place_.row + 1 >= line_.rows) ahead = LookAhead(PausesUpTo(place_.row - 1));
+      }
+      if (ahead == Ahead::kPassed) continue;
+      if (ahead == Ahead::kEnded) return Outcome::kConverged;
       if (profile_.head[place_.row] < 0) GoToHeadOfLine();
       stretch_ = place_.row;
       const bool last_pass = search_.tries == kTryLimit;
@@ -53,8 +60,6 @@ class Search {
         if (MeetsTarget(place_.flow, target_)) return Outcome::kConverged;
         CarryHead(line_, profile_, place_);
         if (last_pass) return Outcome::kTryLimit;
-        made_ = {profile_.head[line_.rows], place_.flow, 0, 0};
-        made_negative_ = to_head_of_line_;
         EndMarch(Compare(place_.flow, target_));
         continue;
       }
@@ -74,41 +79,39 @@ class Search {
     ++search_.marches;
   }
 
-  // At the far end: whether the march from there was passed over. Those near the limit of tries and those that go
-  // negative are made, and so is one during which somebody is to be asked; it must find the lists as the march before
-  // it would have left them.
-  bool SkipMarch() {
-    const long pauses = line_.rows - line_.rows / 10;
+  bool AtFarEnd() const { return place_.row == line_.rows; }
+
+  // What becomes of the march at hand, with `pauses` still to come on it: it is made row by row; it was passed over,
+  // since its outcome is certain; or it meets the target, and its rows are in the lists. Marches near the limit of tries
+  // and those that go negative are made, and so is one during which somebody is to be asked: it must find the lists as
+  // the march before it would have left them.
+  enum class Ahead { kMarch, kPassed, kEnded };
+  Ahead LookAhead(long pauses) {
+    if (form_ != EndHeadForm::kFast || idle_ < pauses || search_.tries >= kTryLimit - 5) return Ahead::kMarch;
     const double head = profile_.head[line_.rows];
-    const bool quiet = idle_ >= pauses;
-    if (quiet && search_.marches > 1 && form_ == EndHeadForm::kFast && !looked_) Foresee();
-    const Verdict verdict = foresees_ ? foresight_.Of(head) : Verdict::kUnknown;
-    const bool certain = verdict == Verdict::kTooLittle || verdict == Verdict::kTooMuch;
-    if (certain && quiet && search_.tries < kTryLimit - 5) {
-      idle_ -= pauses;
-      passed_ += pauses;
+    if (!looked_) foresees_ = foresight_.Look(line_, target_, first_head_);
+    looked_ = true;
+    if (!foresees_) return Ahead::kMarch;
+    const Verdict verdict = foresight_.Of(head);
+    if (verdict == Verdict::kTooLittle || verdict == Verdict::kTooMuch) {
+      PassOver(pauses);
       skipped_ = head;
       has_skipped_ = true;
       EndMarch(verdict == Verdict::kTooMuch ? Delivery::kTooMuch : Delivery::kTooLittle);
-      return true;
+      return Ahead::kPassed;
     }
-    if (has_skipped_) MakeUp(quiet && verdict == Verdict::kUnknown);
-    has_skipped_ = false;
-    return false;
+    if (verdict != Verdict::kUnknown) return Ahead::kMarch;
+    MakeUp(true);
+    if (!foresight_.TakeRows(head, profile_, place_.flow)) return Ahead::kMarch;
+    PassOver(pauses);
+    place_.row = 1;
+    return Ahead::kEnded;
   }
 
-  // Begins from the march that was made last, whose heads stand in the list.
-  void Foresee() {
-    looked_ = true;
-    const auto [low, high] = std::minmax_element(profile_.head + 1, profile_.head + line_.rows);
-    MarchedHead made = made_;
-    made.lowest = made_negative_ ? -1 : std::min(*low, made.head);
-    made.highest = std::max(*high, made.head);
-    foresees_ = foresight_.Look(line_, target_, first_head_, made);
-  }
-
-  // The march before this one, as far as what follows needs it: all of it, or what it handed on to element 0 alone.
+  // Makes the march before this one where that was passed over, as far as what follows needs it: all of it, or what it
+  // handed on to element 0 alone.
   void MakeUp(bool element_alone) {
+    if (!std::exchange(has_skipped_, false)) return;
     double& end_head = profile_.head[line_.rows];
     if (const double* const beyond = foresight_.Beyond(skipped_); element_alone && beyond != nullptr) {
       profile_.head[0] = *beyond;
@@ -123,6 +126,7 @@ class Search {
   }
 
   static bool PausesAt(int row) { return row % 10 != 0; }
+  static long PausesUpTo(int row) { return row - row / 10; }
 
   // False where the search is to stop.
   bool PauseHere() {
@@ -151,8 +155,9 @@ class Search {
 
   // Counts the pauses of rows `from` down to `to`, which the march passed over.
   void PassOver(int from, int to) {
-    if (from < to) return;
-    const long pauses = (from - from / 10) - ((to - 1) - (to - 1) / 10);
+    if (from >= to) PassOver(PausesUpTo(from) - PausesUpTo(to - 1));
+  }
+  void PassOver(long pauses) {
     idle_ -= pauses;
     passed_ += pauses;
   }
@@ -189,9 +194,7 @@ class Search {
   long passed_ = 0;  // pauses passed over and not yet reported
 
   const double first_head_;
-  MarchedHead made_;  // the last march that was made and not passed over
-  bool made_negative_ = false;
-  bool to_head_of_line_ = false;
+  bool to_head_of_line_ = false;  // the march goes there at once, since a head was negative
   EndHeadForesight foresight_;
   bool looked_ = false;
   bool foresees_ = false;

@@ -18,7 +18,7 @@ struct MarchedJob {
 
 // The marches that are asked for at once, the first one nearest to the end.
 struct WantedMarches {
-  static constexpr int kMost = 5;
+  static constexpr int kMost = 16;
   double head[kMost] = {};
   int count = 0;
 

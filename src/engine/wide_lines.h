@@ -29,6 +29,12 @@ struct WideLine {
   int lowest_exponent = 0;
 };
 
+// The rows of one march, elements 1 to `rows` of each: feet, and gallons per minute out of the row.
+struct WideProfile {
+  double* head = nullptr;
+  float* flow = nullptr;
+};
+
 // The marches of one block. Jobs beyond the wanted ones are repetitions.
 struct WideJobs {
   alignas(64) double head[kMostJobs] = {};    // in: far-end head, 0 or more
@@ -58,8 +64,8 @@ struct WideForm {
   // holes. `lowest` below 0 tells that the march went negative; what else comes out of such a job means nothing. No
   // fault is told: the line must be one that `CannotOverflow` (head_brackets.h) vouches for.
   void (*march)(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) = nullptr;
-  // The same on the crown of `WideRow::rise`, without the flows of the rows.
-  void (*march_one_crown)(const WideLine& line, WideJobs& jobs) = nullptr;
+  // The same on the crown of `WideRow::rise`, all `one_crown_jobs` of them. The first one's rows come out in `rows`.
+  void (*march_one_crown)(const WideLine& line, WideJobs& jobs, const WideProfile& rows) = nullptr;
   // The quotients flows[at[i]] / ratio[i], rounded to 32 bits, as their bits in `key`, and the sum of the `places`
   // lowest of them, where it is exact: floats from the smallest unit of the lowest up to the sum of all then fit the 53
   // bits of a double.

@@ -26,6 +26,8 @@ struct One {
   static D Load(const double* p) { return *p; }
   static void Store(double* p, D x) { *p = x; }
   static void StoreF(float* p, F x) { *p = x; }
+  static D First(D x) { return x; }
+  static F FirstF(F x) { return x; }
   static F NoF() { return 0; }
   static D Mul(D a, D b) { return a * b; }
   static D Add(D a, D b) { return a + b; }
@@ -60,8 +62,8 @@ void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count,
   MarchJobs<One>(line, TablesFor<One>(line), crowns, kOneSlots, jobs, count, flows, kOneJobs);
 }
 
-void MarchOneCrown(const WideLine& line, WideJobs& jobs) {
-  MarchVectors<One, kOneJobs, true>(line, TablesFor<One>(line), nullptr, 0, jobs, 0, nullptr, 0);
+void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
+  MarchVectors<One, kOneJobs, true>(line, TablesFor<One>(line), nullptr, 0, jobs, 0, nullptr, 0, rows);
 }
 
 }  // namespace

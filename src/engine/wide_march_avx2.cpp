@@ -24,6 +24,8 @@ struct Four {
   static D Load(const double* p) { return _mm256_load_pd(p); }
   static void Store(double* p, D x) { _mm256_store_pd(p, x); }
   static void StoreF(float* p, F x) { _mm_store_ps(p, x); }
+  static double First(D x) { return _mm256_cvtsd_f64(x); }
+  static float FirstF(F x) { return _mm_cvtss_f32(x); }
   static F NoF() { return _mm_setzero_ps(); }
   static D Mul(D a, D b) { return _mm256_mul_pd(a, b); }
   static D Add(D a, D b) { return _mm256_add_pd(a, b); }
@@ -95,8 +97,8 @@ void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count,
   _mm256_zeroupper();
 }
 
-void MarchOneCrown(const WideLine& line, WideJobs& jobs) {
-  MarchVectors<Four, kVectors, true>(line, TablesFor<Four>(line), nullptr, 0, jobs, 0, nullptr, 0);
+void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
+  MarchVectors<Four, kVectors, true>(line, TablesFor<Four>(line), nullptr, 0, jobs, 0, nullptr, 0, rows);
   _mm256_zeroupper();
 }
 

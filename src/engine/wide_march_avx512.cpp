@@ -27,6 +27,8 @@ struct Eight {
   static D Load(const double* p) { return _mm512_load_pd(p); }
   static void Store(double* p, D x) { _mm512_store_pd(p, x); }
   static void StoreF(float* p, F x) { _mm256_store_ps(p, x); }
+  static double First(D x) { return _mm512_cvtsd_f64(x); }
+  static float FirstF(F x) { return _mm256_cvtss_f32(x); }
   static F NoF() { return _mm256_setzero_ps(); }
   static D Mul(D a, D b) { return _mm512_mul_pd(a, b); }
   static D Add(D a, D b) { return _mm512_add_pd(a, b); }
@@ -101,8 +103,8 @@ void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count,
   _mm256_zeroupper();
 }
 
-void MarchOneCrown(const WideLine& line, WideJobs& jobs) {
-  MarchVectors<Eight, 2, true>(line, TablesFor<Eight>(line), nullptr, 0, jobs, 0, nullptr, 0);
+void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
+  MarchVectors<Eight, 2, true>(line, TablesFor<Eight>(line), nullptr, 0, jobs, 0, nullptr, 0, rows);
   _mm256_zeroupper();
 }
 

@@ -67,7 +67,7 @@ inline typename L::D FlowPowerOf(const typename L::Tables& tables, typename L::F
 // `V` vectors in flight, so that the chain of one row of one of them hides behind the others.
 template <class L, int V, bool kOneCrown>
 inline void MarchVectors(const WideLine& line, const typename L::Tables& tables, const float* crowns, int slots,
-                         WideJobs& jobs, int first, float* flows, int stride) {
+                         WideJobs& jobs, int first, float* flows, int stride, const WideProfile& rows) {
   using D = typename L::D;
   using F = typename L::F;
   D head[V], lowest[V], highest[V], here[V], term[V];
@@ -89,6 +89,10 @@ inline void MarchVectors(const WideLine& line, const typename L::Tables& tables,
   const D factor = L::All(line.friction_factor);
   for (int row = line.rows; row >= 1; --row) {
     const WideRow& r = line.row[row];
+    if constexpr (kOneCrown) {
+      rows.head[row] = L::First(head[0]);
+      rows.flow[row] = 0;
+    }
     if (r.opening > 0) {
 #pragma GCC unroll 8
       for (int v = 0; v < V; ++v) {
@@ -98,6 +102,7 @@ inline void MarchVectors(const WideLine& line, const typename L::Tables& tables,
         if constexpr (!kOneCrown)
           L::StoreF(flows + static_cast<long long>(row) * stride + first + v * L::kWidth, narrow);
         flow[v] = L::AddF(flow[v], narrow);
+        if (kOneCrown && v == 0) rows.flow[row] = L::FirstF(narrow);
       }
     }
     if (r.opening > 0 || r.dia_power != dia_power) {
@@ -140,13 +145,13 @@ inline void MarchJobs(const WideLine& line, const typename L::Tables& tables, co
                       WideJobs& jobs, int count, float* flows, int stride) {
   const int vectors = (count + L::kWidth - 1) / L::kWidth;
   if (vectors <= 1) {
-    MarchVectors<L, 1, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+    MarchVectors<L, 1, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
   } else if (vectors == 2) {
-    MarchVectors<L, 2, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+    MarchVectors<L, 2, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
   } else if (vectors == 3) {
-    MarchVectors<L, 3, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+    MarchVectors<L, 3, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
   } else {
-    MarchVectors<L, 4, false>(line, tables, crowns, slots, jobs, 0, flows, stride);
+    MarchVectors<L, 4, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
   }
 }
 
