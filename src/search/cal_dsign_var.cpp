@@ -99,6 +99,28 @@ void BuildRows(Program& program) {
   FlowRatio(record);
 }
 
+bool StillStand(const BuiltRows& rows, const Program& program) {
+  const DesignRecord& record = program.record;
+  return rows.built && rows.sheet_revision == program.main.Grid1.cells().revision() &&
+         rows.survey_rows == record.SurveyRows && rows.target_gpm == record.TargetGPM;
+}
+
+void Keep(const Program& program, BuiltRows& rows) {
+  const DesignRecord& record = program.record;
+  rows = {true,
+          program.main.Grid1.cells().revision(),
+          record.SurveyRows,
+          record.TargetGPM,
+          record.WateredFurrows,
+          record.PipeArea};
+}
+
+void TakeAgain(const BuiltRows& rows, DesignRecord& record) {
+  record.WateredFurrows = rows.watered_furrows;
+  record.PipeArea = rows.pipe_area;
+  ShareFlow(record);
+}
+
 void ResetScreen(Program& program) {
   program.record.DesignOK = "False";
   program.main.title = "TORVALE  ";
@@ -148,14 +170,44 @@ bool Calculate(Program& program, int& tries) {
   return program.record.DesignOK != "False";
 }
 
-void Run(Program& program, const Calculation& calculate) {
-  StartRun(program);
-  if (!FieldsFilled(program) || !SurveyFilled(program) || !StationsAccepted(program) || !HoleRowsFilled(program)) {
-    return;
+// Whether the line stands in the record, built now or by a run before.
+bool LineStands(Program& program, BuiltRows& rows) {
+  if (!FieldsFilled(program)) return false;
+  if (StillStand(rows, program)) {
+    TakeAgain(rows, program.record);
+    return true;
   }
+  rows.built = false;
+  if (!SurveyFilled(program) || !StationsAccepted(program) || !HoleRowsFilled(program)) return false;
   BuildRows(program);
+  Keep(program, rows);
+  return true;
+}
+
+void Run(Program& program, BuiltRows& rows, const Calculation& calculate) {
+  StartRun(program);
+  if (!LineStands(program, rows)) return;
   int tries = 0;
   if (calculate(tries)) Finish(program, tries);
+}
+
+void RunGuarded(Program& program, BuiltRows& rows, const Calculation& calculate) {
+  const Calculating calculating(program.running);
+  try {
+    Run(program, rows, calculate);
+  } catch (const RunTimeFault& fault) {
+    // A run that was cancelled or gave up may end in a fault of its unfinished figures.
+    if (program.record.DesignOK == "False") {
+      ForgetProgress(program);
+    } else {
+      Say(program, WhatStopped(program, fault));
+    }
+    program.main.refused = CellThatStopped(program);
+    program.record.MissingData = -1;
+    program.record.CancelFlag = true;
+  }
+  // A design that is shown has told of it, and has put 0 there.
+  if (Val(program.main.Grid1.Text(1, kStationColumn)) != 0) SayToo(program, words::kFirstStationIsNotZero);
 }
 
 }  // namespace
@@ -173,26 +225,17 @@ void ShareFlow(DesignRecord& record) {
 }
 
 void Cal_Dsign_Var(Program& program) {
-  RunDesign(program, [&program](int& tries) { return Calculate(program, tries); });
+  BuiltRows rows;
+  Cal_Dsign_Var(program, rows);
+}
+
+void Cal_Dsign_Var(Program& program, BuiltRows& rows) {
+  RunGuarded(program, rows, [&program](int& tries) { return Calculate(program, tries); });
 }
 
 void RunDesign(Program& program, const Calculation& calculate) {
-  const Calculating calculating(program.running);
-  try {
-    Run(program, calculate);
-  } catch (const RunTimeFault& fault) {
-    // A run that was cancelled or gave up may end in a fault of its unfinished figures.
-    if (program.record.DesignOK == "False") {
-      ForgetProgress(program);
-    } else {
-      Say(program, WhatStopped(program, fault));
-    }
-    program.main.refused = CellThatStopped(program);
-    program.record.MissingData = -1;
-    program.record.CancelFlag = true;
-  }
-  // A design that is shown has told of it, and has put 0 there.
-  if (Val(program.main.Grid1.Text(1, kStationColumn)) != 0) SayToo(program, words::kFirstStationIsNotZero);
+  BuiltRows rows;
+  RunGuarded(program, rows, calculate);
 }
 
 }  // namespace torvale

@@ -27,7 +27,7 @@ void KeepBestHead(DesignRecord& record, double head) {
 }
 
 // One target head. False where the loop is over.
-bool TryHead(Program& program, float increment) {
+bool TryHead(Program& program, float increment, BuiltRows& rows) {
   TextField& field = program.main.txtInfo[InfoField::kTargetHead];
   program.main.busy = true;
   LowerTargetHead(field, increment);
@@ -35,7 +35,7 @@ bool TryHead(Program& program, float increment) {
   if (program.main.closed) return false;
   const double head = Val(field.text());
   if (head <= 0) return true;  // carries no water: the pass counts, nothing is worked out
-  Cal_Dsign_Var(program);
+  Cal_Dsign_Var(program, rows);
   if (program.record.MissingData == -1) return false;
   program.main.lblHeadCount.visible = true;
   program.main.lblHeadCount.caption = "Calculating Selected Holes: " + GeneralText(head);
@@ -57,15 +57,16 @@ bool EfficAdjust(Program& program) {
   }
   record.BestHeadFound = 0;
   program.main.txtInfo[InfoField::kTargetHead].Set(TextOf(main, Preference::kHighestHead));
+  BuiltRows rows;
   // The counter only counts the passes.
   for (double counter = 0.5; counter <= highest; counter += increment) {
     const double head = Val(TextOf(main, InfoField::kTargetHead));
-    if (!TryHead(program, increment)) return false;
+    if (!TryHead(program, increment, rows)) return false;
     // With two decimals a small increment leaves the head where it is: all passes to come would be this one again.
     if (Val(TextOf(main, InfoField::kTargetHead)) == head) break;
   }
   program.main.txtInfo[InfoField::kTargetHead].Set(Trim(GeneralText(record.BestHeadFound)));
-  Cal_Dsign_Var(program);
+  Cal_Dsign_Var(program, rows);
   if (record.MissingData == -1) return false;
   DisplayDesign(program);
   ScreenControlsOn(program);

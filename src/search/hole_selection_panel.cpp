@@ -163,7 +163,6 @@ void cmdExitHoleSelect_Click(Program& program) {
   main.busy = false;
   const std::string typed_head = TextOf(main, InfoField::kTargetHead);
   if (EfficAdjust(program)) {
-    DisplayDesign(program);
     TellHead(program, typed_head);
   } else {
     BackToInput(program);
