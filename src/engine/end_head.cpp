@@ -82,9 +82,9 @@ class Search {
   bool AtFarEnd() const { return place_.row == line_.rows; }
 
   // What becomes of the march at hand, with `pauses` still to come on it: it is made row by row; it was passed over,
-  // since its outcome is certain; or it meets the target, and its rows are in the lists. Marches near the limit of tries
-  // and those that go negative are made, and so is one during which somebody is to be asked: it must find the lists as
-  // the march before it would have left them.
+  // since its outcome is certain; or it meets the target, and its rows are in the lists. Marches near the limit of
+  // tries and those that go negative are made, and so is one during which somebody is to be asked: it must find the
+  // lists as the march before it would have left them.
   enum class Ahead { kMarch, kPassed, kEnded };
   Ahead LookAhead(long pauses) {
     if (form_ != EndHeadForm::kFast || idle_ < pauses || search_.tries >= kTryLimit - 5) return Ahead::kMarch;

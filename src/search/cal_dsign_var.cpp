@@ -107,12 +107,9 @@ bool StillStand(const BuiltRows& rows, const Program& program) {
 
 void Keep(const Program& program, BuiltRows& rows) {
   const DesignRecord& record = program.record;
-  rows = {true,
-          program.main.Grid1.cells().revision(),
-          record.SurveyRows,
-          record.TargetGPM,
-          record.WateredFurrows,
-          record.PipeArea};
+  rows = {
+      true,           program.main.Grid1.cells().revision(), record.SurveyRows, record.TargetGPM, record.WateredFurrows,
+      record.PipeArea};
 }
 
 void TakeAgain(const BuiltRows& rows, DesignRecord& record) {

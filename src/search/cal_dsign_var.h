@@ -13,9 +13,9 @@ namespace torvale {
 // a message box; the status bar then says in one sentence what stopped it.
 void Cal_Dsign_Var(Program& program);
 
-// The hole rows that a run has built, for the next run on the same sheet with the same flow, such as the one for another
-// target head: it checks the sheet no more and takes the rows as they stand in the record. In between nothing but runs
-// may write to the record's rows; of what a run itself writes over, a copy is here.
+// The hole rows that a run has built, for the next run on the same sheet with the same flow, such as the one for
+// another target head: it checks the sheet no more and takes the rows as they stand in the record. In between nothing
+// but runs may write to the record's rows; of what a run itself writes over, a copy is here.
 struct BuiltRows {
   bool built = false;
   // What the rows were built from.

@@ -157,9 +157,10 @@ TEST_F(GaveUpTest, ATrialThatGivesUpTellsTheCause) {
   }
   mnuDesignConstSlope_Click(program);
   ASSERT_EQ(host.messages.size(), 1U);
-  EXPECT_EQ(main.sbStatusBar.caption,
-            "At the target head of 2 feet the holes let 117 GPM out, less than the 400 GPM that are pumped: take larger "
-            "holes or more of them, or pump less.");
+  EXPECT_EQ(
+      main.sbStatusBar.caption,
+      "At the target head of 2 feet the holes let 117 GPM out, less than the 400 GPM that are pumped: take larger "
+      "holes or more of them, or pump less.");
 }
 
 // The computer gives the row the largest hole, 3 inches: at 102 feet that is
