@@ -78,7 +78,7 @@ void WriteFirstRow(Program& program, Progress& at) {
 // Whether something changes at row i, which has a row on either side: a change of size shows both the last row of the
 // old size and the first of the new one. The row after is compared by the survey's sizes whatever sizes are chosen.
 bool IsShown(const DesignRecord& record, int i, double survey_station) {
-  const RowArray<float>& chosen = ChosenHoleDia(record);
+  const RowArray<Inches>& chosen = ChosenHoleDia(record);
   return record.PipeDia[i] != record.PipeDia[i - 1] || record.SurveyHoleDia[i] != record.SurveyHoleDia[i + 1] ||
          Narrow(survey_station) <= Int(record.Station[i]) || chosen[i] != chosen[i - 1];
 }

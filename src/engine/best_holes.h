@@ -1,11 +1,10 @@
 // The plan of hole sizes with the greatest uniformity, and how far any plan could still be above it.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <vector>
 
-#include "engine/hole_plan.h"
+#include "engine/plan_search.h"
 
 namespace torvale {
 
@@ -14,19 +13,6 @@ struct KnownPlan {
   HolePlan plan;
   double first_head = 0;
 };
-
-struct FoundPlan {
-  HolePlan plan;
-  PlanOutcome outcome;
-};
-
-// How far a search is.
-struct BestHolesProgress {
-  float uniformity = 0;  // percent, of the best plan so far; 0 for none
-  double share = 0;      // of the work, 0 to 1
-};
-// Told of progress some hundred times a second; false ends the search with what it has.
-using BestHolesWatch = std::function<bool(const BestHolesProgress&)>;
 
 struct BestHoles {
   std::optional<FoundPlan> best;
@@ -50,16 +36,9 @@ struct BestHoles {
 // all plans into boxes (PlanBounds) until those left can hold nothing better than a little above the plan found.
 BestHoles FindBestHoles(const PlanTask& task, const std::vector<KnownPlan>& known, const BestHolesWatch& watch);
 
-// The best plan that the first half of the search finds with at most that many stretches, without a bound: what one
-// more change of the punch buys.
-std::optional<FoundPlan> FindPlan(const PlanTask& task, int stretches, const BestHolesWatch& watch);
-
 // What one more change of the punch buys: the best uniformity found with at most 1, 2, ... `most` stretches, 0 where no
 // plan is within the limits. `found` is the outcome of the search for the task, from which what is known is taken.
 // Fewer where the watch ends it.
 std::vector<float> BestByStretches(const PlanTask& task, const BestHoles& found, int most, const BestHolesWatch& watch);
-
-// How many plans there are; a number past 1e9 is not counted further.
-double CountPlans(const PlanTask& task);
 
 }  // namespace torvale

@@ -2,7 +2,7 @@
 
 namespace torvale {
 
-DryFurrows FindDryFurrows(const DesignRecord& record) {
+DryFurrows FindDryFurrows(const Design& record) {
   DryFurrows dry;
   for (int row = 1; row <= record.HoleRows; ++row) {
     const bool watered = record.SurveyHoleDia[row] > 0 && record.FurrowLength[row] > 0;

@@ -5,12 +5,12 @@
 
 namespace torvale {
 
-// Furrows of a finished design that the survey waters and the design does not: a row of the line with a hole size in
-// the survey and a furrow length, and no flow. A hole selection can leave one without a hole.
+// A dry furrow is a row of the line with a hole size in the survey and a furrow length, and no flow. A hole selection
+// can leave one without a hole.
 struct DryFurrows {
   int count = 0;
   int first = 0;  // its row of the line; 0 for none
 };
-DryFurrows FindDryFurrows(const DesignRecord& record);
+DryFurrows FindDryFurrows(const Design& record);
 
 }  // namespace torvale

@@ -17,6 +17,42 @@ constexpr int kMostMarches = 60;          // of an estimate
 constexpr double kEstimateSlack = 0.005;  // relative, of heads: the target is met elsewhere in its band
 constexpr double kNoHead = 1e4;           // feet: no line is tried with more
 
+// Where the far-end head of an estimate is looked for: between one that delivers too little and one that delivers too
+// much, once both are known.
+struct HeadRange {
+  double target;               // gallons per minute
+  double low = 0;              // delivers too little ...
+  double low_error = -target;  // ... by this; a negative head counts as no flow
+  double high = 0;             // delivers too much; 0 while none is known
+  double high_error = 0;
+
+  // Takes what a march gave, `flow` below 0 for one that ran into a negative head.
+  void Take(double head, double flow) {
+    const double error = flow < 0 ? -target : flow - target;
+    if (error > 0) {
+      high = head;
+      high_error = error;
+    } else {
+      low = head;
+      low_error = error;
+    }
+  }
+  bool Closed() const { return high != 0 && high - low < 1e-9; }
+
+  // The head to try after that march.
+  double Next(double head, double flow) const {
+    if (high == 0) {
+      // Flow goes with the root of the head where friction is small.
+      const double share = target / std::max(flow, 1e-3);
+      return flow < 0 ? head * 1.5 + 0.1 : head * std::clamp(share * share, 1.01, 4.0);
+    }
+    const double share = target / (target + high_error);
+    const double cut = low_error <= -target ? std::clamp(share * share, 0.05, 0.95)
+                                            : std::clamp(-low_error / (high_error - low_error), 0.02, 0.98);
+    return low + (high - low) * cut;
+  }
+};
+
 }  // namespace
 
 int StretchesOf(const HolePlan& plan) {
@@ -39,6 +75,18 @@ int LowQuarterCount(const PlanTask& task) {
     if (sum >= task.quarter) break;
   }
   return count;
+}
+
+double CountPlans(const PlanTask& task) {
+  const double furrows = static_cast<double>(task.furrows.size());
+  const double sizes = static_cast<double>(task.sizes.size());
+  double plans = 0;
+  double with = sizes;  // exactly j stretches: C(furrows - 1, j - 1) sizes (sizes - 1)^(j - 1)
+  for (int j = 1; j <= task.stretches && j <= furrows && with > 0 && plans < 1e9; ++j) {
+    plans += with;
+    with *= (furrows - j) / j * (sizes - 1);
+  }
+  return plans;
 }
 
 PlanJudge::PlanJudge(const PlanTask& task) : task_(task), line_(task.line), quarter_count_(LowQuarterCount(task)) {
@@ -82,10 +130,7 @@ float PlanJudge::UniformityOfFlows() {
   }
   if (count == 0) return 0;
   QSort(1, count, keys_.data(), followers_.data());
-  const int places = LowQuarterPlaces(keys_.data(), followers_.data(), line_.rows, task_.quarter);
-  double low = 0;
-  for (int i = 1; i <= places; ++i) low += keys_[static_cast<std::size_t>(i)];
-  return UniformityOf(low, places, task_.average);
+  return UniformityOfSorted(keys_.data(), followers_.data(), line_.rows, task_.quarter, task_.average);
 }
 
 std::optional<PlanOutcome> PlanJudge::Judge(const HolePlan& plan, double first_head) {
@@ -113,54 +158,41 @@ float PlanJudge::Deliver(double end_head) {
   return place.flow;
 }
 
-std::optional<double> PlanJudge::Estimate(const HolePlan& plan, double& end_head) {
-  const double target = task_.target;
-  double low = 0;              // delivers too little ...
-  double low_error = -target;  // ... by this; a negative head counts as no flow
-  double high = 0;             // delivers too much; 0 while none is known
-  double high_error = 0;
-  double head = end_head > 0 ? end_head : task_.first_head;
-  try {
-    Open(plan);
-    int marches = 0;
-    for (;; ++marches) {
-      if (marches == kMostMarches || head > kNoHead) return std::nullopt;
-      const double flow = Deliver(head);
-      const double error = flow < 0 ? -target : flow - target;
-      if (flow >= 0 && std::fabs(error) < target * kClose) break;
-      if (error > 0) {
-        high = head;
-        high_error = error;
-      } else {
-        low = head;
-        low_error = error;
-      }
-      if (high == 0) {
-        // Flow goes with the root of the head where friction is small.
-        const double share = target / std::max(flow, 1e-3);
-        head = flow < 0 ? head * 1.5 + 0.1 : head * std::clamp(share * share, 1.01, 4.0);
-        continue;
-      }
-      if (high - low < 1e-9) break;
-      const double share = target / (target + high_error);
-      const double cut = low_error <= -target ? std::clamp(share * share, 0.05, 0.95)
-                                              : std::clamp(-low_error / (high_error - low_error), 0.02, 0.98);
-      head = low + (high - low) * cut;
-    }
-  } catch (const RunTimeFault&) {
-    return std::nullopt;
+bool PlanJudge::FindEndHead(double& head) {
+  HeadRange range{task_.target};
+  for (int marches = 0; marches < kMostMarches && head <= kNoHead; ++marches) {
+    const double flow = Deliver(head);
+    if (flow >= 0 && std::fabs(flow - range.target) < range.target * kClose) return true;
+    range.Take(head, flow);
+    if (range.Closed()) return true;
+    head = range.Next(head, flow);
   }
-  end_head = head;
-  if (!HeadsWithinLimits(kEstimateSlack)) return std::nullopt;
+  return false;
+}
+
+// Percent, of the furrows with the least flow for their length.
+double PlanJudge::MeanOfLowQuarter() {
   normal_.clear();
   for (const PlanFurrow& furrow : task_.furrows) {
     if (furrow.ratio > 0) normal_.push_back(flow_[static_cast<std::size_t>(furrow.row)] / furrow.ratio);
   }
-  if (quarter_count_ == 0) return std::nullopt;
   std::nth_element(normal_.begin(), normal_.begin() + (quarter_count_ - 1), normal_.end());
   double sum = 0;
   for (int i = 0; i < quarter_count_; ++i) sum += normal_[static_cast<std::size_t>(i)];
   return 100 * sum / quarter_count_ / task_.average;
+}
+
+std::optional<double> PlanJudge::Estimate(const HolePlan& plan, double& end_head) {
+  double head = end_head > 0 ? end_head : task_.first_head;
+  try {
+    Open(plan);
+    if (!FindEndHead(head)) return std::nullopt;
+  } catch (const RunTimeFault&) {
+    return std::nullopt;
+  }
+  end_head = head;
+  if (!HeadsWithinLimits(kEstimateSlack) || quarter_count_ == 0) return std::nullopt;
+  return MeanOfLowQuarter();
 }
 
 }  // namespace torvale

@@ -21,7 +21,7 @@ struct PlanFurrow {
 struct PlanTask {
   Line line;                        // its openings are not read
   std::vector<PlanFurrow> furrows;  // in the order of the line, the one at its head first
-  std::vector<float> sizes;         // hole diameters to choose from, inches, ascending, each once
+  std::vector<Inches> sizes;        // hole diameters to choose from, inches, ascending, each once
   int stretches = 4;                // the greatest number of runs of one size along the line, 1 to kMostStretches
   double least_head = 0;            // feet, above 0; the head of every row lies from here ...
   double highest_head = 0;          // ... to here, both compared in 32 bits
@@ -69,6 +69,8 @@ class PlanJudge {
   float Deliver(double end_head);
   bool HeadsWithinLimits(double slack) const;
   float UniformityOfFlows();
+  bool FindEndHead(double& head);
+  double MeanOfLowQuarter();
 
   const PlanTask& task_;
   Line line_;
@@ -80,6 +82,9 @@ class PlanJudge {
   std::vector<float> keys_;
   std::vector<std::int16_t> followers_;
 };
+
+// How many plans there are; a number past 1e9 is not counted further.
+double CountPlans(const PlanTask& task);
 
 // How many furrows the low quarter takes in at most: with the fewest feet in each.
 int LowQuarterCount(const PlanTask& task);

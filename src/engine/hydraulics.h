@@ -27,13 +27,18 @@ inline double OrificeHead(double area, double flow, double discharge_coef) {
   return Finite(share * share / kTwiceGravity);
 }
 
+// The area of a circle, in the square of the unit of its diameter.
+inline double CircleArea(double diameter) {
+  return diameter * diameter * 3.14 / 4;
+}
+
 // Square feet of `holes` round holes, by what is known of each: the diameter in feet, the diameter in inches, or the
 // radius in inches. The three agree but for the last bits, and each belongs to the procedures that read its field.
 inline double AreaByFeet(double diameter, double holes) {
-  return diameter * diameter * 3.14 / 4 * holes;
+  return CircleArea(diameter) * holes;
 }
 inline double AreaByInches(double diameter, double holes) {
-  return diameter * diameter * 3.14 / 4 / 144 * holes;
+  return CircleArea(diameter) / 144 * holes;
 }
 inline double AreaByRadius(double radius, double holes) {
   return radius * radius * 3.14 / 144 * holes;

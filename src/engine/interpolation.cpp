@@ -6,7 +6,6 @@
 #include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
-#include "engine/survey.h"
 
 namespace torvale {
 namespace {
@@ -39,17 +38,6 @@ struct Run {
 void FillFirstRow(const Run& run) {
   if (run.Empty(1, kHoleCountColumn)) run.Set(1, kHoleCountColumn, run.defaults.hole_count);
   if (run.Empty(1, kMilColumn)) run.Set(1, kMilColumn, run.defaults.mil);
-}
-
-// The first row that has data but no station, or 0.
-int RowWithoutStation(const Run& run) {
-  constexpr std::array kColumns = {kCrownColumn,   kFurrowLengthColumn, kSpacingColumn,
-                                   kPipeDiaColumn, kHoleCountColumn,    kMilColumn};
-  for (int i = 2; i <= kLastSheetRow; ++i) {
-    if (!run.Empty(i, kStationColumn)) continue;
-    if (std::any_of(kColumns.begin(), kColumns.end(), [&](int column) { return !run.Empty(i, column); })) return i;
-  }
-  return 0;
 }
 
 bool MarkedAsSupply(const Run& run, int row) {
@@ -203,7 +191,7 @@ void MarkSupplyRows(const Run& run) {
 
 SurveyEnd::Way Complete(const Run& run) {
   FillFirstRow(run);
-  run.end.row = RowWithoutStation(run);
+  run.end.row = RowWithoutStation(run.sheet);
   if (run.end.row > 0) return SurveyEnd::Way::kDataWithoutStation;
   CountSurvey(run);
   run.end.row = HoleWithoutStation(run);
@@ -219,6 +207,17 @@ SurveyEnd::Way Complete(const Run& run) {
 }
 
 }  // namespace
+
+int RowWithoutStation(const TextGrid& sheet) {
+  constexpr std::array kColumns = {kCrownColumn,   kFurrowLengthColumn, kSpacingColumn,
+                                   kPipeDiaColumn, kHoleCountColumn,    kMilColumn};
+  for (int i = 2; i < sheet.rows(); ++i) {
+    if (!sheet.Text(i, kStationColumn).empty()) continue;
+    const auto filled = [&](int column) { return !sheet.Text(i, column).empty(); };
+    if (std::any_of(kColumns.begin(), kColumns.end(), filled)) return i;
+  }
+  return 0;
+}
 
 SurveyEnd InterpolateSurvey(Design& record, TextGrid& sheet, const SurveyDefaults& defaults) {
   SurveyEnd end;

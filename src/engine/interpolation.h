@@ -30,6 +30,10 @@ struct SurveyEnd {
   std::optional<SheetCell> cursor;  // where the current cell of the sheet goes, if anywhere
 };
 
+// The first row of a sheet that has data and no station, or 0. Holes and planted widths count as none: a hole without a
+// station is another fault.
+int RowWithoutStation(const TextGrid& sheet);
+
 // Completes the survey sheet in place: decides how many rows it has (`SurveyRows`), works missing crown readings and
 // furrow lengths out by straight lines between the filled cells, copies pipe and hole cells down, and marks the rows
 // without holes as supply line. `SlopeDelta` is a scratch value and holds the last step of the crown afterwards.

@@ -13,6 +13,8 @@ namespace torvale {
 struct Range {
   double low = 0;
   double high = 0;
+
+  bool Empty() const { return low > high; }
 };
 
 // Furrows at which the flow in the pipe is looked at: those at a quarter, half and three quarters of them from the far

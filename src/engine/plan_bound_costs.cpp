@@ -1,7 +1,10 @@
 // The costs of a box: its least cost over all plans at given prices, and how the prices are told to do better.
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <vector>
 
 #include "base/power.h"
 #include "engine/hydraulics.h"

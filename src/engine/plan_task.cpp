@@ -1,20 +1,22 @@
 #include "engine/plan_task.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "base/arithmetic.h"
+#include "engine/uniformity.h"
 
 namespace torvale {
 namespace {
 
-std::vector<float> SizesInOrder(std::vector<float> sizes) {
-  std::erase_if(sizes, [](float size) { return !(size > 0); });
+std::vector<Inches> SizesInOrder(std::vector<Inches> sizes) {
+  std::erase_if(sizes, [](Inches size) { return !(size > 0); });
   std::sort(sizes.begin(), sizes.end());
   sizes.erase(std::unique(sizes.begin(), sizes.end()), sizes.end());
   return sizes;
 }
 
-PlanFurrow FurrowOf(const DesignRecord& record, int row) {
+PlanFurrow FurrowOf(const Design& record, int row) {
   PlanFurrow furrow;
   furrow.row = row;
   furrow.holes = record.HolesPerFurrow[row];
@@ -26,7 +28,7 @@ PlanFurrow FurrowOf(const DesignRecord& record, int row) {
 
 }  // namespace
 
-PlanTask PlanTaskOf(const DesignRecord& record, bool elevations, const PlanLimits& limits) {
+PlanTask PlanTaskOf(const Design& record, bool elevations, const PlanLimits& limits) {
   PlanTask task;
   PrepareLine(record, elevations, task.line);
   task.sizes = SizesInOrder(limits.sizes);
@@ -42,19 +44,19 @@ PlanTask PlanTaskOf(const DesignRecord& record, bool elevations, const PlanLimit
     task.furrows.push_back(FurrowOf(record, row));
     if (record.FurrowLength[row] > 0) length = Store32(Wide(length) + record.FurrowLength[row]);
   }
-  task.quarter = Narrow(Wide(record.LowQuarter) * Wide(length));
+  task.quarter = QuarterOf(record.LowQuarter, length);
   return task;
 }
 
-void LayPlan(const PlanTask& task, const HolePlan& plan, DesignRecord& record) {
-  record.LimitedHoleDia.Clear();
-  for (std::size_t i = 0; i < plan.size(); ++i) record.LimitedHoleDia[task.furrows[i].row] = task.sizes[plan[i]];
+void LayPlan(const PlanTask& task, const HolePlan& plan, RowArray<Inches>& hole_dia) {
+  hole_dia.Clear();
+  for (std::size_t i = 0; i < plan.size(); ++i) hole_dia[task.furrows[i].row] = task.sizes[plan[i]];
 }
 
-std::optional<HolePlan> LaidPlan(const PlanTask& task, const DesignRecord& record) {
+std::optional<HolePlan> LaidPlan(const PlanTask& task, const RowArray<Inches>& hole_dia) {
   HolePlan plan;
   for (const PlanFurrow& furrow : task.furrows) {
-    const auto size = std::find(task.sizes.begin(), task.sizes.end(), record.LimitedHoleDia[furrow.row]);
+    const auto size = std::find(task.sizes.begin(), task.sizes.end(), hole_dia[furrow.row]);
     if (size == task.sizes.end()) return std::nullopt;
     plan.push_back(static_cast<std::uint16_t>(size - task.sizes.begin()));
   }

@@ -4,6 +4,7 @@
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
+#include "record/kinds.h"
 
 namespace torvale {
 
@@ -15,7 +16,7 @@ std::optional<double> SafeHead(const PipeStrengths& strengths, double diameter, 
 }
 
 std::optional<double> SafeHeadAt(const Design& record, const PipeStrengths& strengths, int i) {
-  if (record.PipeKind != "L" || !IsNumber(record.MilText[i])) return std::nullopt;
+  if (!IsLayflat(record) || !IsNumber(record.MilText[i])) return std::nullopt;
   return SafeHead(strengths, record.PipeDia[i], Val(record.MilText[i]));
 }
 

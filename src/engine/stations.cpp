@@ -11,11 +11,6 @@ namespace {
 
 constexpr int kLastLaidRow = 5282;  // highest row and highest foot that are laid out
 
-// The area of a circle, with the hydraulics' pi of 3.14.
-double CircleArea(double diameter) {
-  return diameter * diameter * 3.14 / 4;
-}
-
 // Up to the next hundredth of a foot. The 0.9 leaves a whole value whole and lifts 10.012 to 10.02.
 float Up(double feet) {
   return Store32(Int(feet * 100 + 0.9) / 100);
@@ -195,9 +190,9 @@ void CalCrownElev(Design& record, const TextGrid& sheet) {
 }
 
 void FlowRatio(Design& record) {
-  long sum = 0;
+  int sum = 0;
   for (int i = 1; i <= record.HoleRows; ++i) sum += record.FurrowLength[i];
-  const double mean = Divide(static_cast<double>(sum), record.WateredFurrows);
+  const double mean = Divide(sum, record.WateredFurrows);
   const float share = AverageFlow(record.TargetGPM, record.WateredFurrows);
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (record.FurrowLength[i] <= 0) continue;

@@ -1,5 +1,7 @@
 #include "engine/survey.h"
 
+#include <cstdint>
+
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 

@@ -1,6 +1,7 @@
 // The survey sheet as the engine knows it: its columns, and its cells as numbers.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "record/design_record.h"

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "base/arithmetic.h"
-
 namespace torvale {
 
 void QSort(std::int16_t low, std::int16_t high, RowArray<float>& keys, RowArray<std::int16_t>& followers) {
@@ -46,6 +44,13 @@ float UniformityOf(double low_sum, int places, float average) {
   return uniformity >= 100 ? 100 : uniformity;
 }
 
+float UniformityOfSorted(const float* flows, const std::int16_t* lengths, int places, float quarter, float average) {
+  const int low_places = LowQuarterPlaces(flows, lengths, places, quarter);
+  double low = 0;
+  for (int i = 1; i <= low_places; ++i) low += flows[i];
+  return UniformityOf(low, low_places, average);
+}
+
 void ListFurrows(int rows, const float* flow, const std::int16_t* length, const float* ratio, const FurrowLists& lists,
                  FurrowSums& sums) {
   sums = {};
@@ -66,12 +71,9 @@ void SortFurrows(Design& record) {
 }
 
 void DistributionEffic(Design& record, EngineHost& host) {
-  const float quarter = Narrow(Wide(record.LowQuarter) * Wide(record.TotalFurrowLength));
-  const float* const flows = record.NormFurrowFlow.data();
-  const int places = LowQuarterPlaces(flows, record.NormFurrowLength.data(), record.HoleRows, quarter);
-  double low = 0;
-  for (int i = 1; i <= places; ++i) low += flows[i];
-  record.Uniformity = UniformityOf(low, places, record.AverageFurrowFlow);
+  record.Uniformity =
+      UniformityOfSorted(record.NormFurrowFlow.data(), record.NormFurrowLength.data(), record.HoleRows,
+                         QuarterOf(record.LowQuarter, record.TotalFurrowLength), record.AverageFurrowFlow);
   host.UniformityChanged();
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "base/arithmetic.h"
 #include "engine/engine_host.h"
 #include "record/design_record.h"
 
@@ -19,9 +20,17 @@ void QSort(std::int16_t low, std::int16_t high, float* keys, std::int16_t* follo
 // which the lengths of furrows with a flow reach `quarter`. 0 where `places` of them don't.
 int LowQuarterPlaces(const float* flows, const std::int16_t* lengths, int places, float quarter);
 
+// Feet of furrow length that make the low quarter: a share of them all, in 32 bits.
+inline float QuarterOf(float share, float length) {
+  return Narrow(Wide(share) * Wide(length));
+}
+
 // Distribution uniformity of a sum of the `places` lowest flows, in percent to one decimal and at most 100. No place
 // and an average of 0 are RunTimeFaults (kDivisionByZero).
 float UniformityOf(double low_sum, int places, float average);
+// The same of the low quarter of flows in ascending order, with their lengths. A quarter that they don't reach is a
+// RunTimeFault (kDivisionByZero).
+float UniformityOfSorted(const float* flows, const std::int16_t* lengths, int places, float quarter, float average);
 
 // The furrows with a length and a flow: their flow and length over `FlowRatio`, in lists from element 1 on.
 struct FurrowLists {

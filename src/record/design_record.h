@@ -11,19 +11,13 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "record/hole_size_table.h"
 #include "record/row_array.h"
 #include "record/text_grid.h"
+#include "record/units.h"
 
 namespace torvale {
-
-// The unit of a 32-bit field where units of one kind are neighbours; the compiler takes all of them for one type.
-using Feet = float;
-using Inches = float;
-using SquareFeet = float;
-using SquareInches = float;
 
 // A number that may not have been set yet; unset, it counts as 0.
 using FreeValue = std::optional<double>;
@@ -78,7 +72,7 @@ struct DesignInputs {
 // The survey as it lies along the pipe, by hole row.
 struct SurveyedLine {
   std::int16_t HoleRows = 0;              // hole rows; index of the far end
-  RowArray<float> Station;                // hundredths of a foot; 0 ends the list beyond row 1
+  RowArray<float> Station;                // feet, to hundredths; 0 ends the list beyond row 1
   RowArray<std::int16_t> HolesPerFurrow;  // 0 where the row has none
   RowArray<unsigned char> PastReach;      // 1 where the row stands past the last furrow of a watered reach
   RowArray<Feet> HoleDia;                 // the row has holes where it is above 0

@@ -4,13 +4,14 @@
 #include <string>
 
 #include "record/row_array.h"
+#include "record/units.h"
 
 namespace torvale {
 
 inline constexpr int kHoleSizes = 50;  // listed hole sizes, rows 1 to 50 of the table
 
 using HoleSizeNames = BoundedArray<std::string, kHoleSizes + 1>;
-using HoleSizeValues = BoundedArray<float, kHoleSizes + 1>;  // inches
+using HoleSizeValues = BoundedArray<Inches, kHoleSizes + 1>;
 
 HoleSizeNames ListedSizeNames();
 HoleSizeValues ListedSizeValues();

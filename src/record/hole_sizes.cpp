@@ -9,9 +9,9 @@ int HoleSizeByName(const HoleSizeTable& sizes, std::string_view name) {
   return 0;
 }
 
-int HoleSizeByValue(const HoleSizeTable& sizes, float inches) {
+int HoleSizeByValue(const HoleSizeTable& sizes, Inches value) {
   for (int row = 1; row <= kHoleSizes; ++row) {
-    if (sizes.HoleSizeValue[row] == inches) return row;
+    if (sizes.HoleSizeValue[row] == value) return row;
   }
   return 0;
 }

@@ -1,5 +1,6 @@
-// What the letters of a design stand for. A letter is compared exactly; where a field holds any other text, both
-// questions about it are answered with no, and each procedure that asks says by which question it goes.
+// What the letters of a design stand for, and which of its lists its type goes by. A letter is compared exactly; where
+// a field holds any other text, both questions about it are answered with no, and each procedure that asks says by
+// which question it goes.
 #pragma once
 
 #include <string_view>
@@ -28,6 +29,16 @@ inline bool IsRigid(const Design& record) {
   return record.PipeKind == kRigid;
 }
 
+// The form of the gates of rigid pipe.
+inline constexpr std::string_view kRectangular = "R";
+inline constexpr std::string_view kCircular = "C";
+inline bool IsRectangular(std::string_view gate_form) {
+  return gate_form == kRectangular;
+}
+inline bool IsCircular(std::string_view gate_form) {
+  return gate_form == kCircular;
+}
+
 // The hole sizes that the design goes by: the choice of the computer (type 4), that among the allowed sizes
 // (type 6), or those of the survey.
 inline const RowArray<Inches>& ChosenHoleDia(const Design& record) {
@@ -38,16 +49,6 @@ inline const RowArray<Inches>& ChosenHoleDia(const Design& record) {
 // The crown that the pipe lies on: the designed one for slope designs, the existing one for the others.
 inline const RowArray<float>& CrownOfDesign(const Design& record) {
   return IsSlopeDesign(record) ? record.DesignElev : record.CrownElev;
-}
-
-// The form of the gates of rigid pipe.
-inline constexpr std::string_view kRectangular = "R";
-inline constexpr std::string_view kCircular = "C";
-inline bool IsRectangular(std::string_view gate_form) {
-  return gate_form == kRectangular;
-}
-inline bool IsCircular(std::string_view gate_form) {
-  return gate_form == kCircular;
 }
 
 }  // namespace torvale

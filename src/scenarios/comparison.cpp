@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <optional>
+#include <string>
 #include <utility>
 
+#include "base/arithmetic.h"
 #include "base/format.h"
 #include "base/numbers.h"
 
@@ -79,7 +83,7 @@ std::string GainText(DeskScreen& desk, float uniformity) {
   for (const std::int16_t type : {kLimitedHoles, kComputerHoles}) {
     const ComparedDesign* other = FindDesign(desk, FindDesignKind(type)->key);
     if (other == nullptr || !other->made) continue;
-    const double gain = static_cast<double>(uniformity) - *other->values.at(kComparedUniformity);
+    const double gain = Wide(uniformity) - *other->values.at(kComparedUniformity);
     text += text.empty() ? "Uniformity " : ", ";
     text += Format(std::abs(gain), "##0.0") + (gain < 0 ? " below " : " above ") + other->texts.at(kComparedName);
   }

@@ -1,10 +1,8 @@
 // The designs of one set of inputs side by side, on the desk beside the screens.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 

@@ -1,6 +1,5 @@
 #include "scenarios/scenario.h"
 
-#include <algorithm>
 #include <map>
 
 #include "base/numbers.h"
@@ -10,7 +9,6 @@
 #include "display/hole_summary.h"
 #include "input/focus.h"
 #include "record/kinds.h"
-#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/status_line.h"
 #include "search/design_commands.h"
@@ -74,12 +72,12 @@ bool IsDone(const Program& program, std::int16_t design_type) {
 
 void CountHoles(const Program& program, ScenarioResult& result) {
   const DesignRecord& record = program.record;
-  const RowArray<float>& chosen = ChosenHoleDia(record);
-  std::map<float, SizeCount> sizes;
+  const RowArray<Inches>& chosen = ChosenHoleDia(record);
+  std::map<Inches, SizeCount> sizes;
   std::optional<float> before;
   for (int i = 1; i <= record.HoleRows; ++i) {
     if (!(record.FurrowFlow[i] > 0)) continue;
-    const float inches = chosen[i];
+    const Inches inches = chosen[i];
     SizeCount& size = sizes[inches];
     if (size.furrows == 0) size.name = ChosenSizeName(program, i);
     if (size.name.empty()) size.name = GeneralText(inches);

@@ -4,6 +4,9 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
@@ -73,7 +76,7 @@ std::vector<KnownPlan> ClassicPlans(Program& program, const PlanTask& task) {
     if (!(head > 0)) break;
     record.Head[record.HoleRows] = head;
     ManHoleCalSelected(program);
-    if (auto plan = LaidPlan(task, record)) {
+    if (auto plan = LaidPlan(task, record.LimitedHoleDia)) {
       plans.push_back({std::move(*plan), record.SeedEndHead});
     }
   }
@@ -132,7 +135,7 @@ void ShowCurve(MainScreen& main, const std::vector<float>& curve) {
   main.lblCurve[1].caption = "Uniformity";
   main.lblCurve[2].caption = " ";
   for (std::size_t i = 0; i < curve.size(); ++i) {
-    main.lblCurve[0].caption += "\n" + GeneralText(static_cast<double>(i + 1));
+    main.lblCurve[0].caption += "\n" + std::to_string(i + 1);
     main.lblCurve[1].caption += "\n" + (curve[i] > 0 ? Points(curve[i]) : "none");
     main.lblCurve[2].caption += "\n" + (curve[i] > 0 ? Bar(curve[i], least) : " ");
   }
@@ -148,7 +151,7 @@ BestHoles Look(Program& program, const PlanTask& task, const BestHolesWatch& wat
 // The line with the plan's holes, as a limited selection leaves it.
 void MarchPlan(Program& program, const PlanTask& task, const FoundPlan& found, int& tries) {
   DesignRecord& record = program.record;
-  LayPlan(task, found.plan, record);
+  LayPlan(task, found.plan, record.LimitedHoleDia);
   record.HoleSizeIdeal.Clear();
   record.SeedEndHead = Narrow(found.outcome.first_head);
   record.CancelFlag = false;

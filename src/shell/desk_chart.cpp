@@ -17,7 +17,7 @@ namespace {
 
 void TakeDesign(const Program& program, SupplyChart& chart) {
   const DesignRecord& record = program.record;
-  const RowArray<float>& sizes = ChosenHoleDia(record);
+  const RowArray<Inches>& sizes = ChosenHoleDia(record);
   for (int i = 1; i <= record.HoleRows; ++i) {
     const bool hole = record.FurrowFlow[i] > 0;
     chart.stations.push_back(record.Station[i]);

@@ -186,6 +186,39 @@ TEST(PlanBounds, AStraightLineBoundsFrictionFromItsSide) {
   }
 }
 
+// Whatever is paid for heads, the bound is above every plan of its box. Four furrows are a mark each, so that a box can
+// hold their heads as narrowly as the plan has them, while far apart sizes leave the flow in the pipe open: what is
+// left of the bound at high prices is the straight lines of friction in the long spans between them.
+TEST(PlanBounds, HoldAtAnyPricesOfHeads) {
+  Random random(11);
+  int plans = 0;
+  for (int round = 0; round < 40; ++round) {
+    PlanTask task = RandomTask(random, 4, 1, 4);
+    const auto middle = static_cast<double>(task.sizes.front());
+    task.sizes = {static_cast<float>(middle * 0.7), static_cast<float>(middle), static_cast<float>(middle * 1.4)};
+    std::fill(task.line.length.begin(), task.line.length.end(), random.Real(100, 900));
+    PlanJudge judge(task);
+    PlanBounds bounds(task);
+    EveryPlan(task, [&](const HolePlan& plan) {
+      const std::optional<PlanOutcome> outcome = judge.Judge(plan);
+      if (!outcome) return;
+      const PlanState state = StateOf(task, plan, outcome->end_head);
+      const double wanted = state.uniformity - 1;
+      PlanBox box = bounds.Whole(wanted);
+      const auto narrow = [](double value) { return Range{value - 1e-4, value + 1e-4}; };
+      box.end_head = narrow(state.head.back());
+      for (std::size_t mark = 0; mark < kFlowMarks; ++mark) box.head[mark] = narrow(state.head[4 - mark]);
+      const double most = std::pow(10, random.Real(0, 4));
+      for (int i = 0; i < 4; ++i) box.head_prices.push_back(static_cast<float>(random.Real(-most, most)));
+      ++plans;
+      HolePlan of_the_bound;
+      EXPECT_TRUE(bounds.Bound(box, wanted, of_the_bound)) << round << ", a plan of " << state.uniformity;
+      EXPECT_GE(box.bound, state.uniformity) << round;
+    });
+  }
+  EXPECT_GT(plans, 100);
+}
+
 // No cut and no narrowing loses a plan, whatever it is, and no bound is below one of its box.
 TEST(PlanBounds, KeepEveryPlanInABoxAndBelowItsBound) {
   const Followed followed = FollowPlans(static_cast<int>(Rounds(60)), [](const PlanTask& task) { return task; });

@@ -75,14 +75,14 @@ TEST(LayPlan, GivesTheRowsTheirSizesAndTheOthersNone) {
   const PlanTask task = PlanTaskOf(record, true, SmallLimits());
   record.LimitedHoleDia[1] = 3;
   const HolePlan plan = {1, 0, 1};
-  LayPlan(task, plan, record);
+  LayPlan(task, plan, record.LimitedHoleDia);
   EXPECT_EQ(record.LimitedHoleDia[1], 0);
   EXPECT_EQ(record.LimitedHoleDia[2], 0.75F);
   EXPECT_EQ(record.LimitedHoleDia[3], 0.5F);
   EXPECT_EQ(record.LimitedHoleDia[4], 0.75F);
-  EXPECT_EQ(LaidPlan(task, record), plan);
+  EXPECT_EQ(LaidPlan(task, record.LimitedHoleDia), plan);
   record.LimitedHoleDia[3] = 1;
-  EXPECT_FALSE(LaidPlan(task, record).has_value());
+  EXPECT_FALSE(LaidPlan(task, record.LimitedHoleDia).has_value());
 }
 
 }  // namespace
