@@ -10,6 +10,7 @@
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
 #include "search/flow_run.h"
+#include "search/survey_completion.h"
 
 namespace torvale {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "engine/survey.h"
 #include "screen/fields.h"
+#include "screen/survey_columns.h"
 
 namespace torvale {
 namespace {
@@ -19,18 +20,8 @@ struct ColumnLayout {
   int width;
 };
 
-// The wording of columns 1 and 5 depends on the fields.
-constexpr std::array<ColumnLayout, kSurveyColumns> kSurveyLayout = {{
-    {"Station (feet)", 700},
-    {"", 800},
-    {"Furrow Length (feet)", 800},
-    {"Distance Between Holes (feet)", 900},
-    {"Pipe Diameter (inches)", 750},
-    {"", 800},
-    {"No. of Holes at Each Watered Furrow", 1050},
-    {"Mil (7,10,etc.)", 800},
-    {"Planted Furrow Width Between Watered Furrows(5.0', 6.0', 6.3',etc.)", 1600},
-}};
+// By the survey's columns, twips.
+constexpr std::array<int, kSurveyColumns> kSurveyWidths = {700, 800, 800, 900, 750, 800, 1050, 800, 1600};
 
 // The wording of columns 1 and 7 depends on the design.
 constexpr std::array<ColumnLayout, kResultColumns> kResultLayout = {{
@@ -95,7 +86,10 @@ void LayOutSurvey(Program& program) {
   sheet.Set(1, kStationColumn, "0");
   sheet.control.place = {120, 2200, 8490, 7100};
   SetSheetColours(sheet);
-  LayOutColumns(sheet, kSurveyLayout);
+  for (int c = 0; c < kSurveyColumns; ++c) {
+    sheet.columns[static_cast<std::size_t>(c)].width = kSurveyWidths.at(static_cast<std::size_t>(c));
+    sheet.Set(0, c, SurveyFactsOf(c).heading);
+  }
   sheet.Set(0, kCrownColumn, SurveyCrownHeading(program));
   sheet.Set(0, kHoleSizeColumn, HoleSizeHeading(program));
   for (int c = 0; c < kSurveyColumns; ++c) sheet.SetAlign(0, c, Align::kCentreBottom);

@@ -13,8 +13,8 @@
 #include "input/field_marks.h"
 #include "record/hole_sizes.h"
 #include "screen/fields.h"
+#include "screen/survey_columns.h"
 #include "screen/words.h"
-#include "search/survey_diagnosis.h"
 
 namespace torvale {
 namespace {
@@ -44,9 +44,10 @@ struct Look {
 
 // "rod reading or elevation" is one of the two by the survey's kind.
 std::string ColumnText(const Look& look, int column) {
-  if (column != kCrownColumn) return std::string(SurveyColumnName(column));
+  const std::string_view name = SurveyFactsOf(column).name;
+  if (column != kCrownColumn) return std::string(name);
   if (ReadsRods(look.program.main)) return "rod reading";
-  return ReadsElevations(look.program.main) ? "elevation" : std::string(SurveyColumnName(column));
+  return ReadsElevations(look.program.main) ? "elevation" : std::string(name);
 }
 
 void NoteCell(Look& look, SheetCell cell, const SpokenSentence& sentence) {

@@ -1,6 +1,7 @@
 #include "search/best_grade.h"
 
 #include <cmath>
+#include <string>
 
 #include "base/arithmetic.h"
 #include "base/format.h"

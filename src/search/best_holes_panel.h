@@ -3,6 +3,8 @@
 // stand there for this command alone, give the limits.
 #pragma once
 
+#include <cstddef>
+
 #include "screen/program.h"
 
 namespace torvale {

@@ -1,5 +1,7 @@
 #include "search/cal_dsign_var.h"
 
+#include <string>
+
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/design_display.h"
@@ -13,9 +15,9 @@
 #include "screen/message_box.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
+#include "search/best_fit_head.h"
 #include "search/flow_run.h"
 #include "search/hole_selection.h"
-#include "search/slope_search.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {

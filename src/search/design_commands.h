@@ -18,7 +18,6 @@ void cmdReCalc_Click(Program& program);                 // the current design on
 void cmdCancel_Click(Program& program);                 // sets the flags that the running calculation looks at
 void mnuWindowInfo_Click(Program& program);             // back to the input screen, the sheet completed
 void ShowInputScreen(Program& program);                 // the same, the sheet left as it is
-void cmdInterpolate_Click(Program& program);            // completes the survey sheet
 
 // What every run of a design begins with: its type, title and tick, and nothing offered or shown that belongs to the
 // design before. The pointer, the lock of the screen and the label of the crown slope are the command's own.

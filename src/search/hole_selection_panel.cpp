@@ -1,5 +1,7 @@
 #include "search/hole_selection_panel.h"
 
+#include <string>
+
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/design_display.h"
@@ -7,7 +9,6 @@
 #include "engine/stations.h"
 #include "engine/uniformity.h"
 #include "record/hole_sizes.h"
-#include "screen/design_types.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
@@ -16,6 +17,7 @@
 #include "search/design_commands.h"
 #include "search/flow_run.h"
 #include "search/head_loop.h"
+#include "search/survey_completion.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {

@@ -7,10 +7,6 @@
 
 namespace torvale {
 
-// The prepass: for each row the head that would give its furrow exactly the flow wanted, and `FrictionLoss`. Then the
-// existing crown becomes the designed one and the search begins. Faults as the arithmetic has them: RunTimeFault.
-void BestFitHead(Program& program);
-
 // The search itself, to the shown design. Leaves at once where `CancelFlag` is set; falling crowns also where
 // `DesignOK` is "False". `CrownSlope` is not reset: a line whose lowest head is at or below 0.1 foot when level is laid
 // at the slope found before.

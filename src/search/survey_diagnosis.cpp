@@ -1,19 +1,16 @@
 #include "search/survey_diagnosis.h"
 
 #include <array>
-#include <string_view>
 
 #include "base/numbers.h"
+#include "engine/interpolation.h"
 #include "engine/survey.h"
 #include "screen/fields.h"
+#include "screen/survey_columns.h"
 #include "screen/words.h"
 
 namespace torvale {
 namespace {
-
-constexpr std::array<std::string_view, kSurveyColumns> kColumnNames = {
-    "station",   "rod reading or elevation", "furrow length", "distance between holes", "pipe diameter",
-    "hole size", "number of holes",          "mil",           "planted furrow width"};
 
 struct NeededField {
   InfoField::Index field;
@@ -31,19 +28,6 @@ int RowOutOfOrder(const Program& program) {
   const SurveyReader survey(program.main.Grid1.cells(), program.record.SurveyRows);
   for (int i = 2; i <= program.record.SurveyRows; ++i) {
     if (!(survey.Val(i, kStationColumn) > survey.Val(i - 1, kStationColumn))) return i;
-  }
-  return 0;
-}
-
-// The first row of the sheet that has data and no station, or 0: the survey is not counted past it.
-int RowWithoutStation(const Program& program) {
-  const Grid& sheet = program.main.Grid1;
-  for (int i = 2; i < sheet.rows(); ++i) {
-    if (!sheet.Text(i, kStationColumn).empty()) continue;
-    for (int column :
-         {kCrownColumn, kFurrowLengthColumn, kSpacingColumn, kPipeDiaColumn, kHoleCountColumn, kMilColumn}) {
-      if (!sheet.Text(i, column).empty()) return i;
-    }
   }
   return 0;
 }
@@ -73,10 +57,6 @@ SpokenSentence LengthSentence(const DesignRecord& record) {
 
 }  // namespace
 
-std::string_view SurveyColumnName(int column) {
-  return kColumnNames.at(static_cast<std::size_t>(column));
-}
-
 SpokenSentence EmptyFieldSentence(const Program& program) {
   for (const NeededField& needed : kNeededFields) {
     if (TextOf(program.main, needed.field).empty()) return needed.sentence;
@@ -85,7 +65,7 @@ SpokenSentence EmptyFieldSentence(const Program& program) {
 }
 
 SpokenSentence EmptyCellSentence(int row, int column) {
-  return words::kCellMissing(GeneralText(row), kColumnNames[static_cast<std::size_t>(column)]);
+  return words::kCellMissing(GeneralText(row), SurveyFactsOf(column).name);
 }
 
 SpokenSentence StationOrderSentence(int row) {
@@ -94,7 +74,8 @@ SpokenSentence StationOrderSentence(int row) {
 
 SpokenSentence WhatStopped(const Program& program, const RunTimeFault& fault) {
   const DesignRecord& record = program.record;
-  if (const int row = RowWithoutStation(program); row > 0) return EmptyCellSentence(row, kStationColumn);
+  if (const int row = RowWithoutStation(program.main.Grid1.cells()); row > 0)
+    return EmptyCellSentence(row, kStationColumn);
   if (const int row = RowOutOfOrder(program); row > 0) return StationOrderSentence(row);
   if (record.WateredFurrows == 0) return words::kNoHoles;
   if (fault.kind == Fault::kDivisionByZero) {
@@ -105,7 +86,7 @@ SpokenSentence WhatStopped(const Program& program, const RunTimeFault& fault) {
 }
 
 SheetCell CellThatStopped(const Program& program) {
-  if (const int row = RowWithoutStation(program); row > 0) return {row, kStationColumn};
+  if (const int row = RowWithoutStation(program.main.Grid1.cells()); row > 0) return {row, kStationColumn};
   const int row = RowOutOfOrder(program);
   return row > 0 ? SheetCell{row, kStationColumn} : SheetCell{};
 }

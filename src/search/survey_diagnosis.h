@@ -1,16 +1,11 @@
 // One plain sentence for the status bar, where a refusal only says that something is missing or says nothing at all.
 #pragma once
 
-#include <string_view>
-
 #include "base/run_time_fault.h"
 #include "screen/program.h"
 #include "screen/spoken.h"
 
 namespace torvale {
-
-// What a column of the survey holds, as a sentence has it: "furrow length".
-std::string_view SurveyColumnName(int column);
 
 // The first information field that a design needs and that is empty; nothing where all are filled.
 SpokenSentence EmptyFieldSentence(const Program& program);

@@ -19,6 +19,7 @@
 #include "search/best_holes_panel.h"
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
+#include "search/survey_completion.h"
 #include "shell/about.h"
 #include "shell/csv_export.h"
 #include "shell/desk.h"

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "files/soils.h"
 #include "input/info_fields.h"
+#include "screen/survey_columns.h"
 
 namespace torvale {
 namespace {
@@ -14,10 +15,6 @@ constexpr std::array<std::string DesignRecord::*, kInputPlaces - kNamePlace> kFi
 
 constexpr std::array<std::string_view, kNamePlace - kBestPlace> kBestNames = {"Stretches of One Size", "Least Head",
                                                                               "Highest Head"};
-
-// Columns whose heading is too long to be read in a menu, and the hole size, whose heading follows the pipe.
-constexpr std::array<std::string_view, kSurveyColumns> kColumnNames = {
-    "", "", "", "", "", "", "Number of Holes", "Mil", "Planted Width"};
 
 std::size_t Index(int place, int first) {
   return static_cast<std::size_t>(place - first);
@@ -104,7 +101,7 @@ std::string_view UpTo(std::string_view text, std::string_view end) {
 }
 
 std::string ColumnName(const Program& program, int column) {
-  const std::string_view name = kColumnNames.at(static_cast<std::size_t>(column));
+  const std::string_view name = SurveyFactsOf(column).in_undo;
   return std::string(name.empty() ? UpTo(program.main.Grid1.Text(0, column), " (") : name);
 }
 

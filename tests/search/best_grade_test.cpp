@@ -1,5 +1,6 @@
 #include "search/best_grade.h"
 
+#include "search/survey_completion.h"
 #include "search_program.h"
 
 namespace torvale {

@@ -1,6 +1,7 @@
 #include "search/cal_dsign_var.h"
 
 #include "search/hole_selection.h"
+#include "search/survey_completion.h"
 #include "search_program.h"
 
 namespace torvale {

@@ -1,6 +1,7 @@
 // What a run leaves on the screen where it ends without a design.
 #include "search/design_commands.h"
 #include "search/hole_selection_panel.h"
+#include "search/survey_completion.h"
 #include "search_program.h"
 
 namespace torvale {

@@ -1,6 +1,7 @@
 // The prepass of the slope search, and what the search starts from. With `CancelFlag` set ahead of it the search leaves
 // at its first yield, and the prepass's heads (but for the far end's) and friction losses stand.
 #include "base/arithmetic.h"
+#include "search/best_fit_head.h"
 #include "search/slope_search.h"
 #include "search_program.h"
 

@@ -4,7 +4,9 @@
 
 #include "base/format.h"
 #include "engine/uniformity.h"
+#include "search/best_fit_head.h"
 #include "search/flow_run.h"
+#include "search/survey_completion.h"
 #include "search_program.h"
 
 namespace torvale {
