@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "base/utf8.h"
+
 namespace torvale {
 namespace {
 
@@ -42,7 +44,7 @@ char32_t TakeUtf8(std::string_view& text) {
   const std::uint8_t lead = byte(0);
   const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
   bool whole = length > 0 && length <= text.size();
-  for (std::size_t i = 1; whole && i < length; ++i) whole = (byte(i) & 0xC0) == 0x80;
+  for (std::size_t i = 1; whole && i < length; ++i) whole = ContinuesCharacter(text[i]);
   char32_t c = length == 1 ? lead : lead & (0x7FU >> length);
   for (std::size_t i = 1; whole && i < length; ++i) c = (c << 6) | (byte(i) & 0x3F);
   if (!whole || !IsWellFormed(c, length)) {

@@ -2,7 +2,8 @@
 
 #include <array>
 #include <cerrno>
-#include <functional>
+#include <cstdint>
+#include <utility>
 
 #include "base/arithmetic.h"
 #include "base/format.h"
@@ -213,16 +214,18 @@ void SaveFile(Program& program) {
   if (!kept.empty()) SayToo(program, kept);
 }
 
-void OpenFile(Program& program) {
+int OpenFile(Program& program) {
   const int error = ErrorOf([&] {
     int sizes = 0;
     Load(program, sizes);
     if (program.record.DesignType != kSurveyOnly) ShowOpened(program, sizes);
   });
   if (error != 0 || program.record.DesignType == kSurveyOnly) LeaveResults(program);
-  if (error == 0) return;
-  Tell(program, words::kOpenFailed(GeneralText(error)));
-  FallBackToDefaults(program);
+  if (error != 0) {
+    Tell(program, words::kOpenFailed(GeneralText(error)));
+    FallBackToDefaults(program);
+  }
+  return error;
 }
 
 }  // namespace torvale

@@ -1,6 +1,7 @@
 // Design files: a design saved, and opened again.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,8 +18,8 @@ void SaveFile(Program& program);
 std::string NameToWrite(Program& program, std::string_view name);
 
 // Reads the file named by `OpenedFileName` into the record and the screens and shows the design. Any failure: a
-// message, the defaults, and what was read so far stays.
-void OpenFile(Program& program);
+// message, the defaults, and what was read so far stays. Gives back 0, or the number that the message tells.
+int OpenFile(Program& program);
 
 // The extension of a design type (".PFD"), empty for a type that has none.
 std::string_view ExtensionOf(std::int16_t design_type);

@@ -1,7 +1,7 @@
 #include "files/design_format.h"
 
-#include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/arithmetic.h"
@@ -13,6 +13,7 @@
 #include "files/fields.h"
 #include "files/file_fault.h"
 #include "files/soils.h"
+#include "screen/field_facts.h"
 
 namespace torvale {
 namespace {
@@ -21,7 +22,7 @@ constexpr int kSavedSurveyColumns = 8;  // the planted width goes with the rows 
 constexpr int kSavedResultColumns = 11;
 constexpr int kReservedRecords = 4;
 constexpr int kReservedFields = 5;
-constexpr std::size_t kThrownAwayDefaults = 5;
+constexpr int kThrownAwayDefaults = 5;
 
 constexpr double kSizesVersion = 2;     // first version with hole sizes chosen by the user
 constexpr double kReservedVersion = 7;  // first version whose reserved records are read
@@ -115,8 +116,8 @@ void Input(Walker& walk, Program& program) {
   }
   IntegerRecord(walk, record.DesignType);
   // A design does not bring back the preferences it was saved with.
-  for (std::size_t i = 0; i < kThrownAwayDefaults; ++i) {
-    walk.Passed(program.main.txtDefault.at(i));
+  for (int i = 0; i < kThrownAwayDefaults; ++i) {
+    walk.Passed(program.main.txtDefault.at(static_cast<std::size_t>(i)));
     walk.EndRecord();
   }
 }
@@ -273,6 +274,30 @@ std::string WriteDesign(Program& program) {
   Tail(walk, program.record, sizes, version);
   if (!WidthsArePaired(program)) Widths(walk, program);
   return walk.text();
+}
+
+DesignHead ReadDesignHead(std::string text) {
+  DesignHead head;
+  FieldReader in(std::move(text));
+  const auto pass_texts = [&in](int count) {
+    for (int i = 0; i < count; ++i) in.Text();
+  };
+  ErrorOf([&] {
+    in.Text();  // the version
+    const int rows = in.Integer();
+    head.name = in.Text();
+    pass_texts(static_cast<int>(kInfoFacts.size()) - 1 + rows * kSavedSurveyColumns);
+    head.type = in.Integer();
+    if (head.type == kSurveyOnly) return;
+    pass_texts(kThrownAwayDefaults);
+    in.Free();     // HoleSizeIndexLimit
+    in.Integer();  // HoleRows
+    in.Integer();  // WateredFurrows
+    in.Number32();
+    in.Number32();
+    head.uniformity = in.Number32();
+  });
+  return head;
 }
 
 DesignExtras ReadDesign(Program& program, std::string text,

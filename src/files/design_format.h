@@ -2,6 +2,7 @@
 // again without being calculated again. One format for all design types; docs/file_format.md lists its fields.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,14 @@ struct DesignExtras {
 // later field fails. `soil_chosen` runs as soon as the soil is known. Throws FileFault.
 DesignExtras ReadDesign(Program& program, std::string text,
                         const std::function<void(const DesignExtras&)>& soil_chosen);
+
+// What the beginning of a design file tells of it. What can't be read stays as it is here.
+struct DesignHead {
+  std::string name;
+  std::int16_t type = kNoDesign;
+  float uniformity = 0;  // percent; 0 for a survey
+};
+DesignHead ReadDesignHead(std::string text);
 
 // The number that a version text begins with: "8.2.20" counts as 8.2.
 double VersionNumber(std::string_view version);

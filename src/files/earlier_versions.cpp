@@ -2,15 +2,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <system_error>
 
 #include "base/format.h"
 #include "base/paths.h"
-#include "engine/survey.h"
 #include "files/code_page.h"
-#include "files/fields.h"
+#include "files/design_format.h"
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "screen/design_types.h"
@@ -149,31 +149,10 @@ std::string NameWithoutFile(Host& host, const fs::path& stored, const EarlierVer
 
 // The facts of a design as the list shows them; of a content that is none the name stays empty.
 void Describe(std::string_view content, EarlierVersion& version) {
-  try {
-    FieldReader reader(FromCodePage(content));
-    reader.Text();  // version
-    const int rows = reader.Integer();
-    version.name = reader.Text();
-    constexpr int kFurtherFields = 5;
-    constexpr int kSavedColumns = kSurveyColumns - 1;
-    for (int i = 0; i < kFurtherFields + rows * kSavedColumns; ++i) reader.Text();
-    const std::int16_t type = reader.Integer();
-    version.type = NameOfKind(type);
-    if (type == kSurveyOnly) return;
-    constexpr int kDefaults = 5;
-    for (int i = 0; i < kDefaults; ++i) reader.Text();
-    reader.Free();     // HoleSizeIndexLimit
-    reader.Integer();  // HoleRows
-    reader.Integer();  // WateredFurrows
-    reader.Number32();
-    reader.Number32();
-    const float uniformity = reader.Number32();
-    if (uniformity > 0) version.uniformity = Format(uniformity, "##.0");
-  } catch (const FileFault&) {
-    // What was read so far tells what it can.
-  } catch (const RunTimeFault&) {
-    // The same.
-  }
+  const DesignHead head = ReadDesignHead(FromCodePage(content));
+  version.name = head.name;
+  version.type = NameOfKind(head.type);
+  if (head.uniformity > 0) version.uniformity = Format(head.uniformity, "##.0");
 }
 
 // Writes the content under a moment that has no content yet.
@@ -194,12 +173,10 @@ bool IsNewest(const fs::path& folder, std::string_view content) {
   return !stored.empty() && stored.front().bytes == content.size() && Content(stored.front().path) == content;
 }
 
+// The name of the design that a save goes over, where it is another.
 std::string OtherName(std::string_view former, std::string_view bytes) {
-  EarlierVersion before;
-  EarlierVersion after;
-  Describe(former, before);
-  Describe(bytes, after);
-  return before.name == after.name ? "" : before.name;
+  const std::string before = ReadDesignHead(FromCodePage(former)).name;
+  return before == ReadDesignHead(FromCodePage(bytes)).name ? "" : before;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "files/fields.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"

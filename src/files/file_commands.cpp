@@ -1,7 +1,9 @@
 #include "files/file_commands.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -41,10 +43,6 @@ std::string OpenFilters() {
     filters.append(kind.extension).append("|");
   }
   return filters + " All file types (*.*) | *.*";
-}
-
-std::string RecentPath(Program& program) {
-  return program.host.ProgramFolder() + "/" + std::string(kRecentFile);
 }
 
 // The one that the preference names by its extension, from 1. Any other text stands for the first.
@@ -100,7 +98,7 @@ void TakeWholeNames(Program& program, std::string_view file) {
 void SaveRecentFiles(Program& program) {
   for (int i = 0; i < kShownRecent; ++i) program.host.SaveSetting(RecentKey(i), program.record.RecentFiles[i]);
   try {
-    WriteBytes(program, RecentPath(program), RecentText(program));
+    WriteBytes(program, InProgramFolder(program.host, kRecentFile), RecentText(program));
   } catch (const FileFault& fault) {
     AddNews(program, words::kRecentFilesNotWritten(WhyNotWritten(fault.number)));
     return;
@@ -180,7 +178,7 @@ void mnuFile_Click(Program& program) {
 void OpenRecentFiles(Program& program) {
   std::string text;
   try {
-    text = ReadText(RecentPath(program));
+    text = ReadText(InProgramFolder(program.host, kRecentFile));
   } catch (const FileFault& fault) {
     // There may be no list yet.
     if (fault.number != ENOENT) {

@@ -1,6 +1,5 @@
 #include "files/file_store.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -39,6 +38,10 @@ OpenFilePointer Open(const fs::path& path) {
 }
 
 }  // namespace
+
+std::string InProgramFolder(Host& host, std::string_view name) {
+  return host.ProgramFolder().append("/").append(name);
+}
 
 std::string ReadBytes(const std::string& path) {
   // A pipe would be waited for until somebody writes to it, a terminal until somebody types.

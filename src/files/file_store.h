@@ -8,6 +8,9 @@
 
 namespace torvale {
 
+// The path of a file in the program's folder.
+std::string InProgramFolder(Host& host, std::string_view name);
+
 // The bytes of a file. A file of more than 8 megabytes is refused (EFBIG): no design comes near it.
 std::string ReadBytes(const std::string& path);
 

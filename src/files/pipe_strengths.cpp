@@ -1,6 +1,5 @@
 #include "files/pipe_strengths.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <string>
@@ -79,7 +78,7 @@ void TakeTable(Program& program, std::string_view text) {
 void ReadPipeStrengths(Program& program) {
   program.pipe_strengths.clear();
   std::string text;
-  const int error = ErrorOf([&] { text = ReadText(program.host.ProgramFolder() + "/" + std::string(kSafeHeadsFile)); });
+  const int error = ErrorOf([&] { text = ReadText(InProgramFolder(program.host, kSafeHeadsFile)); });
   if (error == 0) {
     TakeTable(program, text);
   } else if (error != ENOENT && error != ENOTDIR) {

@@ -74,8 +74,7 @@ void ApplyCoefficients(Program& program) {
 void ReadDefaultsFile(Program& program) {
   std::size_t read = 0;
   try {
-    const std::string path = program.host.ProgramFolder() + "/" + std::string(kDefaultsFile);
-    FieldReader reader(ReadText(path));
+    FieldReader reader(ReadText(InProgramFolder(program.host, kDefaultsFile)));
     for (; read < program.main.txtDefault.size(); ++read) TakeField(program, read, reader.Text());
   } catch (const FileFault& fault) {
     // What is missing stays as it was.

@@ -1,6 +1,8 @@
 // The preferences: their file, and what they mean to the record.
 #pragma once
 
+#include <string_view>
+
 #include "screen/program.h"
 
 namespace torvale {

@@ -1,5 +1,7 @@
 #include "files/preferences_panel.h"
 
+#include <string>
+
 #include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "display/input_screen.h"
@@ -87,10 +89,8 @@ void RepairLetter(Program& program, int index, std::string_view other, std::stri
 
 // Gives back 0, or the number of the error.
 int WriteDefaults(Program& program) {
-  const int error = ErrorOf([&] {
-    WriteBytes(program, program.host.ProgramFolder() + "/" + std::string(kDefaultsFile),
-               ToCodePage(DefaultsText(program)));
-  });
+  const int error = ErrorOf(
+      [&] { WriteBytes(program, InProgramFolder(program.host, kDefaultsFile), ToCodePage(DefaultsText(program))); });
   if (error == 0) ++program.preferences_count;
   return error;
 }

@@ -1,6 +1,8 @@
 #include "files/soils.h"
 
 #include <cctype>
+#include <cstdint>
+#include <string>
 
 #include "base/arithmetic.h"
 #include "base/numbers.h"
@@ -23,12 +25,8 @@ constexpr int kNameColumn = 0;
 constexpr int kFlowColumn = 1;
 constexpr int kMostSaved = 200;
 
-std::string SoilsPath(Program& program) {
-  return program.host.ProgramFolder() + "/" + std::string(kSoilsFile);
-}
-
 void ReadSoils(Program& program) {
-  FieldReader reader(ReadText(SoilsPath(program)));
+  FieldReader reader(ReadText(InProgramFolder(program.host, kSoilsFile)));
   Grid& grid = program.soils.Grd_Soils_FurrowFlow;
   program.soils.copies.push_back(program.main.listSoils.count());
   for (int i = 1; !reader.OnlyBlanksLeft(); ++i) {
@@ -138,8 +136,10 @@ void Recommended_Furror_Flow(Program& program) {
 
 void mnu_Save_Exit_Click(Program& program) {
   ForgetNews(program);
-  const int error = ErrorOf(
-      [&] { WriteBytes(program, SoilsPath(program), ToCodePage(SoilsText(program.soils.Grd_Soils_FurrowFlow))); });
+  const int error = ErrorOf([&] {
+    WriteBytes(program, InProgramFolder(program.host, kSoilsFile),
+               ToCodePage(SoilsText(program.soils.Grd_Soils_FurrowFlow)));
+  });
   if (error != 0) {
     Tell(program, words::kSoilsNotSaved(GeneralText(error)));
     SayToo(program, words::kSoilsNotWritten(WhyNotWritten(error)));

@@ -1,6 +1,7 @@
 #include "files/version_commands.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include "base/paths.h"

@@ -160,7 +160,7 @@ namespace {
 bool ReadGuide(Program& program) {
   HelpScreen& help = program.help;
   try {
-    std::vector<HelpPage> pages = ReadHelpPages(ReadBytes(program.host.ProgramFolder() + "/" + std::string(kHelpFile)));
+    std::vector<HelpPage> pages = ReadHelpPages(ReadBytes(InProgramFolder(program.host, kHelpFile)));
     if (pages != help.pages) {
       help.pages = std::move(pages);
       ++help.revision;
