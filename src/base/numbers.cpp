@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <system_error>
 
 #include "base/run_time_fault.h"
 

@@ -8,10 +8,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/platform.h"
 

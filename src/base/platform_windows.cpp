@@ -9,9 +9,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/paths.h"
 #include "base/platform.h"

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <exception>
-#include <new>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "base/fault_words.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
 #include "display/design_display.h"
@@ -36,12 +36,8 @@ std::optional<std::string> FaultOf(const std::function<void()>& work) {
   try {
     work();
     return std::nullopt;
-  } catch (const RunTimeFault& thrown) {
-    return std::string(FaultText(thrown.kind));
-  } catch (const std::bad_alloc&) {
-    return "The computer is out of memory.";
-  } catch (const std::exception&) {
-    return "Something unexpected went wrong.";
+  } catch (...) {
+    return FaultWords(std::current_exception());
   }
 }
 
