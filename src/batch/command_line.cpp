@@ -2,14 +2,19 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "base/paths.h"
+#include "base/platform_processor.h"
 #include "base/version.h"
 #include "batch/field_table.h"
+#include "batch/merge.h"
 #include "batch/text_files.h"
+#include "batch/words.h"
 
 namespace torvale {
 namespace {
@@ -42,7 +47,7 @@ Shard ShardOf(const std::string& text) {
   char slash = 0;
   const bool whole = static_cast<bool>(in >> shard.part >> slash >> shard.parts) && slash == '/' && in.peek() == EOF;
   if (!whole || shard.part < 1 || shard.parts < shard.part) {
-    throw CLI::ValidationError("--shard", "a part is I/N, I from 1 to N, not " + text);
+    throw CLI::ValidationError("--shard", batch_words::kNoSuchPart(text).text());
   }
   return shard;
 }
@@ -119,8 +124,7 @@ BatchOptions OptionsOf(const CommandLine& line, bool terminal) {
   options.data_folder = line.data_folder;
   options.papers = PapersOf(line.papers);
   if (!line.shard.empty()) options.shard = ShardOf(line.shard);
-  const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
-  options.pool.threads = line.threads > 0 ? line.threads : static_cast<int>(processors);
+  options.pool.threads = line.threads > 0 ? line.threads : ProcessorThreads();
   options.pool.limit = std::chrono::milliseconds(static_cast<long long>(line.limit * 1000));
   options.fresh = line.fresh;
   options.progress = ProgressKind(line.progress, terminal);

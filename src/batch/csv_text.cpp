@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "batch/words.h"
 #include "files/code_page.h"
 
 namespace torvale {
@@ -46,7 +47,7 @@ std::string CsvReader::Quoted(int column) {
   const int begun = line_;
   std::string cell;
   for (++at_;; ++at_) {
-    if (AtEnd()) throw CsvFault("a quote is not closed", begun, column);
+    if (AtEnd()) throw CsvFault(batch_words::kQuoteNotClosed, begun, column);
     if (text_[at_] == '"') {
       if (at_ + 1 >= text_.size() || text_[at_ + 1] != '"') break;
       ++at_;
@@ -56,7 +57,7 @@ std::string CsvReader::Quoted(int column) {
   }
   ++at_;
   SkipBlanks();
-  if (!AtCellEnd()) throw CsvFault("text follows a closing quote", line_, column);
+  if (!AtCellEnd()) throw CsvFault(batch_words::kTextBehindQuote, line_, column);
   return cell;
 }
 

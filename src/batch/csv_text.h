@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "screen/spoken.h"
+
 namespace torvale {
 
 // A line of a table.
@@ -22,8 +24,8 @@ struct CsvRow {
 
 // A text that is no table, with the line and the column from 1 of the cell where it ends being one.
 struct CsvFault : std::runtime_error {
-  CsvFault(const std::string& what, int at_line, int at_column)
-      : std::runtime_error(what), line(at_line), column(at_column) {}
+  CsvFault(const SpokenComplaint& complaint, int at_line, int at_column)
+      : std::runtime_error(complaint.text()), line(at_line), column(at_column) {}
   int line;
   int column;
 };

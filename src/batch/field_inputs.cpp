@@ -5,15 +5,18 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "batch/cell_words.h"
 #include "batch/csv_text.h"
 #include "batch/survey_table.h"
 #include "batch/text_files.h"
+#include "batch/words.h"
 #include "files/design_files.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
 #include "record/hole_sizes.h"
 #include "screen/design_types.h"
 #include "screen/fields.h"
+#include "screen/words.h"
 #include "search/design_commands.h"
 #include "shell/commands.h"
 #include "shell/events.h"
@@ -22,7 +25,6 @@ namespace torvale {
 namespace {
 
 constexpr std::string_view kSurveyFile = ".DAT";
-constexpr std::string_view kTooLarge = "is a larger number than the program holds";
 
 bool IsDesignFile(std::string_view name) {
   const std::string upper = UpperCase(name);
@@ -32,12 +34,12 @@ bool IsDesignFile(std::string_view name) {
          });
 }
 
-std::string Placed(const FieldRow& field, const std::string& words) {
-  return "row " + std::to_string(field.line) + " of the table: " + words;
+std::string Placed(const FieldRow& field, const SpokenComplaint& complaint) {
+  return At(batch_words::kRowOfTheTable(std::to_string(field.line)).text(), complaint);
 }
 
-[[noreturn]] void Fail(const FieldRow& field, const std::string& words) {
-  throw FieldFault(Placed(field, words));
+[[noreturn]] void Fail(const FieldRow& field, const SpokenComplaint& complaint) {
+  throw FieldFault(Placed(field, complaint));
 }
 
 // Types as into a field that is in reach, whether its panel is open or not.
@@ -46,19 +48,19 @@ void Type(const FieldRow& field, TextField& target, const std::string& text) {
     target.SelectAll();
     target.ReplaceSelected(text);
   } catch (const RunTimeFault&) {
-    Fail(field, "\"" + text + "\" " + std::string(kTooLarge));
+    Fail(field, batch_words::kNumberTooLarge(text));
   }
 }
 
 void SetPreferences(Program& program, const FieldRow& field, std::vector<std::string>& remarks) {
   for (const auto& [index, text] : field.preferences) {
     if (index == Preference::kHoleSize && HoleSizeByName(program.record, text) == 0) {
-      Fail(field, "\"" + text + "\" is no size of the hole size table");
+      Fail(field, batch_words::kNoHoleSize(text));
     }
     Type(field, program.main.txtDefault.at(index), text);
     txtDefault_LostFocus(program, static_cast<int>(index));
     const std::string& taken = program.main.txtDefault.at(index).text();
-    if (taken != text) remarks.push_back(Placed(field, "\"" + text + "\" is taken as " + taken));
+    if (taken != text) remarks.push_back(Placed(field, batch_words::kTakenAs(text, taken)));
   }
   TakePreferences(program);
 }
@@ -87,16 +89,14 @@ void ChooseSoil(Program& program, const FieldRow& field) {
     SelectLines(program, "listSoils", {line});
     return;
   }
-  Fail(field, soils.count() == 0
-                  ? "there is no list of soils to find \"" + field.soil + "\" in: name its folder with --data"
-                  : "the list of soils has no \"" + field.soil + "\"");
+  Fail(field, soils.count() == 0 ? batch_words::kNoListOfSoils(field.soil) : batch_words::kNoSuchSoil(field.soil));
 }
 
 void ChooseHoles(Program& program, const FieldRow& field) {
   if (field.holes.empty()) return;
   program.main.listHolesSelected.Clear();
   for (const std::string& size : field.holes) {
-    if (HoleSizeByName(program.record, size) == 0) Fail(field, "\"" + size + "\" is no size of the hole size table");
+    if (HoleSizeByName(program.record, size) == 0) Fail(field, batch_words::kNoHoleSize(size));
     program.main.listHolesSelected.Add(size);
   }
 }
@@ -119,13 +119,10 @@ void EnterSurvey(Program& program, const FieldRow& field, const SurveyTable& sur
 
 // The file as the program opens it, in its own words where it can't. Results and preferences of the design don't come
 // into the inputs.
-void OpenDesign(QuietProgram& quiet, const FieldRow& field, const std::filesystem::path& path) {
-  Program& program = quiet.program();
-  quiet.host().told.clear();
+void OpenDesign(Program& program, const FieldRow& field, const std::filesystem::path& path) {
   program.record.OpenedFileName = Utf8Of(path);
-  OpenFile(program);
-  for (const Told& message : quiet.host().told) {
-    if (message.body.starts_with("Error opening file")) throw FieldFault(field.survey + ": " + message.body);
+  if (const int error = OpenFile(program); error != 0) {
+    throw FieldFault(field.survey + ": " + words::kOpenFailed(GeneralText(error)).text());
   }
   program.record.OpenedFileName.clear();
 }
@@ -149,7 +146,7 @@ FieldInputs TypeField(QuietProgram& quiet, const FieldRow& field, const std::fil
   SetPreferences(program, field, inputs.remarks);
   mnuFileNew_Click(program);
   if (IsDesignFile(field.survey)) {
-    OpenDesign(quiet, field, folder / PathOf(field.survey));
+    OpenDesign(program, field, folder / PathOf(field.survey));
   } else {
     try {
       const SurveyTable table = ReadSurveyTable(TextOfFile(survey), field.layout, field.survey);

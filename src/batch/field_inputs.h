@@ -1,7 +1,6 @@
 // From a line of the table of fields to the inputs of its designs.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 #include <string>

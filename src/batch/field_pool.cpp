@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <optional>
+#include <stop_token>
 #include <thread>
 
 namespace torvale {

@@ -3,8 +3,6 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
-#include <stop_token>
 #include <vector>
 
 #include "batch/field_work.h"

@@ -8,6 +8,7 @@
 #include "batch/cell_words.h"
 #include "batch/content_hash.h"
 #include "batch/csv_text.h"
+#include "batch/words.h"
 #include "scenarios/scenario.h"
 #include "screen/design_types.h"
 #include "screen/field_facts.h"
@@ -121,10 +122,10 @@ std::vector<FieldColumn> Headings(const CsvRow& row, const std::string& file) {
     const std::string& heading = row.cells[i];
     std::optional<FieldColumn> column = ColumnOf(heading);
     const std::string place = PlaceOfCell(file, row.line, i);
-    if (!column) throw FieldTableFault(place + ": no column of fields is called \"" + heading + "\"");
+    if (!column) throw FieldTableFault(At(place, batch_words::kNoSuchColumn(heading)));
     const auto [first, is_new] = seen.emplace(Plain(heading), i + 1);
     if (!is_new) {
-      throw FieldTableFault(place + ": \"" + heading + "\" stands in column " + std::to_string(first->second) + " too");
+      throw FieldTableFault(At(place, batch_words::kColumnTwice(heading, std::to_string(first->second))));
     }
     columns.push_back(std::move(*column));
   }
@@ -152,9 +153,8 @@ std::string TakenLetter(FieldRow& field, const TwoWords& words, const std::strin
   for (const std::string_view word : {words.first, words.second}) {
     if (Plain(word).starts_with(plain)) return LetterOf(word);
   }
-  field.faults.push_back(place + ": " + std::string(words.of) + " is " + LetterOf(words.first) + " for " +
-                         std::string(words.first) + " or " + LetterOf(words.second) + " for " +
-                         std::string(words.second) + ", not \"" + cell + "\"");
+  field.faults.push_back(At(place, batch_words::kNoSuchLetter(words.of, LetterOf(words.first), words.first,
+                                                              LetterOf(words.second), words.second, cell)));
   return cell;
 }
 
@@ -162,8 +162,8 @@ std::string TakenLetter(FieldRow& field, const TwoWords& words, const std::strin
 std::string Taken(FieldRow& field, FieldForm form, const std::string& cell, const std::string& place) {
   if (form == FieldForm::kRodsOrElevations) return TakenLetter(field, kSurveyKinds, cell, place);
   if (form == FieldForm::kRectangularOrCircular) return TakenLetter(field, kGateShapes, cell, place);
-  const std::string misread = form == FieldForm::kNumber ? NumberMisread(cell) : "";
-  if (!misread.empty()) field.remarks.push_back(place + ": " + misread);
+  const SpokenComplaint misread = form == FieldForm::kNumber ? NumberMisread(cell) : SpokenComplaint();
+  if (!misread.empty()) field.remarks.push_back(At(place, misread));
   return cell;
 }
 
@@ -175,7 +175,7 @@ void TakeDesigns(FieldRow& field, const std::string& cell, const std::string& pl
         field.designs.push_back(*type);
       }
     } else {
-      field.faults.push_back(place + ": no design is called \"" + word + "\"");
+      field.faults.push_back(At(place, batch_words::kNoSuchDesign(word)));
     }
   }
 }
@@ -195,7 +195,7 @@ void CheckLayout(FieldRow& field, const std::string& place) {
   field.layout = Plain(field.layout);
   if (field.layout == "SHEET") field.layout.clear();
   if (field.layout.empty() || field.layout == "PNEZ" || field.layout == "PENZ") return;
-  field.faults.push_back(place + ": the layout is sheet, PNEZ or PENZ, not \"" + field.layout + "\"");
+  field.faults.push_back(At(place, batch_words::kNoSuchLayout(field.layout)));
 }
 
 FieldRow FieldOf(const CsvRow& row, const std::vector<FieldColumn>& columns, const std::string& file) {
@@ -209,7 +209,7 @@ FieldRow FieldOf(const CsvRow& row, const std::vector<FieldColumn>& columns, con
     hash.Add(cell);
     const std::string place = PlaceOfCell(file, row.line, i);
     if (i >= columns.size()) {
-      field.faults.push_back(place + ": \"" + cell + "\" stands in a column without a heading");
+      field.faults.push_back(At(place, batch_words::kCellWithoutHeading(cell)));
       continue;
     }
     TakeCell(field, columns[i], cell, place);
@@ -219,7 +219,7 @@ FieldRow FieldOf(const CsvRow& row, const std::vector<FieldColumn>& columns, con
   }
   if (field.designs.empty()) field.designs = AllDesigns();
   if (field.survey.empty()) {
-    field.faults.push_back(file + ", row " + std::to_string(row.line) + ": the field names no survey");
+    field.faults.push_back(At(PlaceOfRow(file, row.line), batch_words::kNoSurvey));
   }
   field.content = hash.value();
   return field;
@@ -242,10 +242,9 @@ FieldTable::FieldTable(std::string text, std::string file)
       }
     }
   } catch (const CsvFault& fault) {
-    throw FieldTableFault(PlaceOfCell(file_, fault.line, static_cast<std::size_t>(fault.column) - 1) + ": " +
-                          fault.what());
+    throw FieldTableFault(At(file_, fault));
   }
-  if (!columns_) throw FieldTableFault(file_ + ": the table is empty");
+  if (!columns_) throw FieldTableFault(At(file_, batch_words::kNoFields));
 }
 
 FieldRow FieldTable::Field(std::size_t i) const {

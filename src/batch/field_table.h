@@ -1,7 +1,6 @@
 // The table of fields that a run works through: a heading line, then a line for each field.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>

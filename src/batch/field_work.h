@@ -4,24 +4,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "batch/field_table.h"
+#include "batch/papers.h"
 #include "scenarios/scenario.h"
 
 namespace torvale {
-
-// What is written for each design beside its row in the table of results.
-struct Papers {
-  bool designs = false;  // the design file
-  bool tables = false;   // the result table and the hole summary, CSV
-  bool reports = false;  // the three reports, PDF
-  bool phone = false;    // the crew's page for a phone, HTML
-  bool stakes = false;   // of slope designs, CSV and PDF
-  bool Any() const { return designs || tables || reports || phone || stakes; }
-};
 
 // What a run asks of every field.
 struct FieldTask {
@@ -45,21 +35,16 @@ struct FieldOutcome {
   std::vector<std::pair<std::string, std::uint64_t>> files;  // written, from the output folder, and their hashes
 };
 
-// The heading of the table of results.
-std::string ResultHeading();
-
 // The same field of the same run has the same key, one that was changed in any way has another. The survey's content
 // goes into it; one that can't be read counts as none.
 std::uint64_t KeyOf(const FieldTask& task, const FieldRow& field);
 
-// The folder of a field's papers, from the output folder: its number and its name, as far as every file system takes
-// it.
-std::string FolderOf(const FieldRow& field);
-
 // Works a field out: its designs in their order, a row each. Whatever goes wrong with it stands in its rows.
 FieldOutcome WorkField(QuietProgram& quiet, const FieldTask& task, const FieldRow& field, const Until& until);
 
-// The rows of a field of which nothing came.
-FieldOutcome FailedField(const FieldRow& field, FieldEnd end, const std::string& words);
+// The rows of a field of which nothing came, with words that say why.
+FieldOutcome FailedField(const FieldRow& field, FieldEnd end, const std::vector<std::string>& words);
+// Those of one that never came to an end.
+FieldOutcome GivenUpField(const FieldRow& field);
 
 }  // namespace torvale

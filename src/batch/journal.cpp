@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <istream>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "batch/content_hash.h"
 #include "batch/text_files.h"
+#include "batch/words.h"
 
 namespace torvale {
 namespace {
@@ -91,7 +94,7 @@ void Journal::Open() {
     std::ofstream(path_, std::ios::binary).flush();
     file_.open(path_, std::ios::binary | std::ios::in | std::ios::out);
   }
-  if (!file_.is_open()) throw TextFileFault("can't be written");
+  if (!file_.is_open()) throw TextFileFault(batch_words::kNotWritten().text());
   Heading heading;
   while (ReadEntry(file_, heading)) {
     const std::streamoff after = file_.tellg();
@@ -169,7 +172,7 @@ void Journal::Add(int number, std::uint64_t key, const FieldOutcome& outcome) {
   file_.seekp(end_);
   file_.write(text.data(), static_cast<std::streamsize>(text.size()));
   file_.flush();
-  if (!file_) throw TextFileFault("can't be written");
+  if (!file_) throw TextFileFault(batch_words::kNotWritten().text());
   const auto bytes = static_cast<std::streamoff>(text.size());
   Take(number, {key, end_, bytes});
   end_ += bytes;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <variant>
 #include <vector>
 
 #include "base/arithmetic.h"

@@ -1,14 +1,21 @@
 #include "batch/run.h"
 
-#include <algorithm>
-#include <numeric>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 #include "base/version.h"
-#include "batch/cell_words.h"
 #include "batch/content_hash.h"
 #include "batch/csv_text.h"
+#include "batch/field_table.h"
 #include "batch/journal.h"
+#include "batch/result_rows.h"
 #include "batch/text_files.h"
+#include "batch/words.h"
 #include "files/pipe_strengths.h"
 #include "files/preferences.h"
 #include "files/soils.h"
@@ -66,9 +73,7 @@ class Batch {
       journal_.Add(fields_->NumberOf(i), keys_[i], outcome);
       Count(outcome);
     };
-    handlers.hung = [this](std::size_t i) {
-      return FailedField(fields_->Field(i), FieldEnd::kOutOfTime, "The field did not end; it was given up.");
-    };
+    handlers.hung = [this](std::size_t i) { return GivenUpField(fields_->Field(i)); };
     bool stopped = false;
     handlers.tick = [&] {
       progress_.Tell(finished_, refused_);
@@ -148,13 +153,6 @@ int StatusOf(Batch& batch, const BatchOptions& options, std::ostream& out) {
   return batch.refused() > 0 ? kBatchRefused : kBatchDone;
 }
 
-// A cell that is a whole number from 1 on, or 0.
-int FieldNumber(const std::string& cell) {
-  const bool digits = !cell.empty() && cell.size() < 10 &&
-                      std::all_of(cell.begin(), cell.end(), [](char c) { return c >= '0' && c <= '9'; });
-  return digits ? std::stoi(cell) : 0;
-}
-
 }  // namespace
 
 std::string ResultsName(const Shard& shard) {
@@ -172,8 +170,8 @@ BatchEnd RunBatch(const BatchOptions& options, const std::function<bool()>& go_o
     const bool all = batch.Run(go_on);
     journal.Compact();
     if (!all) {
-      errors << "stopped: " << batch.finished() << " of " << batch.total()
-             << " fields are done; the same command goes on from there\n";
+      const std::string done = std::to_string(batch.finished());
+      errors << batch_words::kStopped(done, std::to_string(batch.total())).text() << '\n';
       return {kBatchStopped, batch.threads_left()};
     }
     return {StatusOf(batch, options, out), batch.threads_left()};
@@ -184,65 +182,6 @@ BatchEnd RunBatch(const BatchOptions& options, const std::function<bool()>& go_o
     errors << Utf8Of(options.out_folder) << ": " << fault.what() << '\n';
     return {kBatchNotWritten, false};
   }
-}
-
-int MergeResults(const std::vector<std::filesystem::path>& parts, const std::filesystem::path& joined,
-                 std::ostream& out, std::ostream& errors) {
-  std::vector<std::pair<int, std::string>> fields;  // all rows of a field
-  for (const std::filesystem::path& part : parts) {
-    const std::string name = Utf8Of(part);
-    std::string text;
-    std::vector<CsvRow> rows;
-    try {
-      text = ReadTextFile(part);
-      rows = ReadCsv(text, ',');
-    } catch (const TextFileFault& fault) {
-      errors << name << ": " << fault.what() << '\n';
-      return kBatchNotUnderstood;
-    } catch (const CsvFault& fault) {
-      errors << PlaceOfCell(name, fault.line, static_cast<std::size_t>(fault.column) - 1) << ": " << fault.what()
-             << '\n';
-      return kBatchNotUnderstood;
-    }
-    if (!text.starts_with(ResultHeading())) {
-      errors << name << ", row 1: no table of results of this version\n";
-      return kBatchNotUnderstood;
-    }
-    const std::size_t first = fields.size();
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-      const int number = FieldNumber(rows[i].Cell(0));
-      if (number == 0) {
-        errors << PlaceOfCell(name, rows[i].line, 0) << ": \"" << rows[i].Cell(0) << "\" is no number of a field\n";
-        return kBatchNotUnderstood;
-      }
-      if (fields.size() == first || fields.back().first != number) fields.emplace_back(number, "");
-      fields.back().second += rows[i].text;
-    }
-  }
-  std::stable_sort(fields.begin(), fields.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::string text = ResultHeading();
-  std::size_t missing = 0;
-  int before = 0;
-  for (const auto& [number, rows] : fields) {
-    if (number == before) {
-      errors << "field " << number << " stands in more than one table\n";
-      return kBatchNotUnderstood;
-    }
-    missing += static_cast<std::size_t>(number - before - 1);
-    before = number;
-    text += rows;
-  }
-  try {
-    WriteTextFile(joined, text);
-  } catch (const TextFileFault& fault) {
-    errors << Utf8Of(joined) << ": " << fault.what() << '\n';
-    return kBatchNotWritten;
-  }
-  out << fields.size() << (fields.size() == 1 ? " field: " : " fields: ") << Utf8Of(joined) << '\n';
-  if (missing == 0) return kBatchDone;
-  errors << missing << (missing == 1 ? " field before the last one is" : " fields before the last one are")
-         << " in none of the tables\n";
-  return kBatchRefused;
 }
 
 }  // namespace torvale

@@ -1,24 +1,17 @@
-// A run over a table of fields, and tables of results joined.
+// A run over a table of fields.
 #pragma once
 
 #include <filesystem>
 #include <functional>
 #include <ostream>
 #include <string>
-#include <vector>
 
+#include "batch/exit_status.h"
 #include "batch/field_pool.h"
 #include "batch/field_work.h"
 #include "batch/progress.h"
 
 namespace torvale {
-
-// Exit statuses.
-inline constexpr int kBatchDone = 0;
-inline constexpr int kBatchRefused = 1;        // all was worked through; some fields or designs have no result
-inline constexpr int kBatchNotUnderstood = 2;  // the command line or the table; nothing was done
-inline constexpr int kBatchNotWritten = 3;     // the results could not be written
-inline constexpr int kBatchStopped = 130;      // by Ctrl+C; the same command goes on from there
 
 // The i-th of n parts of a table: every n-th field, from the i-th on.
 struct Shard {
@@ -49,10 +42,5 @@ BatchEnd RunBatch(const BatchOptions& options, const std::function<bool()>& go_o
 
 // Name of a part's table of results: "results.csv", or "results-3-of-40.csv".
 std::string ResultsName(const Shard& shard);
-
-// Joins tables of results into one, in the order of the fields. A field that stands in two of them, or a file that is
-// no such table, is a fault; fields that none of them has are told of.
-int MergeResults(const std::vector<std::filesystem::path>& parts, const std::filesystem::path& joined,
-                 std::ostream& out, std::ostream& errors);
 
 }  // namespace torvale

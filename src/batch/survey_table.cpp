@@ -7,47 +7,23 @@
 #include "base/numbers.h"
 #include "batch/cell_words.h"
 #include "batch/csv_text.h"
+#include "batch/words.h"
 #include "record/hole_sizes.h"
+#include "screen/survey_columns.h"
 
 namespace torvale {
 namespace {
 
 constexpr std::size_t kMostRows = kSurveyGridRows - 1;
 
-struct HeadingWord {
-  std::string_view word;
-  int column;
-};
-
-// What headings begin with, in capitals; the first that fits counts. Those of the sheet itself are among them, so that
-// a table copied out of the program can be read back.
-constexpr HeadingWord kHeadingWords[] = {
-    {"STATION", kStationColumn},
-    {"ELEVATION", kCrownColumn},
-    {"ROD", kCrownColumn},
-    {"READING", kCrownColumn},
-    {"CROWN", kCrownColumn},
-    {"FURROW LENGTH", kFurrowLengthColumn},
-    {"LENGTH", kFurrowLengthColumn},
-    {"DISTANCE BETWEEN", kSpacingColumn},
-    {"HOLE SPACING", kSpacingColumn},
-    {"SPACING", kSpacingColumn},
-    {"PIPE DIA", kPipeDiaColumn},
-    {"DIAMETER", kPipeDiaColumn},
-    {"HOLE SIZE", kHoleSizeColumn},
-    {"HOLE DIA", kHoleSizeColumn},
-    {"NUMBER OF HOLES", kHoleCountColumn},
-    {"HOLES", kHoleCountColumn},
-    {"MIL", kMilColumn},
-    {"PLANTED", kPlantedWidthColumn},
-};
-
 std::optional<int> SheetColumnOf(std::string_view heading) {
   std::string plain = UpperCase(Trim(heading));
   std::replace(plain.begin(), plain.end(), '_', ' ');
   std::replace(plain.begin(), plain.end(), '\n', ' ');
-  for (const HeadingWord& word : kHeadingWords) {
-    if (plain.starts_with(word.word)) return word.column;
+  for (int column = 0; column < kSurveyColumns; ++column) {
+    for (const std::string_view word : SurveyFactsOf(column).begins) {
+      if (!word.empty() && plain.starts_with(word)) return column;
+    }
   }
   return std::nullopt;
 }
@@ -67,14 +43,13 @@ std::vector<std::optional<int>> ColumnsOf(const CsvRow& row, const std::string& 
     columns.push_back(row.cells[i].empty() ? std::nullopt : SheetColumnOf(row.cells[i]));
     const auto same = std::find(columns.begin(), columns.end() - 1, columns.back());
     if (columns.back() && same != columns.end() - 1) {
-      throw SurveyTableFault(PlaceOfCell(file, row.line, i) + ": two columns are the sheet's \"" + row.cells[i] + "\"");
+      throw SurveyTableFault(At(PlaceOfCell(file, row.line, i), batch_words::kColumnsAlike(row.cells[i])));
     }
   }
-  for (const int needed : {kStationColumn, kCrownColumn}) {
-    if (std::find(columns.begin(), columns.end(), std::optional<int>(needed)) != columns.end()) continue;
-    throw SurveyTableFault(file + ", row " + std::to_string(row.line) + ": no heading says which column holds the " +
-                           (needed == kStationColumn ? "station" : "elevation or rod reading"));
-  }
+  const auto has = [&](int needed) { return std::find(columns.begin(), columns.end(), needed) != columns.end(); };
+  const std::string place = PlaceOfRow(file, row.line);
+  if (!has(kStationColumn)) throw SurveyTableFault(At(place, batch_words::kNoStations));
+  if (!has(kCrownColumn)) throw SurveyTableFault(At(place, batch_words::kNoReadings));
   return columns;
 }
 
@@ -92,21 +67,20 @@ bool IsHoleSize(const std::string& text) {
 }
 
 // How the program reads a cell otherwise than a reader would; no text where it doesn't.
-std::string Misreading(int column, const std::string& cell) {
-  if (cell.empty()) return "";
+SpokenComplaint Misreading(int column, const std::string& cell) {
+  if (cell.empty()) return {};
   if (column == kHoleSizeColumn) {
-    return IsHoleSize(cell) ? "" : "\"" + cell + "\" is no size of the hole size table";
+    return IsHoleSize(cell) ? SpokenComplaint() : batch_words::kNoHoleSize(cell);
   }
   const std::string word = Trim(cell);
   const bool supply =
       (column == kFurrowLengthColumn && word == "Supply") || (column == kSpacingColumn && word == "Line");
-  return supply ? "" : NumberMisread(cell);
+  return supply ? SpokenComplaint() : NumberMisread(cell);
 }
 
 void NeedRoom(const SurveyTable& survey, const CsvRow& row, const std::string& file) {
   if (survey.rows.size() < kMostRows) return;
-  throw SurveyTableFault(file + ", row " + std::to_string(row.line) + ": the survey sheet has " +
-                         std::to_string(kMostRows) + " rows");
+  throw SurveyTableFault(At(PlaceOfRow(file, row.line), batch_words::kSheetIsFull(std::to_string(kMostRows))));
 }
 
 SurveyTable ReadSheet(const std::vector<CsvRow>& rows, const std::string& file) {
@@ -127,8 +101,8 @@ SurveyTable ReadSheet(const std::vector<CsvRow>& rows, const std::string& file) 
       if (!columns[i]) continue;
       const std::string& cell = row.Cell(i);
       survey.rows.back().cells.at(static_cast<std::size_t>(*columns[i])) = cell;
-      const std::string misreading = Misreading(*columns[i], cell);
-      if (!misreading.empty()) survey.remarks.push_back(PlaceOfCell(file, row.line, i) + ": " + misreading);
+      const SpokenComplaint misreading = Misreading(*columns[i], cell);
+      if (!misreading.empty()) survey.remarks.push_back(At(PlaceOfCell(file, row.line, i), misreading));
     }
   }
   return survey;
@@ -147,7 +121,7 @@ SurveyTable ReadPoints(const std::vector<CsvRow>& rows, bool easting_first, cons
     if (&row == &rows.front() && !IsNumber(row.Cell(kNorthing)) && !IsNumber(row.Cell(kElevation))) continue;
     for (const std::size_t i : {kNorthing, kEasting, kElevation}) {
       if (IsNumber(row.Cell(i))) continue;
-      throw SurveyTableFault(PlaceOfCell(file, row.line, i) + ": \"" + row.Cell(i) + "\" is no number");
+      throw SurveyTableFault(At(PlaceOfCell(file, row.line, i), batch_words::kNoNumber(row.Cell(i))));
     }
     NeedRoom(survey, row, file);
     const double north = Val(row.Cell(easting_first ? kEasting : kNorthing));
@@ -159,8 +133,9 @@ SurveyTable ReadPoints(const std::vector<CsvRow>& rows, bool easting_first, cons
     }
     north_before = north;
     east_before = east;
-    if (!std::isfinite(along))
-      throw SurveyTableFault(file + ", row " + std::to_string(row.line) + ": the point is out of reach");
+    if (!std::isfinite(along)) {
+      throw SurveyTableFault(At(PlaceOfRow(file, row.line), batch_words::kPointOutOfReach));
+    }
     survey.rows.push_back({row.line, {}});
     survey.rows.back().cells[kStationColumn] = GeneralText(std::floor(along * 100 + 0.5) / 100);
     survey.rows.back().cells[kCrownColumn] = row.Cell(kElevation);
@@ -175,12 +150,11 @@ SurveyTable ReadSurveyTable(std::string_view text, std::string_view layout, cons
   try {
     rows = ReadCsv(text, SeparatorOf(text));
   } catch (const CsvFault& fault) {
-    throw SurveyTableFault(PlaceOfCell(file, fault.line, static_cast<std::size_t>(fault.column) - 1) + ": " +
-                           fault.what());
+    throw SurveyTableFault(At(file, fault));
   }
   std::erase_if(rows, [](const CsvRow& row) { return row.Empty(); });
   SurveyTable survey = layout.empty() ? ReadSheet(rows, file) : ReadPoints(rows, layout == "PENZ", file);
-  if (survey.rows.empty()) throw SurveyTableFault(file + ": the survey is empty");
+  if (survey.rows.empty()) throw SurveyTableFault(At(file, batch_words::kSurveyEmpty));
   return survey;
 }
 

@@ -8,9 +8,10 @@
 namespace torvale {
 
 // What the program says to its user comes out of one table, screen/words.h. Its rows are the types below; only from
-// them can be made what the procedures that speak take.
+// them can be made what the procedures that speak take. A front end without a screen has a table of its own for what it
+// complains of in a text that is read elsewhere.
 
-enum class SpeechKind { kSentence, kMessage, kQuestion };
+enum class SpeechKind { kSentence, kMessage, kQuestion, kComplaint };
 
 // Words with all that belongs into them. The title is that of a box; empty, it is the program's name.
 template <SpeechKind kKind>
@@ -68,9 +69,13 @@ template <std::size_t kGaps>
 using Message = Words<SpeechKind::kMessage, kGaps>;
 template <std::size_t kGaps>
 using Question = Words<SpeechKind::kQuestion, kGaps>;
+// What is wrong with a line of a file or of a command, for a file of results or standard error.
+template <std::size_t kGaps>
+using Complaint = Words<SpeechKind::kComplaint, kGaps>;
 
 using SpokenSentence = Spoken<SpeechKind::kSentence>;
 using SpokenMessage = Spoken<SpeechKind::kMessage>;
 using SpokenQuestion = Spoken<SpeechKind::kQuestion>;
+using SpokenComplaint = Spoken<SpeechKind::kComplaint>;
 
 }  // namespace torvale

@@ -153,6 +153,13 @@ def main():
     for program in (batch, script):
         wrong = run(program, "--colour")
         check(wrong.returncode == STATUS_NOT_UNDERSTOOD and "--colour" in wrong.stderr, f"{program} --colour")
+    for arguments, complaint in (
+        (["--data"], "--data needs a folder"),
+        (["--data", "no/such"], "no such folder: no/such"),
+        (["no.script"], "can't read no.script"),
+    ):
+        wrong = run(script, *arguments)
+        check(wrong.returncode == STATUS_NOT_UNDERSTOOD and wrong.stderr.startswith(complaint + "\n"), f"{arguments}")
     print("--help and --version of", ", ".join(pathlib.Path(p).name for p in sys.argv[1:]))
     with tempfile.TemporaryDirectory() as folder:
         interrupted_runs_go_on(batch, pathlib.Path(folder))

@@ -12,6 +12,7 @@
 #include "base/numbers.h"
 #include "batch/csv_text.h"
 #include "batch/field_inputs.h"
+#include "batch/merge.h"
 #include "batch/temporary_folder.h"
 #include "files/code_page.h"
 #include "files/design_files.h"
