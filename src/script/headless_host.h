@@ -1,9 +1,11 @@
 // A desktop without a window, for scripts.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <optional>
 #include <ostream>
 #include <queue>
 #include <string>

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/utf8.h"
+#include "script/words.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/tool_bar.h"
@@ -61,7 +62,7 @@ void Press(Program& program, const std::string& name, const KeyStroke& stroke) {
   } else if (name == "frmMainForm") {
     ScreenKey(program, stroke);
   } else {
-    throw ScriptError("neither a grid nor a field nor a screen: " + name);
+    throw ScriptError(script_words::kTakesNoKeys(name));
   }
 }
 
@@ -74,7 +75,7 @@ KeyStroke KeyByName(std::string_view word) {
   if (found == std::end(kKeys) && word.starts_with(kAlt) && CharacterCount(word) == CharacterCount(kAlt) + 1) {
     return {Key::kCharacter, word.substr(kAlt.size()), false, true};
   }
-  if (found == std::end(kKeys)) throw ScriptError("not a key: " + std::string(word));
+  if (found == std::end(kKeys)) throw ScriptError(script_words::kNoKey(word));
   stroke.key = found->key;
   return stroke;
 }

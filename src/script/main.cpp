@@ -10,6 +10,7 @@
 #include "base/platform.h"
 #include "base/version.h"
 #include "script/runner.h"
+#include "script/words.h"
 
 namespace {
 
@@ -20,8 +21,8 @@ constexpr const char* kUsage =
     "  --help       print this and exit\n"
     "  --version    print the version and exit\n";
 
-int Refuse(const std::string& reason) {
-  std::cerr << reason << '\n' << kUsage;
+int Refuse(const torvale::SpokenComplaint& complaint) {
+  std::cerr << complaint.text() << '\n' << kUsage;
   return torvale::kScriptNotUnderstood;
 }
 
@@ -29,6 +30,7 @@ int Refuse(const std::string& reason) {
 
 int main(int argc, char** argv) {
   using torvale::PathOf;
+  namespace script_words = torvale::script_words;
   torvale::KeepStandardStreamsAsBytes();
   std::ios::sync_with_stdio(false);
 #ifdef SIGPIPE
@@ -48,18 +50,19 @@ int main(int argc, char** argv) {
       return torvale::kScriptDone;
     }
     if (arguments[i] == "--data") {
-      if (++i == arguments.size()) return Refuse("--data needs a folder");
+      if (++i == arguments.size()) return Refuse(script_words::kDataWithoutFolder);
       data_folder = arguments[i];
     } else if (arguments[i].starts_with("--") || !file.empty()) {
-      return Refuse("not understood: " + arguments[i]);
+      return Refuse(script_words::kNotUnderstood(arguments[i]));
     } else {
       file = arguments[i];
     }
   }
-  if (!data_folder.empty() && !std::filesystem::is_directory(PathOf(data_folder)))
-    return Refuse("no such folder: " + data_folder);
+  if (!data_folder.empty() && !std::filesystem::is_directory(PathOf(data_folder))) {
+    return Refuse(script_words::kNoFolder(data_folder));
+  }
   if (file.empty()) return torvale::RunScript(std::cin, std::cout, std::cerr, data_folder);
   std::ifstream script(PathOf(file), std::ios::binary);
-  if (!script) return Refuse("can't read " + file);
+  if (!script) return Refuse(script_words::kNoFile(file));
   return torvale::RunScript(script, std::cout, std::cerr, data_folder);
 }

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <system_error>
 
+#include "script/words.h"
+
 namespace torvale {
 namespace {
 
@@ -22,7 +24,7 @@ bool IsBlank(char c) {
 char Resolved(char letter) {
   const auto found =
       std::find_if(kEscapes.begin(), kEscapes.end(), [&](const Escape& escape) { return escape.letter == letter; });
-  if (found == kEscapes.end()) throw ScriptError(std::string("unknown escape \\") + letter);
+  if (found == kEscapes.end()) throw ScriptError(script_words::kUnknownEscape(std::string_view(&letter, 1)));
   return found->meaning;
 }
 
@@ -40,7 +42,7 @@ Token TakeText(std::string_view& rest) {
       token.text += rest[i];
     }
   }
-  throw ScriptError("a text without its closing quote");
+  throw ScriptError(script_words::kTextNotClosed);
 }
 
 Token TakeWord(std::string_view& rest) {
@@ -84,7 +86,7 @@ int WholeNumber(std::string_view word) {
   int number = 0;
   const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
   if (error != std::errc() || end != word.data() + word.size() || word.empty()) {
-    throw ScriptError("a whole number is needed: " + std::string(word));
+    throw ScriptError(script_words::kNoWholeNumber(word));
   }
   return number;
 }

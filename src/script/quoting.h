@@ -6,12 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "screen/spoken.h"
+
 namespace torvale {
 
 // A line of a script that can't be understood, or that names something that isn't there.
-class ScriptError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
+struct ScriptError : std::runtime_error {
+  explicit ScriptError(const SpokenComplaint& complaint) : std::runtime_error(complaint.text()) {}
 };
 
 // The text in double quotes, with \" \\ \n \r \t.

@@ -2,6 +2,7 @@
 
 #include "script/quoting.h"
 #include "script/statements.h"
+#include "script/words.h"
 
 namespace torvale {
 
@@ -12,7 +13,7 @@ void ReplayScript(Session& session, std::istream& script) {
     try {
       RunStatement(session, line, lines);
     } catch (const ScriptError& error) {
-      throw ScriptError("line " + std::to_string(lines.number()) + ": " + error.what());
+      throw ScriptError(script_words::kAtLine(std::to_string(lines.number()), error.what()));
     }
   }
 }

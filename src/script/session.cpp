@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "script/quoting.h"
+#include "script/words.h"
 #include "shell/commands.h"
 #include "shell/start_up.h"
 
@@ -34,7 +35,7 @@ void ClickControl(Session& session, std::string_view name) {
       Refused(session, name, reach);
       return;
     case Reach::kUnknown:
-      throw ScriptError("nothing to click: " + std::string(name));
+      throw ScriptError(script_words::kNothingToClick(name));
   }
 }
 

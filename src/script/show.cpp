@@ -1,8 +1,14 @@
 #include "script/show.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+
 #include "base/numbers.h"
 #include "record/record_fields.h"
+#include "script/named.h"
 #include "script/quoting.h"
+#include "script/words.h"
 #include "shell/events.h"
 
 namespace torvale {
@@ -150,12 +156,12 @@ struct ElementPrinter {
 
   template <typename T>
   void operator()(const RecordField<T>& field) const {
-    throw ScriptError("not a list: " + std::string(field.name));
+    throw ScriptError(script_words::kHasNoElements(field.name));
   }
 
   template <typename T, int Last>
   void operator()(const RecordField<BoundedArray<T, Last>>& field) const {
-    if (index < 0 || index > Last) throw ScriptError("no such element: " + std::to_string(index));
+    if (index < 0 || index > Last) throw ScriptError(script_words::kNoElement(std::to_string(index)));
     out << field.name << '[' << index << "] = " << ValueText((record.*field.member)[index]) << '\n';
   }
 };
@@ -207,24 +213,22 @@ void Show(std::ostream& out, Program& program, std::string_view name, Elements e
     ForEachRecordField(FieldPrinter{out, program.record, elements});
   } else if (!WithRecordField(name, FieldPrinter{out, program.record, elements}) &&
              !ShowNamedElement(out, program.record, name) && !ShowNamedCell(out, program, name)) {
-    throw ScriptError("nothing to show: " + std::string(name));
+    throw ScriptError(script_words::kNothingToShow(name));
   }
 }
 
 void ShowView(std::ostream& out, Program& program, std::string_view name) {
-  const Grid* grid = FindGrid(program, name);
-  if (grid == nullptr) throw ScriptError("no grid: " + std::string(name));
-  out << name << " view " << grid->top_row << ' ' << grid->left_column << " edges";
-  for (int c = 0; c <= grid->column_count(); ++c) out << ' ' << grid->EdgeOf(c);
+  const Grid& grid = NamedGrid(program, name);
+  out << name << " view " << grid.top_row << ' ' << grid.left_column << " edges";
+  for (int c = 0; c <= grid.column_count(); ++c) out << ' ' << grid.EdgeOf(c);
   out << '\n';
 }
 
 void ShowCurrentCell(std::ostream& out, Program& program, std::string_view name) {
-  const Grid* grid = FindGrid(program, name);
-  if (grid == nullptr) throw ScriptError("no grid: " + std::string(name));
-  out << name << " at " << grid->row << ' ' << grid->column;
-  if (grid->row_sel != grid->row || grid->column_sel != grid->column) {
-    out << ' ' << grid->row_sel << ' ' << grid->column_sel;
+  const Grid& grid = NamedGrid(program, name);
+  out << name << " at " << grid.row << ' ' << grid.column;
+  if (grid.row_sel != grid.row || grid.column_sel != grid.column) {
+    out << ' ' << grid.row_sel << ' ' << grid.column_sel;
   }
   out << '\n';
 }

@@ -1,5 +1,8 @@
 #include "script/show_document.h"
 
+#include <string>
+#include <variant>
+
 #include "base/format.h"
 #include "script/quoting.h"
 

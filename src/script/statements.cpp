@@ -2,12 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <iterator>
+#include <optional>
 #include <span>
 
-#include "base/run_time_fault.h"
+#include "script/arguments.h"
 #include "script/keys.h"
+#include "script/named.h"
 #include "script/quoting.h"
 #include "script/show.h"
+#include "script/words.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/history.h"
@@ -17,71 +22,19 @@
 namespace torvale {
 namespace {
 
-// What stands behind the statement's first word.
-class Arguments {
- public:
-  explicit Arguments(std::span<const Token> tokens) : tokens_(tokens) {}
-
-  std::size_t count() const { return tokens_.size(); }
-  const Token& Any(std::size_t i) const { return tokens_[i]; }
-  const std::string& Word(std::size_t i) const { return Checked(i, false, "a word is needed"); }
-  const std::string& Text(std::size_t i) const { return Checked(i, true, "a text in quotes is needed"); }
-  int Number(std::size_t i) const { return WholeNumber(Word(i)); }
-  void Need(std::size_t least, std::size_t most) const {
-    if (count() < least) throw ScriptError("the statement is not complete");
-    if (count() > most) throw ScriptError("more than the statement takes: " + tokens_[most].text);
-  }
-
- private:
-  const std::string& Checked(std::size_t i, bool quoted, const char* otherwise) const {
-    if (tokens_[i].quoted != quoted) throw ScriptError(std::string(otherwise) + ": " + tokens_[i].text);
-    return tokens_[i].text;
-  }
-
-  std::span<const Token> tokens_;
-};
-
 constexpr std::size_t kAnyCount = 1000;
-
-Grid& NeedGrid(Session& session, const std::string& name) {
-  Grid* grid = FindGrid(session.program, name);
-  if (grid == nullptr) throw ScriptError("no grid: " + name);
-  return *grid;
-}
-
-void NeedCommand(const std::string& name) {
-  if (!HasCommand(name)) throw ScriptError("nothing to click: " + name);
-}
-
-void NeedCell(const Grid& grid, int row, int column) {
-  if (row < 0 || row >= grid.rows() || column < 0 || column >= grid.column_count()) {
-    throw ScriptError("no such cell: " + std::to_string(row) + " " + std::to_string(column));
-  }
-}
-
-// The word's place in a list of words.
-template <std::size_t N>
-std::size_t OneOf(const std::array<std::string_view, N>& words, const std::string& word) {
-  const auto found = std::find(words.begin(), words.end(), word);
-  if (found == words.end()) throw ScriptError("not understood: " + word);
-  return static_cast<std::size_t>(found - words.begin());
-}
-
-bool YesOrNo(const std::string& word) {
-  return OneOf<2>({"No", "Yes"}, word) == 1;
-}
 
 void Type(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(2, 2);
   const std::string& name = arguments.Word(0);
-  if (FindField(session.program, name) == nullptr) throw ScriptError("no field: " + name);
+  NamedField(session.program, name);
   if (ReachOf(session.program, name) == Reach::kDisabled) return Refused(session, name, Reach::kDisabled);
   TypeUnseen(session.program, name, arguments.Text(1));
 }
 
 void WriteCell(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(4, 4);
-  Grid& grid = NeedGrid(session, arguments.Word(0));
+  Grid& grid = NamedGrid(session.program, arguments.Word(0));
   const int row = arguments.Number(1);
   const int column = arguments.Number(2);
   NeedCell(grid, row, column);
@@ -104,7 +57,7 @@ void FillRow(Grid& grid, int row, int column, std::string_view line) {
 
 void Fill(Session& session, const Arguments& arguments, ScriptLines& lines) {
   arguments.Need(3, 3);
-  Grid& grid = NeedGrid(session, arguments.Word(0));
+  Grid& grid = NamedGrid(session.program, arguments.Word(0));
   int row = arguments.Number(1);
   std::string line;
   const int column = arguments.Number(2);
@@ -116,7 +69,7 @@ void Fill(Session& session, const Arguments& arguments, ScriptLines& lines) {
     Guarded(session.program, [&] { NameCause(session.program, "fill"); });
     return;
   }
-  throw ScriptError("a fill without its end");
+  throw ScriptError(script_words::kFillWithoutEnd);
 }
 
 void ClickStatement(Session& session, const Arguments& arguments, ScriptLines&) {
@@ -133,9 +86,9 @@ void Keys(Session& session, const Arguments& arguments, ScriptLines&) {
 
 void At(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(3, 5);
-  if (arguments.count() == 4) throw ScriptError("the statement is not complete");
+  if (arguments.count() == 4) throw ScriptError(script_words::kNotComplete);
   const std::string& name = arguments.Word(0);
-  const Grid& grid = NeedGrid(session, name);
+  const Grid& grid = NamedGrid(session.program, name);
   NeedCell(grid, arguments.Number(1), arguments.Number(2));
   GridPoint(session.program, name, arguments.Number(1), arguments.Number(2), false);
   if (arguments.count() == 3) return;
@@ -147,25 +100,19 @@ void At(Session& session, const Arguments& arguments, ScriptLines&) {
 int LineOf(const ListBox& list, const Token& line) {
   if (!line.quoted) {
     const int index = WholeNumber(line.text);
-    if (index < 0 || index >= list.count()) throw ScriptError("no such line: " + line.text);
+    if (index < 0 || index >= list.count()) throw ScriptError(script_words::kNoLine(line.text));
     return index;
   }
   for (int i = 0; i < list.count(); ++i) {
     if (list.Line(i) == line.text) return i;
   }
-  throw ScriptError("no such line: " + line.text);
-}
-
-const ListBox& NeedList(Session& session, const std::string& name) {
-  const ListBox* list = FindList(session.program, name);
-  if (list == nullptr) throw ScriptError("no list: " + name);
-  return *list;
+  throw ScriptError(script_words::kNoLine(line.text));
 }
 
 void Choose(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(2, kAnyCount);
   const std::string& name = arguments.Word(0);
-  const ListBox& list = NeedList(session, name);
+  const ListBox& list = NamedList(session.program, name);
   std::vector<int> lines;
   for (std::size_t i = 1; i < arguments.count(); ++i) lines.push_back(LineOf(list, arguments.Any(i)));
   const Reach reach = SelectLines(session.program, name, lines);
@@ -175,7 +122,7 @@ void Choose(Session& session, const Arguments& arguments, ScriptLines&) {
 void DoubleClick(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(2, 2);
   const std::string& name = arguments.Word(0);
-  const int line = LineOf(NeedList(session, name), arguments.Any(1));
+  const int line = LineOf(NamedList(session.program, name), arguments.Any(1));
   const Reach reach = DoubleClickLine(session.program, name, line);
   if (reach != Reach::kUsable) Refused(session, name, reach);
 }
@@ -183,7 +130,7 @@ void DoubleClick(Session& session, const Arguments& arguments, ScriptLines&) {
 void Focus(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(1, 1);
   if (FindControl(session.program, arguments.Word(0)) == nullptr) {
-    throw ScriptError("no control: " + arguments.Word(0));
+    throw ScriptError(script_words::kNoControl(arguments.Word(0)));
   }
   FocusGained(session.program, arguments.Word(0));
 }
@@ -192,12 +139,13 @@ void Mouse(Session& session, const Arguments& arguments, ScriptLines&) {
   constexpr std::array kActions = {MouseAction::kDown, MouseAction::kMove, MouseAction::kUp};
   constexpr std::array kButtons = {MouseButton::kNone, MouseButton::kLeft, MouseButton::kRight};
   arguments.Need(5, 5);
-  constexpr std::array<std::string_view, 5> kSurfaces = {"Grid2", "frmMainForm", "Frame1", "frameHoleSelection",
-                                                         "nothing"};
+  constexpr std::string_view kSurfaces[] = {"Grid2", "frmMainForm", "Frame1", "frameHoleSelection", "nothing"};
+  constexpr std::string_view kActionWords[] = {"down", "move", "up"};
+  constexpr std::string_view kButtonWords[] = {"none", "left", "right"};
   const std::string& name = arguments.Word(0);
-  const auto surface = OneOf(kSurfaces, name);
-  const MouseAction action = kActions[OneOf<3>({"down", "move", "up"}, arguments.Word(1))];
-  const MouseButton button = kButtons[OneOf<3>({"none", "left", "right"}, arguments.Word(2))];
+  const std::size_t surface = arguments.OneOf(0, kSurfaces);
+  const MouseAction action = kActions[arguments.OneOf(1, kActionWords)];
+  const MouseButton button = kButtons[arguments.OneOf(2, kButtonWords)];
   if (surface == 0) {
     ResultMouse(session.program, action, button, arguments.Number(3), arguments.Number(4));
   } else {
@@ -208,7 +156,7 @@ void Mouse(Session& session, const Arguments& arguments, ScriptLines&) {
 void Select(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(3, 3);
   const std::string& name = arguments.Word(0);
-  if (FindField(session.program, name) == nullptr) throw ScriptError("no field: " + name);
+  NamedField(session.program, name);
   SelectText(session.program, name, {arguments.Number(1), arguments.Number(2)});
 }
 
@@ -219,7 +167,8 @@ void Clipboard(Session& session, const Arguments& arguments, ScriptLines&) {
 
 void Answer(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(1, 1);
-  session.host.Answer(YesOrNo(arguments.Word(0)));
+  constexpr std::string_view kAnswers[] = {"No", "Yes"};
+  session.host.Answer(arguments.OneOf(0, kAnswers) == 1);
 }
 
 // `dialog cancel` cancels; a path of that name stands in quotes.
@@ -235,16 +184,18 @@ void Copies(Session& session, const Arguments& arguments, ScriptLines&) {
     session.host.Copies(std::nullopt);
     return;
   }
-  if (arguments.Number(0) < 1) throw ScriptError("copies are counted from 1");
+  if (arguments.Number(0) < 1) throw ScriptError(script_words::kNoCopies);
   session.host.Copies(arguments.Number(0));
 }
 
 void OnYield(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(4, 4);
-  OneOf<1>({"yield"}, arguments.Word(0));
-  OneOf<1>({"click"}, arguments.Word(2));
-  if (arguments.Number(1) < 1) throw ScriptError("yields are counted from 1");
-  NeedCommand(arguments.Word(3));
+  constexpr std::string_view kYield[] = {"yield"};
+  constexpr std::string_view kClick[] = {"click"};
+  arguments.OneOf(0, kYield);
+  arguments.OneOf(2, kClick);
+  if (arguments.Number(1) < 1) throw ScriptError(script_words::kNoYield);
+  if (!HasCommand(arguments.Word(3))) throw ScriptError(script_words::kNothingToClick(arguments.Word(3)));
   session.host.OnYield(arguments.Number(1), arguments.Word(3));
 }
 
@@ -254,7 +205,7 @@ void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
     const bool all = arguments.Word(i) == "all";
     const bool at = arguments.Word(i) == "at";
     const bool view = arguments.Word(i) == "view";
-    if ((all || at || view) && ++i == arguments.count()) throw ScriptError("the statement is not complete");
+    if ((all || at || view) && ++i == arguments.count()) throw ScriptError(script_words::kNotComplete);
     if (arguments.Word(i) == "printed") {
       session.host.ShowPrinted();
     } else if (arguments.Word(i) == "clipboard") {
@@ -272,7 +223,7 @@ void ShowStatement(Session& session, const Arguments& arguments, ScriptLines&) {
 // Time passes, in seconds.
 void Wait(Session& session, const Arguments& arguments, ScriptLines&) {
   arguments.Need(1, 1);
-  if (arguments.Number(0) < 0) throw ScriptError("time does not go back");
+  if (arguments.Number(0) < 0) throw ScriptError(script_words::kTimeGoesBack);
   session.host.Wait(std::int64_t{arguments.Number(0)} * 1000);
   Idle(session.program);
 }
@@ -328,7 +279,7 @@ void RunStatement(Session& session, const std::string& line, ScriptLines& lines)
   const auto statement = std::find_if(std::begin(kStatements), std::end(kStatements), [&](const Statement& s) {
     return !tokens.front().quoted && s.word == tokens.front().text;
   });
-  if (statement == std::end(kStatements)) throw ScriptError("not a statement: " + tokens.front().text);
+  if (statement == std::end(kStatements)) throw ScriptError(script_words::kNoStatement(tokens.front().text));
   statement->run(session, Arguments(std::span(tokens).subspan(1)), lines);
   session.comparison.Settle();
 }
