@@ -31,6 +31,17 @@ bool WorkDesign(QuietProgram& quiet, const FieldTask& task, const FieldRow& fiel
   return true;
 }
 
+// The rows of a field of which nothing came, with words that say why.
+FieldOutcome FailedField(const FieldRow& field, FieldEnd end, const std::vector<std::string>& words) {
+  FieldOutcome outcome;
+  outcome.end = end;
+  std::vector<ResultRow> rows;
+  const RowOutcome kind = end == FieldEnd::kOutOfTime ? RowOutcome::kOutOfTime : RowOutcome::kFailed;
+  for (const std::int16_t type : field.designs) rows.push_back(RowWithout(field, type, kind, words));
+  outcome.rows = Csv(rows);
+  return outcome;
+}
+
 }  // namespace
 
 std::uint64_t KeyOf(const FieldTask& task, const FieldRow& field) {
@@ -45,16 +56,6 @@ std::uint64_t KeyOf(const FieldTask& task, const FieldRow& field) {
     hash.Add("none");
   }
   return hash.value();
-}
-
-FieldOutcome FailedField(const FieldRow& field, FieldEnd end, const std::vector<std::string>& words) {
-  FieldOutcome outcome;
-  outcome.end = end;
-  std::vector<ResultRow> rows;
-  const RowOutcome kind = end == FieldEnd::kOutOfTime ? RowOutcome::kOutOfTime : RowOutcome::kFailed;
-  for (const std::int16_t type : field.designs) rows.push_back(RowWithout(field, type, kind, words));
-  outcome.rows = Csv(rows);
-  return outcome;
 }
 
 FieldOutcome GivenUpField(const FieldRow& field) {

@@ -42,9 +42,7 @@ std::uint64_t KeyOf(const FieldTask& task, const FieldRow& field);
 // Works a field out: its designs in their order, a row each. Whatever goes wrong with it stands in its rows.
 FieldOutcome WorkField(QuietProgram& quiet, const FieldTask& task, const FieldRow& field, const Until& until);
 
-// The rows of a field of which nothing came, with words that say why.
-FieldOutcome FailedField(const FieldRow& field, FieldEnd end, const std::vector<std::string>& words);
-// Those of one that never came to an end.
+// The rows of a field that never came to an end.
 FieldOutcome GivenUpField(const FieldRow& field);
 
 }  // namespace torvale
