@@ -8,6 +8,7 @@
 #include "batch/cell_words.h"
 #include "batch/csv_text.h"
 #include "batch/words.h"
+#include "engine/interpolation.h"
 #include "record/hole_sizes.h"
 #include "screen/survey_columns.h"
 
@@ -72,10 +73,7 @@ SpokenComplaint Misreading(int column, const std::string& cell) {
   if (column == kHoleSizeColumn) {
     return IsHoleSize(cell) ? SpokenComplaint() : batch_words::kNoHoleSize(cell);
   }
-  const std::string word = Trim(cell);
-  const bool supply =
-      (column == kFurrowLengthColumn && word == "Supply") || (column == kSpacingColumn && word == "Line");
-  return supply ? SpokenComplaint() : NumberMisread(cell);
+  return IsSupplyWord(column, Trim(cell)) ? SpokenComplaint() : NumberMisread(cell);
 }
 
 void NeedRoom(const SurveyTable& survey, const CsvRow& row, const std::string& file) {

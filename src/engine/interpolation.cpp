@@ -41,7 +41,8 @@ void FillFirstRow(const Run& run) {
 }
 
 bool MarkedAsSupply(const Run& run, int row) {
-  return Trim(run.Cell(row, kFurrowLengthColumn)) == "Supply" && run.Cell(row, kSpacingColumn) == kLine;
+  return IsSupplyWord(kFurrowLengthColumn, run.Cell(row, kFurrowLengthColumn)) &&
+         IsSupplyWord(kSpacingColumn, run.Cell(row, kSpacingColumn));
 }
 
 // The survey ends ahead of the first row without a station, or with neither a furrow length nor a hole. A hole so
@@ -207,6 +208,11 @@ SurveyEnd::Way Complete(const Run& run) {
 }
 
 }  // namespace
+
+bool IsSupplyWord(int column, std::string_view text) {
+  if (column == kFurrowLengthColumn) return Trim(text) == "Supply";
+  return column == kSpacingColumn && text == kLine;
+}
 
 int RowWithoutStation(const TextGrid& sheet) {
   constexpr std::array kColumns = {kCrownColumn,   kFurrowLengthColumn, kSpacingColumn,

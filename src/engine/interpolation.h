@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "engine/survey.h"
 #include "record/design_record.h"
@@ -29,6 +30,10 @@ struct SurveyEnd {
   int row = 0;
   std::optional<SheetCell> cursor;  // where the current cell of the sheet goes, if anywhere
 };
+
+// Whether a text is what a supply line has in a column in the place of a number: "Supply", with blanks or without, for
+// its furrow length and "Line" for its spacing.
+bool IsSupplyWord(int column, std::string_view text);
 
 // The first row of a sheet that has data and no station, or 0. Holes and planted widths count as none: a hole without a
 // station is another fault.

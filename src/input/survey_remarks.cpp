@@ -9,6 +9,7 @@
 
 #include "base/format.h"
 #include "base/numbers.h"
+#include "engine/interpolation.h"
 #include "engine/survey.h"
 #include "input/field_marks.h"
 #include "record/hole_sizes.h"
@@ -67,12 +68,6 @@ std::string WithPoint(std::string_view text) {
   return std::string(whole) + "." + std::string(decimals);
 }
 
-// The words of a supply line stand where a length and a spacing would.
-bool IsSupplyWord(const Look& look, int row, int column) {
-  if (column == kFurrowLengthColumn) return Trim(look.Text(row, column)) == "Supply";
-  return column == kSpacingColumn && look.Text(row, column) == "Line";
-}
-
 // Digits and at most one point, few enough to fit any field: what most cells hold.
 bool IsPlainNumber(std::string_view text) {
   constexpr std::size_t kFew = 8;
@@ -81,7 +76,7 @@ bool IsPlainNumber(std::string_view text) {
 
 void LookAtNumber(Look& look, int row, int column) {
   const std::string& text = look.Text(row, column);
-  if (text.empty() || IsSupplyWord(look, row, column)) return;
+  if (text.empty() || IsSupplyWord(column, text)) return;
   if (IsPlainNumber(text)) return;
   const SpokenSentence wrong = WrongWith(text, FieldForm::kNumber);
   if (wrong.empty()) return;
@@ -131,7 +126,8 @@ void LookAtReadings(Look& look) {
 }
 
 bool MarkedAsSupply(const Look& look, int row) {
-  return IsSupplyWord(look, row, kFurrowLengthColumn) && IsSupplyWord(look, row, kSpacingColumn);
+  return IsSupplyWord(kFurrowLengthColumn, look.Text(row, kFurrowLengthColumn)) &&
+         IsSupplyWord(kSpacingColumn, look.Text(row, kSpacingColumn));
 }
 
 // The row at which the survey ends although there is more below, or in it; 0 for none.
