@@ -1,5 +1,5 @@
-// The earlier way of setting the crown, kept beside the search and reached by no command: the least squares slope of
-// head and friction loss against station over the rows with holes, taken at 0.8.
+// The crown of a slope design estimated in one step, reached by no command beside the search that makes trials: the
+// least squares slope of head and friction loss against station over the rows with holes, taken at 0.8.
 #pragma once
 
 #include "screen/program.h"
