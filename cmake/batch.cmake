@@ -1,4 +1,4 @@
-# Many fields in one go wants two small libraries and threads.
+# Many fields in one go wants two small libraries.
 if(WIN32)
   # A folder with the header library and none of this system's own headers.
   find_path(CLI11_HERE CLI/CLI.hpp REQUIRED NO_CMAKE_FIND_ROOT_PATH)
@@ -17,7 +17,5 @@ else()
   find_path(HPDF_INCLUDE hpdf.h REQUIRED)
   find_library(HPDF_LIBRARY hpdf REQUIRED)
 endif()
-find_package(Threads REQUIRED)
 target_include_directories(torvale_batch_lib SYSTEM PRIVATE ${CLI11_INCLUDE} ${HPDF_INCLUDE})
 target_link_libraries(torvale_batch_lib PUBLIC ${HPDF_LIBRARY})
-target_link_libraries(torvale_scenarios PUBLIC Threads::Threads)

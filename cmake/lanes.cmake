@@ -1,7 +1,5 @@
 # The wide marches: each of these files is compiled for an instruction set that the processor at hand may lack, and run
 # only where it has it. Elsewhere the files give back the form of one lane.
-find_package(Threads REQUIRED)
-target_link_libraries(torvale_base PUBLIC Threads::Threads)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$" AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   set(four_lanes -mavx2)
   set(eight_lanes -mavx512f -mavx512dq -mavx512vl)
