@@ -18,6 +18,7 @@
 #include "search/best_fit_head.h"
 #include "search/flow_run.h"
 #include "search/hole_selection.h"
+#include "search/slope_search.h"
 #include "search/survey_diagnosis.h"
 
 namespace torvale {
