@@ -87,7 +87,7 @@ void WrongSurveys(Said& said) {
   said.TakeSurvey("Station,Elevation,Rod\n");
   said.TakeSurvey("Where,Elevation\n");
   said.TakeSurvey("Station,Depth\n");
-  said.TakeSurvey("0,10O,1e400,6,12,0.5\n");
+  said.TakeSurvey("0,10O,1e400x,6,12,0.5\n");
   said.TakeSurvey("1,1000,500,high\n2,0,0,0\n", "PNEZ");
   said.TakeSurvey("1,1000,500,100\n2,x,500,100\n", "PNEZ");
   said.TakeSurvey("1,-1e308,0,100\n2,1e308,0,100\n", "PNEZ");
