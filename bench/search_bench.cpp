@@ -8,9 +8,12 @@
 #include "bench_line.h"
 #include "engine/uniformity.h"
 #include "script/statements.h"
+#include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
 #include "search/flow_run.h"
+#include "search/head_loop.h"
 #include "search/hole_selection_panel.h"
+#include "search/plain_selection.h"
 #include "search/slope_search.h"
 
 namespace torvale {
@@ -119,15 +122,55 @@ void ComputerSelection(benchmark::State& state) {
   if (!Designed(line.program)) state.SkipWithError("no design");
 }
 
+void ChooseFiveSizes(Program& program) {
+  program.main.txtDefault[13].Set("2");
+  program.main.txtDefault[14].Set(".2");
+  for (const char* size : {"1/16", "1/8", "1/4", "3/8", "1/2"}) program.main.listHolesSelected.Add(size);
+}
+
 // Five sizes, heads from 1.8 feet down by 0.2: eight trials and the run of the best.
 void LimitedSelection(benchmark::State& state) {
   BenchLine line(static_cast<int>(state.range(0)));
-  line.program.main.txtDefault[13].Set("2");
-  line.program.main.txtDefault[14].Set(".2");
-  for (const char* size : {"1/16", "1/8", "1/4", "3/8", "1/2"}) line.program.main.listHolesSelected.Add(size);
+  ChooseFiveSizes(line.program);
   for (auto _ : state) {
     mnuManHoleSelection_Click(line.program);
     cmdExitHoleSelect_Click(line.program);
+  }
+  if (!Designed(line.program)) state.SkipWithError("no design");
+}
+
+// The selections from the completed sheet to the shown table, plain against fast.
+enum class Form { kPlain, kFast };
+
+template <Form kForm>
+void ComputerHoles(benchmark::State& state) {
+  BenchLine line(static_cast<int>(state.range(0)));
+  mnuComputerHoleSelection_Click(line.program);
+  if (kForm == Form::kPlain) line.host.on_yield = [](long) { return plain::kRowsAhead; };
+  for (auto _ : state) {
+    if (kForm == Form::kPlain) {
+      plain::ComputerSelection(line.program);
+    } else {
+      Cal_Dsign_Var(line.program);
+    }
+  }
+  if (!Designed(line.program)) state.SkipWithError("no design");
+}
+
+template <Form kForm>
+void ListedHoles(benchmark::State& state) {
+  BenchLine line(static_cast<int>(state.range(0)));
+  ChooseFiveSizes(line.program);
+  mnuManHoleSelection_Click(line.program);
+  cmdExitHoleSelect_Click(line.program);
+  if (kForm == Form::kPlain) line.host.on_yield = [](long) { return plain::kRowsAhead; };
+  for (auto _ : state) {
+    line.program.record.BestUniformity = 0;
+    if (kForm == Form::kPlain) {
+      plain::LimitedSelection(line.program);
+    } else {
+      EfficAdjust(line.program);
+    }
   }
   if (!Designed(line.program)) state.SkipWithError("no design");
 }
@@ -142,6 +185,10 @@ BENCHMARK_CAPTURE(SampleSearch, gated_pipe, "gated_pipe")->Unit(benchmark::kMill
 BENCHMARK_CAPTURE(SampleTrialsAlone, gated_pipe, "gated_pipe")->Unit(benchmark::kMillisecond);
 BENCHMARK(ComputerSelection)->Arg(264)->Arg(1056)->Arg(5280)->Unit(benchmark::kMillisecond);
 BENCHMARK(LimitedSelection)->Arg(264)->Arg(1056)->Arg(5280)->Unit(benchmark::kMillisecond);
+BENCHMARK(ComputerHoles<Form::kPlain>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
+BENCHMARK(ComputerHoles<Form::kFast>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
+BENCHMARK(ListedHoles<Form::kPlain>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
+BENCHMARK(ListedHoles<Form::kFast>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace torvale

@@ -120,7 +120,7 @@ void Calculate(Design& record, const TypedTexts& texts, EngineHost& host, FlowEn
   ClearResults(record);
   record.Head[record.HoleRows] = IsHoleSelection(record) ? record.SeedEndHead : Finite(Val(texts.target_head));
   // The index is the count of furrows, not of rows; nothing in the march reads this element.
-  const double diameter = SurveyReader(texts.sheet, record.SurveyRows).Val(record.SurveyRows, kPipeDiaColumn);
+  const double diameter = Val(SurveyReader(texts.sheet, record.SurveyRows).Text(record.SurveyRows, kPipeDiaColumn));
   record.PipeArea[record.WateredFurrows] = Store32(diameter * diameter * 3.14 / 4);
   record.AccumGPM = 0;
   const EndHeadSearch search = March(record, ReadsElevations(texts.survey_kind), host);

@@ -80,6 +80,12 @@ void TakePipe(Design& record, const SurveyReader& survey, int i, int j) {
   record.MilText[i] = GeneralText(Finite(survey.Val(j, kMilColumn)));
 }
 
+void TakePipeOfRowBefore(Design& record, int i) {
+  record.PipeDia[i] = record.PipeDia[i - 1];
+  record.PipeArea[i] = record.PipeArea[i - 1];
+  record.MilText[i] = record.MilText[i - 1];
+}
+
 // Straight lines between survey row `r` and the next, foot by foot. The elevation is stored in 32 bits at each step,
 // so that its rounding accumulates along the span.
 void InterpolateSpan(Design& record, const SurveyReader& survey, int r) {
@@ -178,8 +184,14 @@ void CalCrownElev(Design& record, const TextGrid& sheet) {
   for (int r = 1; r <= record.SurveyRows; ++r) InterpolateSpan(record, survey, r);
   // A survey row's pipe is the pipe of the span that ends there, so row 1 takes the pipe of survey row 2.
   int j = 2;
+  int taken = 0;
   for (int i = 1; i <= record.HoleRows; ++i) {
-    TakePipe(record, survey, i, j);
+    if (j == taken) {
+      TakePipeOfRowBefore(record, i);
+    } else {
+      TakePipe(record, survey, i, j);
+      taken = j;
+    }
     if (Narrow(survey.Val(j, kStationColumn)) < record.Station[i + 1]) ++j;
   }
   for (int i = 1; i <= record.HoleRows; ++i) {

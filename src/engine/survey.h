@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "record/design_record.h"
 #include "record/text_grid.h"
@@ -32,7 +34,8 @@ struct SheetCell {
   bool operator==(const SheetCell&) const = default;
 };
 
-// The survey as the hydraulics read it: a row past `SurveyRows` or outside the sheet reads as empty, hence as 0.
+// The survey as the hydraulics read it: a row past `SurveyRows` or outside the sheet reads as empty, hence as 0. Many
+// hole rows read the same cell, whose number is kept: a cell may not change once it was read as a number.
 class SurveyReader {
  public:
   SurveyReader(const TextGrid& sheet, int survey_rows) : sheet_(sheet), survey_rows_(survey_rows) {}
@@ -46,6 +49,7 @@ class SurveyReader {
  private:
   const TextGrid& sheet_;
   int survey_rows_;
+  mutable std::vector<std::optional<double>> number_;
 };
 
 }  // namespace torvale

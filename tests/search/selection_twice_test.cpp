@@ -1,39 +1,13 @@
 // The second selection of hole sizes, which repeats the first: passed over where nobody would see it.
-#include <random>
-
 #include "search/hole_selection.h"
 #include "search/hole_selection_panel.h"
-#include "search_program.h"
+#include "random_line.h"
 
 namespace torvale {
 namespace {
 
-class SelectionTwiceTest : public SearchTest {
+class SelectionTwiceTest : public RandomLineTest {
  protected:
-  // A line with a bend in its crown, some of it supply line, on a random field.
-  void RandomLine(unsigned seed) {
-    std::mt19937 random(seed);
-    const auto whole = [&](int low, int high) {
-      return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
-    };
-    const int spacing = whole(5, 40);
-    const int spans = whole(1, 3);
-    std::vector<SurveyRow> rows;
-    int station = 0;
-    int crown = 10000;  // hundredths of a foot
-    for (int row = 0; row <= spans; ++row) {
-      const std::string level = std::to_string(crown / 100) + "." + std::to_string(100 + crown % 100).substr(1);
-      const bool supply = row == 0 && whole(0, 3) == 0;
-      rows.push_back(supply ? SupplyRow("0", level)
-                            : WateredRow(std::to_string(station), level, std::to_string(whole(300, 1300)),
-                                         std::to_string(spacing)));
-      station += spacing * whole(2, 12);
-      crown += whole(-60, 40);
-    }
-    TypeInfo(std::to_string(whole(20, 300)), std::to_string(whole(1, 30)) + ".5", whole(0, 1) == 0 ? "E" : "R");
-    if (whole(0, 1) == 0) main.txtInfo[3].Set("1." + std::to_string(whole(0, 9)));
-    FillSheet(rows);
-  }
   void Select(bool by_list) {
     if (!by_list) return mnuComputerHoleSelection_Click(program);
     mnuManHoleSelection_Click(program);
@@ -48,7 +22,7 @@ class Watched : public SelectionTwiceTest {
   using SearchTest::host;
   using SearchTest::main;
   using SearchTest::record;
-  using SelectionTwiceTest::RandomLine;
+  using RandomLineTest::RandomLine;
   using SelectionTwiceTest::Select;
   void Watch() {
     WatchYields([] {});
