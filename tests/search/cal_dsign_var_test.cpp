@@ -27,6 +27,15 @@ class CalDsignVarTest : public SearchTest {
     Cal_Dsign_Var(program);
   }
 
+  // A limited selection, which shows nothing after each run.
+  void ListOneSize() {
+    LevelLine();
+    main.listHolesSelected.Add("3/8");
+    main.listSortSelectedHoles.Add(" .375");
+    record.SelectedHoleValue[0] = 0.375F;
+    Run(kLimitedHoles);
+  }
+
   void ExpectRefused(const std::vector<Shown>& messages) {
     EXPECT_EQ(host.messages, messages);
     EXPECT_EQ(record.MissingData, -1);
@@ -53,6 +62,43 @@ TEST_F(CalDsignVarTest, StartsEachRunAfresh) {
   EXPECT_TRUE(main.Grid2.control.visible);
   EXPECT_EQ(main.lblActiveInactive.caption, "Active Design");
   EXPECT_FALSE(main.cmdCancel.visible);  // the shown design takes it away
+}
+
+// Rows that stand are taken over with what a march has changed of them: the count of furrows, by which the flow is
+// shared out, and one pipe.
+TEST_F(CalDsignVarTest, TakesOverRowsThatStand) {
+  ListOneSize();
+  BuiltRows rows;
+  Cal_Dsign_Var(program, rows);
+  const float average = record.AverageFurrowFlow;
+  const float pipe = record.PipeArea[3];
+  record.WateredFurrows = 5;
+  record.PipeArea[3] = 7;
+  record.HoleSpacing[2] = 77;
+  Cal_Dsign_Var(program, rows);
+  EXPECT_EQ(record.WateredFurrows, 11);
+  EXPECT_EQ(record.AverageFurrowFlow, average);
+  EXPECT_EQ(record.PipeArea[3], pipe);
+  EXPECT_EQ(record.HoleSpacing[2], 77);  // not built again
+}
+
+// Another flow, another sheet or no run before: the rows are built.
+TEST_F(CalDsignVarTest, BuildsRowsThatDoNotStand) {
+  ListOneSize();
+  BuiltRows rows;
+  const auto built = [&] {
+    record.HoleSpacing[2] = 77;
+    Cal_Dsign_Var(program, rows);
+    return record.HoleSpacing[2] == 10;
+  };
+  EXPECT_TRUE(built());
+  EXPECT_FALSE(built());
+  record.TargetGPM = 6;
+  EXPECT_TRUE(built());
+  main.Grid1.Set(2, kPipeDiaColumn, "12");
+  EXPECT_TRUE(built());
+  EXPECT_EQ(record.PipeDia[2], 12);
+  EXPECT_FALSE(built());
 }
 
 struct EmptyField {
