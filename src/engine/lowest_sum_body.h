@@ -14,12 +14,19 @@ inline int CountUpTo(const std::int32_t* key, int count, std::int32_t limit) {
   return up_to;
 }
 
-// The key at place `place` (from 1) of the order, between `least` and `most`. Guesses by the share of the range, then
-// halves it, in turn.
-inline std::int32_t KeyAtPlace(const std::int32_t* key, int count, int place, std::int32_t least, std::int32_t most) {
+// A bound that parts the keys at a place of their order: all up to `bound` belong to the lowest, and `beyond` of them
+// are one and the same key too many.
+struct Cut {
+  std::int32_t bound = 0;
+  int beyond = 0;
+};
+
+// Cuts after `place` keys (from 1); all lie between `least` and `most`. Guesses by the share of the range, then halves
+// it, in turn, until a bound falls between the keys at that place and the next, or on a key that stands at both.
+inline Cut CutAfter(const std::int32_t* key, int count, int place, std::int32_t least, std::int32_t most) {
   int below = 0;      // keys less than `least`
   int up_to = count;  // keys up to `most`
-  for (bool halve = false; least < most; halve = !halve) {
+  for (bool halve = false; least < most && up_to != place; halve = !halve) {
     const std::int32_t range = most - least;
     std::int32_t step = range / 2;
     if (!halve) {
@@ -37,7 +44,7 @@ inline std::int32_t KeyAtPlace(const std::int32_t* key, int count, int place, st
       below = counted;
     }
   }
-  return least;
+  return {most, up_to - place};
 }
 
 inline void LowestSumOf(const float* flows, const int* at, const double* ratio, int count, int places,
@@ -58,21 +65,20 @@ inline void LowestSumOf(const float* flows, const int* at, const double* ratio, 
   const auto value = [](std::int32_t bits) { return static_cast<double>(__builtin_bit_cast(float, bits)); };
   sum.exact = count * value(high) < value(low) * 0x1p29;
   if (!sum.exact || places == 0) return;
-  const std::int32_t last = KeyAtPlace(key, count, places, low, high);
+  const Cut cut = CutAfter(key, count, places, low, high);
   constexpr int kParts = 8;
   double part[kParts] = {};
   int i = 0;
   for (; i + kParts <= count; i += kParts) {
     for (int k = 0; k < kParts; ++k) {
       const double each = static_cast<double>(__builtin_bit_cast(float, key[i + k]));
-      part[k] += key[i + k] < last ? each : 0.0;
+      part[k] += key[i + k] <= cut.bound ? each : 0.0;
     }
   }
-  double lesser = 0;
-  for (; i < count; ++i) lesser += key[i] < last ? value(key[i]) : 0.0;
-  for (int k = 0; k < kParts; ++k) lesser += part[k];
-  const int less = CountUpTo(key, count, last - 1);
-  sum.value = lesser + (places - less) * value(last);
+  double total = 0;
+  for (; i < count; ++i) total += key[i] <= cut.bound ? value(key[i]) : 0.0;
+  for (int k = 0; k < kParts; ++k) total += part[k];
+  sum.value = cut.beyond == 0 ? total : total - cut.beyond * value(cut.bound);
 }
 
 }  // namespace
