@@ -16,6 +16,8 @@ namespace torvale {
 namespace {
 
 constexpr int kMostInFlight = 64;
+constexpr int kFirst = 2;            // trials that are begun with, where only the level crown is known ...
+constexpr int kFirstWithCurve = 16;  // ... and where a rough line has told of steeper ones
 constexpr int kMostRounds = 40;    // of one trial, before it is tried plainly
 constexpr double kMostRise = 1e3;  // feet, of a crown from end to end
 
@@ -38,7 +40,10 @@ class Search {
     bounds_.planted = manner.planted_error;
     crew_.Prepare(field_, manner);
     PreparePlainTrial(field_, plain_);
-    guess_.Begin(level.end_head, level.flow, level.lowest_head, bounds_);
+    const double toward = (direction == CrownDirection::kFalling) == (field.elevations != field.grows_downward) ? 1 : -1;
+    const SlopeCurve curve = crew_.LookAhead(field.target, level.end_head, toward * 2 * level.lowest_head);
+    guess_.Begin(level.end_head, level.flow, level.lowest_head, bounds_, curve);
+    at_first_ = curve.known ? kFirstWithCurve : kFirst;
     lowest_head_ = level.lowest_head;
     next_slope_ = direction == CrownDirection::kFalling ? 0 : NextSlope(0, direction);
   }
@@ -64,9 +69,9 @@ class Search {
  private:
   Flight& At(int ordinal) { return flights_[ordinal % kMostInFlight]; }
 
-  // Takes new trials into the free crowns: two at first, more as solved ones tell where to look.
+  // Takes new trials into the free crowns: few at first, more as solved ones tell where to look.
   void Admit() {
-    const int most = std::min(kMostInFlight - 1, 2 + 2 * guess_.known());
+    const int most = std::min(kMostInFlight - 1, at_first_ + 2 * guess_.known());
     const int first = admitted_;
     crew_.BeginCrowns();
     while (admitted_ - reported_ < most) {
@@ -176,6 +181,7 @@ class Search {
   PlainTrialWork plain_;
   SlopeGuess guess_;
   Flight flights_[kMostInFlight];
+  int at_first_ = 0;  // trials that are begun with
   int reported_ = 0;
   int admitted_ = 0;
   float next_slope_ = 0;

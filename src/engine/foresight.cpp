@@ -76,7 +76,7 @@ bool EndHeadForesight::Look(const Line& line, float target, double first_head) {
 
 // Closes in on the target twice, each time by as many heads as the lanes hold.
 FlowModel EndHeadForesight::LookRoughly(double most_head) {
-  const std::vector<WideRow> rows = RoughRows(rows_, line_->rows, kRoughRows);
+  const std::vector<WideRow> rows = RoughRows(rows_.data(), line_->rows, kRoughRows);
   WideLine rough = wide_;
   rough.row = rows.data();
   rough.rows = static_cast<int>(rows.size()) - 1;

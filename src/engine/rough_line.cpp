@@ -14,12 +14,12 @@ struct Group {
 };
 
 // Rows `from` down to `to`. `distance` and `height` are those of row `from`, and then of row `to` - 1.
-Group Join(const std::vector<WideRow>& row, int from, int to, double& distance, double& height) {
+Group Join(const WideRow* row, int from, int to, double& distance, double& height) {
   Group group;
   double by_row[2] = {};
   double by_area[2] = {};
   for (int i = from; i >= to; --i) {
-    const WideRow& r = row[static_cast<std::size_t>(i)];
+    const WideRow& r = row[i];
     group.opening += r.opening;
     by_area[0] += r.opening * distance;
     by_area[1] += r.opening * height;
@@ -33,13 +33,13 @@ Group Join(const std::vector<WideRow>& row, int from, int to, double& distance, 
   const double share = watered ? 1 / group.opening : 1.0 / (from - to + 1);
   group.distance = sum[0] * share;
   group.height = sum[1] * share;
-  group.dia_power = row[static_cast<std::size_t>(to)].dia_power;
+  group.dia_power = row[to].dia_power;
   return group;
 }
 
 }  // namespace
 
-std::vector<WideRow> RoughRows(const std::vector<WideRow>& row, int rows, int most) {
+std::vector<WideRow> RoughRows(const WideRow* row, int rows, int most) {
   const int size = std::max(1, (rows + most - 2) / most);
   std::vector<Group> groups;
   double distance = 0;

@@ -61,11 +61,13 @@ const SlopeGuess::Node* SlopeGuess::NodeAtOrBefore(int ordinal) const {
   return nullptr;
 }
 
-void SlopeGuess::Begin(double end_head, double flow, double lowest_head, const FlowBounds& bounds) {
+void SlopeGuess::Begin(double end_head, double flow, double lowest_head, const FlowBounds& bounds,
+                       const SlopeCurve& curve) {
   target_ = bounds.target;
   gain_ = bounds.gain;
   const double root = end_head + (target_ * target_ - flow * flow) / gain_;
-  nodes_[kNodes - 1] = {-1, 0, root, end_head - lowest_head};
+  curve_ = curve;
+  nodes_[kNodes - 1] = {-1, 0, root - curve_.RootAt(0), end_head - lowest_head - curve_.DropAt(0)};
   known_ = 0;
 }
 
@@ -89,7 +91,7 @@ HeadGuess SlopeGuess::For(int ordinal, const FlowModel& model) const {
   guess.square = squared(target_);
   const Node& first = *NodeAtOrBefore(std::min(ordinal, newest_));
   const double x = model.mean_rise;
-  double root = first.root + (x - first.rise);
+  double root = first.root;
   double drop = first.drop;
   const int reach = std::max(1, ordinal - first.ordinal);
   const Node* const second = Earlier(first, reach);
@@ -102,9 +104,9 @@ HeadGuess SlopeGuess::For(int ordinal, const FlowModel& model) const {
       root += (slope - before) / (first.rise - third->rise) * (x - first.rise) * (x - second->rise);
     }
   }
-  guess.head = root;
-  guess.certified = drop;
-  guess.negative = std::max(drop, negative);
+  guess.head = curve_.RootAt(x) + root;
+  guess.certified = curve_.DropAt(x) + drop;
+  guess.negative = std::max(guess.certified, negative);
   guess.margin = 1e-4;
   return guess;
 }
@@ -141,7 +143,9 @@ void SlopeGuess::Learn(int ordinal, const FlowModel& model) {
   const MarchedHead& nearest = Nearest(model, gain_);
   Node& node = nodes_[ordinal % kNodes];
   if (node.ordinal != ordinal) ++known_;
-  node = {ordinal, model.mean_rise, RootBy(nearest, gain_), nearest.head - nearest.lowest};
+  const double rise = model.mean_rise;
+  node = {ordinal, rise, RootBy(nearest, gain_) - curve_.RootAt(rise),
+          nearest.head - nearest.lowest - curve_.DropAt(rise)};
   newest_ = std::max(newest_, ordinal);
 }
 

@@ -3,6 +3,7 @@
 
 #include "engine/end_head_replay.h"
 #include "engine/head_brackets.h"
+#include "engine/slope_curve.h"
 
 namespace torvale {
 
@@ -34,10 +35,11 @@ struct HeadGuess {
 };
 
 // Learns from the marches of the trials. The far-end head that meets the target follows the mean rise of the crown
-// from the far end to the holes: by a parabola through three trials, further apart the further ahead it must reach.
+// from the far end to the holes: by the curve of a rough line, where there is one, and by a parabola through what three
+// trials, further apart the further ahead it must reach, differ from it.
 class SlopeGuess {
  public:
-  void Begin(double end_head, double flow, double lowest_head, const FlowBounds& bounds);
+  void Begin(double end_head, double flow, double lowest_head, const FlowBounds& bounds, const SlopeCurve& curve = {});
   HeadGuess For(int ordinal, const FlowModel& model) const;
   // Takes what the marches of a trial have told.
   void Learn(int ordinal, const FlowModel& model);
@@ -50,8 +52,8 @@ class SlopeGuess {
   struct Node {
     int ordinal = -2;
     double rise = 0;
-    double root = 0;  // far-end head of exactly the target
-    double drop = 0;  // from there to the lowest head
+    double root = 0;  // far-end head of exactly the target, beyond the curve's
+    double drop = 0;  // from there to the lowest head, beyond the curve's
   };
   static constexpr int kNodes = 256;
 
@@ -62,6 +64,7 @@ class SlopeGuess {
   double GainBy(const FlowModel& model) const;
   const MarchedHead& Nearest(const FlowModel& model, double gain) const;
 
+  SlopeCurve curve_;
   Node nodes_[kNodes];
   int newest_ = -1;
   int known_ = 0;

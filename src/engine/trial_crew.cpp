@@ -11,19 +11,11 @@
 namespace torvale {
 namespace {
 
-constexpr std::size_t kLine = 16;  // floats of a cache line
 // Below this many rows a round is over before a second thread has woken.
 constexpr int kRowsForThreads = 1500;
 constexpr int kMostThreads = 4;
 
 }  // namespace
-
-void AlignedFloats::Allocate(std::size_t count) {
-  memory_.assign(count + kLine, 0);
-  const auto address = reinterpret_cast<std::uintptr_t>(memory_.data());
-  const std::size_t past = address / sizeof(float) % kLine;
-  begin_ = memory_.data() + (past == 0 ? 0 : kLine - past);
-}
 
 void TrialCrew::Prepare(const SlopeField& field, const SlopeSearchManner& manner) {
   field_ = &field;

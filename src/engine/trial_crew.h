@@ -5,9 +5,11 @@
 #include <thread>
 #include <vector>
 
+#include "engine/aligned_floats.h"
 #include "engine/crew_rounds.h"
 #include "engine/end_head_quest.h"
 #include "engine/low_quarter.h"
+#include "engine/slope_curve.h"
 #include "engine/slope_trials.h"
 #include "engine/wide_march.h"
 
@@ -18,18 +20,6 @@ struct LaidCrown {
   double rise = 0;       // feet to row 1
   double mean_rise = 0;  // feet to the holes, by their area
   bool same_as_before = false;
-};
-
-// Floats that begin on a whole cache line.
-class AlignedFloats {
- public:
-  void Allocate(std::size_t count);
-  float* data() { return begin_; }
-  const float* data() const { return begin_; }
-
- private:
-  std::vector<float> memory_;
-  float* begin_ = nullptr;
 };
 
 // One thread's share: crowns side by side, and the marches on them.
@@ -56,6 +46,11 @@ class TrialCrew {
 
   // Gets all memory and threads that the search will need. `field` must outlive the crew.
   void Prepare(const SlopeField& field, const SlopeSearchManner& manner);
+
+  // A guess of how the search goes along the slopes, to a rise of `most_rise` feet.
+  SlopeCurve LookAhead(float target, double level_head, double most_rise) const {
+    return LookAlongSlopes(form_, line_, target, level_head, most_rise);
+  }
 
   int blocks() const { return static_cast<int>(blocks_.size()); }
   int slots() const { return blocks() * form_.slots; }
