@@ -21,13 +21,20 @@ void CrewRounds::WaitUntil(std::condition_variable& told, const Ready& ready) {
   told.wait(lock, ready);
 }
 
-void CrewRounds::Begin(int helpers) {
-  busy_ = helpers;
+int CrewRounds::Begin(int shares) {
+  busy_ = shares;
+  int round = 0;
   {
     const std::lock_guard lock(mutex_);
-    ++round_;
+    round = ++round_;
   }
   begun_.notify_all();
+  return round;
+}
+
+bool CrewRounds::TakeOn(int share, int round) {
+  int before = round - 1;
+  return taken_on_[share].compare_exchange_strong(before, round);
 }
 
 void CrewRounds::AwaitEnd() {

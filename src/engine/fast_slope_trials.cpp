@@ -16,8 +16,7 @@ namespace torvale {
 namespace {
 
 constexpr int kMostInFlight = 64;
-constexpr int kFirst = 2;            // trials that are begun with, where only the level crown is known ...
-constexpr int kFirstWithCurve = 16;  // ... and where a rough line has told of steeper ones
+constexpr int kFirst = 2;  // trials that are begun with where only the level crown is known
 constexpr int kMostRounds = 40;    // of one trial, before it is tried plainly
 constexpr double kMostRise = 1e3;  // feet, of a crown from end to end
 
@@ -43,7 +42,7 @@ class Search {
     const double toward = (direction == CrownDirection::kFalling) == (field.elevations != field.grows_downward) ? 1 : -1;
     const SlopeCurve curve = crew_.LookAhead(field.target, level.end_head, toward * 2 * level.lowest_head);
     guess_.Begin(level.end_head, level.flow, level.lowest_head, bounds_, curve);
-    at_first_ = curve.known ? kFirstWithCurve : kFirst;
+    at_first_ = curve.known ? crew_.slots() : kFirst;
     lowest_head_ = level.lowest_head;
     next_slope_ = direction == CrownDirection::kFalling ? 0 : NextSlope(0, direction);
   }

@@ -77,14 +77,16 @@ HeadGuess SlopeGuess::For(int ordinal, const FlowModel& model) const {
   guess.least = squared(target_ * (1 - kTolerance));
   guess.most = squared(target_ * (1 + kTolerance));
   guess.gain = gain_;
-  const double negative = negative_ + (model.mean_rise - negative_rise_);
   if (model.has_low || model.has_high) {
     guess.gain = GainBy(model);
     const MarchedHead& marched = Nearest(model, guess.gain);
     guess.head = marched.head;
     guess.square = SquareOf(marched);
     guess.certified = marched.head - marched.lowest;
-    guess.negative = std::max(guess.certified, negative);
+    guess.negative = guess.certified + negative_;
+    // A head that was marched can't have gone negative.
+    const double lowest = std::min(model.has_low ? model.low.head : marched.head, marched.head);
+    if (guess.negative >= lowest) guess.negative = guess.certified;
     guess.margin = 1e-5;
     return guess;
   }
@@ -106,7 +108,7 @@ HeadGuess SlopeGuess::For(int ordinal, const FlowModel& model) const {
   }
   guess.head = curve_.RootAt(x) + root;
   guess.certified = curve_.DropAt(x) + drop;
-  guess.negative = std::max(guess.certified, negative);
+  guess.negative = guess.certified + negative_;
   guess.margin = 1e-4;
   return guess;
 }
@@ -133,8 +135,8 @@ const MarchedHead& SlopeGuess::Nearest(const FlowModel& model, double gain) cons
 }
 
 void SlopeGuess::LearnNegative(const FlowModel& model, double negative) {
-  negative_ = negative;
-  negative_rise_ = model.mean_rise;
+  const MarchedHead& nearest = Nearest(model, gain_);
+  negative_ = std::max(0.0, negative - (nearest.head - nearest.lowest));
 }
 
 void SlopeGuess::Learn(int ordinal, const FlowModel& model) {

@@ -70,8 +70,7 @@ class SlopeGuess {
   int known_ = 0;
   double target_ = 0;
   double gain_ = 0;
-  double negative_ = -HeadBrackets::kNone;  // of the last solved trial
-  double negative_rise_ = 0;                // its mean rise
+  double negative_ = 0;  // feet that marches of the last solved trial went negative above what is certain
 };
 
 }  // namespace torvale

@@ -61,6 +61,7 @@ TrialCrew::~TrialCrew() {
 
 void TrialCrew::Work(int block) {
   for (int seen = 0; rounds_.Await(seen);) {
+    if (!rounds_.TakeOn(block, seen)) continue;
     MarchBlock(Of(block));
     rounds_.Done();
   }
@@ -202,11 +203,13 @@ void TrialCrew::MarchBlock(TrialBlock& block) {
 
 void TrialCrew::March(float target) {
   target_ = target;
-  const int helped = static_cast<int>(threads_.size());
-  if (helped > 0) rounds_.Begin(helped);
-  MarchBlock(Of(0));
-  for (int block = helped + 1; block < blocks(); ++block) MarchBlock(Of(block));
-  if (helped > 0) rounds_.AwaitEnd();
+  const int round = rounds_.Begin(blocks());
+  for (int block = 0; block < blocks(); ++block) {
+    if (!rounds_.TakeOn(block, round)) continue;
+    MarchBlock(Of(block));
+    rounds_.Done();
+  }
+  rounds_.AwaitEnd();
 }
 
 }  // namespace torvale

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <thread>
 #include <vector>
@@ -61,6 +62,38 @@ TEST(CrewRounds, ALateHelperTakesTheRoundThatHasBegun) {
   });
   later.join();
   EXPECT_EQ(worked, 1);
+}
+
+// A share that no helper has taken on in time is the leader's; none is worked twice, and none is left.
+TEST(CrewRounds, TheLeaderTakesOnTheSharesOfLateHelpers) {
+  CrewRounds rounds;
+  std::array<std::atomic<int>, kHelpers> worked = {};
+  std::vector<std::thread> helpers;
+  for (int share = 1; share < kHelpers; ++share) {
+    helpers.emplace_back([&rounds, &worked, share] {
+      for (int seen = 0; rounds.Await(seen);) {
+        // Late now and then.
+        if (seen % 7 == share) std::this_thread::sleep_for(std::chrono::microseconds(200));
+        if (!rounds.TakeOn(share, seen)) continue;
+        ++worked[static_cast<std::size_t>(share)];
+        rounds.Done();
+      }
+    });
+  }
+  int wrong = 0;
+  for (int round = 1; round <= 1000; ++round) {
+    const int begun = rounds.Begin(kHelpers);
+    for (int share = 0; share < kHelpers; ++share) {
+      if (!rounds.TakeOn(share, begun)) continue;
+      ++worked[static_cast<std::size_t>(share)];
+      rounds.Done();
+    }
+    rounds.AwaitEnd();
+    for (const std::atomic<int>& times : worked) wrong += times == round ? 0 : 1;
+  }
+  rounds.End();
+  for (std::thread& helper : helpers) helper.join();
+  EXPECT_EQ(wrong, 0);
 }
 
 }  // namespace
