@@ -10,10 +10,10 @@ constexpr std::size_t kLine = 16;  // floats of a cache line
 }  // namespace
 
 void AlignedFloats::Allocate(std::size_t count) {
-  memory_.assign(count + kLine, 0);
-  const auto address = reinterpret_cast<std::uintptr_t>(memory_.data());
+  memory_.reset(new float[count + kLine]);
+  const auto address = reinterpret_cast<std::uintptr_t>(memory_.get());
   const std::size_t past = address / sizeof(float) % kLine;
-  begin_ = memory_.data() + (past == 0 ? 0 : kLine - past);
+  begin_ = memory_.get() + (past == 0 ? 0 : kLine - past);
 }
 
 }  // namespace torvale

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 namespace torvale {
 
-// Floats that begin on a whole cache line.
+// Floats that begin on a whole cache line and hold nothing yet.
 class AlignedFloats {
  public:
   void Allocate(std::size_t count);
@@ -13,7 +13,7 @@ class AlignedFloats {
   const float* data() const { return begin_; }
 
  private:
-  std::vector<float> memory_;
+  std::unique_ptr<float[]> memory_;
   float* begin_ = nullptr;
 };
 

@@ -34,10 +34,11 @@ struct Flight {
 
 class Search {
  public:
-  Search(const SlopeField& field, CrownDirection direction, const LevelMarch& level, const SlopeSearchManner& manner)
+  Search(const SlopeField& field, const FurrowPlan& plan, CrownDirection direction, const LevelMarch& level,
+         const SlopeSearchManner& manner)
       : field_(field), direction_(direction), bounds_(BoundsOf(field.line, field.target)) {
     bounds_.planted = manner.planted_error;
-    crew_.Prepare(field_, manner);
+    crew_.Prepare(field_, plan, manner);
     PreparePlainTrial(field_, plain_);
     const double toward = (direction == CrownDirection::kFalling) == (field.elevations != field.grows_downward) ? 1 : -1;
     const SlopeCurve curve = crew_.LookAhead(field.target, level.end_head, toward * 2 * level.lowest_head);
@@ -187,8 +188,8 @@ class Search {
   float lowest_head_ = 0;
 };
 
-// Whether the fast form's proofs hold for a field.
-bool Suits(const SlopeField& field) {
+// Whether the fast form's proofs hold for a field, and the plan of its furrows.
+bool Suits(const SlopeField& field, FurrowPlan& plan) {
   const Line& line = field.line;
   if (line.rows < 2 || !(field.target > 0) || !(std::fabs(field.first_head) < kBoundedFeet)) return false;
   if (!(field.average_flow > 0)) return false;
@@ -196,7 +197,6 @@ bool Suits(const SlopeField& field) {
   if (!IsMonotone(line, kMostRise)) return false;
   if (!FirstRowFallsShort(line, field.target)) return false;
   if (std::any_of(field.span.begin(), field.span.end(), [](float span) { return span < 0; })) return false;
-  FurrowPlan plan;
   return PlanFurrows(field, plan);
 }
 
@@ -204,10 +204,11 @@ bool Suits(const SlopeField& field) {
 
 SlopeSearchEnd SearchSlopes(const SlopeField& field, CrownDirection direction, const LevelMarch& level,
                             const SlopeSearchManner& manner, const SlopeTrialFn& tell) {
-  if (!Suits(field) || !(level.lowest_head > 0)) {
+  FurrowPlan plan;
+  if (!Suits(field, plan) || !(level.lowest_head > 0)) {
     return SearchSlopesPlainly(field, direction, level.lowest_head, tell);
   }
-  return Search(field, direction, level, manner).Run(tell);
+  return Search(field, plan, direction, level, manner).Run(tell);
 }
 
 }  // namespace torvale

@@ -44,8 +44,8 @@ class TrialCrew {
   TrialCrew& operator=(const TrialCrew&) = delete;
   ~TrialCrew();
 
-  // Gets all memory and threads that the search will need. `field` must outlive the crew.
-  void Prepare(const SlopeField& field, const SlopeSearchManner& manner);
+  // Gets all memory and threads that the search will need. `field` and its `plan` must outlive the crew.
+  void Prepare(const SlopeField& field, const FurrowPlan& plan, const SlopeSearchManner& manner);
 
   // A guess of how the search goes along the slopes, to a rise of `most_rise` feet.
   SlopeCurve LookAhead(float target, double level_head, double most_rise) const {
@@ -83,7 +83,7 @@ class TrialCrew {
 
   const SlopeField* field_ = nullptr;
   WideForm form_;
-  FurrowPlan plan_;
+  const FurrowPlan* plan_ = nullptr;
   std::vector<WideRow> rows_;
   std::vector<float> weight_;  // of a row's holes among all
   WideLine line_;
