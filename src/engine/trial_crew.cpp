@@ -42,7 +42,7 @@ void TrialCrew::Prepare(const SlopeField& field, const FurrowPlan& plan, const S
     TrialBlock& made = *blocks_.back();
     made.crowns.Allocate(size * static_cast<std::size_t>(form_.slots));
     made.flows.Allocate(size * static_cast<std::size_t>(form_.jobs));
-    made.quarter = std::make_unique<LowQuarterWork>(plan, form_.jobs);
+    made.quarter = std::make_unique<LowQuarterWork>(plan, form_.width);
     std::fill_n(made.crowns.data(), form_.slots, field.crown_beyond);
     std::fill_n(made.crowns.data() + form_.slots, form_.slots, field.first_crown);
   }
@@ -196,7 +196,7 @@ void TrialCrew::MarchBlock(TrialBlock& block) {
     result.marched = {jobs.head[job], jobs.flow[job], jobs.lowest[job], jobs.highest[job]};
     result.met = jobs.lowest[job] >= 0 && MeetsTarget(jobs.flow[job], target_);
     if (result.met) {
-      result.quarter = LowQuarterOf(*plan_, form_, block.flows.data() + job, *block.quarter);
+      result.quarter = LowQuarterOf(*plan_, form_, block.flows.data() + FlowPlace(form_.width, line_.rows, job, 0), *block.quarter);
     }
   }
 }

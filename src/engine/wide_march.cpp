@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "base/power.h"
-#include "engine/lowest_sum_body.h"
 #include "engine/wide_forms.h"
 #include "engine/wide_march_body.h"
 
@@ -22,6 +21,9 @@ struct One {
     const WideInterval* interval;
   };
   static constexpr int kWidth = 1;
+  static constexpr int kSlots = 4;
+  static constexpr int kOneCrownVectors = 4;
+  static void Leave() {}
   static D All(double x) { return x; }
   static D Load(const double* p) { return *p; }
   static void Store(double* p, D x) { *p = x; }
@@ -55,17 +57,6 @@ struct One {
   }
 };
 
-constexpr int kOneJobs = 4;
-constexpr int kOneSlots = 4;
-
-void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
-  MarchJobs<One>(line, TablesFor<One>(line), crowns, kOneSlots, jobs, count, flows, kOneJobs);
-}
-
-void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
-  MarchVectors<One, kOneJobs, true>(line, TablesFor<One>(line), nullptr, 0, jobs, 0, nullptr, 0, rows);
-}
-
 }  // namespace
 
 WideForm FormOf(VectorLanes lanes) {
@@ -77,7 +68,7 @@ WideForm FormOf(VectorLanes lanes) {
     case VectorLanes::kOne:
       break;
   }
-  return {VectorLanes::kOne, kOneJobs, kOneSlots, kOneJobs, March, MarchOneCrown, LowestSumOf};
+  return MakeForm<One>(VectorLanes::kOne);
 }
 
 }  // namespace torvale

@@ -5,7 +5,6 @@
 
 #include <immintrin.h>
 
-#include "engine/lowest_sum_body.h"
 #include "engine/wide_march_body.h"
 
 namespace torvale {
@@ -20,6 +19,9 @@ struct Four {
     const DoublePair* scale;  // of the exponent 0 of a double's bits
   };
   static constexpr int kWidth = 4;
+  static constexpr int kSlots = 8;
+  static constexpr int kOneCrownVectors = 4;
+  static void Leave() { _mm256_zeroupper(); }
   static D All(double x) { return _mm256_set1_pd(x); }
   static D Load(const double* p) { return _mm256_load_pd(p); }
   static void Store(double* p, D x) { _mm256_store_pd(p, x); }
@@ -88,24 +90,10 @@ struct Four {
   }
 };
 
-constexpr int kVectors = 4;
-constexpr int kJobs = kVectors * Four::kWidth;
-constexpr int kSlots = 8;
-
-void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
-  MarchJobs<Four>(line, TablesFor<Four>(line), crowns, kSlots, jobs, count, flows, kJobs);
-  _mm256_zeroupper();
-}
-
-void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
-  MarchVectors<Four, kVectors, true>(line, TablesFor<Four>(line), nullptr, 0, jobs, 0, nullptr, 0, rows);
-  _mm256_zeroupper();
-}
-
 }  // namespace
 
 WideForm FourLanes() {
-  return {VectorLanes::kFour, kJobs, kSlots, kJobs, March, MarchOneCrown, LowestSumOf};
+  return MakeForm<Four>(VectorLanes::kFour);
 }
 
 }  // namespace torvale

@@ -5,7 +5,6 @@
 
 #include <immintrin.h>
 
-#include "engine/lowest_sum_body.h"
 #include "engine/wide_march_body.h"
 
 namespace torvale {
@@ -23,6 +22,9 @@ struct Eight {
     __m512i lowest;
   };
   static constexpr int kWidth = 8;
+  static constexpr int kSlots = 16;
+  static constexpr int kOneCrownVectors = 2;
+  static void Leave() { _mm256_zeroupper(); }
   static D All(double x) { return _mm512_set1_pd(x); }
   static D Load(const double* p) { return _mm512_load_pd(p); }
   static void Store(double* p, D x) { _mm512_store_pd(p, x); }
@@ -94,24 +96,10 @@ struct Eight {
   }
 };
 
-constexpr int kVectors = 4;
-constexpr int kJobs = kVectors * Eight::kWidth;
-constexpr int kSlots = 16;
-
-void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
-  MarchJobs<Eight>(line, TablesFor<Eight>(line), crowns, kSlots, jobs, count, flows, kJobs);
-  _mm256_zeroupper();
-}
-
-void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
-  MarchVectors<Eight, 2, true>(line, TablesFor<Eight>(line), nullptr, 0, jobs, 0, nullptr, 0, rows);
-  _mm256_zeroupper();
-}
-
 }  // namespace
 
 WideForm EightLanes() {
-  return {VectorLanes::kEight, kJobs, kSlots, 2 * Eight::kWidth, March, MarchOneCrown, LowestSumOf};
+  return MakeForm<Eight>(VectorLanes::kEight);
 }
 
 }  // namespace torvale

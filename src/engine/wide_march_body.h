@@ -2,15 +2,19 @@
 // compiler flags. Everything here has internal linkage and nothing of the standard library is called, so that no other
 // file can come to run code made for a processor that has more than this one.
 //
-// A kind of lanes `L` has: `D` lanes of double, `F` as many of float, kWidth of them, and the operations below. The
+// A kind of lanes `L` has: `D` lanes of double, `F` as many of float, kWidth of them, room for kSlots crowns, vectors for
+// kOneCrownVectors marches on one crown, and the operations below, `Leave` after the last of them. The
 // order of operations is that of `TakeOrifice`, `CarryHead` and `FlowPower`; none is fused.
 #pragma once
 
 #include "base/power_table.h"
+#include "engine/lowest_sum_body.h"
 #include "engine/wide_lines.h"
 
 namespace torvale {
 namespace {
+
+constexpr int kMostVectors = 4;
 
 // A row of the table of intervals with the sum that the power takes of its parts.
 struct WideInterval {
@@ -67,7 +71,7 @@ inline typename L::D FlowPowerOf(const typename L::Tables& tables, typename L::F
 // `V` vectors in flight, so that the chain of one row of one of them hides behind the others.
 template <class L, int V, bool kOneCrown>
 inline void MarchVectors(const WideLine& line, const typename L::Tables& tables, const float* crowns, int slots,
-                         WideJobs& jobs, int first, float* flows, int stride, const WideProfile& rows) {
+                         WideJobs& jobs, int first, float* flows, const WideProfile& rows) {
   using D = typename L::D;
   using F = typename L::F;
   D head[V], lowest[V], highest[V], here[V], term[V];
@@ -99,8 +103,7 @@ inline void MarchVectors(const WideLine& line, const typename L::Tables& tables,
         const D root = L::Root(L::Mul(head[v], L::All(64.4)));
         const D out = L::Mul(L::Mul(L::Mul(L::All(r.opening), root), L::All(448.8)), L::All(line.discharge_coef));
         const F narrow = L::Narrow(out);
-        if constexpr (!kOneCrown)
-          L::StoreF(flows + static_cast<long long>(row) * stride + first + v * L::kWidth, narrow);
+        if constexpr (!kOneCrown) L::StoreF(flows + FlowPlace(L::kWidth, line.rows, first + v * L::kWidth, row), narrow);
         flow[v] = L::AddF(flow[v], narrow);
         if (kOneCrown && v == 0) rows.flow[row] = L::FirstF(narrow);
       }
@@ -139,26 +142,39 @@ inline void MarchVectors(const WideLine& line, const typename L::Tables& tables,
   }
 }
 
-// As few vectors as hold the first `count` jobs.
-template <class L>
-inline void MarchJobs(const WideLine& line, const typename L::Tables& tables, const float* crowns, int slots,
-                      WideJobs& jobs, int count, float* flows, int stride) {
-  const int vectors = (count + L::kWidth - 1) / L::kWidth;
-  if (vectors <= 1) {
-    MarchVectors<L, 1, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
-  } else if (vectors == 2) {
-    MarchVectors<L, 2, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
-  } else if (vectors == 3) {
-    MarchVectors<L, 3, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
-  } else {
-    MarchVectors<L, 4, false>(line, tables, crowns, slots, jobs, 0, flows, stride, {});
-  }
-}
-
 template <class L>
 inline typename L::Tables TablesFor(const WideLine& line) {
   static const WideIntervals intervals;
   return L::MakeTables(intervals.row, line.lowest_exponent);
+}
+
+// As few vectors as hold the first `count` jobs.
+template <class L>
+void March(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) {
+  const typename L::Tables tables = TablesFor<L>(line);
+  const int vectors = (count + L::kWidth - 1) / L::kWidth;
+  if (vectors <= 1) {
+    MarchVectors<L, 1, false>(line, tables, crowns, L::kSlots, jobs, 0, flows, {});
+  } else if (vectors == 2) {
+    MarchVectors<L, 2, false>(line, tables, crowns, L::kSlots, jobs, 0, flows, {});
+  } else if (vectors == 3) {
+    MarchVectors<L, 3, false>(line, tables, crowns, L::kSlots, jobs, 0, flows, {});
+  } else {
+    MarchVectors<L, kMostVectors, false>(line, tables, crowns, L::kSlots, jobs, 0, flows, {});
+  }
+  L::Leave();
+}
+
+template <class L>
+void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows) {
+  MarchVectors<L, L::kOneCrownVectors, true>(line, TablesFor<L>(line), nullptr, 0, jobs, 0, nullptr, rows);
+  L::Leave();
+}
+
+template <class L>
+WideForm MakeForm(VectorLanes lanes) {
+  return {lanes,    L::kWidth,        kMostVectors * L::kWidth, L::kSlots, L::kOneCrownVectors * L::kWidth,
+          March<L>, MarchOneCrown<L>, LowestSumOf};
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ void CompareForm(const SlopeField& field, VectorLanes lanes, RandomSlopeField& r
     for (int row = 1; row <= rows; ++row) {
       const auto i = static_cast<std::size_t>(row);
       if (!(line.opening[i] > 0)) continue;
-      ASSERT_EQ(Bits(flows.data()[row * form.jobs + job]), Bits(alone.flow[i])) << "row " << row << ", job " << job;
+      ASSERT_EQ(Bits(flows.data()[FlowPlace(form.width, rows, job, row)]), Bits(alone.flow[i])) << "row " << row << ", job " << job;
     }
   }
 }
