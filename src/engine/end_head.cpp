@@ -13,13 +13,14 @@ namespace {
 class Search {
  public:
   Search(const Line& line, float target, const Profile& profile, const PauseFn& pause, EndHeadForm form,
-         EndHeadSearch& search)
+         EndHeadSearch& search, VectorLanes lanes)
       : line_(line),
         target_(target),
         profile_(profile),
         pause_(pause),
         form_(form),
         search_(search),
+        lanes_(lanes),
         place_{line.rows, 0},
         first_head_(profile.head[line.rows]) {}
 
@@ -89,7 +90,7 @@ class Search {
   Ahead LookAhead(long pauses) {
     if (form_ != EndHeadForm::kFast || idle_ < pauses || search_.tries >= kTryLimit - 5) return Ahead::kMarch;
     const double head = profile_.head[line_.rows];
-    if (!looked_) foresees_ = foresight_.Look(line_, target_, first_head_);
+    if (!looked_) foresees_ = foresight_.Look(line_, target_, first_head_, lanes_);
     looked_ = true;
     if (!foresees_) return Ahead::kMarch;
     const Verdict verdict = foresight_.Of(head);
@@ -188,6 +189,7 @@ class Search {
   const PauseFn& pause_;
   const EndHeadForm form_;
   EndHeadSearch& search_;
+  const VectorLanes lanes_;
   MarchPlace place_;
   int stretch_ = 0;  // the row at which the stretch of rows now worked began
   long idle_ = 0;    // coming pauses that would do nothing
@@ -205,8 +207,8 @@ class Search {
 }  // namespace
 
 void SolveEndHead(const Line& line, float target, const Profile& profile, const PauseFn& pause, EndHeadForm form,
-                  EndHeadSearch& search) {
-  Search(line, target, profile, pause, form, search).Run();
+                  EndHeadSearch& search, VectorLanes lanes) {
+  Search(line, target, profile, pause, form, search, lanes).Run();
 }
 
 }  // namespace torvale

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "base/platform_processor.h"
 #include "engine/end_head_step.h"
 #include "engine/march.h"
 
@@ -39,9 +40,9 @@ struct EndHeadSearch {
 //
 // The plain form makes every march. The fast one foresees the outcomes of the search (foresight.h) once a pause has
 // been called idle for a whole march, and counts the marches that nobody would see; whatever comes out, a search that
-// is stopped included, is the plain form's to the bit.
+// is stopped included, is the plain form's to the bit, whatever the lanes that it looks ahead in.
 enum class EndHeadForm { kPlain, kFast };
 void SolveEndHead(const Line& line, float target, const Profile& profile, const PauseFn& pause, EndHeadForm form,
-                  EndHeadSearch& search);
+                  EndHeadSearch& search, VectorLanes lanes = WidestLanes());
 
 }  // namespace torvale

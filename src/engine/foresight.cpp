@@ -48,7 +48,7 @@ int LowestExponentFor(float target) {
   return std::clamp(exponent, kLowestFlowExponent, kLowestFlowExponent + kFlowScaleCount - 16);
 }
 
-bool EndHeadForesight::Look(const Line& line, float target, double first_head) {
+bool EndHeadForesight::Look(const Line& line, float target, double first_head, VectorLanes lanes) {
   const Relief relief = ReliefOf(line);
   if (line.rows < 2 || !(target > 0) || !(std::fabs(first_head) < kBoundedFeet)) return false;
   if (!(std::fabs(line.rise[1]) < kBoundedFeet) || !IsMonotone(line, relief.highest - relief.lowest)) return false;
@@ -58,7 +58,7 @@ bool EndHeadForesight::Look(const Line& line, float target, double first_head) {
   const double most_head = relief.highest + Wide(target) * Wide(target) / bounds_.gain;
   if (!(most_head < kBoundedFeet)) return false;
   line_ = &line;
-  form_ = FormOf(WidestLanes());
+  form_ = FormOf(lanes);
   const auto size = static_cast<std::size_t>(line.rows) + 1;
   rows_.assign(size, {});
   for (std::size_t i = 1; i < size; ++i) {

@@ -13,7 +13,7 @@ class EndHeadForesight {
  public:
   // Marches the line in lanes until the outcome of the search from `first_head` is certain: first a rough line, which
   // tells where the end must be, then the marches there that decide. False where nothing can be told, or not soon.
-  bool Look(const Line& line, float target, double first_head);
+  bool Look(const Line& line, float target, double first_head, VectorLanes lanes);
 
   // What is certain of a march: kUnknown for the one that ends the search too.
   Verdict Of(double head) const { return quest_.MetAt(head) == nullptr ? quest_.brackets.Of(head) : Verdict::kUnknown; }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <new>
 
+#include "support/lanes_here.h"
 #include "support/long_runs.h"
 #include "support/random_slope_field.h"
 
@@ -31,13 +32,6 @@ std::atomic<long> allocations{0};
 
 namespace torvale {
 namespace {
-
-std::vector<VectorLanes> FormsHere() {
-  std::vector<VectorLanes> forms = {VectorLanes::kOne};
-  if (WidestLanes() != VectorLanes::kOne) forms.push_back(VectorLanes::kFour);
-  if (WidestLanes() == VectorLanes::kEight) forms.push_back(VectorLanes::kEight);
-  return forms;
-}
 
 bool SameBits(float a, float b) {
   return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
@@ -122,6 +116,50 @@ TEST(SlopeTrials, FastIsPlainToTheBit) {
   EXPECT_GT(ways[static_cast<int>(SlopeSearchEnd::Way::kStopped)], 100);
   EXPECT_GT(ways[static_cast<int>(SlopeSearchEnd::Way::kGaveUp)], 5);
   EXPECT_GT(trials, 20000U);
+}
+
+// FNV-1a over the bits of a list.
+template <typename T>
+std::uint64_t HashOf(const std::vector<T>& list) {
+  std::uint64_t hash = 14695981039346656037U;
+  for (const T each : list) {
+    hash = (hash ^ std::bit_cast<std::conditional_t<sizeof(T) == 8, std::uint64_t, std::uint32_t>>(each)) *
+           std::uint64_t{1099511628211U};
+  }
+  return hash;
+}
+
+// The heads and the flows of every trial: those that the plain search leaves, against the march from the far-end head
+// that the fast one tells of, over the crown of its slope.
+TEST(SlopeTrials, EveryTrialHasTheHeadsAndFlowsOfThePlainOne) {
+  std::size_t compared = 0;
+  for (unsigned seed = 1; seed <= Fields() / 10 && !HasFailure(); ++seed) {
+    const Searched searched(seed, 60, 60);
+    const SlopeField& field = searched.field;
+    PlainTrialWork plain;
+    PlainTrialWork fast;
+    PreparePlainTrial(field, plain);
+    PreparePlainTrial(field, fast);
+    for (const SlopeTrial& told : searched.Fast({WidestLanes(), 1, 1}).trials) {
+      SlopeTrial trial;
+      ASSERT_TRUE(TryPlainly(field, told.slope, plain, trial));
+      fast.crown[0] = field.crown_beyond;
+      fast.crown[1] = field.first_crown;
+      LayCrownAt(told.slope, field.span.data(), field.line.rows, field.grows_downward, fast.crown.data());
+      LayOnLine(fast.crown.data(), field.elevations, fast.line);
+      std::fill(fast.flow.begin(), fast.flow.end(), 0.0F);
+      fast.head[static_cast<std::size_t>(field.line.rows)] = told.end_head;
+      const Profile profile = {fast.head.data(), fast.flow.data(), fast.area.data()};
+      MarchPlace place = {field.line.rows, 0};
+      MarchRows(fast.line, profile, place, field.line.rows);
+      TakeOrifice(fast.line, profile, place);
+      fast.head[0] = plain.head[0];  // of the march before, which no design looks at
+      ASSERT_EQ(HashOf(plain.head), HashOf(fast.head)) << "seed " << seed << ", slope " << told.slope;
+      ASSERT_EQ(HashOf(plain.flow), HashOf(fast.flow)) << "seed " << seed << ", slope " << told.slope;
+      ++compared;
+    }
+  }
+  EXPECT_GT(compared, 2000U);
 }
 
 // Bounds that promise three times what is proved are found out.

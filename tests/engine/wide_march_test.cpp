@@ -7,17 +7,11 @@
 #include <memory>
 
 #include "engine/trial_crew.h"
+#include "support/lanes_here.h"
 #include "support/random_slope_field.h"
 
 namespace torvale {
 namespace {
-
-std::vector<VectorLanes> FormsHere() {
-  std::vector<VectorLanes> forms = {VectorLanes::kOne};
-  if (WidestLanes() != VectorLanes::kOne) forms.push_back(VectorLanes::kFour);
-  if (WidestLanes() == VectorLanes::kEight) forms.push_back(VectorLanes::kEight);
-  return forms;
-}
 
 template <typename T>
 auto Bits(T value) {
