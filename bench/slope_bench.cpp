@@ -22,8 +22,9 @@ struct PureSearch {
   double rows = 0;
 };
 
-void Prepare(const DesignRecord& record, double first_head, CrownDirection direction, PureSearch& search) {
-  PrepareSlopeField(record, first_head, "E", search.field);
+void Prepare(const DesignRecord& record, double first_head, const char* survey_kind, CrownDirection direction,
+             PureSearch& search) {
+  PrepareSlopeField(record, first_head, survey_kind, search.field);
   search.direction = direction;
   search.rows = search.field.line.rows;
   PlainTrialWork work;
@@ -38,11 +39,29 @@ void Prepare(const DesignRecord& record, double first_head, CrownDirection direc
   });
 }
 
-// A mile of line, as the other benchmarks have it; the longer furrows are at its head.
+// A mile of line, as the other benchmarks have it, surveyed by elevations that fall; the longer furrows are at its head.
 void PrepareMile(int rows, PureSearch& search) {
   BenchLine line(rows);
   mnuDesignConstSlope_Click(line.program);
-  Prepare(line.program.record, 2, CrownDirection::kRising, search);
+  Prepare(line.program.record, 2, "E", CrownDirection::kRising, search);
+}
+
+// The same mile with two slopes.
+void PrepareDual(PureSearch& search) {
+  BenchLine line(264);
+  mnuDesignDualSlope_Click(line.program);
+  Prepare(line.program.record, 2, "E", CrownDirection::kFalling, search);
+}
+
+// The same mile, level by rod readings, its furrows of one length.
+void PrepareRods(PureSearch& search) {
+  BenchLine line(264);
+  line.program.main.txtInfo[5].Set("R");
+  line.program.main.Grid1.Set(1, kCrownColumn, "5");
+  line.program.main.Grid1.Set(101, kCrownColumn, "5");
+  line.program.main.Grid1.Set(1, kFurrowLengthColumn, "1000");
+  mnuDesignConstSlope_Click(line.program);
+  Prepare(line.program.record, 2, "R", CrownDirection::kFalling, search);
 }
 
 // A short steep line: forty holes of an inch thirty feet apart under four feet of head.
@@ -65,7 +84,7 @@ void PrepareSteep(PureSearch& search) {
     r.FlowRatio[row] = 1;
     r.CrownElev[row] = r.DesignElev[row] = 100;
   }
-  Prepare(r, 2, CrownDirection::kFalling, search);
+  Prepare(r, 2, "E", CrownDirection::kFalling, search);
 }
 
 void Count(benchmark::State& state, const PureSearch& search) {
@@ -108,21 +127,28 @@ void FastSlopes(benchmark::State& state) {
   SearchFast(state, search);
 }
 
-void PlainSteep(benchmark::State& state) {
+template <void PrepareSearch(PureSearch&)>
+void Plain(benchmark::State& state) {
   PureSearch search;
-  PrepareSteep(search);
+  PrepareSearch(search);
   SearchPlainly(state, search);
 }
 
-void FastSteep(benchmark::State& state) {
+template <void PrepareSearch(PureSearch&)>
+void Fast(benchmark::State& state) {
   PureSearch search;
-  PrepareSteep(search);
+  PrepareSearch(search);
   SearchFast(state, search);
 }
 
 // The search on the far-end head of one line, from a target head of two feet.
 template <EndHeadForm kForm>
 void EndHead(benchmark::State& state) {
+  const auto lanes = static_cast<VectorLanes>(state.range(1));
+  if (lanes > WidestLanes()) {
+    state.SkipWithError("the processor has no such lanes");
+    return;
+  }
   PureSearch search;
   PrepareMile(static_cast<int>(state.range(0)), search);
   const auto size = static_cast<std::size_t>(search.rows) + 1;
@@ -132,7 +158,8 @@ void EndHead(benchmark::State& state) {
   EndHeadSearch found;
   for (auto _ : state) {
     head.back() = 2;
-    SolveEndHead(search.field.line, search.field.target, {head.data(), flow.data(), area.data()}, {}, kForm, found);
+    SolveEndHead(search.field.line, search.field.target, {head.data(), flow.data(), area.data()}, {}, kForm, found,
+                 lanes);
   }
   if (found.outcome != EndHeadSearch::Outcome::kConverged) state.SkipWithError("no end");
   state.counters["marches"] = found.marches;
@@ -145,10 +172,20 @@ BENCHMARK(FastSlopes)
     ->UseRealTime()
     ->MeasureProcessCPUTime()
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(PlainSteep)->Unit(benchmark::kMicrosecond);
-BENCHMARK(FastSteep)->ArgsProduct({{40}, {1, 4, 8}, {1}})->Unit(benchmark::kMicrosecond);
-BENCHMARK(EndHead<EndHeadForm::kPlain>)->Arg(264)->Arg(5280)->Unit(benchmark::kMicrosecond);
-BENCHMARK(EndHead<EndHeadForm::kFast>)->Arg(264)->Arg(5280)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Plain<PrepareDual>)->Name("PlainDual")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Fast<PrepareDual>)->Name("FastDual")->ArgsProduct({{264}, {1, 4, 8}, {1}})->Unit(benchmark::kMicrosecond);
+BENCHMARK(Plain<PrepareRods>)->Name("PlainRods")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Fast<PrepareRods>)->Name("FastRods")->ArgsProduct({{264}, {1, 4, 8}, {1}})->Unit(benchmark::kMicrosecond);
+BENCHMARK(Plain<PrepareSteep>)->Name("PlainSteep")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Fast<PrepareSteep>)->Name("FastSteep")->ArgsProduct({{40}, {1, 4, 8}, {1}})->Unit(benchmark::kMicrosecond);
+BENCHMARK(EndHead<EndHeadForm::kPlain>)
+    ->Name("PlainEndHead")
+    ->ArgsProduct({{264, 5280}, {1}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(EndHead<EndHeadForm::kFast>)
+    ->Name("FastEndHead")
+    ->ArgsProduct({{264, 5280}, {1, 4, 8}})
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace torvale
