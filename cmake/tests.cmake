@@ -6,20 +6,8 @@ find_library(RAPIDCHECK_LIBRARY rapidcheck REQUIRED)
 find_library(MPFR_LIBRARY mpfr REQUIRED)
 find_library(GMP_LIBRARY gmp REQUIRED)
 
-# The one file that is compiled with the name of this folder.
-add_library(torvale_source_folder OBJECT ${PROJECT_SOURCE_DIR}/tests/support/source_folder.cpp)
-if(NOT WIN32)
-  target_sources(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/files_in_memory.cpp)
-endif()
-target_include_directories(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_compile_definitions(torvale_source_folder PRIVATE TORVALE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-
-# A test is compiled far oftener than it works hard.
-add_library(torvale_test_options INTERFACE)
-target_compile_options(torvale_test_options INTERFACE $<$<CONFIG:Release>:-O1>)
-
-# A hung test is a failed test. The longest are the random runs of ./test --thorough.
-set(test_timeout_seconds 900)
+include(cmake/test_support.cmake)
+target_sources(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/files_in_memory.cpp)
 
 set(folders_with_tests gui)
 

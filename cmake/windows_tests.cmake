@@ -9,12 +9,10 @@ find_path(JSON_INCLUDE nlohmann/json.hpp REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/headers)
 file(CREATE_LINK ${JSON_INCLUDE}/nlohmann ${PROJECT_BINARY_DIR}/headers/nlohmann SYMBOLIC)
 
-# The one file that is compiled with the name of this folder.
-add_library(torvale_source_folder OBJECT ${PROJECT_SOURCE_DIR}/tests/support/source_folder.cpp)
-target_include_directories(torvale_source_folder PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_compile_definitions(torvale_source_folder PRIVATE TORVALE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+include(cmake/test_support.cmake)
 
-foreach(folder base record engine screen display search input files reports shell scenarios script batch)
+get_property(folders GLOBAL PROPERTY torvale_folders)
+foreach(folder IN LISTS folders)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*_test.cpp)
   set(fitting "")
   foreach(source IN LISTS sources)
@@ -29,10 +27,8 @@ foreach(folder base record engine screen display search input files reports shel
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_include_directories(${target} SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/headers)
     target_link_libraries(${target} PRIVATE torvale_batch_lib torvale_script_lib torvale_source_folder gmock gtest_main
-      torvale_options)
-    # A test is compiled far oftener than it works hard.
-    target_compile_options(${target} PRIVATE -O1)
+      torvale_options torvale_test_options)
     add_test(NAME ${folder} COMMAND ${target})
-    set_tests_properties(${folder} PROPERTIES TIMEOUT 900)
+    set_tests_properties(${folder} PROPERTIES TIMEOUT ${test_timeout_seconds})
   endif()
 endforeach()
