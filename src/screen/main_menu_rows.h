@@ -83,7 +83,7 @@ inline constexpr ControlRow<MainScreen> kMenus[] = {
         {.shortcut = "Ctrl+V", .shortcut_owner = ShortcutOwner::kControl, .tool = {"Paste", "paste", 90}}),
     Menu<&MainScreen::mnuInsertRow>("mnuInsertRow", "mnuEdit", "&Insert Row",
                                     "Move the rows from the current one on down by one",
-                                    {.shortcut = "Ctrl+Ins", .starts_group = true}),
+                                    {.shortcut = "Ctrl+I", .starts_group = true}),
     Menu<&MainScreen::mnuDeleteRow>("mnuDeleteRow", "mnuEdit", "&Delete Row",
                                     "Take the current row out and move those below up", {.shortcut = "Ctrl+Del"}),
     Menu<&MainScreen::mnuClearFilled>("mnuClearFilled", "mnuEdit", "Clear &What Was Filled In",

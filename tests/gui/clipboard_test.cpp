@@ -67,6 +67,22 @@ TEST_F(ClipboardTest, CutAndDeleteEmptyCells) {
   EXPECT_EQ(record().PasteRows, 1);
 }
 
+// The keys that Windows had before the letters, and that hands still know.
+TEST_F(ClipboardTest, InsertAndDeleteCopyPasteAndCutAsWell) {
+  TypeCell(5, 2, "600");
+  Ctrl(Sheet(), Qt::Key_Insert);
+  EXPECT_EQ(Shown(5, 2), "600");
+  PointAt(7, 2);
+  QTest::keyClick(&Sheet(), Qt::Key_Insert, Qt::ShiftModifier);
+  EXPECT_EQ(Shown(7, 2), "600");
+  PointAt(5, 2);
+  QTest::keyClick(&Sheet(), Qt::Key_Delete, Qt::ShiftModifier);
+  EXPECT_EQ(Shown(5, 2), "");
+  PointAt(9, 2);
+  QTest::keyClick(&Sheet(), Qt::Key_Insert, Qt::ShiftModifier);
+  EXPECT_EQ(Shown(9, 2), "600");
+}
+
 TEST_F(ClipboardTest, OneKeyIsOneCommand) {
   TypeCell(5, 2, "600");
   Ctrl(Sheet(), Qt::Key_X);

@@ -117,7 +117,7 @@ TEST_F(ScreenTest, KeysRunMenuEntries) {
   Sheet().setFocus();
   Key(Sheet(), Qt::Key_Down);
   Type(Sheet(), "150");
-  Key(Sheet(), Qt::Key_Insert, 1, Qt::ControlModifier);
+  Key(Sheet(), Qt::Key_I, 1, Qt::ControlModifier);
   EXPECT_EQ(main().Grid1.Text(2, 0), "");
   EXPECT_EQ(main().Grid1.Text(3, 0), "150");
 }
