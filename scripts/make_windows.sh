@@ -4,7 +4,7 @@
 #   packages/torvale-VERSION-windows.zip        one folder that can be unpacked anywhere
 #   packages/torvale-VERSION-windows-setup.exe  the installer, for one user without administrator's rights
 # The first run makes the toolkit too, which takes some 40 minutes of one processor (scripts/windows_toolkit.sh tells
-# where it is kept); every later one takes some two minutes.
+# where it is kept); the program takes some six, and one minute where little of it has changed.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 source scripts/packages.sh
@@ -21,6 +21,7 @@ pdf_library=$(scripts/windows_pdf_library.sh | tail -n 1)
 grep -qsF "$toolkit" "$kBuild/CMakeCache.txt" || rm -rf "$kBuild"
 configure windows -DCMAKE_TOOLCHAIN_FILE="$toolkit/lib/cmake/Qt6/qt.toolchain.cmake" \
   -DQT_CHAINLOAD_TOOLCHAIN_FILE="$PWD/cmake/mingw.cmake" -DQCustomPlotQt6_DIR="$toolkit/lib/cmake/QCustomPlotQt6"
+echo "Making the programs: six minutes of one processor, where all is to be compiled"
 nice cmake --build "$kBuild" -j "${TORVALE_WINDOWS_JOBS:-$(nproc)}" --target torvale torvale_script torvale_batch
 
 # stage FOLDER PROGRAMS DATA PAGES: everything that a user gets, the parts in folders of those names in FOLDER.
@@ -74,6 +75,7 @@ write_file_list() {
   } >"$list"
 }
 
+echo "Making the archive and the installer: less than a minute"
 rm -rf "$kPackages"
 mkdir -p "$kPackages"
 

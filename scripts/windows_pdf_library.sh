@@ -15,7 +15,8 @@ prefix=$work/installed
 hold_folder
 
 if [ ! -f "$work/done" ]; then
-  echo "Making libharu $pdf_version for Windows. Log: $work/log"
+  need_room 50
+  echo "Making libharu $pdf_version for Windows: less than a minute, once. Log: $work/log"
   rm -rf "$work"/libharu* "$work/build" "$prefix"
   # Debian's own part holds only how it is packed for Debian.
   fetch_sources --tar-only "libharu=$pdf_version"

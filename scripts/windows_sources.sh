@@ -4,6 +4,8 @@
 # made once:
 #   kept_folder NAME PART...   sets `work` to that folder in ${XDG_CACHE_HOME:-~/.cache}/torvale-windows
 #   hold_folder                waits until no other run works there, and keeps others out until the script ends
+#   need_room MEGABYTES        stops where the disk has less for that folder
+#   fetch_sources ARGUMENT...  Debian's sources, unpacked in that folder
 
 # version_of PACKAGE: the source version of an installed package.
 version_of() {
@@ -40,6 +42,19 @@ apt_here() {
     -o Acquire::Retries=3 "$@"
 }
 
+# stop LINE...: says why there is no going on.
+stop() {
+  printf '%s\n' "$@" >&2
+  exit 1
+}
+
+need_room() {
+  local free
+  free=$(df --output=avail -m "$work" | tail -n 1)
+  [ "$free" -ge "$1" ] || stop "$work needs $1 MB, and its disk has ${free// /} MB left." \
+    "Make room there, or let XDG_CACHE_HOME name a folder on another disk."
+}
+
 # fetch_sources ARGUMENT...: what `apt-get source` brings into the folder `work`.
 fetch_sources() {
   mkdir -p "$work/apt/lists/partial" "$work/apt/cache/archives/partial"
@@ -47,7 +62,11 @@ fetch_sources() {
   [ -f "$keyring" ] && options="[signed-by=$keyring]"
   apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
     sort -u | sed "s|^|deb-src $options |" >"$work/apt/sources.list"
-  apt_here update
-  (cd "$work" && apt_here source --only-source "$@")
+  [ -s "$work/apt/sources.list" ] || stop "This system has no lists of Debian's packages. Fetch them: apt-get update"
+  # Else a list that could not be fetched would be a warning only.
+  apt_here -o APT::Update::Error-Mode=any update && (cd "$work" && apt_here source --only-source "$@") ||
+    stop "Not all of these sources of Debian could be fetched: ${*#--tar-only}" \
+      "Is there a network? Are this system's packages those of today (apt-get update, apt-get upgrade)?" \
+      "Then start the script again; it goes on from here."
   rm -rf "$work/apt"
 }

@@ -37,6 +37,9 @@ if [ -f "$work/done" ]; then
   exit 0
 fi
 
+# The sources, what is made of them on the way, and what is installed.
+need_room 3000
+
 fetch_both() {
   echo "Fetching the sources of qt6-base $qt_version and qcustomplot $plot_version (50 MB)"
   fetch_sources "qt6-base=$qt_version" "qcustomplot=$plot_version"
