@@ -28,8 +28,7 @@ struct Solved {
       return Pause{pauses >= stop_at, std::min(idle, std::max(0L, stop_at - pauses - 1))};
     };
     try {
-      SolveEndHead(field.line, field.target, {head.data(), flow.data(), area.data()}, pause, form, search,
-                   lanes);
+      SolveEndHead(field.line, field.target, {head.data(), flow.data(), area.data()}, pause, form, search, lanes);
     } catch (const RunTimeFault&) {
       fault = true;
     }
@@ -83,7 +82,7 @@ TEST(EndHeadForesight, ChangesNothingThatComesOut) {
       SCOPED_TRACE("seed " + std::to_string(seed) + ", stopped at " + std::to_string(stop_at) + ", idle " +
                    std::to_string(idle));
       const Solved plain(field, first_head, EndHeadForm::kPlain, stop_at, idle);
-      for (const VectorLanes lanes : FormsHere()) {
+      for (const VectorLanes lanes : LanesHere()) {
         ExpectSame(plain, Solved(field, first_head, EndHeadForm::kFast, stop_at, idle, lanes));
       }
       ++outcomes[static_cast<int>(plain.search.outcome)];

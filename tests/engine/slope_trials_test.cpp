@@ -100,7 +100,7 @@ TEST(SlopeTrials, FastIsPlainToTheBit) {
   std::size_t trials = 0;
   for (unsigned seed = 1; seed <= Fields() && !HasFailure(); ++seed) {
     const Searched searched(seed, seed % 10 == 0 ? 300 : 60, 60);
-    for (const VectorLanes lanes : FormsHere()) {
+    for (const VectorLanes lanes : LanesHere()) {
       for (const int threads : {1, 4}) {
         // Threads wait for each other, which is slow where others keep the processor busy.
         if (threads > 1 && seed % 8 != 0) continue;

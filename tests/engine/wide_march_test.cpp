@@ -101,7 +101,8 @@ void CompareForm(const SlopeField& field, VectorLanes lanes, RandomSlopeField& r
     for (int row = 1; row <= rows; ++row) {
       const auto i = static_cast<std::size_t>(row);
       if (!(line.opening[i] > 0)) continue;
-      ASSERT_EQ(Bits(flows.data()[FlowPlace(form.width, rows, job, row)]), Bits(alone.flow[i])) << "row " << row << ", job " << job;
+      ASSERT_EQ(Bits(flows.data()[FlowPlace(form.width, rows, job, row)]), Bits(alone.flow[i]))
+          << "row " << row << ", job " << job;
     }
   }
 }
@@ -115,7 +116,7 @@ TEST(WideMarch, EveryLaneGivesTheBitsOfOneMarch) {
     SlopeField field;
     PrepareSlopeField(*record, 2, random.SurveyKind(), field);
     if (field.line.rows < 1 || !IsMonotone(field.line, 1000)) continue;
-    for (const VectorLanes lanes : FormsHere()) {
+    for (const VectorLanes lanes : LanesHere()) {
       SCOPED_TRACE("seed " + std::to_string(seed) + ", lanes " + std::to_string(static_cast<int>(lanes)));
       CompareForm(field, lanes, random, counts);
     }

@@ -1,5 +1,5 @@
-// The selections of hole sizes in the plain way, the reference of the fast ones: rows are built anew for each head, both
-// selections are made, and, on a desktop that looks ahead no further than some rows, so is every march.
+// The selections of hole sizes in the plain way, the reference of the fast ones: rows are built anew for each head,
+// both selections are made, and, on a desktop that looks ahead no further than some rows, so is every march.
 #pragma once
 
 #include "base/arithmetic.h"

@@ -24,7 +24,9 @@ class Selected : public RandomLineTest {
       mnuComputerHoleSelection_Click(program);
     }
   }
-  bool Designed() const { return record.DesignOK == "True" && record.MissingData == 0 && record.DesignType != kNoDesign; }
+  bool Designed() const {
+    return record.DesignOK == "True" && record.MissingData == 0 && record.DesignType != kNoDesign;
+  }
   // Yields of a selection.
   template <typename Selection>
   long Yields(Selection selection) {

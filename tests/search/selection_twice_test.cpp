@@ -1,7 +1,7 @@
 // The second selection of hole sizes, which repeats the first: passed over where nobody would see it.
+#include "random_line.h"
 #include "search/hole_selection.h"
 #include "search/hole_selection_panel.h"
-#include "random_line.h"
 
 namespace torvale {
 namespace {
@@ -19,10 +19,10 @@ class Watched : public SelectionTwiceTest {
   void TestBody() override {}
 
  public:
+  using RandomLineTest::RandomLine;
   using SearchTest::host;
   using SearchTest::main;
   using SearchTest::record;
-  using RandomLineTest::RandomLine;
   using SelectionTwiceTest::Select;
   void Watch() {
     WatchYields([] {});

@@ -7,7 +7,7 @@
 namespace torvale {
 
 // The kinds of lanes that the processor at hand has.
-inline std::vector<VectorLanes> FormsHere() {
+inline std::vector<VectorLanes> LanesHere() {
   std::vector<VectorLanes> forms = {VectorLanes::kOne};
   if (WidestLanes() != VectorLanes::kOne) forms.push_back(VectorLanes::kFour);
   if (WidestLanes() == VectorLanes::kEight) forms.push_back(VectorLanes::kEight);
