@@ -25,9 +25,9 @@ class CrewRounds {
   // there will be none.
   bool Await(int& seen);
 
-  // For shares that the leader works itself where a helper comes too late, since others keep the processor busy: whether
-  // the caller is the first to take on that share (from 0) of the round. Whoever is works it and says `Done`. All
-  // shares of every round must be taken on so, by the leader if by nobody else, or none of any.
+  // For shares that the leader works itself where a helper comes too late, since others keep the processor busy:
+  // whether the caller is the first to take on that share (from 0) of the round. Whoever is works it and says `Done`.
+  // All shares of every round must be taken on so, by the leader if by nobody else, or none of any.
   bool TakeOn(int share, int round);
   void Done();
 

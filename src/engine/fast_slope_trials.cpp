@@ -16,7 +16,7 @@ namespace torvale {
 namespace {
 
 constexpr int kMostInFlight = 64;
-constexpr int kFirst = 2;  // trials that are begun with where only the level crown is known
+constexpr int kFirst = 2;          // trials that are begun with where only the level crown is known
 constexpr int kMostRounds = 40;    // of one trial, before it is tried plainly
 constexpr double kMostRise = 1e3;  // feet, of a crown from end to end
 
@@ -38,10 +38,15 @@ class Search {
          const SlopeSearchManner& manner)
       : field_(field), direction_(direction), bounds_(BoundsOf(field.line, field.target)) {
     bounds_.planted = manner.planted_error;
-    crew_.Prepare(field_, plan, manner);
+    // The head is spent when row 1 has come up by about half the rise, and the far end's head by the other half.
+    const double most_rise = 2 * level.lowest_head;
+    double length = 0;
+    for (const float span : field.span) length += span;
+    crew_.Prepare(field_, plan, manner, most_rise / (kSlopeStep * std::max(1.0, length)));
     PreparePlainTrial(field_, plain_);
-    const double toward = (direction == CrownDirection::kFalling) == (field.elevations != field.grows_downward) ? 1 : -1;
-    const SlopeCurve curve = crew_.LookAhead(field.target, level.end_head, toward * 2 * level.lowest_head);
+    const double toward =
+        (direction == CrownDirection::kFalling) == (field.elevations != field.grows_downward) ? 1 : -1;
+    const SlopeCurve curve = crew_.LookAhead(field.target, level.end_head, toward * most_rise);
     guess_.Begin(level.end_head, level.flow, level.lowest_head, bounds_, curve);
     at_first_ = curve.known ? crew_.slots() : kFirst;
     lowest_head_ = level.lowest_head;

@@ -13,11 +13,18 @@ namespace {
 
 // Below this many rows a round is over before a second thread has woken.
 constexpr int kRowsForThreads = 1500;
-constexpr int kMostThreads = 4;
+constexpr int kMostThreads = CrewRounds::kMostShares;
+
+// A thread gains where it has crowns enough for a block of its own; a round of few marches takes as long as a full one.
+int ThreadsFor(int rows, double blocks_of_crowns) {
+  if (rows < kRowsForThreads) return 1;
+  return static_cast<int>(std::min<double>(ProcessorThreads(), blocks_of_crowns));
+}
 
 }  // namespace
 
-void TrialCrew::Prepare(const SlopeField& field, const FurrowPlan& plan, const SlopeSearchManner& manner) {
+void TrialCrew::Prepare(const SlopeField& field, const FurrowPlan& plan, const SlopeSearchManner& manner,
+                        double trials) {
   field_ = &field;
   plan_ = &plan;
   form_ = FormOf(manner.lanes);
@@ -33,9 +40,8 @@ void TrialCrew::Prepare(const SlopeField& field, const FurrowPlan& plan, const S
   }
   line_ = {rows_.data(),        line.rows,        line.friction_factor,
            line.discharge_coef, field.elevations, LowestExponentFor(field.target)};
-  int threads = manner.threads;
-  if (threads == 0) threads = line.rows < kRowsForThreads ? 1 : std::min(ProcessorThreads(), kMostThreads);
-  threads = std::clamp(threads, 1, kMostThreads);
+  const int threads =
+      std::clamp(manner.threads == 0 ? ThreadsFor(line.rows, trials / form_.slots) : manner.threads, 1, kMostThreads);
   last_crown_.assign(size, 0);
   for (int block = 0; block < threads; ++block) {
     blocks_.push_back(std::make_unique<TrialBlock>());
@@ -196,7 +202,8 @@ void TrialCrew::MarchBlock(TrialBlock& block) {
     result.marched = {jobs.head[job], jobs.flow[job], jobs.lowest[job], jobs.highest[job]};
     result.met = jobs.lowest[job] >= 0 && MeetsTarget(jobs.flow[job], target_);
     if (result.met) {
-      result.quarter = LowQuarterOf(*plan_, form_, block.flows.data() + FlowPlace(form_.width, line_.rows, job, 0), *block.quarter);
+      result.quarter =
+          LowQuarterOf(*plan_, form_, block.flows.data() + FlowPlace(form_.width, line_.rows, job, 0), *block.quarter);
     }
   }
 }

@@ -44,8 +44,9 @@ class TrialCrew {
   TrialCrew& operator=(const TrialCrew&) = delete;
   ~TrialCrew();
 
-  // Gets all memory and threads that the search will need. `field` and its `plan` must outlive the crew.
-  void Prepare(const SlopeField& field, const FurrowPlan& plan, const SlopeSearchManner& manner);
+  // Gets all memory and threads that the search will need, of about as many trials. `field` and its `plan` must outlive
+  // the crew.
+  void Prepare(const SlopeField& field, const FurrowPlan& plan, const SlopeSearchManner& manner, double trials);
 
   // A guess of how the search goes along the slopes, to a rise of `most_rise` feet.
   SlopeCurve LookAhead(float target, double level_head, double most_rise) const {

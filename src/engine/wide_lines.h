@@ -54,8 +54,8 @@ struct LowestSum {
   bool exact = false;     // no addition of any of them rounds, in whatever order
 };
 
-// Where the flow of a job out of a row stands: vector after vector, and the lanes of one side by side for each row from 0
-// on, so that the flows of one job lie near each other.
+// Where the flow of a job out of a row stands: vector after vector, and the lanes of one side by side for each row from
+// 0 on, so that the flows of one job lie near each other.
 inline std::ptrdiff_t FlowPlace(int width, int rows, int job, int row) {
   return (static_cast<std::ptrdiff_t>(job / width) * (rows + 1) + row) * width + job % width;
 }
@@ -69,8 +69,8 @@ struct WideForm {
   int one_crown_jobs = 0;
   // Marches the first `count` jobs, which the lanes may round up. `crowns` has `slots` floats for each row from 0 on,
   // in the units of the survey. `flows` takes `jobs` floats for each row from 0 on, at `FlowPlace`: what flows out of
-  // the rows with holes. `lowest` below 0 tells that the march went negative; what else comes out of such a job means nothing. No
-  // fault is told: the line must be one that `CannotOverflow` (head_brackets.h) vouches for.
+  // the rows with holes. `lowest` below 0 tells that the march went negative; what else comes out of such a job means
+  // nothing. No fault is told: the line must be one that `CannotOverflow` (head_brackets.h) vouches for.
   void (*march)(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) = nullptr;
   // The same on the crown of `WideRow::rise`, all `one_crown_jobs` of them. The first one's rows come out in `rows`.
   void (*march_one_crown)(const WideLine& line, WideJobs& jobs, const WideProfile& rows) = nullptr;

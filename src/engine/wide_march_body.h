@@ -2,9 +2,9 @@
 // compiler flags. Everything here has internal linkage and nothing of the standard library is called, so that no other
 // file can come to run code made for a processor that has more than this one.
 //
-// A kind of lanes `L` has: `D` lanes of double, `F` as many of float, kWidth of them, room for kSlots crowns, vectors for
-// kOneCrownVectors marches on one crown, and the operations below, `Leave` after the last of them. The
-// order of operations is that of `TakeOrifice`, `CarryHead` and `FlowPower`; none is fused.
+// A kind of lanes `L` has: `D` lanes of double, `F` as many of float, kWidth of them, room for kSlots crowns, vectors
+// for kOneCrownVectors marches on one crown, and the operations below, `Leave` after the last of them. The order of
+// operations is that of `TakeOrifice`, `CarryHead` and `FlowPower`; none is fused.
 #pragma once
 
 #include "base/power_table.h"
@@ -103,7 +103,8 @@ inline void MarchVectors(const WideLine& line, const typename L::Tables& tables,
         const D root = L::Root(L::Mul(head[v], L::All(64.4)));
         const D out = L::Mul(L::Mul(L::Mul(L::All(r.opening), root), L::All(448.8)), L::All(line.discharge_coef));
         const F narrow = L::Narrow(out);
-        if constexpr (!kOneCrown) L::StoreF(flows + FlowPlace(L::kWidth, line.rows, first + v * L::kWidth, row), narrow);
+        if constexpr (!kOneCrown)
+          L::StoreF(flows + FlowPlace(L::kWidth, line.rows, first + v * L::kWidth, row), narrow);
         flow[v] = L::AddF(flow[v], narrow);
         if (kOneCrown && v == 0) rows.flow[row] = L::FirstF(narrow);
       }
@@ -173,8 +174,14 @@ void MarchOneCrown(const WideLine& line, WideJobs& jobs, const WideProfile& rows
 
 template <class L>
 WideForm MakeForm(VectorLanes lanes) {
-  return {lanes,    L::kWidth,        kMostVectors * L::kWidth, L::kSlots, L::kOneCrownVectors * L::kWidth,
-          March<L>, MarchOneCrown<L>, LowestSumOf};
+  return {lanes,
+          L::kWidth,
+          kMostVectors * L::kWidth,
+          L::kSlots,
+          L::kOneCrownVectors * L::kWidth,
+          March<L>,
+          MarchOneCrown<L>,
+          LowestSumOf};
 }
 
 }  // namespace
