@@ -39,7 +39,8 @@ void Prepare(const DesignRecord& record, double first_head, const char* survey_k
   });
 }
 
-// A mile of line, as the other benchmarks have it, surveyed by elevations that fall; the longer furrows are at its head.
+// A mile of line, as the other benchmarks have it, surveyed by elevations that fall; the longer furrows are at its
+// head.
 void PrepareMile(int rows, PureSearch& search) {
   BenchLine line(rows);
   mnuDesignConstSlope_Click(line.program);
@@ -141,16 +142,23 @@ void Fast(benchmark::State& state) {
   SearchFast(state, search);
 }
 
+void PrepareShortMile(PureSearch& search) {
+  PrepareMile(264, search);
+}
+void PrepareLongMile(PureSearch& search) {
+  PrepareMile(5280, search);
+}
+
 // The search on the far-end head of one line, from a target head of two feet.
-template <EndHeadForm kForm>
+template <EndHeadForm kForm, void PrepareSearch(PureSearch&)>
 void EndHead(benchmark::State& state) {
-  const auto lanes = static_cast<VectorLanes>(state.range(1));
+  const auto lanes = static_cast<VectorLanes>(state.range(0));
   if (lanes > WidestLanes()) {
     state.SkipWithError("the processor has no such lanes");
     return;
   }
   PureSearch search;
-  PrepareMile(static_cast<int>(state.range(0)), search);
+  PrepareSearch(search);
   const auto size = static_cast<std::size_t>(search.rows) + 1;
   std::vector<double> head(size);
   std::vector<float> flow(size);
@@ -178,13 +186,35 @@ BENCHMARK(Plain<PrepareRods>)->Name("PlainRods")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Fast<PrepareRods>)->Name("FastRods")->ArgsProduct({{264}, {1, 4, 8}, {1}})->Unit(benchmark::kMicrosecond);
 BENCHMARK(Plain<PrepareSteep>)->Name("PlainSteep")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Fast<PrepareSteep>)->Name("FastSteep")->ArgsProduct({{40}, {1, 4, 8}, {1}})->Unit(benchmark::kMicrosecond);
-BENCHMARK(EndHead<EndHeadForm::kPlain>)
-    ->Name("PlainEndHead")
-    ->ArgsProduct({{264, 5280}, {1}})
+BENCHMARK(EndHead<EndHeadForm::kPlain, PrepareShortMile>)
+    ->Name("PlainEndHead264")
+    ->Arg(1)
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(EndHead<EndHeadForm::kFast>)
-    ->Name("FastEndHead")
-    ->ArgsProduct({{264, 5280}, {1, 4, 8}})
+BENCHMARK(EndHead<EndHeadForm::kPlain, PrepareLongMile>)
+    ->Name("PlainEndHead5280")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(EndHead<EndHeadForm::kPlain, PrepareRods>)
+    ->Name("PlainEndHeadRods264")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(EndHead<EndHeadForm::kFast, PrepareShortMile>)
+    ->Name("FastEndHead264")
+    ->Arg(1)
+    ->Arg(4)
+    ->Arg(8)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(EndHead<EndHeadForm::kFast, PrepareLongMile>)
+    ->Name("FastEndHead5280")
+    ->Arg(1)
+    ->Arg(4)
+    ->Arg(8)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(EndHead<EndHeadForm::kFast, PrepareRods>)
+    ->Name("FastEndHeadRods264")
+    ->Arg(1)
+    ->Arg(4)
+    ->Arg(8)
     ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
