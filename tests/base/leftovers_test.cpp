@@ -6,11 +6,11 @@
 #include <chrono>
 #include <csignal>
 #include <fstream>
-#include <random>
 #include <set>
 
 #include "base/platform.h"
 #include "base/whole_file.h"
+#include "support/own_folder.h"
 
 namespace torvale {
 namespace {
@@ -27,13 +27,6 @@ std::uint64_t NumberOfTheDead() {
 }
 
 struct Leftovers : ::testing::Test {
-  Leftovers() {
-    std::random_device random;
-    folder = fs::temp_directory_path() / ("torvale-left-" + std::to_string(random()));
-    fs::create_directory(folder);
-  }
-  ~Leftovers() override { fs::remove_all(folder); }
-
   std::string Put(const std::string& name, int hours_ago) const {
     std::ofstream(folder / name) << "left";
     fs::last_write_time(folder / name, fs::file_time_type::clock::now() - std::chrono::hours(hours_ago));
@@ -45,7 +38,8 @@ struct Leftovers : ::testing::Test {
     return names;
   }
 
-  fs::path folder;
+  OwnFolder own;
+  fs::path folder = own.path();
   const std::string dead = std::to_string(NumberOfTheDead());
 };
 

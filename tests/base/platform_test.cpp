@@ -7,11 +7,11 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <system_error>
 
 #include "base/paths.h"
 #include "base/whole_file.h"
+#include "support/own_folder.h"
 
 namespace torvale {
 namespace {
@@ -22,16 +22,9 @@ namespace fs = std::filesystem;
 constexpr std::string_view kForeignName = "Žitné pole, поле, 葡萄園 \xF0\x9F\x8C\xB1.PFD";
 
 struct Platform : ::testing::Test {
-  Platform() {
-    std::random_device random;
-    folder = fs::temp_directory_path() / ("torvale-platform-" + std::to_string(random()));
-    fs::create_directory(folder);
-    path = folder / "x";
-  }
   ~Platform() override {
     std::error_code ignored;
     fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
-    fs::remove_all(folder, ignored);
   }
 
   int Write(const fs::path& to, std::string_view bytes) const { return WriteWhole(to, bytes, folder / "kept").error; }
@@ -48,7 +41,9 @@ struct Platform : ::testing::Test {
     return facts;
   }
 
-  fs::path folder, path;
+  OwnFolder own;
+  fs::path folder = own.path();
+  fs::path path = folder / "x";
 };
 
 TEST_F(Platform, APathIsTheSameTextAgain) {

@@ -9,11 +9,11 @@
 #include <cerrno>
 #include <csignal>
 #include <fstream>
-#include <iterator>
-#include <random>
 #include <vector>
 
 #include "base/platform.h"
+#include "support/file_bytes.h"
+#include "support/own_folder.h"
 
 namespace torvale {
 namespace {
@@ -24,22 +24,9 @@ namespace fs = std::filesystem;
 constexpr int kMostSteps = 100;
 
 struct WholeFile : ::testing::Test {
-  WholeFile() {
-    std::random_device random;
-    folder = fs::temp_directory_path() / ("torvale-whole-" + std::to_string(random()));
-    fs::create_directory(folder);
-    path = folder / "x";
-    kept = folder / "kept";
-  }
-  ~WholeFile() override { fs::remove_all(folder); }
-
   int Write(std::string_view bytes, const DiskWatch& watch = {}) {
     result = WriteWhole(path, bytes, kept, watch);
     return result.error;
-  }
-  static std::string BytesOf(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
   }
   static void Put(const fs::path& file, std::string_view bytes) { std::ofstream(file, std::ios::binary) << bytes; }
   // The names in a folder; none where it isn't there.
@@ -55,7 +42,10 @@ struct WholeFile : ::testing::Test {
     return status.st_mode & 07777;
   }
 
-  fs::path folder, path, kept;
+  OwnFolder own;
+  fs::path folder = own.path();
+  fs::path path = folder / "x";
+  fs::path kept = folder / "kept";
   WholeFileResult result;
   const std::string text = std::string(250000, 'n');  // eight writes
 };

@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -18,13 +17,10 @@
 #include "input/info_fields.h"
 #include "search/design_commands.h"
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
+#include "support/usual_preferences.h"
 
 namespace torvale {
-
-inline std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 inline void WriteTestFile(const std::string& path, std::string_view bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
@@ -48,9 +44,7 @@ struct FileProgram {
 
   // Fills the preferences so that leaving their panel changes none.
   void FillPreferences() {
-    const std::vector<std::string> texts = {"100", "3/8", "0.65", "140", "1.2", "15", "10", "1",
-                                            "10",  "E",   "2.0",  "C",   "1",   "2",  ".2", "*.*"};
-    for (std::size_t i = 0; i < texts.size(); ++i) main.txtDefault[i].Set(texts[i]);
+    for (std::size_t i = 0; i < kUsualPreferences.size(); ++i) main.txtDefault[i].Set(kUsualPreferences.at(i));
   }
 
   // Eleven furrows ten feet apart on a crown that is all but level, at 6.4 GPM: rows that every kind of design accepts.

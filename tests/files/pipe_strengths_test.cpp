@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 
 namespace torvale {
@@ -73,8 +74,7 @@ TEST_F(PipeStrengthsTest, AFileThatCanNotBeReadIsTold) {
 
 // The file that comes with the program: half of 4.62 x 1,450 x thickness / diameter, to tenths of a foot.
 TEST_F(PipeStrengthsTest, TheTableThatComesWithTheProgramIsHalfOfTheYield) {
-  std::ifstream file(kSourceFolder + std::string("/data/SafeHeads.txt"), std::ios::binary);
-  Read(std::string(std::istreambuf_iterator<char>(file), {}));
+  Read(BytesOf(std::string(kSourceFolder) + "/data/SafeHeads.txt"));
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(program.pipe_strengths.size(), 16U);
   for (const PipeStrength& pipe : program.pipe_strengths) {

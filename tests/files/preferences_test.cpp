@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "base/fault_of.h"
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 
 namespace torvale {
@@ -126,8 +124,7 @@ TEST_F(PreferencesTest, AValueThatHasNoFormIsPassedOver) {
 // The file that comes with the program holds the factory defaults: 16 values, two empty lines, and the empty newest
 // name of a recent list that is empty.
 TEST_F(PreferencesTest, TheFileThatComesWithTheProgramHoldsTheFactoryDefaults) {
-  std::ifstream file(std::string(kSourceFolder) + "/data/Default50.TVL", std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::string bytes = BytesOf(std::string(kSourceFolder) + "/data/Default50.TVL");
   const std::string hole = program.record.HoleSizeName[12];
   EXPECT_EQ(hole, "5/8");
   EXPECT_EQ(bytes, "100\r\n" + hole +

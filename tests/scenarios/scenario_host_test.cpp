@@ -3,21 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "files/file_store.h"
 #include "support/elsewhere.h"
+#include "support/file_bytes.h"
 
 namespace torvale {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string BytesOf(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // A file with a second name can't be replaced, only written in place, and nobody's desktop has no folder that its
 // former content could be kept in: it stays.

@@ -1,12 +1,11 @@
 // What two percent of friction mean to a design.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "script/runner.h"
 #include "support/elsewhere.h"
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 
 namespace torvale {
@@ -14,8 +13,7 @@ namespace {
 
 // The level sample with its roughness coefficient replaced.
 DesignRecord LevelField(const std::string& c) {
-  std::ifstream file(std::string(kSourceFolder) + "/data/samples/level_field_by_rods.script");
-  std::string script{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::string script = BytesOf(std::string(kSourceFolder) + "/data/samples/level_field_by_rods.script");
   const std::string typed = "type txtDefault(3) \"150\"";
   const std::size_t at = script.find(typed);
   EXPECT_NE(at, std::string::npos);

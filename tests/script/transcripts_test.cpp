@@ -8,6 +8,7 @@
 
 #include "script/runner.h"
 #include "support/elsewhere.h"
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 #include "support/without_folder.h"
 
@@ -45,11 +46,6 @@ std::string TestName(const testing::TestParamInfo<fs::path>& info) {
   std::replace_if(
       name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
   return name;
-}
-
-std::string BytesOf(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 // A sample is there to be opened: what its script saves in the current folder lies beside it, byte for byte.

@@ -12,6 +12,7 @@
 #include "engine/survey.h"
 #include "search/design_commands.h"
 #include "support/fake_host.h"
+#include "support/usual_preferences.h"
 
 namespace torvale {
 
@@ -35,9 +36,7 @@ class SearchTest : public testing::Test {
     record.LowQuarter = 0.25F;
     record.DischargeCoef = 0.65F;
     record.HazenWilliamsC = 140;
-    const std::vector<std::string> preferences = {"100", "3/8", "0.65", "140", "1.2", "15", "10", "1",
-                                                  "10",  "E",   "2.0",  "C",   "1",   "2",  ".2", "*.*"};
-    for (std::size_t i = 0; i < preferences.size(); ++i) main.txtDefault[i].Set(preferences[i]);
+    for (std::size_t i = 0; i < kUsualPreferences.size(); ++i) main.txtDefault[i].Set(kUsualPreferences.at(i));
   }
 
   void TypeInfo(const std::string& gpm, const std::string& target_head, const std::string& kind) {

@@ -3,22 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "reports/csv.h"
 #include "shell/commands.h"
 #include "shell/started_program.h"
+#include "support/file_bytes.h"
 
 namespace torvale {
 namespace {
 
-struct CsvExportTest : StartedProgramTest {
-  std::string Read(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-};
+using CsvExportTest = StartedProgramTest;
 
 TEST_F(CsvExportTest, IsOfferedOnlyWhileResultsAreShown) {
   for (const char* entry : {"mnuExportCsv", "mnuExportHoleCsv"}) {
@@ -36,8 +30,8 @@ TEST_F(CsvExportTest, WritesTheFileAndAddsTheExtension) {
   host.paths = {host.ProgramFolder() + "/table", host.ProgramFolder() + "/holes.CSV"};
   mnuExportCsv_Click(program);
   mnuExportHoleCsv_Click(program);
-  EXPECT_EQ(Read(host.ProgramFolder() + "/table.csv"), ResultTableCsv(program));
-  EXPECT_EQ(Read(host.ProgramFolder() + "/holes.CSV"), HoleSummaryCsv(program));
+  EXPECT_EQ(BytesOf(host.ProgramFolder() + "/table.csv"), ResultTableCsv(program));
+  EXPECT_EQ(BytesOf(host.ProgramFolder() + "/holes.CSV"), HoleSummaryCsv(program));
   EXPECT_FALSE(HoleSummaryCsv(program).empty());
   EXPECT_EQ(program.main.sbStatusBar.caption, "Saved holes.CSV in " + host.ProgramFolder());
 }

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 
 #include "files/design_files.h"
@@ -13,6 +12,7 @@
 #include "shell/events.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
 
 namespace torvale {
 namespace {
@@ -25,10 +25,6 @@ struct EarlierVersionsTest : ::testing::Test {
 
   std::string Path(std::string_view name) { return host.ProgramFolder() + "/" + std::string(name); }
   void Write(const std::string& path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
-  std::string Bytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
   // A save of `bytes` as the program does it.
   void Save(const std::string& path, std::string_view bytes, const VersionLimits& limits = {}) {
     said = KeepEarlierVersion(program, path, bytes, limits).text();
@@ -36,7 +32,7 @@ struct EarlierVersionsTest : ::testing::Test {
   }
   std::vector<std::string> Contents() {
     std::vector<std::string> contents;
-    for (const EarlierVersion& version : EarlierVersions(host)) contents.push_back(Bytes(version.stored));
+    for (const EarlierVersion& version : EarlierVersions(host)) contents.push_back(BytesOf(version.stored));
     return contents;
   }
   // A survey under this name, saved.
@@ -236,7 +232,7 @@ TEST_F(EarlierVersionsTest, ASaveGoesOnWhereNothingCanBeKept) {
   };
   SaveDesign("Smith", written);
   EXPECT_TRUE(host.messages.empty());
-  EXPECT_NE(Bytes(written).find("Smith"), std::string::npos);
+  EXPECT_NE(BytesOf(written).find("Smith"), std::string::npos);
   EXPECT_NE(
       program.main.sbStatusBar.caption.find("What the file held before could not be kept: No space left on device."),
       std::string::npos);
@@ -273,7 +269,7 @@ TEST_F(EarlierVersionsTest, AVersionOpensAsACopyAndTheFileStays) {
   SaveDesign("Dunn", path);
   const std::string written = program.record.SaveFileName;
   SaveDesign("Smith", written);
-  const std::string smith = Bytes(written);
+  const std::string smith = BytesOf(written);
   Click(program, "mnuFileEarlier");
   GridKey(program, "Grd_EarlierVersions", {Key::kEnter, "", false});
   EXPECT_FALSE(program.versions.frmEarlierVersions.visible);
@@ -281,10 +277,10 @@ TEST_F(EarlierVersionsTest, AVersionOpensAsACopyAndTheFileStays) {
   EXPECT_TRUE(host.messages.empty());
   EXPECT_EQ(program.main.mnuEditUndo.caption, "&Undo Open an Earlier Version");
   Click(program, "mnuFileSave");
-  EXPECT_EQ(Bytes(written), smith);
+  EXPECT_EQ(BytesOf(written), smith);
   EXPECT_NE(program.record.SaveFileName.find(" as of 11-21-2026 12-00"), std::string::npos)
       << program.record.SaveFileName;
-  EXPECT_NE(Bytes(program.record.SaveFileName).find("Dunn"), std::string::npos);
+  EXPECT_NE(BytesOf(program.record.SaveFileName).find("Dunn"), std::string::npos);
 }
 
 // The file saved over last stands first, but for the one that is open, which leads.

@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -21,6 +19,8 @@
 #include "shell/recovery.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
+#include "support/usual_preferences.h"
 
 namespace torvale {
 
@@ -78,8 +78,7 @@ struct WorkFolder {
     Snapshot files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
       if (!entry.is_regular_file()) continue;
-      std::ifstream file(entry.path(), std::ios::binary);
-      files[std::filesystem::relative(entry.path(), folder).string()] = {std::istreambuf_iterator<char>(file), {}};
+      files[std::filesystem::relative(entry.path(), folder).string()] = BytesOf(entry.path());
     }
     return files;
   }
@@ -92,10 +91,7 @@ struct WorkFolder {
  private:
   static std::string Defaults() {
     std::string text;
-    for (const char* value :
-         {"100", "3/8", "0.65", "140", "1.2", "15", "10", "1", "10", "E", "2.0", "C", "1", "2", ".2", "*.*"}) {
-      text += std::string(value) + "\r\n";
-    }
+    for (const char* value : kUsualPreferences) text += std::string(value) + "\r\n";
     return text;
   }
 

@@ -11,6 +11,8 @@
 #include <csignal>
 #include <system_error>
 
+#include "support/file_bytes.h"
+
 namespace torvale {
 namespace {
 
@@ -63,8 +65,7 @@ class FailingDiskTest : public ::testing::TestWithParam<Writing> {
     const std::size_t at = told.find(begin);
     if (at == std::string::npos) return false;
     const std::size_t end = std::min(told.find(". ", at + begin.size()), told.find('\n', at + begin.size()));
-    std::ifstream file(told.substr(at + begin.size(), end - at - begin.size()), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {}) == former;
+    return BytesOf(told.substr(at + begin.size(), end - at - begin.size())) == former;
   }
 
   // A file that was being written in place when the program died has its former content among what is kept.

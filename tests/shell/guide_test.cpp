@@ -2,14 +2,13 @@
 // messages and its figures are looked at by scripts/check_guide.py.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include "base/numbers.h"
 #include "display/grid_layout.h"
 #include "shell/commands.h"
 #include "started_program.h"
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 
 namespace torvale {
@@ -53,8 +52,7 @@ std::string Shown(std::string_view markup) {
 }
 
 std::string Guide() {
-  std::ifstream file(std::string(kSourceFolder) + "/data/TORVALEHELP.hlp", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  return BytesOf(std::string(kSourceFolder) + "/data/TORVALEHELP.hlp");
 }
 
 std::string Page(std::string_view id) {

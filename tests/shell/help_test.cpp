@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "shell/commands.h"
 #include "shell/help_pages.h"
 #include "shell/started_program.h"
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 
 namespace torvale {
@@ -121,10 +119,7 @@ TEST_F(HelpTest, EveryControlWithTheFocusHasAPage) {
 
 // The guide that comes with the program.
 TEST(HelpFileTest, HasEveryPlaceThatTheProgramOpens) {
-  std::ifstream file(std::string(kSourceFolder) + "/data/TORVALEHELP.hlp", std::ios::binary);
-  ASSERT_TRUE(file);
-  const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  const std::vector<HelpPage> pages = ReadHelpPages(bytes);
+  const std::vector<HelpPage> pages = ReadHelpPages(BytesOf(std::string(kSourceFolder) + "/data/TORVALEHELP.hlp"));
   EXPECT_EQ(pages.front().id, "contents");
   for (const std::string_view place : HelpPlaces()) {
     EXPECT_NE(PageAt(pages, place), nullptr) << "no page or anchor " << place;

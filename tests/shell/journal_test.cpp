@@ -5,9 +5,9 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
 
 namespace torvale {
 namespace {
@@ -16,11 +16,6 @@ InputTexts Texts(std::initializer_list<std::pair<int, std::string>> filled) {
   InputTexts texts(kInputPlaces);
   for (const auto& [place, text] : filled) texts[static_cast<std::size_t>(place)] = text;
   return texts;
-}
-
-std::string Bytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 int FilesIn(const std::string& folder) {
@@ -145,7 +140,7 @@ TEST_F(JournalTest, BeginsAnewAfterAWriteThatFailed) {
   host.disk = [](DiskStep step, const std::filesystem::path&) { return step == DiskStep::kWrite ? ENOSPC : 0; };
   EXPECT_EQ(WriteJournal(host, journal, more, false), ENOSPC);
   EXPECT_EQ(WriteJournal(host, journal, more, false), ENOSPC);
-  EXPECT_NE(Bytes(former), "");  // what was written before stands
+  EXPECT_NE(BytesOf(former), "");  // what was written before stands
   host.disk = nullptr;
   EXPECT_EQ(WriteJournal(host, journal, more, false), 0);
   EXPECT_NE(journal.path, former);
@@ -185,7 +180,7 @@ TEST_F(JournalTest, KeepsTheTwentyNewestWorks) {
 TEST_F(JournalTest, IsFoundWithoutItsMoment) {
   ASSERT_EQ(WriteJournal(host, journal, kTyped, false), 0);
   LeaveJournal(journal);
-  std::string text = Bytes(journal.path);
+  std::string text = BytesOf(journal.path);
   text.erase(text.find("\nat\t") + 1);
   std::ofstream(journal.path, std::ios::binary | std::ios::trunc) << text;
   host.now += std::int64_t{1000} * 60 * 60 * 24 * 3;

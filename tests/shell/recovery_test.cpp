@@ -15,6 +15,7 @@
 #include "shell/main_form.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
+#include "support/file_bytes.h"
 #include "support/long_runs.h"
 
 namespace torvale {
@@ -299,10 +300,7 @@ TEST_F(RecoveryTest, WhatIsTypedDuringACalculationIsKept) {
   host.event = [&] {
     TypeText(*program, "txtInfo(4)", "South");
     PassSeconds(1);
-    seen.push_back(ReadJournal([&] {
-      std::ifstream file(program->history->journal.path, std::ios::binary);
-      return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }()));
+    seen.push_back(ReadJournal(BytesOf(program->history->journal.path)));
   };
   Click(*program, "mnuDesignField");
   ASSERT_EQ(seen.size(), 1U) << "the march never yielded";

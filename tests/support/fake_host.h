@@ -10,12 +10,12 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "screen/host.h"
+#include "support/own_folder.h"
 
 namespace torvale {
 
@@ -32,13 +32,7 @@ inline void PrintTo(const Shown& shown, std::ostream* out) {
 
 class FakeHost final : public Host {
  public:
-  FakeHost() : folder_(MakeFolder()) { WriteFile("SoilsName.txt", ""); }
-  ~FakeHost() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  FakeHost(const FakeHost&) = delete;
-  FakeHost& operator=(const FakeHost&) = delete;
+  FakeHost() { WriteFile("SoilsName.txt", ""); }
 
   std::vector<Shown> messages;
   std::vector<Shown> questions;
@@ -132,7 +126,7 @@ class FakeHost final : public Host {
   }
   std::string Today() override { return "11/21/2026"; }
   // A folder of this host's own, removed with it. It holds a list of no soils.
-  std::string ProgramFolder() override { return folder_.string(); }
+  std::string ProgramFolder() override { return folder_.path().string(); }
 
   // The user's data lie beside the program's, or in a folder that two programs share.
   std::string user_folder;
@@ -145,22 +139,13 @@ class FakeHost final : public Host {
 
   // Writes a file, byte for byte, into the program's folder.
   void WriteFile(std::string_view name, std::string_view bytes) const {
-    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+    std::ofstream(folder_.path() / name, std::ios::binary) << bytes;
   }
 
  private:
   static constexpr long kNoEventAhead = 1'000'000;
 
-  static std::filesystem::path MakeFolder() {
-    std::random_device random;
-    for (;;) {
-      std::filesystem::path folder =
-          std::filesystem::temp_directory_path() / ("torvale-test-" + std::to_string(random()));
-      if (std::filesystem::create_directory(folder)) return folder;
-    }
-  }
-
-  std::filesystem::path folder_;
+  OwnFolder folder_;
 };
 
 }  // namespace torvale

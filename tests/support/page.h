@@ -3,21 +3,20 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/file_bytes.h"
 #include "support/source_folder.h"
 
 namespace torvale {
 
 // The whole page, by its file name in docs/.
 inline std::string PageText(const std::string& name) {
-  std::ifstream file(std::string(kSourceFolder) + "/docs/" + name, std::ios::binary);
-  EXPECT_TRUE(file) << name;
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::string page = BytesOf(std::string(kSourceFolder) + "/docs/" + name);
+  EXPECT_FALSE(page.empty()) << name;
+  return page;
 }
 
 // A block between two lines of ```, and the word behind the first of them.
