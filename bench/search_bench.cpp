@@ -7,6 +7,7 @@
 
 #include "bench_line.h"
 #include "engine/uniformity.h"
+#include "screen/screen_engine_host.h"
 #include "script/statements.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"

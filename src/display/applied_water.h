@@ -1,3 +1,4 @@
+// The table of hours and days of pumping.
 #pragma once
 
 #include <array>

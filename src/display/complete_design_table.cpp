@@ -107,7 +107,7 @@ void FillRows(Program& program) {
 void CompleteDesignTable(Program& program) {
   MainScreen& main = program.main;
   main.Grid2.top_row = 1;
-  if (main.cmdDesignToggle.caption != "Complete Design") return;
+  if (!NamesCompleteDesign(program)) return;
   FillRows(program);
   main.Grid1.control.visible = false;
   FinishTable(program);

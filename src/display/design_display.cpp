@@ -16,6 +16,7 @@
 #include "engine/dry_furrows.h"
 #include "engine/survey.h"
 #include "screen/fields.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 
@@ -160,7 +161,7 @@ void Show(Program& program) {
   main.lblBestHoles.visible = main.best_holes && !main.lblBestHoles.caption.empty();
   main.frameBestCurve.visible = main.lblBestHoles.visible && !main.lblCurve[0].caption.empty();
   LayOut(program);
-  if (main.cmdDesignToggle.caption == "Complete Design") {
+  if (NamesCompleteDesign(program)) {
     CompleteDesignTable(program);
   } else {
     SummaryTable(program);
@@ -184,7 +185,7 @@ void DisplayDesign(Program& program) {
 void cmdDesignToggle_Click(Program& program) {
   MainScreen& main = program.main;
   main.lblAcresTotal.caption = TotalAcresText(program);
-  main.cmdDesignToggle.caption = main.cmdDesignToggle.caption == "Summary" ? "Complete Design" : "Summary";
+  main.cmdDesignToggle.caption = NamesSummary(program) ? kCompleteDesign : kSummary;
   main.Grid2.control.visible = true;
   try {
     DisplayDesign(program);

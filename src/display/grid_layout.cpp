@@ -64,15 +64,15 @@ void SetSheetColours(Grid& grid) {
 // Rods are named here for "R" alone and elevations on the results for "E" alone, so that any other letter gives an
 // elevation heading here and a rod heading there.
 std::string_view SurveyCrownHeading(const Program& program) {
-  return ReadsRods(program.main) ? "Rod Reading (feet)" : "Elevations (feet)";
+  return ReadsRods(program.main) ? kRodHeading : "Elevations (feet)";
 }
 
 std::string_view ResultCrownHeading(const Program& program) {
-  return ReadsElevations(program.main) ? "Elevation (feet)" : "Rod Reading (feet)";
+  return ReadsElevations(program.main) ? kElevationHeading : kRodHeading;
 }
 
 std::string_view HoleSizeHeading(const Program& program) {
-  return HasCircularGates(program.main) ? "Hole Diameter (fractions)" : "Hole Width (fractions)";
+  return HasCircularGates(program.main) ? kHoleDiameterHeading : kHoleWidthHeading;
 }
 
 std::string_view OpeningHeading(const Program& program) {
@@ -84,7 +84,6 @@ void LayOutSurvey(Program& program) {
   Grid& sheet = program.main.Grid1;
   sheet.Resize(kSurveyGridRows, kSurveyColumns);
   sheet.Set(1, kStationColumn, "0");
-  sheet.control.place = {120, 2200, 8490, 7100};
   SetSheetColours(sheet);
   for (int c = 0; c < kSurveyColumns; ++c) {
     sheet.columns[static_cast<std::size_t>(c)].width = kSurveyWidths.at(static_cast<std::size_t>(c));
@@ -103,7 +102,6 @@ void LayOutSurvey(Program& program) {
 void LayOutResults(Program& program) {
   Grid& results = program.main.Grid2;
   results.control.visible = false;
-  results.control.place = {120, 2200, 10720, 7100};
   results.Resize(kResultRows, kResultColumns);
   SetSheetColours(results);
   LayOutColumns(results, kResultLayout);
@@ -115,7 +113,6 @@ void LayOutResults(Program& program) {
 
 void LayOutAppliedWater(Grid& applied) {
   applied.Resize(kAppliedRows, static_cast<int>(kAppliedLayout.size()));
-  applied.control.place = {11000, 480, 2850, 1575};
   LayOutColumns(applied, kAppliedLayout);
   for (int c = 0; c < applied.column_count(); ++c) {
     applied.columns[static_cast<std::size_t>(c)].align = Align::kCentreCentre;
@@ -138,14 +135,14 @@ void TickPipe(Program& program) {
 }
 
 void GridSet(Program& program) {
-  MainScreen& main = program.main;
-  main.cmdDesignToggle.place = {9250, 2620, 1100, 580};
-  main.cmdReCalc.place = {9250, 2295, 1100, 315};
+  for (const std::string_view name :
+       {"Grid1", "Grid2", "GridInchesApplied", "cmdDesignToggle", "cmdReCalc", "frameShowLimitedHoles"}) {
+    PutInPlace(program, name);
+  }
   LayOutSurvey(program);
   LayOutResults(program);
   TickPipe(program);
-  LayOutAppliedWater(main.GridInchesApplied);
-  main.frameShowLimitedHoles.place = {10900, 2200, 4455, 7130};
+  LayOutAppliedWater(program.main.GridInchesApplied);
 }
 
 }  // namespace torvale

@@ -1,3 +1,4 @@
+// The shape of the grids on the main screen: columns, headings, widths, places.
 #pragma once
 
 #include <string_view>
@@ -22,6 +23,12 @@ enum ResultColumn : int {
   kResultPlantedWidth = 11,
   kResultMargin = 12,  // no heading, never written
 };
+
+// Headings that follow what is typed.
+inline constexpr std::string_view kRodHeading = "Rod Reading (feet)";
+inline constexpr std::string_view kElevationHeading = "Elevation (feet)";
+inline constexpr std::string_view kHoleWidthHeading = "Hole Width (fractions)";
+inline constexpr std::string_view kHoleDiameterHeading = "Hole Diameter (fractions)";
 
 inline constexpr int kResultColumns = 13;
 

@@ -122,7 +122,7 @@ void DisplayHoleSum(Program& program) {
     FindSizeRuns(program.record);
     WriteRuns(program);
     main.lblSumHoleDia.tool_tip =
-        main.mnuRigidPipe.ticked ? program.record.HoleSumSeparator + EachGateTip(program) : "";
+        IsLayflat(program.record) ? "" : program.record.HoleSumSeparator + EachGateTip(program);
   } catch (const RunTimeFault&) {
     // The texts stay as far as they came; the design is shown without a message.
   }

@@ -13,7 +13,7 @@ void OfferInput(MainScreen& main) {
 }
 
 void MarkInactive(Control& label) {
-  label.caption = "Inactive Design";
+  label.caption = kInactiveDesign;
   label.back = kPaleYellow;
   label.fore = kBlack;
 }

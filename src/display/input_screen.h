@@ -1,13 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 #include "screen/program.h"
 
 namespace torvale {
-
-// What `lblActiveInactive` says while a design stands.
-inline constexpr std::string_view kActiveDesign = "Active Design";
 
 // The road back from results to the input screen, for runs that fail, commands that give a design up, and panels that
 // are left.

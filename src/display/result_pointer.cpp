@@ -8,16 +8,14 @@
 #include "base/format.h"
 #include "base/numbers.h"
 #include "display/cell_texts.h"
+#include "display/result_tables.h"
 #include "engine/acres.h"
 #include "record/hole_sizes.h"
 #include "screen/fields.h"
+#include "screen/screen_engine_host.h"
 
 namespace torvale {
 namespace {
-
-bool CompleteDesignShown(const Program& program) {
-  return program.main.cmdDesignToggle.caption == "Complete Design";
-}
 
 // Acres of grid rows first to last, taken as rows of the design although the table skips some: furrow length times
 // `width`. Row 0 and below add nothing; nothing comes back where a row lies past the far end.
@@ -40,7 +38,7 @@ void ShowSelectedAcres(Program& program, double selected) {
 // The strip under the pointer: the row at the far end of the drag is left out.
 void ShowDraggedAcres(Program& program) {
   const Grid& grid = program.main.Grid2;
-  if (!CompleteDesignShown(program) || grid.row_sel == 0) return;
+  if (!NamesCompleteDesign(program) || grid.row_sel == 0) return;
   const auto [low, high] = std::minmax(grid.row, grid.row_sel);
   const auto sum = Acres(program.record, low, high - 1, program.record.PlantedWidth);
   if (sum && *sum > 0) ShowSelectedAcres(program, *sum);
@@ -96,7 +94,7 @@ void Grid2_MouseUp(Program& program, MouseButton /*button*/, int /*x*/, int /*y*
 // Upwards the sum takes in the row above the moving end, and it multiplies by the flow ratio, where the drag read-out
 // multiplies by the planted width.
 void Grid2_SelChange(Program& program) {
-  if (!CompleteDesignShown(program)) return;
+  if (!NamesCompleteDesign(program)) return;
   const Grid& grid = program.main.Grid2;
   const bool downward = grid.row < grid.row_sel;
   const int first = downward ? grid.row : grid.row_sel - 1;

@@ -13,4 +13,12 @@ namespace torvale {
 void CompleteDesignTable(Program& program);
 void SummaryTable(Program& program);
 
+// Which of the two that caption names; behind the crown profile it may be neither.
+inline bool NamesCompleteDesign(const Program& program) {
+  return program.main.cmdDesignToggle.caption == kCompleteDesign;
+}
+inline bool NamesSummary(const Program& program) {
+  return program.main.cmdDesignToggle.caption == kSummary;
+}
+
 }  // namespace torvale

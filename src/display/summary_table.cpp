@@ -176,7 +176,7 @@ void SummaryTable(Program& program) {
   Grid& grid = program.main.Grid2;
   grid.top_row = 1;
   int last_row = 1;
-  if (program.main.cmdDesignToggle.caption == "Summary") last_row = FillRows(program);
+  if (NamesSummary(program)) last_row = FillRows(program);
   grid.SetCurrent(2, kResultPlantedWidth);
   FinishTable(program);
   program.record.ProfileScale = static_cast<float>(last_row);

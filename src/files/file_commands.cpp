@@ -4,10 +4,12 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <system_error>
 #include <vector>
 
+#include "base/paths.h"
 #include "files/code_page.h"
 #include "files/design_files.h"
 #include "files/fields.h"
@@ -43,6 +45,15 @@ std::string OpenFilters() {
     filters.append(kind.extension).append("|");
   }
   return filters + " All file types (*.*) | *.*";
+}
+
+// Who has no design yet finds the samples; others begin where their last dialog was.
+std::string FolderToOpenFrom(Program& program) {
+  const std::filesystem::path folder = PathOf(program.host.ProgramFolder());
+  std::error_code ignored;
+  const bool has_designs = std::filesystem::exists(folder / kRecentFile, ignored);
+  const std::filesystem::path samples = folder / "samples";
+  return has_designs || !std::filesystem::exists(samples, ignored) ? "" : Utf8Of(samples);
 }
 
 // The one that the preference names by its extension, from 1. Any other text stands for the first.
@@ -126,7 +137,11 @@ void OpenNamedFile(Program& program, std::string_view path) {
 }
 
 void mnuFileOpen_Click(Program& program) {
-  const auto name = program.host.OpenDialog({"Open", OpenFilters(), OpenFilter(program), "", {}});
+  const auto name = program.host.OpenDialog({.title = "Open",
+                                             .filters = OpenFilters(),
+                                             .filter = OpenFilter(program),
+                                             .name = "",
+                                             .folder = FolderToOpenFrom(program)});
   if (name && !name->empty()) OpenNamedFile(program, *name);
 }
 

@@ -95,7 +95,7 @@ std::string_view OpenPanel(Program& program) {
 
 void EnterPanel(Program& program, std::string_view panel) {
   for (const NamedControl& named : ControlsOf(program.main)) {
-    if (named.parent != panel || !TakesFocus(named.kind) || ReachOf(program, named.name) != Reach::kUsable) continue;
+    if (named.parent != panel || !TakesFocus(named) || ReachOf(program, named.name) != Reach::kUsable) continue;
     MoveFocus(program, named.name);
     return;
   }

@@ -1,3 +1,4 @@
+// The keys + and -: the hole size of a row goes through the table.
 #pragma once
 
 #include "screen/program.h"

@@ -19,10 +19,13 @@ namespace torvale {
 namespace {
 
 constexpr int kLastField = InfoField::kSurveyKind;
-constexpr std::array<int, 6> kLongestText = {60, 12, 10, 10, 60, 1};
 
 TextField& Field(Program& program, int index) {
   return program.main.txtInfo.at(static_cast<std::size_t>(index));
+}
+
+const InfoFacts& FactsOfField(int index) {
+  return kInfoFacts.at(static_cast<std::size_t>(index));
 }
 
 // Names the crown column of the sheet after the survey kind; any other kind leaves the headings. In the results it is
@@ -40,19 +43,19 @@ void SetLongestTexts(Program& program, int index) {
   const bool is_kind = index == kLastField;
   const int first = is_kind ? kLastField : 0;
   const int last = is_kind ? kLastField : kLastField - 1;
-  for (int i = first; i <= last; ++i) Field(program, i).max_length = kLongestText.at(static_cast<std::size_t>(i));
+  for (int i = first; i <= last; ++i) Field(program, i).max_length = FactsOfField(i).longest;
 }
 
 void txtInfo_Change(Program& program, int index) {
   if (index == InfoField::kGpm) {
     TakeNumber(Field(program, index), program.record.TargetGPM);
   } else {
-    MarkField(Field(program, index), kInfoFacts.at(static_cast<std::size_t>(index)).form);
+    MarkField(Field(program, index), FactsOfField(index).form);
   }
   if (index == InfoField::kSurveyKind) {
     Field(program, index).Set(UpperCase(std::string(Field(program, index).text())));
   }
-  NameCrown(program, "Rod Reading (feet)", "Elevation (feet)");
+  NameCrown(program, kRodHeading, kElevationHeading);
   SetLongestTexts(program, index);
 }
 
@@ -105,7 +108,7 @@ void SetPipeKind(Program& program, std::string_view kind) {
   program.record.PipeKind = kind;
   const bool rigid = IsRigid(program.record);
   TickPipe(program);
-  main.Grid1.Set(0, kHoleSizeColumn, rigid ? "Hole Width (fractions)" : "Hole Diameter (fractions)");
+  main.Grid1.Set(0, kHoleSizeColumn, rigid ? kHoleWidthHeading : kHoleDiameterHeading);
 }
 
 void mnuLayflatPipe_Click(Program& program) {

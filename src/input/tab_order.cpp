@@ -4,23 +4,6 @@
 #include <vector>
 
 namespace torvale {
-namespace {
-
-// The small table of hours is read, not worked in.
-bool TakesFocus(const NamedControl& control) {
-  switch (control.kind) {
-    case ControlKind::kField:
-    case ControlKind::kButton:
-    case ControlKind::kList:
-      return true;
-    case ControlKind::kGrid:
-      return control.name != "GridInchesApplied";
-    default:
-      return false;
-  }
-}
-
-}  // namespace
 
 std::string NextInTabOrder(Program& program, std::string_view control, bool back) {
   const ControlFacts* facts = FactsOf(control);

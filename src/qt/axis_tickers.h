@@ -1,3 +1,4 @@
+// Where the axes of a chart have their ticks, and what stands there.
 #pragma once
 
 #include <qcustomplot.h>

@@ -1,3 +1,4 @@
+// Draws documents with the toolkit, onto paper, into a PDF or as a picture.
 #pragma once
 
 #include <QImage>

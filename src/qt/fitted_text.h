@@ -1,3 +1,4 @@
+// Captions in letters that fit their widgets.
 #pragma once
 
 #include <QLabel>

@@ -1,3 +1,4 @@
+// How a grid is drawn: its heading row and its cells.
 #pragma once
 
 #include <QHeaderView>

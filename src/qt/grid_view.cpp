@@ -14,8 +14,7 @@
 namespace torvale {
 namespace {
 
-constexpr int kRowHeight = 240;  // twips
-constexpr int kRowMargin = 4;    // pixels more than the letters need
+constexpr int kRowMargin = 4;  // pixels more than the letters need
 
 MouseButton ButtonOf(const QMouseEvent& event) {
   const Qt::MouseButtons buttons = event.buttons() | event.button();
@@ -69,7 +68,7 @@ void GridView::LayOut() {
   setFont(letters);
   const int room = height() - 2 * frameWidth();
   const int text_height = QFontMetrics(letters).height();
-  int row_height = std::max(scale_.Pixels(kRowHeight), text_height + scale_.Zoomed(kRowMargin));
+  int row_height = std::max(scale_.Pixels(kGridRowHeight), text_height + scale_.Zoomed(kRowMargin));
   // A small grid that all but fits is shown whole.
   if (room / std::max(1, grid_.rows()) >= text_height) row_height = std::min(row_height, room / grid_.rows());
   heading_->setMinimumSectionSize(1);

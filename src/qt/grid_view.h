@@ -1,3 +1,4 @@
+// A grid of the screen as a widget, and what a user does in it.
 #pragma once
 
 #include <QTableView>

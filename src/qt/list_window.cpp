@@ -147,7 +147,7 @@ void ListWindow::Sync() {
   if (!shown) return;
   activateWindow();
   const auto first = std::find_if(controls_.begin(), controls_.end(),
-                                  [](const ControlView& view) { return TakesFocus(view.named.kind); });
+                                  [](const ControlView& view) { return TakesFocus(view.named); });
   first->widget->setFocus();
 }
 

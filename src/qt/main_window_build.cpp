@@ -126,9 +126,8 @@ void MainWindow::NameGridsAndLists() {
     if (spoken.isEmpty()) continue;
     view.widget->setAccessibleName(spoken);
     if (auto* box = qobject_cast<QComboBox*>(view.widget)) box->setPlaceholderText(spoken);
+    if (!view.named.facts->worked_in) view.widget->setFocusPolicy(Qt::NoFocus);
   }
-  // The small table of hours is read, not worked in.
-  ViewOf("GridInchesApplied")->widget->setFocusPolicy(Qt::NoFocus);
 }
 
 void MainWindow::MakeShortcuts() {

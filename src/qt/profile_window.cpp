@@ -37,7 +37,7 @@ void SetTextSize(QWidget& widget, int pixels) {
 
 ProfileWindow::ProfileWindow(Program& program, Run run, QWidget* parent)
     : QWidget(parent, Qt::Window), program_(program), run_(std::move(run)), chart_(new CrownChart(this)) {
-  setObjectName(kProfileWindowName);
+  setObjectName(kName);
   setWindowModality(Qt::WindowModal);
   auto* rows = new QVBoxLayout(this);
   auto* labels = new QGridLayout;

@@ -12,13 +12,13 @@
 
 namespace torvale {
 
-// The object name of the window, by which it is found among those of the main window.
-inline constexpr char kProfileWindowName[] = "CrownProfile";
-
 // The crown profile as a window over the main one, which waits until it is closed; it shows what `Program::profile`
 // says.
 class ProfileWindow final : public QWidget {
  public:
+  // The object name, by which it is found among the windows of the main window.
+  static constexpr char kName[] = "CrownProfile";
+
   // What the user does is worked on inside `run`, which brings all windows up to date afterwards.
   using Run = std::function<void(const std::function<void()>&)>;
   ProfileWindow(Program& program, Run run, QWidget* parent);

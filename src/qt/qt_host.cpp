@@ -16,7 +16,6 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "files/file_commands.h"
 #include "qt/scale.h"
 #include "screen/main_screen.h"
 #include "screen/words.h"
@@ -93,11 +92,6 @@ QStringList FiltersOf(std::string_view filters) {
     captions.append(name + " (" + patterns.join(' ') + ")");
   }
   return captions;
-}
-
-// Who has no design yet finds the samples.
-bool BeginsAmongSamples(const QDir& program_folder, std::string_view name) {
-  return name.empty() && !program_folder.exists(ToQt(kRecentFile)) && program_folder.exists("samples");
 }
 
 // The cursor stands ahead of an extension that is all of the name.
@@ -180,11 +174,9 @@ std::optional<std::string> QtHost::OpenDialog(const FileDialog& dialog) {
   const ArrowPointer plain;
   const QStringList filters = FiltersOf(dialog.filters);
   QString selected = filters.value(dialog.filter - 1);
-  const QDir program_folder(program_folder_);
-  const QString from = BeginsAmongSamples(program_folder, dialog.name)
-                           ? program_folder.filePath("samples")
-                           : QDir(DialogFolder()).filePath(ToQt(dialog.name));
-  const QString chosen = QFileDialog::getOpenFileName(Front(), ToQt(dialog.title), from, filters.join(";;"), &selected);
+  const QDir folder(dialog.folder.empty() ? DialogFolder() : ToQt(dialog.folder));
+  const QString chosen = QFileDialog::getOpenFileName(Front(), ToQt(dialog.title), folder.filePath(ToQt(dialog.name)),
+                                                      filters.join(";;"), &selected);
   if (!chosen.isEmpty()) KeepDialogFolder(chosen);
   return Chosen(chosen);
 }

@@ -1,3 +1,4 @@
+// The desktop that the program runs on, by the toolkit.
 #pragma once
 
 #include <QApplication>

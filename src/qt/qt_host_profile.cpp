@@ -25,7 +25,7 @@ void UseLandscape(QPagedPaintDevice& device) {
 
 ProfileWindow* ProfileOf(const QWidget* window) {
   if (window == nullptr) return nullptr;
-  return dynamic_cast<ProfileWindow*>(window->findChild<QWidget*>(kProfileWindowName));
+  return dynamic_cast<ProfileWindow*>(window->findChild<QWidget*>(ProfileWindow::kName));
 }
 
 bool PaintProfile(ProfileWindow& profile, QPaintDevice& device, const QRect& room) {

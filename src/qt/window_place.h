@@ -1,3 +1,4 @@
+// Keeps the main window where the screen structure says.
 #pragma once
 
 #include <QTimer>

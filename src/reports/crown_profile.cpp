@@ -10,6 +10,7 @@
 #include "base/numbers.h"
 #include "display/cell_texts.h"
 #include "display/design_display.h"
+#include "display/result_tables.h"
 #include "engine/survey.h"
 #include "screen/fields.h"
 #include "screen/file_choice.h"
@@ -147,8 +148,8 @@ void mnuProfile_Click(Program& program) {
   CrownProfileScreen& profile = program.profile;
   profile.CrownProfile.visible = true;
   Control& toggle = main.cmdDesignToggle;
-  program.record.ProfileTitle = toggle.caption == "Summary" ? "Summary" : "Complete Design";
-  toggle.caption = "Summary";
+  program.record.ProfileTitle = NamesSummary(program) ? kSummary : kCompleteDesign;
+  toggle.caption = kSummary;
   try {
     DisplayDesign(program);
     profile.lblProfileName.caption = TextOf(main, InfoField::kDesignName) + "   " + TextOf(main, InfoField::kLocation);

@@ -163,13 +163,13 @@ Document PrintTable(Program& program, std::string title, bool summary) {
 }  // namespace
 
 Document SummaryReport(Program& program) {
-  ForceTable(program, "Summary");
-  return PrintTable(program, "Summary", true);
+  ForceTable(program, kSummary);
+  return PrintTable(program, std::string(kSummary), true);
 }
 
 Document CompleteReport(Program& program) {
-  ForceTable(program, "Complete Design");
-  return PrintTable(program, "Complete Design", false);
+  ForceTable(program, kCompleteDesign);
+  return PrintTable(program, std::string(kCompleteDesign), false);
 }
 
 }  // namespace torvale

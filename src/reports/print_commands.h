@@ -1,3 +1,4 @@
+// From a report to paper, preview or PDF: what the print entries of the File menu do.
 #pragma once
 
 #include <functional>

@@ -81,7 +81,7 @@ void PrintTitle(DocumentWriter& writer, const DesignRecord& record, std::string_
   writer.Centred(0.2, "Kelmar Programming");
   writer.Centred(0.4, " TORVALE Version " + ProgramVersion());
   writer.SetFontSize(12);
-  writer.Centred(0.6, "Gated Line And Crown Planning Aid");
+  writer.Centred(0.6, kProgramPurpose);
   writer.Centred(0.8, DesignLine(record, name));
 }
 

@@ -21,12 +21,6 @@ inline bool OnScreen(ControlKind kind) {
   return kind != ControlKind::kMenu && kind != ControlKind::kToolBar && kind != ControlKind::kStatusBar;
 }
 
-// What the keyboard can be at.
-inline bool TakesFocus(ControlKind kind) {
-  return kind == ControlKind::kButton || kind == ControlKind::kField || kind == ControlKind::kGrid ||
-         kind == ControlKind::kList;
-}
-
 // Who sees to the key of a menu entry: the window, or the control that has the focus, for which the menu only tells it.
 enum class ShortcutOwner { kWindow, kControl };
 
@@ -53,6 +47,7 @@ struct ToolKey {
 struct RareFacts {
   bool visible = true;
   std::string_view spoken = {};   // what a reader of the screen calls a grid, a list or a frame
+  bool worked_in = true;          // a grid that is only read can't have the focus
   TextLook look = {};             // of a label
   std::string_view picture = {};  // of a part of the splash screen: name in data/icons, without ".svg"
   // Of a menu entry
@@ -94,6 +89,13 @@ struct NamedControl : ControlStore {
   ControlKind kind = ControlKind::kLabel;
   std::string_view parent;
 };
+
+// What the keyboard can be at.
+inline bool TakesFocus(const NamedControl& named) {
+  const bool of_that_kind = named.kind == ControlKind::kButton || named.kind == ControlKind::kField ||
+                            named.kind == ControlKind::kGrid || named.kind == ControlKind::kList;
+  return of_that_kind && named.facts->worked_in;
+}
 
 // Every control of a screen: in tab order where it can have the focus, menus in the order of the menu bar. No text is
 // copied. A screen tells its table by `Screen::Rows()`.
@@ -193,8 +195,9 @@ constexpr auto Field(std::string_view name, std::string_view parent, Place place
 }
 
 template <auto kMember, int kIndex = kWhole>
-constexpr auto Sheet(std::string_view name, Place place, std::string_view tool_tip, const RareFacts& rare = {}) {
-  return Row<kMember, kIndex>(ControlKind::kGrid, name, "", place, "", tool_tip, rare);
+constexpr auto Sheet(std::string_view name, std::string_view parent, Place place, std::string_view tool_tip,
+                     const RareFacts& rare = {}) {
+  return Row<kMember, kIndex>(ControlKind::kGrid, name, parent, place, "", tool_tip, rare);
 }
 
 template <auto kMember, int kIndex = kWhole>

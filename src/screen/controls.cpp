@@ -129,8 +129,7 @@ void Grid::SetSelection(int r, int c) {
 }
 
 int Grid::RowsInView() const {
-  constexpr int kRowHeight = 240;  // twips
-  return rows_in_view > 0 ? rows_in_view : std::max(1, (control.place.height - heading_height) / kRowHeight);
+  return rows_in_view > 0 ? rows_in_view : std::max(1, (control.place.height - heading_height) / kGridRowHeight);
 }
 
 int Grid::WidthOf(int c) const {

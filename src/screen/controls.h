@@ -1,3 +1,5 @@
+// The screen as plain data. The logic reads and writes these structures; a window is a rendering of them and keeps no
+// state that they lack. Positions and sizes are in twips, 1,440 to the inch.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +14,6 @@
 #include "record/text_grid.h"
 
 namespace torvale {
-
-// The screen as plain data. The logic reads and writes these structures; a window is a rendering of them and keeps no
-// state that they lack. Positions and sizes are in twips, 1,440 to the inch.
 
 struct Colour {
   std::uint8_t red = 0;
@@ -139,6 +138,8 @@ struct GridColumn {
   Align align = Align::kGeneral;
   bool operator==(const GridColumn&) const = default;
 };
+
+inline constexpr int kGridRowHeight = 240;  // twips of a row below the headings
 
 // A grid: text cells with a current cell, the far corner of a selection, and the looks of its cells. Row 0 is the
 // heading row and stays in place when the grid scrolls. Cells outside the grid are a RunTimeFault (kSubscript).

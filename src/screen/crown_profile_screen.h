@@ -1,3 +1,4 @@
+// The window of the crown profile as plain data: its controls and its chart.
 #pragma once
 
 #include <span>

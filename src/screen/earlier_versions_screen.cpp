@@ -7,9 +7,8 @@ constexpr std::string_view kWindow = "frmEarlierVersions";
 
 constexpr ControlRow<EarlierVersionsScreen> kRows[] = {
     rows::Frame<&EarlierVersionsScreen::frmEarlierVersions>(kWindow, {}, "Earlier Versions", {.visible = false}),
-    rows::Row<&EarlierVersionsScreen::Grd_EarlierVersions, rows::kWhole>(ControlKind::kGrid, "Grd_EarlierVersions",
-                                                                         kWindow, {120, 120, 11400, 5400}, "", "",
-                                                                         {.spoken = "Earlier versions"}),
+    rows::Sheet<&EarlierVersionsScreen::Grd_EarlierVersions>("Grd_EarlierVersions", kWindow, {120, 120, 11400, 5400},
+                                                             "", {.spoken = "Earlier versions"}),
     rows::Label<&EarlierVersionsScreen::lblVersionFile>("lblVersionFile", kWindow, {120, 5600, 11400, 315}, "",
                                                         "The file that held this version"),
     rows::Button<&EarlierVersionsScreen::btnOpenVersion>(

@@ -1,3 +1,4 @@
+// The window of the earlier versions as plain data.
 #pragma once
 
 #include <cstdint>

@@ -23,15 +23,18 @@ struct InfoFacts {
   FieldForm form = FieldForm::kText;
   EntersDesign enters = EntersDesign::kNever;
   Sentence<0> hint;
+  int longest = 0;             // characters that may be typed
+  std::string_view help = {};  // the place of the guide that tells of it
 };
 
 inline constexpr std::array<InfoFacts, 6> kInfoFacts = {{
-    {.name = "Name", .hint = words::kHintDesignName},
-    {.name = "Date", .hint = words::kHintDesignDate},
-    {"GPM", FieldForm::kNumber, EntersDesign::kAlways, words::kHintGpm},
-    {"Target Head", FieldForm::kNumber, EntersDesign::kAlways, words::kHintTargetHead},
-    {.name = "Location", .hint = words::kHintLocation},
-    {"Rod Readings or Elevations", FieldForm::kRodsOrElevations, EntersDesign::kAlways, words::kHintSurveyKind},
+    {.name = "Name", .hint = words::kHintDesignName, .longest = 60, .help = "field-name"},
+    {.name = "Date", .hint = words::kHintDesignDate, .longest = 12, .help = "field-date"},
+    {"GPM", FieldForm::kNumber, EntersDesign::kAlways, words::kHintGpm, 10, "field-gpm"},
+    {"Target Head", FieldForm::kNumber, EntersDesign::kAlways, words::kHintTargetHead, 10, "field-head"},
+    {.name = "Location", .hint = words::kHintLocation, .longest = 60, .help = "field-location"},
+    {"Rod Readings or Elevations", FieldForm::kRodsOrElevations, EntersDesign::kAlways, words::kHintSurveyKind, 1,
+     "field-rod"},
 }};
 
 // What a blank preference begins with and what the panel puts into it differ in several rows on purpose.

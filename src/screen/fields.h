@@ -1,3 +1,4 @@
+// Fields, preferences and figures of the main screen by what they hold, not by number.
 #pragma once
 
 #include <array>

@@ -1,3 +1,4 @@
+// Where an export goes, and what is told of it once it is written.
 #pragma once
 
 #include <optional>

@@ -1,3 +1,4 @@
+// The window of the guide as plain data.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// What the program asks of the desktop that it runs on.
 #pragma once
 
 #include <cstdint>
@@ -21,6 +22,7 @@ struct FileDialog {
   // Saving: the file that will be written for a name that is chosen, which is the one to ask about where it is there.
   // Without it, the one chosen.
   std::function<std::string(const std::string& chosen)> written = {};
+  std::string folder = {};  // to begin in; empty for that of the last dialog
 };
 
 // The services of a windowing desktop that the program needs. The windows implement them with a toolkit, the script

@@ -22,7 +22,7 @@ constexpr ControlRow<SoilsScreen> kSoilsRows[] = {
                                       {.shortcut = "Ctrl+C", .shortcut_owner = ShortcutOwner::kControl}),
     rows::Menu<&SoilsScreen::mnuPaste>("mnuPaste", "mnuSoilsEdit", "&Paste", "",
                                        {.shortcut = "Ctrl+V", .shortcut_owner = ShortcutOwner::kControl}),
-    rows::Sheet<&SoilsScreen::Grd_Soils_FurrowFlow>("Grd_Soils_FurrowFlow", {60, 60, 5400, 6600}, "",
+    rows::Sheet<&SoilsScreen::Grd_Soils_FurrowFlow>("Grd_Soils_FurrowFlow", "", {60, 60, 5400, 6600}, "",
                                                     {.spoken = "Soils and recommended furrow flows"}),
 };
 

@@ -1,3 +1,4 @@
+// The main screen and the editor of soils as plain data.
 #pragma once
 
 #include <array>
@@ -15,6 +16,14 @@ namespace torvale {
 enum class WindowState { kNormal, kMinimized, kMaximized };
 
 inline constexpr std::string_view kProgramTitle = "TORVALE";
+inline constexpr std::string_view kProgramPurpose = "Gated Line And Crown Planning Aid";
+
+// Captions by which the program goes: `cmdDesignToggle` names the table that is filled, `lblActiveInactive` tells
+// whether a design stands.
+inline constexpr std::string_view kCompleteDesign = "Complete Design";
+inline constexpr std::string_view kSummary = "Summary";
+inline constexpr std::string_view kActiveDesign = "Active Design";
+inline constexpr std::string_view kInactiveDesign = "Inactive Design";
 
 // A panel that is being moved by hand: where it was grabbed, from its corner, and where it stood.
 struct PanelDrag {

@@ -20,6 +20,16 @@ inline constexpr std::string_view kCurveTip =
     "The best uniformity that was found with at most so many stretches of one hole size: what one more change of punch "
     "buys";
 
+// A figure of the results, counted from 0: its title, and the value below it.
+inline constexpr int kFigureStep = 740;  // twips
+
+constexpr Place FigureTitle(int figure) {
+  return {30, 90 + kFigureStep * figure, 1680, 300};
+}
+constexpr Place FigureValue(int figure) {
+  return {30, 390 + kFigureStep * figure, 1680, 300};
+}
+
 inline constexpr int kLineLetters = 11;  // pixels, as the sheets have them
 inline constexpr TextLook kResultLook{TextPlace::kCentre, 0, true, true};
 inline constexpr TextLook kTitleLook{TextPlace::kFoot};
@@ -45,11 +55,13 @@ inline constexpr ControlRow<MainScreen> kInput[] = {
     Field<&MainScreen::txtInfo, 5>(
         "txtInfo(5)", "", {4620, 1245, 480, 315},
         "R: the survey gives rod readings, where a larger reading is lower ground. E: it gives elevations."),
-    Sheet<&MainScreen::Grid1>("Grid1", {120, 2200, 8490, 7100}, "", {.spoken = "Survey sheet"}),
-    Sheet<&MainScreen::Grid2>("Grid2", {120, 2200, 10720, 7100}, "", {.visible = false, .spoken = "Design results"}),
-    Sheet<&MainScreen::GridInchesApplied>("GridInchesApplied", {11000, 480, 2850, 1575},
-                                          "Hours and days of pumping that apply a gross depth over the field",
-                                          {.visible = false, .spoken = "Hours and days of pumping"}),
+    Sheet<&MainScreen::Grid1>("Grid1", "", {120, 2200, 8490, 7100}, "", {.spoken = "Survey sheet"}),
+    Sheet<&MainScreen::Grid2>("Grid2", "", {120, 2200, 10720, 7100}, "",
+                              {.visible = false, .spoken = "Design results"}),
+    Sheet<&MainScreen::GridInchesApplied>(
+        "GridInchesApplied", "", {11000, 480, 2850, 1575},
+        "Hours and days of pumping that apply a gross depth over the field",
+        {.visible = false, .spoken = "Hours and days of pumping", .worked_in = false}),
     Button<&MainScreen::cmdInterpolate>(
         "cmdInterpolate", "", {120, 1665, 4860, 435}, "Interpolate Furrow Length and Calculate Elevations",
         "Fill in the missing crown readings and furrow lengths by straight lines between the filled cells"),
@@ -57,11 +69,10 @@ inline constexpr ControlRow<MainScreen> kInput[] = {
                                    {.visible = false}),
     Button<&MainScreen::cmdReCalc>("cmdReCalc", "", {9250, 2295, 1100, 315}, "Re-Calculate",
                                    "Run the design again with the fields as they are now", {.visible = false}),
-    Button<&MainScreen::cmdDesignToggle>("cmdDesignToggle", "", {9250, 2620, 1100, 580}, "Complete Design",
+    Button<&MainScreen::cmdDesignToggle>("cmdDesignToggle", "", {9250, 2620, 1100, 580}, kCompleteDesign,
                                          "Change between the complete table and its summary", {.visible = false}),
     Button<&MainScreen::cmdBringBack>("cmdBringBack", "", {8850, 2295, 2600, 435}, "Bring Back Last Work",
-                                      "Put back what was on the screen, and not saved, when the program ended",
-                                      {.visible = false}),
+                                      kBringBackTip, {.visible = false}),
     Frame<&MainScreen::frameFirstSteps>("frameFirstSteps", {8850, 2900, 6500, 4300}, "First Steps", {.visible = false}),
     Label<&MainScreen::lblFirstSteps>("lblFirstSteps", "frameFirstSteps", {150, 420, 6200, 300},
                                       "From an empty sheet to a design:"),
@@ -92,46 +103,46 @@ inline constexpr ControlRow<MainScreen> kResults[] = {
                                      "How much more uniformity any other plan of these hole sizes could have",
                                      {.visible = false}),
     Label<&MainScreen::lblAcresTotal>("lblAcresTotal", "", {5640, 1245, 5160, 315}),
-    Label<&MainScreen::lblActiveInactive>("lblActiveInactive", "", {8160, 75, 2640, 315}, "Inactive Design",
+    Label<&MainScreen::lblActiveInactive>("lblActiveInactive", "", {8160, 75, 2640, 315}, kInactiveDesign,
                                           "Whether the results on the screen belong to the last calculation",
                                           {.look = kResultLook}),
     Label<&MainScreen::lblAvgFurrowFlow>("lblAvgFurrowFlow", "", {5640, 855, 5160, 315}, "", "", {.visible = false}),
     Label<&MainScreen::lblHeadCount>("lblHeadCount", "", {6360, 1590, 4560, 285}, "", "", {.visible = false}),
     Frame<&MainScreen::frmDisplay>("frmDisplay", {8840, 3280, 1770, 6010}, "", {.visible = false}),
-    Label<&MainScreen::frmDisplayLbl, 0>("frmDisplayLbl(0)", "frmDisplay", {30, 90, 1680, 300}, "Highest Head", "",
+    Label<&MainScreen::frmDisplayLbl, 0>("frmDisplayLbl(0)", "frmDisplay", FigureTitle(0), "Highest Head", "",
                                          {.look = kTitleLook}),
     Label<&MainScreen::frmDisplayLbl, 1>(
-        "frmDisplayLbl(1)", "frmDisplay", {30, 390, 1680, 300}, "",
+        "frmDisplayLbl(1)", "frmDisplay", FigureValue(0), "",
         "Highest calculated head. When background color is green it is below target head.", {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 2>("frmDisplayLbl(2)", "frmDisplay", {30, 830, 1680, 300}, "Max Head Station", "",
+    Label<&MainScreen::frmDisplayLbl, 2>("frmDisplayLbl(2)", "frmDisplay", FigureTitle(1), "Max Head Station", "",
                                          {.look = kTitleLook}),
-    Label<&MainScreen::frmDisplayLbl, 3>("frmDisplayLbl(3)", "frmDisplay", {30, 1130, 1680, 300}, "", kStationFeetTip,
+    Label<&MainScreen::frmDisplayLbl, 3>("frmDisplayLbl(3)", "frmDisplay", FigureValue(1), "", kStationFeetTip,
                                          {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 4>("frmDisplayLbl(4)", "frmDisplay", {30, 1570, 1680, 300}, "Lowest Head", "",
+    Label<&MainScreen::frmDisplayLbl, 4>("frmDisplayLbl(4)", "frmDisplay", FigureTitle(2), "Lowest Head", "",
                                          {.look = kTitleLook}),
     Label<&MainScreen::frmDisplayLbl, 5>(
-        "frmDisplayLbl(5)", "frmDisplay", {30, 1870, 1680, 300}, "",
+        "frmDisplayLbl(5)", "frmDisplay", FigureValue(2), "",
         "Lowest calculated head, feet. When background color is yellow it is below half a foot.",
         {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 6>("frmDisplayLbl(6)", "frmDisplay", {30, 2310, 1680, 300}, "Low Head Station",
-                                         "", {.look = kTitleLook}),
-    Label<&MainScreen::frmDisplayLbl, 7>("frmDisplayLbl(7)", "frmDisplay", {30, 2610, 1680, 300}, "", kStationFeetTip,
+    Label<&MainScreen::frmDisplayLbl, 6>("frmDisplayLbl(6)", "frmDisplay", FigureTitle(3), "Low Head Station", "",
+                                         {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 7>("frmDisplayLbl(7)", "frmDisplay", FigureValue(3), "", kStationFeetTip,
                                          {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 8>("frmDisplayLbl(8)", "frmDisplay", {30, 3050, 1680, 300}, "Max. Furrow Flow",
-                                         "", {.look = kTitleLook}),
-    Label<&MainScreen::frmDisplayLbl, 9>("frmDisplayLbl(9)", "frmDisplay", {30, 3350, 1680, 300}, "", kFlowTip,
+    Label<&MainScreen::frmDisplayLbl, 8>("frmDisplayLbl(8)", "frmDisplay", FigureTitle(4), "Max. Furrow Flow", "",
+                                         {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 9>("frmDisplayLbl(9)", "frmDisplay", FigureValue(4), "", kFlowTip,
                                          {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 10>("frmDisplayLbl(10)", "frmDisplay", {30, 3790, 1680, 300}, "Min. Furrow Flow",
-                                          "", {.look = kTitleLook}),
-    Label<&MainScreen::frmDisplayLbl, 11>("frmDisplayLbl(11)", "frmDisplay", {30, 4090, 1680, 300}, "", kFlowTip,
+    Label<&MainScreen::frmDisplayLbl, 10>("frmDisplayLbl(10)", "frmDisplay", FigureTitle(5), "Min. Furrow Flow", "",
+                                          {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 11>("frmDisplayLbl(11)", "frmDisplay", FigureValue(5), "", kFlowTip,
                                           {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 12>("frmDisplayLbl(12)", "frmDisplay", {30, 4530, 1680, 300}, "Calculated GPM",
-                                          "", {.look = kTitleLook}),
-    Label<&MainScreen::frmDisplayLbl, 13>("frmDisplayLbl(13)", "frmDisplay", {30, 4830, 1680, 300}, "",
+    Label<&MainScreen::frmDisplayLbl, 12>("frmDisplayLbl(12)", "frmDisplay", FigureTitle(6), "Calculated GPM", "",
+                                          {.look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 13>("frmDisplayLbl(13)", "frmDisplay", FigureValue(6), "",
                                           "Flow out of all holes, gallons per minute", {.look = kResultLook}),
-    Label<&MainScreen::frmDisplayLbl, 14>("frmDisplayLbl(14)", "frmDisplay", {30, 5270, 1680, 300},
-                                          "Crown Differential", "", {.visible = false, .look = kTitleLook}),
-    Label<&MainScreen::frmDisplayLbl, 15>("frmDisplayLbl(15)", "frmDisplay", {30, 5570, 1680, 300}, "",
+    Label<&MainScreen::frmDisplayLbl, 14>("frmDisplayLbl(14)", "frmDisplay", FigureTitle(7), "Crown Differential", "",
+                                          {.visible = false, .look = kTitleLook}),
+    Label<&MainScreen::frmDisplayLbl, 15>("frmDisplayLbl(15)", "frmDisplay", FigureValue(7), "",
                                           "The difference between the highest and lowest elevation of the crown.",
                                           {.visible = false, .look = kResultLook}),
     Frame<&MainScreen::frameShowLimitedHoles>("frameShowLimitedHoles", {10900, 2200, 4455, 7130}, "",

@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "base/format.h"
-#include "base/numbers.h"
-
 namespace torvale {
 namespace {
 
@@ -95,6 +92,10 @@ const ControlFacts* FactsOf(std::string_view name) {
   return entry == nullptr ? nullptr : entry->facts;
 }
 
+void PutInPlace(Program& program, std::string_view name) {
+  if (const Entry* entry = Find(name)) entry->find(program, *entry->facts).control->place = entry->facts->place;
+}
+
 Reach ReachOf(Program& program, std::string_view name) {
   const Entry* entry = Find(name);
   if (entry == nullptr) return Reach::kUnknown;
@@ -108,23 +109,6 @@ Reach ReachOf(Program& program, std::string_view name) {
     enabled = enabled && control.enabled;
   }
   return enabled ? Reach::kUsable : Reach::kDisabled;
-}
-
-long ScreenEngineHost::Yield(long due) {
-  return program_.host.Yield(due);
-}
-
-void ScreenEngineHost::TotalAcresChanged() {
-  program_.main.lblAcresTotal.caption = TotalAcresText(program_);
-}
-
-void ScreenEngineHost::UniformityChanged() {
-  program_.main.lblEffic.back = program_.record.Uniformity >= 90 ? kBrightGreen : kYellow;
-  program_.main.lblEffic.visible = true;
-}
-
-std::string TotalAcresText(const Program& program) {
-  return "Total Acres = " + Format(program.record.TotalAcres, "###0.0");
 }
 
 }  // namespace torvale

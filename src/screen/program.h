@@ -1,3 +1,4 @@
+// The whole program as one value: the record, the screens, and the desktop; and its controls by name.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "engine/engine_host.h"
 #include "engine/safe_head.h"
 #include "record/design_record.h"
 #include "screen/crown_profile_screen.h"
@@ -71,26 +71,12 @@ Grid* FindGrid(Program& program, std::string_view name);
 ListBox* FindList(Program& program, std::string_view name);
 // The row of the control of that name, or nullptr.
 const ControlFacts* FactsOf(std::string_view name);
+// Puts the control back in the place that its row gives it.
+void PutInPlace(Program& program, std::string_view name);
 
 // Whether the user can reach a control: "hidden" and "disabled" count for the frames and menus it stands in too. The
 // sheet is hidden while results cover it.
 enum class Reach { kUsable, kHidden, kDisabled, kUnknown };
 Reach ReachOf(Program& program, std::string_view name);
-
-// The engine's view of the program: its turns for the user and the labels that follow its figures.
-class ScreenEngineHost : public EngineHost {
- public:
-  explicit ScreenEngineHost(Program& program) : program_(program) {}
-
-  long Yield(long due) override;
-  void TotalAcresChanged() override;
-  void UniformityChanged() override;
-
- private:
-  Program& program_;
-};
-
-// Caption "Total Acres = " with `TotalAcres`, which most read-outs begin with.
-std::string TotalAcresText(const Program& program);
 
 }  // namespace torvale

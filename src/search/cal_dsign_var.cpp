@@ -13,6 +13,7 @@
 #include "engine/uniformity.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/best_fit_head.h"

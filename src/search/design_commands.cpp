@@ -9,6 +9,7 @@
 #include "display/input_screen.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/cal_dsign_var.h"

@@ -10,6 +10,7 @@
 #include "engine/flow_calc.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 

@@ -7,6 +7,7 @@
 #include "engine/hydraulics.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
+#include "screen/screen_engine_host.h"
 #include "screen/words.h"
 #include "search/flow_run.h"
 #include "search/hole_fit.h"

@@ -11,6 +11,7 @@
 #include "record/hole_sizes.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/cal_dsign_var.h"

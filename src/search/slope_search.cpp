@@ -13,6 +13,7 @@
 #include "engine/slope_trials.h"
 #include "engine/uniformity.h"
 #include "screen/fields.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/elev_adjust.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "display/design_display.h"
+#include "display/result_tables.h"
 #include "files/file_commands.h"
 #include "files/new_design.h"
 #include "files/preferences_panel.h"
@@ -242,8 +243,7 @@ bool HasToolCommand(const ControlFacts& button) {
 
 void ScreenKey(Program& program, const KeyStroke& stroke) {
   if (stroke.key != Key::kPrint || !ResultsShown(program)) return;
-  const bool complete = program.main.cmdDesignToggle.caption == "Complete Design";
-  Click(program, complete ? "mnuPrintComplete" : "mnuPrintSummary");
+  Click(program, NamesCompleteDesign(program) ? "mnuPrintComplete" : "mnuPrintSummary");
 }
 
 Reach tbToolBar_ButtonClick(Program& program, std::string_view key) {

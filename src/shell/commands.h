@@ -1,3 +1,4 @@
+// What a click does: the commands by the names of their controls, and what runs one.
 #pragma once
 
 #include <span>

@@ -20,6 +20,7 @@
 #include "input/sheet.h"
 #include "screen/field_facts.h"
 #include "screen/message_box.h"
+#include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/design_commands.h"

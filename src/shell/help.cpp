@@ -6,6 +6,7 @@
 #include "files/file_fault.h"
 #include "files/file_store.h"
 #include "input/focus.h"
+#include "screen/field_facts.h"
 #include "screen/message_box.h"
 #include "screen/words.h"
 #include "shell/help_pages.h"
@@ -22,19 +23,14 @@ constexpr std::string_view kPreferences = "preferences";
 constexpr std::string_view kHoleSelection = "hole-selection";
 constexpr std::string_view kBestHoles = "best-holes";
 
-// The first row whose name the control's name begins with tells the place.
+// The first row whose name the control's name begins with tells the place. Those of the information fields stand in
+// screen/field_facts.h.
 struct Topic {
   std::string_view name;
   std::string_view place;
 };
 
 constexpr Topic kTopics[] = {
-    {"txtInfo(0)", "field-name"},
-    {"txtInfo(1)", "field-date"},
-    {"txtInfo(2)", "field-gpm"},
-    {"txtInfo(3)", "field-head"},
-    {"txtInfo(4)", "field-location"},
-    {"txtInfo(5)", "field-rod"},
     {"Grid2", kResults},
     {"GridInchesApplied", "applied-water"},
     {"frameShowLimitedHoles", "hole-summary"},
@@ -112,6 +108,7 @@ constexpr std::array<std::string_view, 9> kColumnPlaces = {"col-station", "col-r
                                                            "col-holes",   "col-mil",      "col-planted"};
 
 std::string_view NamedPlace(std::string_view control) {
+  if (const int field = InfoIndex(control); field >= 0) return kInfoFacts.at(static_cast<std::size_t>(field)).help;
   for (const Topic& row : kTopics) {
     if (control.starts_with(row.name)) return row.place;
   }
@@ -149,6 +146,7 @@ std::string_view HelpPlaceFor(Program& program, std::string_view control) {
 
 std::vector<std::string_view> HelpPlaces() {
   std::vector<std::string_view> places = {kContents, kFirstDesign, kResults};
+  for (const InfoFacts& field : kInfoFacts) places.push_back(field.help);
   for (const Topic& row : kTopics) places.push_back(row.place);
   places.insert(places.end(), kColumnPlaces.begin(), kColumnPlaces.end());
   return places;

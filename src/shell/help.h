@@ -1,3 +1,4 @@
+// Opens the guide: which place of it tells of what.
 #pragma once
 
 #include <string_view>

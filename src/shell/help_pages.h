@@ -1,3 +1,4 @@
+// The file of the guide: its pages, its places, and the search in them.
 #pragma once
 
 #include <stdexcept>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/input_screen.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/design_commands.h"
@@ -9,9 +10,10 @@
 namespace torvale {
 namespace {
 
-bool DesignIsShown(const MainScreen& main) {
+bool DesignIsShown(const Program& program) {
+  const MainScreen& main = program.main;
   return main.Grid2.control.visible || main.frmDisplay.visible || main.cmdReCalc.visible || main.mnuProfile.visible ||
-         main.lblActiveInactive.caption == "Active Design";
+         DesignStands(program);
 }
 
 }  // namespace
@@ -25,7 +27,7 @@ bool RunsAlone(Program& program, std::initializer_list<std::string_view> command
 
 void LeaveDesign(Program& program) {
   MainScreen& main = program.main;
-  if (!DesignIsShown(main)) return;
+  if (!DesignIsShown(program)) return;
   ShowInputScreen(program);
   main.frameShowLimitedHoles.visible = false;
   main.frameHoleEquiv.visible = false;

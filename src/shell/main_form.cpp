@@ -75,15 +75,6 @@ void LoadZoom(Program& program) {
   ShowZoom(program.main, step == kZoomSteps.end() ? kPlainZoom : *step);
 }
 
-void PlacePanels(MainScreen& main) {
-  main.Frame1.place.left = 10000;
-  main.Frame1.place.top = 700;
-  main.frameHoleSelection.place.left = 2040;
-  main.frameHoleSelection.place.top = 360;
-  main.frmDisplay.place = {8840, 3280, 1770, 6010};
-  main.lblEffic.place.top = 1900;
-}
-
 void FillBlankPreferences(MainScreen& main) {
   for (std::size_t i = 0; i < kPreferenceFacts.size(); ++i) {
     const std::string_view start = kPreferenceFacts.at(i).start;
@@ -108,7 +99,8 @@ void Form_Load(Program& program) {
   LoadZoom(program);
   OpenDesk(program);
   EnablePrinting(main, false);
-  PlacePanels(main);
+  for (const std::string_view name : {"Frame1", "frameHoleSelection", "frmDisplay", "lblEffic"})
+    PutInPlace(program, name);
   record.FileVersion = ProgramVersion();
   record.PipeKind = kLayflat;
   TickPipe(program);

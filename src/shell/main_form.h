@@ -1,3 +1,4 @@
+// The main screen from its loading to its unloading, and its zoom.
 #pragma once
 
 #include "screen/program.h"

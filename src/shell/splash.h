@@ -1,3 +1,4 @@
+// The start of the program behind its splash screen.
 #pragma once
 
 #include "screen/program.h"

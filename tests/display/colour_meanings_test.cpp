@@ -7,6 +7,7 @@
 #include "display/design_display.h"
 #include "display/result_tables.h"
 #include "display/small_line.h"
+#include "screen/screen_engine_host.h"
 
 namespace torvale {
 namespace {

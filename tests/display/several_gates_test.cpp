@@ -85,7 +85,7 @@ TEST(SeveralGatesTest, TheHoleSummaryTellsEachRun) {
   DisplayHoleSum(line.program);
   EXPECT_EQ(line.main.lblSumHoleDia.tool_tip,
             line.record.HoleSumSeparator + "\nStations 0 - 6: Each of the 2 gates of a furrow opens 0.500 in.");
-  line.main.mnuRigidPipe.ticked = false;
+  line.record.PipeKind = "L";
   DisplayHoleSum(line.program);
   EXPECT_EQ(line.main.lblSumHoleDia.tool_tip, "");
 }

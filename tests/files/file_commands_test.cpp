@@ -46,6 +46,18 @@ TEST_F(FileCommandsTest, OpenShowsItsDialogWithTheFilterOfThePreference) {
       "file types (*.*) | *.*");
 }
 
+// An empty folder stands for the one that the desktop's last dialog was in.
+TEST_F(FileCommandsTest, OpenBeginsAmongTheSamplesUntilThereIsAListOfDesigns) {
+  mnuFileOpen_Click(program);
+  EXPECT_EQ(host.dialogs.back().folder, "");
+  std::filesystem::create_directory(Path("samples"));
+  mnuFileOpen_Click(program);
+  EXPECT_EQ(host.dialogs.back().folder, Path("samples"));
+  host.WriteFile("RecentTORVALEFileName.Dat", "");
+  mnuFileOpen_Click(program);
+  EXPECT_EQ(host.dialogs.back().folder, "");
+}
+
 TEST_F(FileCommandsTest, ACancelledOrEmptyOpenChangesNothing) {
   main.Grid1.Set(1, 0, "5");
   record.OpenedFileName = "before";

@@ -11,6 +11,7 @@
 #include "properties/chain_program.h"
 #include "properties/random_survey.h"
 #include "properties/watchdog.h"
+#include "screen/screen_engine_host.h"
 
 namespace torvale {
 namespace {

@@ -5,6 +5,7 @@
 #include "base/format.h"
 #include "engine/uniformity.h"
 #include "properties/random.h"
+#include "screen/screen_engine_host.h"
 #include "search/flow_run.h"
 #include "search/hole_selection_panel.h"
 #include "search/search_program.h"

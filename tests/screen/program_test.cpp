@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/survey.h"
+#include "screen/screen_engine_host.h"
 #include "support/fake_host.h"
 
 namespace torvale {

@@ -4,6 +4,7 @@
 
 #include "base/format.h"
 #include "engine/uniformity.h"
+#include "screen/screen_engine_host.h"
 #include "search/best_fit_head.h"
 #include "search/flow_run.h"
 #include "search/survey_completion.h"
