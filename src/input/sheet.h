@@ -30,16 +30,6 @@ void ExtendSelection(Program& program, int row, int column);
 // The text without its last character; a text of blanks alone stays.
 std::string WithoutLastCharacter(std::string text);
 
-// Make room at the cursor's row, or close it. Columns 0 to 7 move, column 8 stays. Nothing happens while results cover
-// the sheet; in the heading row the beep sounds.
-void mnuInsertRow_Click(Program& program);
-void mnuDeleteRow_Click(Program& program);
-
-// Empties the cells that the program filled in and nobody has typed over, and says how many. The entry can be clicked
-// only while the sheet is shown and has such cells.
-void mnuClearFilled_Click(Program& program);
-void OfferClearFilled(Program& program);
-
 // What column `column` of the sheet holds, with its unit, for the status bar.
 SpokenSentence ColumnHint(int column);
 

@@ -1,6 +1,7 @@
 // The engine's calculations as a command runs them: on the program's record and screen, with words for how they end.
 #pragma once
 
+#include "engine/engine_host.h"
 #include "screen/program.h"
 
 namespace torvale {

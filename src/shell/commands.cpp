@@ -11,7 +11,7 @@
 #include "files/version_commands.h"
 #include "input/edit_commands.h"
 #include "input/info_fields.h"
-#include "input/sheet.h"
+#include "input/sheet_rows.h"
 #include "input/survey_paste.h"
 #include "reports/crown_profile.h"
 #include "reports/print_commands.h"

@@ -20,6 +20,10 @@ namespace torvale {
 // it does then. The history takes what the event changed then, too.
 void Guarded(Program& program, const std::function<void()>& work);
 
+// Whether the pointer is the hourglass. It is so only while something runs: a flag that a failed command left behind
+// doesn't hold it.
+bool PointerIsBusy(const Program& program);
+
 // A command that starts a calculation, or empties or replaces the design, ends a running calculation first, as Cancel
 // would, and runs when that has unwound. Where none runs it runs at once.
 void RunAlone(Program& program, const std::function<void()>& command);

@@ -1,7 +1,8 @@
+#include "input/sheet_rows.h"
+
 #include <gtest/gtest.h>
 
 #include "input/input_program.h"
-#include "input/sheet.h"
 
 namespace torvale {
 namespace {

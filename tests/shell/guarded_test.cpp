@@ -36,6 +36,19 @@ TEST_F(GuardedTest, AnyOtherExceptionEndsInAMessageToo) {
   EXPECT_THAT(host.messages[1].body, HasSubstr("out of memory"));
 }
 
+// A flag that a command leaves behind, as a cancelled search does, holds the pointer no longer than its event.
+TEST_F(GuardedTest, ThePointerIsBusyOnlyWhileSomethingRuns) {
+  std::vector<bool> seen;
+  Guarded(program, [&] {
+    seen.push_back(PointerIsBusy(program));
+    program.main.main_busy = true;
+    seen.push_back(PointerIsBusy(program));
+  });
+  EXPECT_EQ(seen, (std::vector<bool>{false, true}));
+  EXPECT_TRUE(program.main.main_busy);
+  EXPECT_FALSE(PointerIsBusy(program));
+}
+
 TEST_F(GuardedTest, WorkThatEndsWellSaysNothing) {
   bool done = false;
   Guarded(program, [&] { done = true; });
