@@ -69,6 +69,11 @@ std::string StationText(const DesignRecord& record, int i) {
   return Format(AtRow(record, record.Station, i), kFeet);
 }
 
+std::string AverageFurrowFlowText(const DesignRecord& record, std::string_view pattern) {
+  if (record.WateredFurrows == 0) return "0";
+  return Format(Wide(record.TargetGPM) / record.WateredFurrows, pattern);
+}
+
 double GateOpening(const Program& program, int i) {
   return OpeningFor(program, i, 1);
 }

@@ -44,6 +44,9 @@ inline constexpr RowPatterns kSummaryLastRow = {kShortTwoDecimals, kTwoDecimals,
 // `Station` of row i in whole feet.
 std::string StationText(const DesignRecord& record, int i);
 
+// The mean flow of a watered furrow, in that pattern; "0" where none is watered.
+std::string AverageFurrowFlowText(const DesignRecord& record, std::string_view pattern);
+
 // How far the gates of row i open in rigid pipe, inches: the height of a rectangular gate (`txtDefault(11)` "R") of the
 // width `txtDefault(12)`, or the travel of a circular gate as wide as the survey's hole. Faults of Divide and GateMove
 // pass through.

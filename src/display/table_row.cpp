@@ -2,16 +2,8 @@
 
 #include <optional>
 
-#include "base/arithmetic.h"
-#include "base/format.h"
-
 namespace torvale {
 namespace {
-
-std::string AverageFurrowFlowText(const DesignRecord& record) {
-  if (record.WateredFurrows == 0) return "0";
-  return Format(Wide(record.TargetGPM) / record.WateredFurrows, ".#");
-}
 
 // The opening that a row shows is for the area of all gates of a furrow together.
 std::string EachGateTip(const Program& program, int i) {
@@ -73,7 +65,7 @@ void FinishTable(Program& program) {
   MainScreen& main = program.main;
   main.Grid2.columns[kResultPlantedWidth].align = Align::kCentreCentre;
   main.Grid2.control.visible = true;
-  main.lblAvgFurrowFlow.caption = "Average Furrow Flow = " + AverageFurrowFlowText(program.record);
+  main.lblAvgFurrowFlow.caption = "Average Furrow Flow = " + AverageFurrowFlowText(program.record, ".#");
   main.lblAvgFurrowFlow.visible = true;
   main.mnuSurveyCopy.visible = false;
   main.busy = false;

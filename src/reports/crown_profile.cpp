@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
-#include <system_error>
 
 #include "base/arithmetic.h"
 #include "base/format.h"

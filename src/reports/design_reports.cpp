@@ -4,6 +4,7 @@
 
 #include "base/arithmetic.h"
 #include "base/format.h"
+#include "base/put_back.h"
 #include "display/design_display.h"
 #include "display/grid_layout.h"
 #include "reports/print_frame.h"
@@ -112,22 +113,10 @@ void BreakPage(TablePrint& print, int row) {
 
 // Brings a table to the screen; the caption of the toggle comes back whatever happens. The table stays, so that after
 // printing the other one the screen shows it under this caption until the next toggle.
-class ForcedCaption {
- public:
-  ForcedCaption(Control& toggle, std::string_view caption) : toggle_(toggle), kept_(toggle.caption) {
-    toggle_.caption = caption;
-  }
-  ~ForcedCaption() { toggle_.caption = kept_; }
-  ForcedCaption(const ForcedCaption&) = delete;
-  ForcedCaption& operator=(const ForcedCaption&) = delete;
-
- private:
-  Control& toggle_;
-  std::string kept_;
-};
-
 void ForceTable(Program& program, std::string_view name) {
-  const ForcedCaption forced(program.main.cmdDesignToggle, name);
+  std::string& caption = program.main.cmdDesignToggle.caption;
+  const PutBack kept(caption);
+  caption = name;
   DisplayDesign(program);
   program.main.Grid2.control.visible = true;
 }

@@ -16,15 +16,15 @@ constexpr double kStep = 0.2;  // from one line to the next
 
 void PrintFigures(DocumentWriter& writer, const Program& program) {
   const DesignRecord& record = program.record;
-  const auto& info = program.main.txtInfo;
+  const MainScreen& main = program.main;
   constexpr double kLeftRoom = 2.9;
   constexpr double kMiddleRoom = 4.4;
   writer.SetFontSize(10);
   writer.Text(kLeft, 1.0, "Saved as " + record.DisplayFileName, 7.4);
-  writer.Text(kLeft, 1.2, "Name: " + info[0].text(), kLeftRoom);
-  writer.Text(kMiddle, 1.2, "Date: " + info[1].text(), kMiddleRoom);
-  writer.Text(kLeft, 1.4, "GPM: " + info[2].text(), kLeftRoom);
-  writer.Text(kMiddle, 1.4, "Location: " + info[4].text(), kMiddleRoom);
+  writer.Text(kLeft, 1.2, "Name: " + TextOf(main, InfoField::kDesignName), kLeftRoom);
+  writer.Text(kMiddle, 1.2, "Date: " + TextOf(main, InfoField::kDate), kMiddleRoom);
+  writer.Text(kLeft, 1.4, "GPM: " + TextOf(main, InfoField::kGpm), kLeftRoom);
+  writer.Text(kMiddle, 1.4, "Location: " + TextOf(main, InfoField::kLocation), kMiddleRoom);
   writer.Text(kLeft, 1.6, "Distribution Uniformity: " + Format(record.Uniformity, "###.#"), kLeftRoom);
   writer.Text(kMiddle, 1.6, "Acres: " + Format(record.TotalAcres, "####.#"), kMiddleRoom);
 }
@@ -85,7 +85,7 @@ void PrintSpacingRuns(DocumentWriter& writer, DesignRecord& record, double& y) {
 
 void PrintSizeTable(DocumentWriter& writer, Program& program, double& y) {
   writer.SetFontSize(14);
-  writer.Text(3, 2, "Hole Summary");
+  writer.Text(3, 2, kHoleSummary);
   writer.SetFontSize(12);
   writer.Text(kLeft, 2.3, "Stations");
   writer.Text(2.5, 2.3, "Furrow Lengths");
@@ -122,7 +122,7 @@ void PrintHeads(DocumentWriter& writer, const DesignRecord& record, double y) {
 }  // namespace
 
 Document HoleSummaryReport(Program& program) {
-  DocumentWriter writer("Hole Summary");
+  DocumentWriter writer((std::string(kHoleSummary)));
   PrintTitle(writer, program.record, &DesignKind::in_hole_report);
   PrintFigures(writer, program);
   double y = 0;

@@ -1,5 +1,7 @@
 #include "reports/phone_page.h"
 
+#include "reports/hole_summary_report.h"
+
 namespace torvale {
 namespace {
 
@@ -115,7 +117,7 @@ std::string Element(std::string_view open, std::string_view text, std::string_vi
 
 std::string Heading(const CrewSheet& sheet) {
   std::string html = "<header id=\"heading\">\n";
-  html += Element("<h1>", sheet.name.empty() ? "Hole Summary" : sheet.name, "</h1>\n");
+  html += Element("<h1>", sheet.name.empty() ? kHoleSummary : std::string_view(sheet.name), "</h1>\n");
   for (const std::string& line : {sheet.location, sheet.design, sheet.date}) {
     if (!line.empty()) html += Element("<p>", line, "</p>\n");
   }
@@ -163,7 +165,7 @@ std::string Figures(const CrewSheet& sheet) {
 }  // namespace
 
 std::string PhonePage(const CrewSheet& sheet) {
-  const std::string title = sheet.name.empty() ? "Hole Summary" : sheet.name + ": Hole Summary";
+  const std::string title = (sheet.name.empty() ? "" : sheet.name + ": ").append(kHoleSummary);
   return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n" + std::string(kHead) +
          Element("<title>", title, "</title>\n</head>\n<body>\n<main>\n") + Heading(sheet) + Stale(sheet) +
          Runs(sheet) + Lines("Holes in all", sheet.totals) + Lines("Spacing", sheet.spacings) + Figures(sheet) +

@@ -4,6 +4,7 @@
 
 #include "base/numbers.h"
 #include "reports/document_writer.h"
+#include "reports/hole_summary_report.h"
 
 namespace torvale {
 namespace {
@@ -37,11 +38,11 @@ void Run(DocumentWriter& writer, double& y, const CrewRun& run) {
 }  // namespace
 
 Document PhonePicture(const CrewSheet& sheet) {
-  DocumentWriter writer("Hole Summary");
+  DocumentWriter writer((std::string(kHoleSummary)));
   double y = 0.3;
   Words(writer, y, 30, sheet.stale.heading);
   Words(writer, y, 18, sheet.stale.sentence);
-  Words(writer, y, 32, sheet.name.empty() ? "Hole Summary" : sheet.name);
+  Words(writer, y, 32, sheet.name.empty() ? std::string(kHoleSummary) : sheet.name);
   for (const std::string& text : {sheet.location, sheet.design, sheet.date}) Words(writer, y, 20, text);
   y += 0.15;
   const std::size_t shown = std::min(sheet.runs.size(), kMostRuns);

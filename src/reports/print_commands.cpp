@@ -1,9 +1,9 @@
 #include "reports/print_commands.h"
 
 #include <functional>
-#include <system_error>
-#include <utility>
+#include <optional>
 
+#include "base/put_back.h"
 #include "base/run_time_fault.h"
 #include "reports/design_reports.h"
 #include "reports/hole_summary_report.h"
@@ -37,42 +37,31 @@ Document MakeReport(Program& program, Report report) {
 
 // A report that is only looked at, or written to a file, leaves the screen as it was.
 Document MakeReportAside(Program& program, Report report) {
-  struct Kept {
-    explicit Kept(MainScreen& main) : now(main), before(main) {}
-    ~Kept() { now = std::move(before); }
-    Kept(const Kept&) = delete;
-    Kept& operator=(const Kept&) = delete;
-    MainScreen& now;
-    MainScreen before;
-  };
-  const Kept kept(program.main);
+  const PutBack screen(program.main);
   return MakeReport(program, report);
 }
 
-// What every command of a report ends with: a fault of the report is told to the user.
-void Guard(Program& program, const std::function<void()>& work) {
-  try {
-    work();
-  } catch (const RunTimeFault& fault) {
-    Tell(program, words::kPrintFault(FaultText(fault.kind)));
-  }
+// What every command of a report goes through: a fault of the report is told to the user.
+void TakeOutReport(Program& program, const std::function<void()>& work) {
+  TakeOut(program, [&] {
+    try {
+      work();
+    } catch (const RunTimeFault& fault) {
+      Tell(program, words::kPrintFault(FaultText(fault.kind)));
+    }
+  });
 }
 
-// Whether there is a printer, and the user prints the figures as they are.
-bool ReadyToPrint(Program& program) {
-  if (program.host.HasPrinter()) return GoOnThoughStale(program);
-  Tell(program, words::kNoPrinterForReport);
-  return false;
+bool PrinterIsThere(Program& program) {
+  const bool is_there = program.host.HasPrinter();
+  if (!is_there) Tell(program, words::kNoPrinterForReport);
+  return is_there;
 }
 
 void PrintCopies(Program& program, const MakeDocument& make, int copies) {
-  Guard(program, [&] {
-    for (int copy = 1; copy <= copies; ++copy) {
-      if (program.host.Print(make())) continue;
-      Tell(program, words::kReportNotTaken);
-      return;
-    }
-  });
+  for (int copy = 1; copy <= copies; ++copy) {
+    if (!program.host.Print(make())) return Tell(program, words::kReportNotTaken);
+  }
 }
 
 void PrintWithDialog(Program& program, Report report) {
@@ -82,9 +71,11 @@ void PrintWithDialog(Program& program, Report report) {
 }  // namespace
 
 void PrintWithDialog(Program& program, const MakeDocument& make) {
-  if (!ReadyToPrint(program)) return;
-  const std::optional<int> copies = program.host.PrinterDialog();
-  if (copies) PrintCopies(program, make, *copies);
+  if (!PrinterIsThere(program)) return;
+  TakeOutReport(program, [&] {
+    const std::optional<int> copies = program.host.PrinterDialog();
+    if (copies) PrintCopies(program, make, *copies);
+  });
 }
 
 void mnuPrintSummary_Click(Program& program) {
@@ -100,14 +91,15 @@ void mnuPrtHoleSummary_Click(Program& program) {
 }
 
 void PrintAtOnce(Program& program, Report report) {
-  if (!ReadyToPrint(program)) return;
-  PrintCopies(
-      program, [&] { return MakeReport(program, report); }, 1);
+  if (!PrinterIsThere(program)) return;
+  TakeOutReport(program, [&] {
+    PrintCopies(
+        program, [&] { return MakeReport(program, report); }, 1);
+  });
 }
 
 void PreviewDocument(Program& program, const MakeDocument& make) {
-  if (!GoOnThoughStale(program)) return;
-  Guard(program, [&] { program.host.Preview(make()); });
+  TakeOutReport(program, [&] { program.host.Preview(make()); });
 }
 
 void mnuPreview_Click(Program& program, int index) {
@@ -119,8 +111,7 @@ void mnuExportPdf_Click(Program& program, int index) {
 }
 
 void ExportPdf(Program& program, const MakeDocument& make) {
-  if (!GoOnThoughStale(program)) return;
-  Guard(program, [&] {
+  TakeOutReport(program, [&] {
     const Document document = make();
     const auto path = ChooseExport(program, {"Export as PDF", kPdfFilter, document.title, {".pdf"}});
     if (path) TellExported(program, *path, program.host.WritePdf(document, *path), words::kReportNotWritten);

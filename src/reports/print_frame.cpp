@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/version.h"
 #include "display/applied_water.h"
+#include "display/cell_texts.h"
 #include "screen/fields.h"
 
 namespace torvale {
@@ -41,11 +42,6 @@ constexpr ColumnHeading kLastHeadings[] = {
     {6.4, "Pipe Dia.", 6.45, "Inches", kTableRules[11]},
     {7.1, "Accum.", 7.15, "GPM", kTableRules[12]},
 };
-
-std::string AverageFurrowFlow(const DesignRecord& record) {
-  if (record.WateredFurrows == 0) return "0";
-  return Format(Wide(record.TargetGPM) / record.WateredFurrows, " .#");
-}
 
 void PrintHeading(DocumentWriter& writer, const ColumnHeading& heading, double y) {
   writer.Text(heading.upper_x, y + 0.1, heading.upper, heading.end - kRuleGap - heading.upper_x);
@@ -115,8 +111,8 @@ void PrintSoil(DocumentWriter& writer, const Program& program, double y) {
   const ListBox& soils = program.main.listSoils;
   writer.Text(kRight, AppliedWaterRow(y, 0), "Soil Type " + soils.Line(soils.Current()), kRightRoom);
   writer.Text(kRight, AppliedWaterRow(y, 1), program.main.lblRecFurrowFlow.caption, kRightRoom);
-  writer.Text(kRight, AppliedWaterRow(y, 2), "Average Furrow Flow " + AverageFurrowFlow(program.record) + " GPM",
-              kRightRoom);
+  writer.Text(kRight, AppliedWaterRow(y, 2),
+              "Average Furrow Flow " + AverageFurrowFlowText(program.record, " .#") + " GPM", kRightRoom);
 }
 
 void PrintPageHeader(DocumentWriter& writer, const Program& program, float& y) {

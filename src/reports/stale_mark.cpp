@@ -20,9 +20,8 @@ bool FiguresAreStale(const Program& program) {
   return program.main.Grid2.control.visible && !program.main.cmdReCalc.mark.empty();
 }
 
-bool GoOnThoughStale(Program& program) {
-  if (!FiguresAreStale(program)) return true;
-  return Ask(program, words::kGoOnWithStaleFigures(program.main.cmdReCalc.mark));
+void TakeOut(Program& program, const std::function<void()>& work) {
+  if (!FiguresAreStale(program) || Ask(program, words::kGoOnWithStaleFigures(program.main.cmdReCalc.mark))) work();
 }
 
 std::string StaleHeading(const Program& program) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,9 @@ namespace torvale {
 // Figures that are shown may belong to inputs that have been changed since: the mark of Re-Calculate says so.
 bool FiguresAreStale(const Program& program);
 
-// Asks before stale figures leave the screen. True where none are stale, or the user goes on all the same.
-bool GoOnThoughStale(Program& program);
+// Runs `work`, which takes figures off the screen to paper, to a preview or into a file. Where they are stale the user
+// is asked first whether to go on.
+void TakeOut(Program& program, const std::function<void()>& work);
 
 // What stale figures are headed by wherever they leave the screen, and what they are for; both empty where none are
 // stale.

@@ -5,6 +5,7 @@
 
 #include "files/file_store.h"
 #include "reports/csv.h"
+#include "reports/hole_summary_report.h"
 #include "reports/stale_mark.h"
 #include "screen/file_choice.h"
 #include "screen/words.h"
@@ -12,9 +13,10 @@
 namespace torvale {
 
 void ExportText(Program& program, const Export& wanted, const std::string& text) {
-  if (!GoOnThoughStale(program)) return;
-  const auto path = ChooseExport(program, wanted);
-  if (path) TellExported(program, *path, WriteQuietly(program.host, *path, text), words::kTableNotWritten);
+  TakeOut(program, [&] {
+    const auto path = ChooseExport(program, wanted);
+    if (path) TellExported(program, *path, WriteQuietly(program.host, *path, text), words::kTableNotWritten);
+  });
 }
 
 void ExportCsv(Program& program, std::string_view title, std::string_view content, const std::string& text) {
@@ -26,7 +28,7 @@ void mnuExportCsv_Click(Program& program) {
 }
 
 void mnuExportHoleCsv_Click(Program& program) {
-  ExportCsv(program, "Export Hole Summary", "Hole Summary", HoleSummaryCsv(program));
+  ExportCsv(program, "Export Hole Summary", kHoleSummary, HoleSummaryCsv(program));
 }
 
 void OfferExports(Program& program) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "reports/hole_summary_report.h"
 #include "reports/phone_page.h"
 #include "reports/phone_picture.h"
 #include "reports/stale_mark.h"
@@ -13,17 +14,18 @@ namespace torvale {
 
 void mnuExportPhone_Click(Program& program) {
   ExportText(program,
-             {"Export Hole Summary for Phone", "Page for a phone (*.html)|*.html", "Hole Summary", {".html", ".htm"}},
+             {"Export Hole Summary for Phone", "Page for a phone (*.html)|*.html", kHoleSummary, {".html", ".htm"}},
              PhonePage(CrewSheetOf(program)));
 }
 
 void mnuExportPicture_Click(Program& program) {
-  if (!GoOnThoughStale(program)) return;
-  const auto path =
-      ChooseExport(program, {"Export Hole Summary as Picture", "PNG picture (*.png)|*.png", "Hole Summary", {".png"}});
-  if (!path) return;
-  const Document picture = PhonePicture(CrewSheetOf(program));
-  TellExported(program, *path, program.host.WritePicture(picture, *path), words::kPictureNotWritten);
+  TakeOut(program, [&] {
+    const auto path =
+        ChooseExport(program, {"Export Hole Summary as Picture", "PNG picture (*.png)|*.png", kHoleSummary, {".png"}});
+    if (!path) return;
+    const Document picture = PhonePicture(CrewSheetOf(program));
+    TellExported(program, *path, program.host.WritePicture(picture, *path), words::kPictureNotWritten);
+  });
 }
 
 }  // namespace torvale
