@@ -74,6 +74,7 @@ void mnuFileEarlier_Click(Program& program) {
   screen.btnOpenVersion.enabled = row > 0;
   ShowVersionPath(program);
   screen.frmEarlierVersions.visible = true;
+  MoveFocus(program, "Grd_EarlierVersions");
 }
 
 void ShowVersionPath(Program& program) {

@@ -2,7 +2,7 @@
 
 #include <QTextLayout>
 
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

@@ -1,20 +1,16 @@
 #include "qt/control_view.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QTimer>
 #include <algorithm>
 
-#include "display/colour_meanings.h"
+#include "display/tips.h"
+#include "qt/control_widgets.h"
 #include "qt/fitted_text.h"
-#include "qt/grid_view.h"
+#include "qt/list_view.h"
+#include "qt/scale.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {
@@ -24,73 +20,9 @@ constexpr int kTitleHeight = 320;  // twips
 constexpr int kDarkWindow = 128;   // of 255
 constexpr int kShade = 135;        // percent of the window's lightness
 
-constexpr int kTextMargin = 4;  // pixels ahead of a text that stands at a side
-
-int LettersOf(const TextLook& look) {
-  return look.pixels > 0 ? look.pixels : kTextPixels;
-}
-
-QWidget* MakeLabel(const NamedControl& named, QWidget* parent) {
-  const TextLook& look = named.facts->look;
-  auto* label = new QLabel(parent);
-  const int margin = look.place == TextPlace::kLeft ? kTextMargin : 0;
-  label->setTextFormat(Qt::PlainText);
-  label->setAlignment(AlignmentOf(look.place));
-  label->setContentsMargins(margin, 0, margin, 0);
-  if (look.framed) label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-  QFont font = label->font();
-  font.setBold(look.bold);
-  label->setFont(font);
-  return label;
-}
-
-// A frame's content stands on a widget of its own that may be longer than the frame.
-QWidget* MakeFrame(ControlView& view, QWidget* parent) {
-  auto* frame = new QScrollArea(parent);
-  frame->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
-  frame->setFocusPolicy(Qt::NoFocus);
-  frame->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  frame->setAutoFillBackground(true);
-  view.inside = new QWidget;
-  view.inside->setAutoFillBackground(true);
-  frame->setWidget(view.inside);
-  if (view.named.control->caption.empty()) return frame;
-  auto* title = new QLabel(view.inside);
-  title->setObjectName("title");
-  title->setAttribute(Qt::WA_TransparentForMouseEvents);
-  return frame;
-}
-
-QWidget* MakeList(const ListBox& list, QWidget* parent) {
-  if (list.drop_down) return new QComboBox(parent);
-  auto* lines = new QListWidget(parent);
-  lines->setSelectionMode(list.multiple ? QListWidget::ExtendedSelection : QListWidget::SingleSelection);
-  return lines;
-}
-
-QWidget* MakeWidget(ControlView& view, QWidget* parent) {
-  switch (view.named.kind) {
-    case ControlKind::kButton:
-      return new QPushButton(parent);
-    case ControlKind::kFrame:
-      return MakeFrame(view, parent);
-    case ControlKind::kField:
-      return new QLineEdit(parent);
-    case ControlKind::kList:
-      return MakeList(*view.named.list, parent);
-    case ControlKind::kGrid:
-      return new GridView(std::string(view.named.name), *view.named.grid, parent);
-    default:
-      return MakeLabel(view.named, parent);
-  }
-}
-
-// Carriage returns and line feeds both end a line. Blanks at the ends of a line would only push the others aside.
+// Blanks at the ends of a line would only push the others aside.
 QString LinesOf(std::string_view text) {
-  QString all = ToQt(text);
-  all.replace("\r\n", "\n");
-  all.replace('\r', '\n');
-  QStringList lines = all.split('\n');
+  QStringList lines = LinesToQt(text).split('\n');
   for (QString& line : lines) line = line.trimmed();
   while (lines.size() > 1 && lines.last().isEmpty()) lines.removeLast();
   return lines.join('\n');
@@ -124,90 +56,6 @@ QPalette Colours(const Control& control, ControlKind kind) {
   return palette;
 }
 
-int CharactersOf(QStringView text) {
-  return static_cast<int>(text.size() -
-                          std::count_if(text.begin(), text.end(), [](QChar c) { return c.isLowSurrogate(); }));
-}
-
-void Select(QLineEdit& edit, const TextSelection& selection) {
-  const QString text = edit.text();
-  const int start = UnitsOf(text, selection.start);
-  const int end = UnitsOf(text, selection.start + selection.length);
-  if (end > start) {
-    edit.setSelection(start, end - start);
-  } else {
-    edit.setCursorPosition(start);
-  }
-}
-
-// What the user was typing in can be taken back by the field's own undo.
-void SetText(QLineEdit& edit, const QString& text) {
-  if (!edit.hasFocus()) {
-    edit.setText(text);
-    return;
-  }
-  edit.selectAll();
-  edit.insert(text);
-}
-
-void DrawField(ControlView& view) {
-  const TextField& field = *view.named.field;
-  auto& edit = static_cast<QLineEdit&>(*view.widget);
-  // Setting a limit takes a selection away, even the limit that stands.
-  const int limit = field.max_length > 0 ? field.max_length : kLongestText;
-  const bool limited = edit.maxLength() != limit;
-  if (limited) edit.setMaxLength(limit);
-  // A text that came out of a file may be longer than what can be typed.
-  if (!view.drawn || limited || view.drawn_text != field.text()) {
-    view.drawn_text = field.text();
-    view.shown_text = ToQt(field.text()).left(limit);
-  }
-  if (edit.text() != view.shown_text) SetText(edit, view.shown_text);
-  const TextSelection selection = field.selection();
-  if (SelectionOf(edit) == selection) return;
-  Select(edit, selection);
-  // A click that brought the focus goes on to place the caret, which takes the selection away again.
-  if (selection.length == 0 || QApplication::mouseButtons() == Qt::NoButton) return;
-  QTimer::singleShot(0, &edit, [&edit, selection] { Select(edit, selection); });
-}
-
-void DrawDropDown(QComboBox& box, const ListBox& list) {
-  while (box.count() > list.count()) box.removeItem(box.count() - 1);
-  for (int i = 0; i < list.count(); ++i) {
-    if (i == box.count()) box.addItem(QString());
-    box.setItemText(i, ToQt(list.Line(i)));
-  }
-  box.setCurrentIndex(list.Current());
-}
-
-void DrawListBox(QListWidget& lines, const ListBox& list) {
-  while (lines.count() > list.count()) delete lines.takeItem(lines.count() - 1);
-  for (int i = 0; i < list.count(); ++i) {
-    if (i == lines.count()) lines.addItem(QString());
-    lines.item(i)->setText(ToQt(list.Line(i)));
-    lines.item(i)->setSelected(list.Selected(i));
-  }
-}
-
-void DrawLines(ControlView& view) {
-  const ListBox& list = *view.named.list;
-  if (view.drawn_lines == list.revision()) return;
-  view.drawn_lines = list.revision();
-  const QSignalBlocker quiet(view.widget);
-  if (list.drop_down) {
-    DrawDropDown(static_cast<QComboBox&>(*view.widget), list);
-  } else {
-    DrawListBox(static_cast<QListWidget&>(*view.widget), list);
-  }
-}
-
-// What is wrong, the tool tip, and what the control's colour says.
-std::string TipOf(const ControlView& view) {
-  const Control& control = *view.named.control;
-  return InLines({control.mark, control.tool_tip,
-                  control.back ? MeaningOfColour(view.named.name, *control.back) : std::string_view()});
-}
-
 void DrawCaption(ControlView& view, int zoom) {
   const Control& control = *view.named.control;
   const int pixels = Scale(zoom).Zoomed(kTextPixels);
@@ -219,49 +67,31 @@ void DrawCaption(ControlView& view, int zoom) {
   } else if (view.named.kind == ControlKind::kButton) {
     SetButtonText(static_cast<QPushButton&>(*view.widget), ToQt(control.caption), pixels);
     view.widget->setAccessibleName(ToQt(control.caption).remove('&'));
-  } else if (auto* title = view.inside != nullptr ? view.inside->findChild<QLabel*>("title") : nullptr) {
+  } else if (view.title != nullptr) {
     const Scale scale(zoom);
-    title->setGeometry(scale.Rect({kTitleMargin, 0, control.place.width - 2 * kTitleMargin, kTitleHeight}));
-    QFont font = title->font();
-    font.setBold(true);
-    title->setFont(font);
-    SetLabelText(*title, ToQt(control.caption), pixels);
+    view.title->setGeometry(scale.Rect({kTitleMargin, 0, control.place.width - 2 * kTitleMargin, kTitleHeight}));
+    SetLabelText(*view.title, ToQt(control.caption), pixels);
     view.widget->setAccessibleName(ToQt(control.caption));
   } else if (view.named.kind != ControlKind::kGrid) {
-    QFont font = view.widget->font();
-    font.setPixelSize(pixels);
-    view.widget->setFont(font);
+    SetTextSize(*view.widget, pixels);
   }
+}
+
+void DrawContent(ControlView& view) {
+  if (view.named.field != nullptr) {
+    DrawField(static_cast<QLineEdit&>(*view.widget), *view.named.field, view.drawn_text);
+  }
+  const ListBox* list = view.named.list;
+  if (list == nullptr || view.drawn_lines == list->revision()) return;
+  view.drawn_lines = list->revision();
+  DrawLines(*view.widget, *list);
 }
 
 }  // namespace
 
-Qt::Alignment AlignmentOf(TextPlace place) {
-  switch (place) {
-    case TextPlace::kRight:
-      return Qt::AlignRight | Qt::AlignVCenter;
-    case TextPlace::kCentre:
-      return Qt::AlignCenter;
-    case TextPlace::kTop:
-      return Qt::AlignHCenter | Qt::AlignTop;
-    case TextPlace::kFoot:
-      return Qt::AlignHCenter | Qt::AlignBottom;
-    default:
-      return Qt::AlignLeft | Qt::AlignVCenter;
-  }
-}
-
-TextSelection SelectionOf(const QLineEdit& edit) {
-  const QString text = edit.text();
-  const QString selected = edit.selectedText();
-  const int start = selected.isEmpty() ? edit.cursorPosition() : edit.selectionStart();
-  return {CharactersOf(QStringView(text).left(start)), CharactersOf(selected)};
-}
-
 ControlView MakeControlView(const NamedControl& named, QWidget* parent) {
-  ControlView view;
-  view.named = named;
-  view.widget = MakeWidget(view, parent);
+  const ControlWidget made = MakeWidget(named, parent);
+  ControlView view{named, made.widget, made.inside, made.title};
   view.widget->setObjectName(ToQt(named.name));
   view.widget->hide();
   return view;
@@ -269,8 +99,7 @@ ControlView MakeControlView(const NamedControl& named, QWidget* parent) {
 
 Redrawn DrawControl(ControlView& view, int zoom) {
   const Control& control = *view.named.control;
-  if (view.named.kind == ControlKind::kField) DrawField(view);
-  if (view.named.kind == ControlKind::kList) DrawLines(view);
+  DrawContent(view);
   if (view.drawn == control && view.drawn_zoom == zoom) return {};
   const bool moved = view.drawn_zoom != zoom || view.drawn->place != control.place;
   const bool recoloured = !view.drawn || view.drawn->back != control.back || view.drawn->fore != control.fore ||
@@ -282,7 +111,7 @@ Redrawn DrawControl(ControlView& view, int zoom) {
   if (recoloured) widget.setPalette(Colours(control, view.named.kind));
   if (said) DrawCaption(view, zoom);
   if (recoloured || view.drawn->tool_tip != control.tool_tip) {
-    const std::string tip = TipOf(view);
+    const std::string tip = TipOf(view.named.name, control);
     widget.setToolTip(TipText(tip));
     widget.setAccessibleDescription(ToQt(tip));
   }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
+#include <QLabel>
 #include <QWidget>
+#include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 
-#include "qt/scale.h"
+#include "qt/field_view.h"
 #include "screen/main_screen.h"
 
 namespace torvale {
@@ -16,12 +16,12 @@ namespace torvale {
 struct ControlView {
   NamedControl named;
   QWidget* widget = nullptr;
-  QWidget* inside = nullptr;     // of a frame: where its controls stand
-  std::optional<Control> drawn;  // nothing before the first drawing
+  QWidget* inside = nullptr;          // of a frame: where its controls stand
+  QLabel* title = nullptr;            // of a frame with a caption
+  std::optional<Control> drawn = {};  // nothing before the first drawing
   int drawn_zoom = 0;
   std::uint64_t drawn_lines = 0;  // of a list: its revision
-  std::string drawn_text;         // of a field: its text ...
-  QString shown_text;             // ... and what its widget shows of it
+  DrawnText drawn_text = {};      // of a field
 };
 
 // The widget for a control, as a child of `parent`. It is named after the control.
@@ -39,11 +39,5 @@ Redrawn DrawControl(ControlView& view, int zoom);
 // Makes room for the labels of `controls` that stand in a frame: a text that is longer than the frame can be scrolled
 // to.
 void FitFrame(ControlView& frame, std::span<ControlView> controls);
-
-// The toolkit's word for where a text stands.
-Qt::Alignment AlignmentOf(TextPlace place);
-
-// What is selected in a field's widget, or where its caret stands.
-TextSelection SelectionOf(const QLineEdit& edit);
 
 }  // namespace torvale

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "qt/fitted_text.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
 #include "shell/commands.h"
 #include "shell/desk_rows.h"
 #include "shell/events.h"

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 #include "reports/paper.h"
 
 namespace torvale {

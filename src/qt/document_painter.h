@@ -8,6 +8,8 @@
 
 namespace torvale {
 
+inline constexpr int kPdfDotsPerInch = 1200;
+
 // Letter paper, upright, the whole sheet: what documents are laid out for.
 void UseLetterPaper(QPagedPaintDevice& device);
 

@@ -38,6 +38,10 @@ QFont FittingFrom(int smallest, QFont font, const QSize& room, int flags, const 
 
 }  // namespace
 
+void SetTextSize(QWidget& widget, int pixels) {
+  widget.setFont(InPixels(widget.font(), pixels));
+}
+
 QFont Fitting(QFont font, const QSize& room, int flags, const QString& text) {
   return FittingFrom(kSmallestText, std::move(font), room, flags, text);
 }

@@ -6,6 +6,9 @@
 
 namespace torvale {
 
+// Gives a widget letters of that height.
+void SetTextSize(QWidget& widget, int pixels);
+
 // Write a caption on a widget of a given size in letters of `pixels`. Where it would be cut off it takes several lines,
 // if there is room for them, or smaller letters.
 void SetButtonText(QPushButton& button, const QString& caption, int pixels);

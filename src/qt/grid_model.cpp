@@ -2,18 +2,11 @@
 
 #include <algorithm>
 
-#include "display/colour_meanings.h"
-#include "qt/scale.h"
+#include "display/tips.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
-namespace {
-
-constexpr std::string_view kFilledTip =
-    "Grey: the program filled this in. Type over it, or clear it from the Edit menu.";
-
-}  // namespace
-
 // The sizes are those of the last refresh: the grid may grow and shrink in the middle of a calculation, and the table
 // must not learn of it while it draws.
 int GridModel::rowCount(const QModelIndex& parent) const {
@@ -30,11 +23,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const std::string& text = grid_.Text(row, index.column());
   if (role == Qt::DisplayRole) return ToQt(text);
   if (role != Qt::ToolTipRole && role != Qt::AccessibleDescriptionRole) return {};
-  const auto back = grid_.Back(row, index.column());
-  const std::string tip =
-      InLines({grid_.Mark(row, index.column()), grid_.Tip(row, index.column()),
-               grid_.Filled(row, index.column()) ? kFilledTip : std::string_view(),
-               back && !text.empty() ? MeaningOfCellColour(name_, index.column(), *back) : std::string_view()});
+  const std::string tip = TipOfCell(name_, grid_, row, index.column());
   if (tip.empty()) return {};
   // Longer words than those of a colour are to wrap.
   const bool wraps = !grid_.Mark(row, index.column()).empty() || !grid_.Tip(row, index.column()).empty();

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "qt/fitted_text.h"
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

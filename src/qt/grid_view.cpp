@@ -10,19 +10,20 @@
 #include "qt/grid_model.h"
 #include "qt/grid_painting.h"
 #include "qt/keys.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {
 
 constexpr int kRowMargin = 4;  // pixels more than the letters need
 
+}  // namespace
+
 MouseButton ButtonOf(const QMouseEvent& event) {
   const Qt::MouseButtons buttons = event.buttons() | event.button();
   if (buttons.testFlag(Qt::LeftButton)) return MouseButton::kLeft;
   return buttons.testFlag(Qt::RightButton) ? MouseButton::kRight : MouseButton::kNone;
 }
-
-}  // namespace
 
 GridView::GridView(const std::string& name, Grid& grid, QWidget* parent) : QTableView(parent), grid_(grid) {
   setObjectName(ToQt(name));

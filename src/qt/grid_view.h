@@ -14,6 +14,9 @@ namespace torvale {
 class GridHeading;
 class GridModel;
 
+// The mouse button of an event, or one that is held down in it.
+MouseButton ButtonOf(const QMouseEvent& event);
+
 // What a user does in a grid. Rows and columns are the grid's own, positions in twips from its corner.
 struct GridEvents {
   std::function<void(const KeyStroke&)> key;

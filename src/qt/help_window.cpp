@@ -1,33 +1,25 @@
 #include "qt/help_window.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
-#include <QHeaderView>
 #include <QScreen>
 #include <QScrollBar>
-#include <QShortcut>
-#include <QSplitter>
-#include <QUrl>
-#include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
 
 #include "base/numbers.h"
+#include "qt/fitted_text.h"
 #include "qt/scale.h"
+#include "qt/to_qt.h"
 #include "shell/help.h"
 #include "shell/help_pages.h"
+#include "shell/help_search.h"
 
 namespace torvale {
 namespace {
 
-constexpr QSize kOpeningSize(980, 680);  // pixels at 100 percent
-constexpr int kSideWidth = 270;
-constexpr int kLetters = kTextPixels + 2;
-constexpr int kSmallestLetters = 8;
+constexpr int kSmallestLetters = 8;  // pixels
 constexpr int kLargestLetters = 48;
-constexpr int kMargin = 10;
-constexpr int kItemSpacing = 3;
 constexpr std::string_view kWidthKey = "HelpWidth";
 constexpr std::string_view kHeightKey = "HelpHeight";
 
@@ -49,111 +41,13 @@ int Saved(Program& program, std::string_view key, int otherwise) {
 
 }  // namespace
 
-HelpWindow::HelpWindow(Program& program, Run run, const QWidget& beside)
+HelpWindow::HelpWindow(Program& program, WindowRun run, const QWidget& beside)
     // No child of the main window: that one's panels must not hold the guide back.
     : QWidget(nullptr, Qt::Window), program_(program), run_(std::move(run)), beside_(beside) {
   setObjectName("frmHelp");
   setAttribute(Qt::WA_QuitOnClose, false);
   Build();
   MakeShortcuts();
-}
-
-QWidget* HelpWindow::BuildBar() {
-  auto* bar = new QWidget(this);
-  auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(0, 0, 0, 0);
-  const auto button = [&](const char* name, Qt::ArrowType arrow, const char* tip, int steps) {
-    auto* made = new QToolButton(bar);
-    made->setObjectName(name);
-    made->setArrowType(arrow);
-    made->setAutoRaise(true);
-    made->setToolTip(tip);
-    made->setAccessibleName(tip);
-    connect(made, &QToolButton::clicked, this, [this, steps] { Step(steps); });
-    row->addWidget(made);
-    return made;
-  };
-  back_ = button("cmdHelpBack", Qt::LeftArrow, "Back (Alt+Left)", -1);
-  forward_ = button("cmdHelpForward", Qt::RightArrow, "Forward (Alt+Right)", 1);
-  search_ = new QLineEdit(bar);
-  search_->setObjectName("txtHelpSearch");
-  search_->setAccessibleName("Search the guide");
-  search_->setPlaceholderText("Search the guide (Ctrl+F)");
-  search_->setToolTip("Pages that hold all of the words. Enter goes to the first, F3 to the next place on the page.");
-  search_->setClearButtonEnabled(true);
-  row->addWidget(search_, 1);
-  connect(search_, &QLineEdit::textChanged, this, [this] { Search(); });
-  return bar;
-}
-
-void HelpWindow::Build() {
-  auto* rows = new QVBoxLayout(this);
-  rows->addWidget(BuildBar());
-  auto* halves = new QSplitter(this);
-  rows->addWidget(halves, 1);
-  side_ = new QStackedWidget(halves);
-  contents_ = new QTreeWidget(side_);
-  contents_->setObjectName("treeHelpContents");
-  contents_->setAccessibleName("Contents");
-  contents_->header()->hide();
-  found_ = new QListWidget(side_);
-  found_->setObjectName("listHelpFound");
-  found_->setAccessibleName("Pages found");
-  found_->setWordWrap(true);
-  found_->setAlternatingRowColors(true);
-  found_->setSpacing(kItemSpacing);
-  side_->addWidget(contents_);
-  side_->addWidget(found_);
-  page_ = new QTextBrowser(halves);
-  page_->setObjectName("txtHelpPage");
-  page_->setAccessibleName("Page");
-  // The guide never leaves itself: what a link names outside it is not opened.
-  page_->setOpenLinks(false);
-  page_->document()->setDocumentMargin(kMargin);
-  page_->viewport()->installEventFilter(this);
-  search_->installEventFilter(this);
-  halves->setSizes({kSideWidth, kOpeningSize.width() - kSideWidth});
-  halves->setStretchFactor(1, 1);
-  const auto go = [this](const QVariant& place) {
-    if (place.isValid()) GoTo(place.toString());
-  };
-  connect(contents_, &QTreeWidget::itemClicked, this, [go](QTreeWidgetItem* item) { go(item->data(0, Qt::UserRole)); });
-  connect(contents_, &QTreeWidget::itemActivated, this,
-          [go](QTreeWidgetItem* item) { go(item->data(0, Qt::UserRole)); });
-  connect(found_, &QListWidget::currentItemChanged, this, [go](QListWidgetItem* item) {
-    if (item != nullptr) go(item->data(Qt::UserRole));
-  });
-  connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
-    if (link.path().isEmpty() && link.host().isEmpty()) GoTo(link.fragment());
-  });
-}
-
-void HelpWindow::MakeShortcuts() {
-  const auto key = [this](const QKeySequence& sequence, auto work) {
-    connect(new QShortcut(sequence, this), &QShortcut::activated, this, work);
-  };
-  const auto search = [this] {
-    search_->setFocus();
-    search_->selectAll();
-  };
-  key(QKeySequence("Ctrl+F"), search);
-  key(QKeySequence("Escape"), [this] { Close(); });
-  key(QKeySequence("Ctrl+W"), [this] { Close(); });
-  key(QKeySequence("Alt+Left"), [this] { Step(-1); });
-  key(QKeySequence("Alt+Right"), [this] { Step(1); });
-  key(QKeySequence("F1"), [this] { GoTo("contents"); });
-  key(QKeySequence("F3"), [this] { FindNext({}); });
-  key(QKeySequence("Shift+F3"), [this] { FindNext(QTextDocument::FindBackward); });
-  key(QKeySequence("Ctrl++"), [this] { SetLetters(letters_ + 1); });
-  key(QKeySequence("Ctrl+="), [this] { SetLetters(letters_ + 1); });
-  key(QKeySequence("Ctrl+-"), [this] { SetLetters(letters_ - 1); });
-  key(QKeySequence("Ctrl+0"), [this] { SetLetters(Scale(program_.main.zoom).Zoomed(kLetters)); });
-  for (QWidget* where :
-       {static_cast<QWidget*>(contents_), static_cast<QWidget*>(found_), static_cast<QWidget*>(page_)}) {
-    auto* slash = new QShortcut(QKeySequence("/"), where);
-    slash->setContext(Qt::WidgetShortcut);
-    connect(slash, &QShortcut::activated, this, search);
-  }
 }
 
 void HelpWindow::Close() {
@@ -288,18 +182,14 @@ void HelpWindow::FindNext(QTextDocument::FindFlags flags) {
 
 void HelpWindow::SetLetters(int pixels) {
   letters_ = std::clamp(pixels, kSmallestLetters, kLargestLetters);
-  QFont font = page_->font();
-  font.setPixelSize(letters_);
-  page_->setFont(font);
-  page_->document()->setDefaultFont(font);
+  SetTextSize(*page_, letters_);
+  page_->document()->setDefaultFont(page_->font());
 }
 
 void HelpWindow::Resize() {
   const Scale scale(program_.main.zoom);
   drawn_zoom_ = program_.main.zoom;
-  QFont font = this->font();
-  font.setPixelSize(scale.Zoomed(kTextPixels));
-  setFont(font);
+  SetTextSize(*this, scale.Zoomed(kTextPixels));
   SetLetters(scale.Zoomed(kLetters));
   const QSize wanted(Saved(program_, kWidthKey, scale.Zoomed(kOpeningSize.width())),
                      Saved(program_, kHeightKey, scale.Zoomed(kOpeningSize.height())));

@@ -7,9 +7,10 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWidget>
-#include <functional>
 #include <vector>
 
+#include "qt/scale.h"
+#include "qt/window_run.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -19,9 +20,8 @@ namespace torvale {
 class HelpWindow final : public QWidget {
  public:
   // What closes the window is worked on inside `run`, which brings all windows up to date afterwards.
-  using Run = std::function<void(const std::function<void()>&)>;
   // The window opens over the middle of `beside`.
-  HelpWindow(Program& program, Run run, const QWidget& beside);
+  HelpWindow(Program& program, WindowRun run, const QWidget& beside);
 
   // Applies what changed in the structure since the last call.
   void Sync();
@@ -37,9 +37,17 @@ class HelpWindow final : public QWidget {
     int scrolled = 0;  // where the page stood when the reader left it
   };
 
+  static constexpr QSize kOpeningSize{980, 680};    // pixels at 100 percent
+  static constexpr int kLetters = kTextPixels + 2;  // of the page, the same
+
+  // Building
   void Build();
-  QWidget* BuildBar();
+  QWidget* MakeBar();
+  QWidget* MakeSide();
+  QWidget* MakePage();
+  void ConnectPlaces();
   void MakeShortcuts();
+
   void Close();
   void Resize();
 
@@ -53,7 +61,7 @@ class HelpWindow final : public QWidget {
   void SetLetters(int pixels);
 
   Program& program_;
-  Run run_;
+  WindowRun run_;
   const QWidget& beside_;
   QToolButton* back_ = nullptr;
   QToolButton* forward_ = nullptr;

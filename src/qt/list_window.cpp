@@ -6,10 +6,12 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
-#include <algorithm>
 #include <utility>
 
 #include "qt/grid_view.h"
+#include "qt/to_qt.h"
+#include "qt/user_events.h"
+#include "screen/spoken_names.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/help.h"
@@ -17,7 +19,7 @@
 namespace torvale {
 
 ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close,
-                       Run run, QWidget* parent)
+                       WindowRun run, QWidget* parent)
     : QWidget(parent, Qt::Window),
       program_(program),
       run_(std::move(run)),
@@ -32,8 +34,11 @@ ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& contro
     }
     controls_.push_back(MakeControlView(named, this));
     Connect(controls_.back());
+    const ControlFacts& facts = *named.facts;
+    const bool field = named.kind == ControlKind::kField;
+    const QString spoken = ToQt(facts.spoken.empty() ? facts.caption : facts.spoken).remove('&');
+    controls_.back().widget->setAccessibleName(field ? ToQt(SpokenNameOf(controls, named)) : spoken);
   }
-  NameFields();
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
   connect(help, &QShortcut::activated, this,
           [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, grid_)); }); });
@@ -41,50 +46,15 @@ ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& contro
 
 void ListWindow::Connect(const ControlView& view) {
   const std::string name(view.named.name);
-  const ControlFacts& facts = *view.named.facts;
-  view.widget->setAccessibleName(ToQt(facts.spoken.empty() ? facts.caption : facts.spoken).remove('&'));
   view.widget->installEventFilter(this);
   if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
     connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
   } else if (auto* edit = qobject_cast<QLineEdit*>(view.widget)) {
-    ConnectField(*edit, name);
+    ConnectField(*edit, program_, name, syncing_, run_);
   } else if (view.named.kind == ControlKind::kGrid) {
-    ConnectGrid(view);
+    static_cast<GridView&>(*view.widget).Connect(KeysAndClicks(program_, name, run_));
   } else if (auto* label = qobject_cast<QLabel*>(view.widget)) {
     label->setWordWrap(true);
-  }
-}
-
-void ListWindow::ConnectField(QLineEdit& edit, const std::string& name) {
-  const auto select = [this, &edit, name] {
-    if (!syncing_ && edit.hasFocus()) SelectText(program_, name, SelectionOf(edit));
-  };
-  connect(&edit, &QLineEdit::textEdited, this, [this, name, select](const QString& text) {
-    if (syncing_) return;
-    run_([&] {
-      TypeText(program_, name, text.toStdString());
-      select();
-    });
-  });
-  connect(&edit, &QLineEdit::selectionChanged, this, select);
-  connect(&edit, &QLineEdit::cursorPositionChanged, this, select);
-}
-
-void ListWindow::ConnectGrid(const ControlView& view) {
-  const std::string name(view.named.name);
-  GridEvents events;
-  events.key = [this, name](const KeyStroke& stroke) { run_([&] { GridKey(program_, name, stroke); }); };
-  events.point = [this, name](int row, int column, bool extend) {
-    run_([&] { GridPoint(program_, name, row, column, extend); });
-  };
-  static_cast<GridView&>(*view.widget).Connect(std::move(events));
-}
-
-// A field is called what the label ahead of it in the table says.
-void ListWindow::NameFields() {
-  for (std::size_t i = 1; i < controls_.size(); ++i) {
-    if (controls_[i].named.kind != ControlKind::kField) continue;
-    controls_[i].widget->setAccessibleName(ToQt(controls_[i - 1].named.facts->caption).remove(':').trimmed());
   }
 }
 
@@ -146,9 +116,7 @@ void ListWindow::Sync() {
   setVisible(shown);
   if (!shown) return;
   activateWindow();
-  const auto first = std::find_if(controls_.begin(), controls_.end(),
-                                  [](const ControlView& view) { return TakesFocus(view.named); });
-  first->widget->setFocus();
+  FollowFocus();
 }
 
 }  // namespace torvale

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "qt/control_view.h"
+#include "qt/window_run.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -16,9 +16,8 @@ class ListWindow final : public QWidget {
  public:
   // What the user does is worked on inside `run`, which brings all windows up to date afterwards. `close` is the button
   // that leaves the window, which its own cross and Esc do, too; F1 opens the guide at what it says of `grid`.
-  using Run = std::function<void(const std::function<void()>&)>;
-  ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close, Run run,
-             QWidget* parent);
+  ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close,
+             WindowRun run, QWidget* parent);
 
   // Applies what changed in the structure since the last call.
   void Sync();
@@ -30,16 +29,13 @@ class ListWindow final : public QWidget {
 
  private:
   void Connect(const ControlView& view);
-  void ConnectField(QLineEdit& edit, const std::string& name);
-  void ConnectGrid(const ControlView& view);
   void RunClick(const std::string& name);
-  void NameFields();
   void FitSize();
   void DrawControls();
   void FollowFocus();
 
   Program& program_;
-  Run run_;
+  WindowRun run_;
   std::string grid_;
   std::string close_;
   const Control* window_ = nullptr;

@@ -15,8 +15,8 @@
 #include "qt/own_icons.h"
 #include "qt/program_folder.h"
 #include "qt/qt_host.h"
-#include "qt/scale.h"
 #include "qt/splash_window.h"
+#include "qt/to_qt.h"
 #include "shell/start_up.h"
 
 namespace {

@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
@@ -28,7 +27,6 @@
 namespace torvale {
 namespace {
 
-constexpr int kStatusMargin = 3;  // pixels
 constexpr std::chrono::milliseconds kIdleInterval(250);
 
 // A focus that goes and comes back with the window, a menu or a list that drops down is not moved by the user.
@@ -43,53 +41,20 @@ MainWindow::MainWindow(Program& program)
       area_(new QScrollArea(this)),
       canvas_(new QWidget),
       desk_(new DeskView(
-          program, [this](const std::function<void()>& work) { Run(work); },
-          [this](const std::string& name, Qt::FocusReason reason) { WidgetEntered(name, reason); }, this)),
+          program, Runner(), [this](const std::string& name, Qt::FocusReason reason) { WidgetEntered(name, reason); },
+          this)),
       status_(new QLabel(this)),
       place_(*this, program.main, [this] { Guarded(program_, [this] { Form_Resize(program_); }); }),
       comparison_(program, [this] {
         QMetaObject::invokeMethod(
             this, [this] { TakeNews(); }, Qt::QueuedConnection);
       }) {
-  area_->setObjectName("screens");
-  area_->setFrameShape(QFrame::NoFrame);
-  area_->setFocusPolicy(Qt::NoFocus);
-  area_->setWidget(canvas_);
-  canvas_->setObjectName("canvas");
-  canvas_->setMouseTracking(true);
-  auto* halves = new QWidget(this);
-  halves_ = new QBoxLayout(QBoxLayout::TopToBottom, halves);
-  halves_->setContentsMargins(0, 0, 0, 0);
-  halves_->setSpacing(0);
-  halves_->addWidget(area_, 1);
-  halves_->addWidget(desk_);
-  setCentralWidget(halves);
   setAcceptDrops(true);
-  status_->setTextFormat(Qt::PlainText);
-  status_->setObjectName("sbStatusBar");
-  status_->setMargin(kStatusMargin);
-  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  statusBar()->addWidget(status_, 1);
-  menus_ = std::make_unique<MenuView>(
-      ControlsOf(program_.main), *menuBar(), [this](const std::string& name) { RunClick(name); },
-      [this](const std::string& name) { Run([&] { MenuOpened(program_, name); }); });
-  tools_ = std::make_unique<ToolBarView>(program_, *addToolBar(QString()),
-                                         [this](const std::string& name) { RunClick(name); });
-  soils_ = new SoilsWindow(
-      program_, [this](const std::function<void()>& work) { Run(work); }, this);
-  profile_ = new ProfileWindow(
-      program_, [this](const std::function<void()>& work) { Run(work); }, this);
-  versions_ = new ListWindow(
-      program_, ControlsOf(program_.versions), "Grd_EarlierVersions", "btnCloseVersions",
-      [this](const std::function<void()>& work) { Run(work); }, this);
-  stakes_ = new ListWindow(
-      program_, ControlsOf(program_.stakes), "Grd_Stakes", "btnCloseStakes",
-      [this](const std::function<void()>& work) { Run(work); }, this);
-  help_ = std::make_unique<HelpWindow>(
-      program_, [this](const std::function<void()>& work) { Run(work); }, *this);
+  MakeFrame();
+  MakeBars();
+  MakeWindows();
   MakeControls();
-  NameFields();
-  NameGridsAndLists();
+  NameControls();
   MakeShortcuts();
   Watch();
   auto* idle = new QTimer(this);
@@ -115,6 +80,10 @@ void MainWindow::Run(const std::function<void()>& work) {
 // What was worked out beside the screen. The call may come when the window is closing.
 void MainWindow::TakeNews() {
   if (!program_.main.closed && comparison_.Take()) Sync();
+}
+
+WindowRun MainWindow::Runner() {
+  return [this](const std::function<void()>& work) { Run(work); };
 }
 
 void MainWindow::RunClick(const std::string& name) {
@@ -204,7 +173,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Wheel: {
       const auto& wheel = static_cast<QWheelEvent&>(*event);
       if (!wheel.modifiers().testFlag(Qt::ControlModifier) || wheel.angleDelta().y() == 0) break;
-      StepZoom(wheel.angleDelta().y() > 0 ? 1 : -1);
+      Run([&] { StepZoom(program_, wheel.angleDelta().y() > 0 ? 1 : -1); });
       return true;
     }
     default:
@@ -268,51 +237,33 @@ void MainWindow::WidgetEntered(const std::string& name, Qt::FocusReason reason) 
   Run([&] { FocusGained(program_, name); });
 }
 
-// Where the pointer is, in twips from the screen's corner.
-QPointF MainWindow::OnScreenAt(const QMouseEvent& event) const {
-  const Scale scale(program_.main.zoom);
-  const QPoint at = canvas_->mapFromGlobal(event.globalPosition().toPoint());
-  return {static_cast<double>(scale.Twips(at.x())), static_cast<double>(scale.Twips(at.y()))};
-}
-
-// The panels take hold where they hold nothing else.
+// What is under the pointer, by its own name and place, in twips: the panels take hold where they hold nothing else.
 void MainWindow::MousePressed(const QObject* on, const QMouseEvent& event) {
   for (const std::string_view panel : kPanels) {
     const ControlView* view = ViewOf(panel);
-    if (on != view->inside || event.button() != Qt::LeftButton) continue;
-    const Scale scale(program_.main.zoom);
-    const QPoint at = view->widget->mapFromGlobal(event.globalPosition().toPoint());
-    Run([&] {
-      GrabPanel(program_, panel, static_cast<float>(scale.Twips(at.x())), static_cast<float>(scale.Twips(at.y())));
-    });
+    if (on == view->inside && event.button() == Qt::LeftButton)
+      TellMouse(panel, *view->widget, MouseAction::kDown, event);
   }
 }
 
 void MainWindow::MouseMoved(const QObject* on, const QMouseEvent& event) {
-  const QPointF at = OnScreenAt(event);
-  if (!program_.main.drag.panel.empty()) {
-    Run([&] { DragPanel(program_, static_cast<float>(at.x()), static_cast<float>(at.y())); });
-  } else if (on == canvas_) {
-    Run([this] { BackgroundMouse(program_); });
-  }
+  const bool dragging = !program_.main.drag.panel.empty();
+  if (dragging || on == canvas_) TellMouse(kMainForm, *canvas_, MouseAction::kMove, event);
 }
 
 // The panel goes with the pointer, so that whatever shows of the screen lies under the two of them.
 void MainWindow::MouseReleased(const QMouseEvent& event) {
   if (program_.main.drag.panel.empty()) return;
-  const QPointF at = OnScreenAt(event);
   const QWidget& screen = *area_->viewport();
   const bool inside = screen.rect().contains(screen.mapFromGlobal(event.globalPosition().toPoint()));
-  Run([&] {
-    inside ? DropOnScreen(program_, static_cast<float>(at.x()), static_cast<float>(at.y())) : DropElsewhere(program_);
-  });
+  TellMouse(inside ? kMainForm : std::string_view(), *canvas_, MouseAction::kUp, event);
 }
 
-void MainWindow::StepZoom(int steps) {
-  const auto* const at = std::lower_bound(kZoomSteps.begin(), kZoomSteps.end(), program_.main.zoom);
-  const auto last = static_cast<std::ptrdiff_t>(kZoomSteps.size()) - 1;
-  const auto index = std::clamp<std::ptrdiff_t>(at - kZoomSteps.begin() + steps, 0, last);
-  Run([&] { SetZoom(program_, kZoomSteps[static_cast<std::size_t>(index)]); });
+void MainWindow::TellMouse(std::string_view over, const QWidget& widget, MouseAction action, const QMouseEvent& event) {
+  const Scale scale(program_.main.zoom);
+  const QPoint at = widget.mapFromGlobal(event.globalPosition().toPoint());
+  const MouseButton button = ButtonOf(event);
+  Run([&] { ScreenMouse(program_, over, action, button, scale.Twips(at.x()), scale.Twips(at.y())); });
 }
 
 }  // namespace torvale

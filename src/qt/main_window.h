@@ -57,24 +57,25 @@ class MainWindow final : public QMainWindow {
 
  private:
   // Building
+  void MakeFrame();
+  void MakeBars();
+  void MakeWindows();
   void MakeControls();
   QWidget* ParentOf(const NamedControl& named) const;
   GridEvents EventsOf(const std::string& name);
   void Connect(const ControlView& view);
-  void ConnectField(QLineEdit& edit, const std::string& name);
   void ConnectList(QListWidget& lines, const std::string& name);
-  void NameFields();
-  void NameGridsAndLists();
+  void NameControls();
   void MakeShortcuts();
   void Watch();
 
   // Events
   void Run(const std::function<void()>& work);
+  WindowRun Runner();
   void RunClick(const std::string& name);
   bool FieldKeyPressed(const std::string& name, const QKeyEvent& event);
   void ShowFieldMenu(QLineEdit& edit, const QPoint& at);
   void WidgetEntered(const std::string& name, Qt::FocusReason reason);
-  void StepZoom(int steps);
   void KeepOn();
   void TakeNews();
   bool HelpOnMenu(QObject* watched, const QKeyEvent& event);
@@ -83,7 +84,7 @@ class MainWindow final : public QMainWindow {
   void MousePressed(const QObject* on, const QMouseEvent& event);
   void MouseMoved(const QObject* on, const QMouseEvent& event);
   void MouseReleased(const QMouseEvent& event);
-  QPointF OnScreenAt(const QMouseEvent& event) const;
+  void TellMouse(std::string_view over, const QWidget& widget, MouseAction action, const QMouseEvent& event);
 
   // Drawing
   void DrawZoom();

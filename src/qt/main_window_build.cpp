@@ -6,25 +6,57 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <algorithm>
-#include <climits>
 
 #include "qt/main_window.h"
+#include "qt/to_qt.h"
+#include "qt/user_events.h"
+#include "screen/spoken_names.h"
 #include "shell/commands.h"
 #include "shell/main_form.h"
 #include "shell/tool_bar.h"
 
 namespace torvale {
-namespace {
-
-// How far a label stands ahead of a field in the same line; nothing where it does not.
-std::optional<int> Ahead(const Place& label, const Place& field) {
-  const bool same_line = label.top < field.top + field.height && field.top < label.top + label.height;
-  const int gap = field.left - (label.left + label.width);
-  return same_line && gap >= 0 ? std::optional(gap) : std::nullopt;
+// The screens, and the desk beside or below them.
+void MainWindow::MakeFrame() {
+  area_->setObjectName("screens");
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);
+  area_->setWidget(canvas_);
+  canvas_->setObjectName("canvas");
+  canvas_->setMouseTracking(true);
+  auto* halves = new QWidget(this);
+  halves_ = new QBoxLayout(QBoxLayout::TopToBottom, halves);
+  halves_->setContentsMargins(0, 0, 0, 0);
+  halves_->setSpacing(0);
+  halves_->addWidget(area_, 1);
+  halves_->addWidget(desk_);
+  setCentralWidget(halves);
 }
 
-}  // namespace
+// Menus and tool bar above, the status bar below.
+void MainWindow::MakeBars() {
+  constexpr int kStatusMargin = 3;  // pixels
+  const auto click = [this](const std::string& name) { RunClick(name); };
+  menus_ = std::make_unique<MenuView>(ControlsOf(program_.main), *menuBar(), click,
+                                      [this](const std::string& name) { Run([&] { MenuOpened(program_, name); }); });
+  tools_ = std::make_unique<ToolBarView>(program_, *addToolBar(QString()), click);
+  status_->setTextFormat(Qt::PlainText);
+  status_->setObjectName("sbStatusBar");
+  status_->setMargin(kStatusMargin);
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(status_, 1);
+}
+
+void MainWindow::MakeWindows() {
+  soils_ = new SoilsWindow(program_, Runner(), this);
+  profile_ = new ProfileWindow(program_, Runner(), this);
+  versions_ = new ListWindow(program_, ControlsOf(program_.versions), "Grd_EarlierVersions", "btnCloseVersions",
+                             Runner(), this);
+  stakes_ = new ListWindow(program_, ControlsOf(program_.stakes), "Grd_Stakes", "btnCloseStakes", Runner(), this);
+  help_ = std::make_unique<HelpWindow>(program_, Runner(), *this);
+}
 
 QWidget* MainWindow::ParentOf(const NamedControl& named) const {
   for (const ControlView& view : controls_) {
@@ -43,12 +75,8 @@ void MainWindow::MakeControls() {
 }
 
 GridEvents MainWindow::EventsOf(const std::string& name) {
-  GridEvents events;
-  if (name != "Grid1" && name != "Grid2") return events;
-  events.key = [this, name](const KeyStroke& stroke) { Run([&] { GridKey(program_, name, stroke); }); };
-  events.point = [this, name](int row, int column, bool extend) {
-    Run([&] { GridPoint(program_, name, row, column, extend); });
-  };
+  if (name != "Grid1" && name != "Grid2") return {};
+  GridEvents events = KeysAndClicks(program_, name, Runner());
   events.menu = [this, name](int row, int column, const QPoint& at) { ShowGridMenu(name, row, column, at); };
   events.widen = [this, name](int column, int width) { Run([&] { WidenColumn(program_, name, column, width); }); };
   if (name == "Grid2") {
@@ -64,7 +92,7 @@ void MainWindow::Connect(const ControlView& view) {
   if (auto* button = qobject_cast<QPushButton*>(view.widget)) {
     connect(button, &QPushButton::clicked, this, [this, name] { RunClick(name); });
   } else if (auto* edit = qobject_cast<QLineEdit*>(view.widget)) {
-    ConnectField(*edit, name);
+    ConnectField(*edit, program_, name, syncing_, Runner());
   } else if (auto* lines = qobject_cast<QListWidget*>(view.widget)) {
     ConnectList(*lines, name);
   } else if (auto* box = qobject_cast<QComboBox*>(view.widget)) {
@@ -73,22 +101,6 @@ void MainWindow::Connect(const ControlView& view) {
   } else if (view.named.kind == ControlKind::kGrid) {
     static_cast<GridView&>(*view.widget).Connect(EventsOf(name));
   }
-}
-
-void MainWindow::ConnectField(QLineEdit& edit, const std::string& name) {
-  const auto select = [this, &edit, name] {
-    // A field that loses the focus to a menu drops its selection, which the menu is about to work on.
-    if (!syncing_ && edit.hasFocus()) SelectText(program_, name, SelectionOf(edit));
-  };
-  connect(&edit, &QLineEdit::textEdited, this, [this, name, select](const QString& text) {
-    if (syncing_) return;
-    Run([&] {
-      TypeText(program_, name, text.toStdString());
-      select();
-    });
-  });
-  connect(&edit, &QLineEdit::selectionChanged, this, select);
-  connect(&edit, &QLineEdit::cursorPositionChanged, this, select);
 }
 
 void MainWindow::ConnectList(QListWidget& lines, const std::string& name) {
@@ -102,26 +114,10 @@ void MainWindow::ConnectList(QListWidget& lines, const std::string& name) {
   });
 }
 
-// A field is called what the label ahead of it says, or else what its tool tip or name says.
-void MainWindow::NameFields() {
-  for (const ControlView& field : controls_) {
-    if (field.named.kind != ControlKind::kField) continue;
-    const std::string& tip = field.named.control->tool_tip;
-    QString spoken = ToQt(tip.empty() ? field.named.name : std::string_view(tip));
-    int nearest = INT_MAX;
-    for (const ControlView& label : controls_) {
-      if (label.named.kind != ControlKind::kLabel || label.named.parent != field.named.parent) continue;
-      const auto gap = Ahead(label.named.control->place, field.named.control->place);
-      if (!gap || *gap >= nearest) continue;
-      nearest = *gap;
-      spoken = ToQt(label.named.control->caption);
-    }
-    field.widget->setAccessibleName(spoken.remove(':').trimmed());
-  }
-}
-
-void MainWindow::NameGridsAndLists() {
+void MainWindow::NameControls() {
+  const std::vector<NamedControl> all = ControlsOf(program_.main);
   for (const ControlView& view : controls_) {
+    if (view.named.kind == ControlKind::kField) view.widget->setAccessibleName(ToQt(SpokenNameOf(all, view.named)));
     const QString spoken = ToQt(view.named.facts->spoken);
     if (spoken.isEmpty()) continue;
     view.widget->setAccessibleName(spoken);
@@ -139,10 +135,10 @@ void MainWindow::MakeShortcuts() {
   cancel_key_ = key(QKeySequence(Qt::Key_Escape), [this] { RunClick("cmdCancel"); });
   key(QKeySequence("Ctrl+Shift+Z"), [this] { RunClick("mnuEditRedo"); });
   key(QKeySequence(QKeySequence::Print), [this] { Run([this] { ScreenKey(program_, {Key::kPrint, ""}); }); });
-  key(QKeySequence("Ctrl++"), [this] { StepZoom(1); });
-  key(QKeySequence("Ctrl+="), [this] { StepZoom(1); });
-  key(QKeySequence("Ctrl+-"), [this] { StepZoom(-1); });
-  key(QKeySequence("Ctrl+0"), [this] { Run([this] { SetZoom(program_, 100); }); });
+  key(QKeySequence("Ctrl++"), [this] { Run([this] { StepZoom(program_, 1); }); });
+  key(QKeySequence("Ctrl+="), [this] { Run([this] { StepZoom(program_, 1); }); });
+  key(QKeySequence("Ctrl+-"), [this] { Run([this] { StepZoom(program_, -1); }); });
+  key(QKeySequence("Ctrl+0"), [this] { Run([this] { SetZoom(program_, kPlainZoom); }); });
 }
 
 void MainWindow::Watch() {

@@ -7,7 +7,9 @@
 #include <array>
 #include <utility>
 
+#include "qt/fitted_text.h"
 #include "qt/main_window.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {
@@ -18,12 +20,6 @@ constexpr int kChartHeight = 200;  // the same, with its title and words
 
 // What shows more where it is longer.
 constexpr std::array<std::string_view, 3> kGrowing = {"Grid1", "Grid2", "frameShowLimitedHoles"};
-
-void SetTextSize(QWidget& widget, int pixels) {
-  QFont font = widget.font();
-  font.setPixelSize(pixels);
-  widget.setFont(font);
-}
 
 }  // namespace
 
@@ -197,10 +193,8 @@ void MainWindow::DrawFocus() {
   area_->ensureVisible(place.center().x(), place.center().y(), place.width() / 2, place.height() / 2);
 }
 
-// Busy is shown only while something runs: a flag that a failed command left behind doesn't hold the pointer.
 void MainWindow::DrawBusy() {
-  const MainScreen& main = program_.main;
-  const bool busy = program_.events.open > 0 && !main.closed && (main.busy || main.main_busy);
+  const bool busy = PointerIsBusy(program_);
   if (busy == busy_shown_) return;
   busy_shown_ = busy;
   if (busy) {

@@ -4,9 +4,10 @@
 #include <algorithm>
 #include <map>
 
-#include "qt/control_view.h"
+#include "qt/fitted_text.h"
 #include "qt/scale.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
 #include "shell/commands.h"
 
 namespace torvale {
@@ -84,9 +85,7 @@ void PopUpMenu(Program& program, const std::vector<std::string_view>& entries, c
   auto* menu = new QMenu(&parent);
   menu->setObjectName("gridMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  QFont letters = menu->font();
-  letters.setPixelSize(Scale(program.main.zoom).Zoomed(kTextPixels));
-  menu->setFont(letters);
+  SetTextSize(*menu, Scale(program.main.zoom).Zoomed(kTextPixels));
   for (const std::string_view entry : entries) {
     const Reach reach = ReachOf(program, entry);
     if (reach == Reach::kHidden || reach == Reach::kUnknown) continue;

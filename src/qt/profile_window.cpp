@@ -9,8 +9,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "qt/control_view.h"
+#include "qt/fitted_text.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
 #include "shell/commands.h"
 #include "shell/help.h"
 
@@ -27,15 +28,9 @@ int PlaceOf(std::size_t label) {
   return label == 0 ? 0 : static_cast<int>(label) - 1 + kLabelColumns;
 }
 
-void SetTextSize(QWidget& widget, int pixels) {
-  QFont font = widget.font();
-  font.setPixelSize(pixels);
-  widget.setFont(font);
-}
-
 }  // namespace
 
-ProfileWindow::ProfileWindow(Program& program, Run run, QWidget* parent)
+ProfileWindow::ProfileWindow(Program& program, WindowRun run, QWidget* parent)
     : QWidget(parent, Qt::Window), program_(program), run_(std::move(run)), chart_(new CrownChart(this)) {
   setObjectName(kName);
   setWindowModality(Qt::WindowModal);

@@ -3,11 +3,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QWidget>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "qt/crown_chart.h"
+#include "qt/window_run.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -20,8 +20,7 @@ class ProfileWindow final : public QWidget {
   static constexpr char kName[] = "CrownProfile";
 
   // What the user does is worked on inside `run`, which brings all windows up to date afterwards.
-  using Run = std::function<void(const std::function<void()>&)>;
-  ProfileWindow(Program& program, Run run, QWidget* parent);
+  ProfileWindow(Program& program, WindowRun run, QWidget* parent);
 
   // Applies what changed in the structure since the last call.
   void Sync();
@@ -47,7 +46,7 @@ class ProfileWindow final : public QWidget {
   void Click(const std::string& name);
 
   Program& program_;
-  Run run_;
+  WindowRun run_;
   std::vector<Text> texts_;
   std::vector<Button> buttons_;
   CrownChart* chart_;

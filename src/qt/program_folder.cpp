@@ -9,7 +9,7 @@
 #include "files/pipe_strengths.h"
 #include "files/preferences.h"
 #include "files/soils.h"
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

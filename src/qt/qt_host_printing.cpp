@@ -11,12 +11,10 @@
 #include "files/file_store.h"
 #include "qt/document_painter.h"
 #include "qt/qt_host.h"
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {
-
-constexpr int kPdfDotsPerInch = 1200;
 
 // The preview's own entries for another paper: a document is laid out for letter paper, upright.
 const QStringList kPaperEntries = {"Portrait", "Landscape", "Page setup"};

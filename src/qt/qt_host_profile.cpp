@@ -7,13 +7,13 @@
 #include "qt/document_painter.h"
 #include "qt/profile_window.h"
 #include "qt/qt_host.h"
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {
 
-constexpr int kPdfDotsPerInch = 1200;
-constexpr double kMargin = 0.5;  // inches
+constexpr char kTitle[] = "Crown Profile";  // of the document
+constexpr double kMargin = 0.5;             // inches
 constexpr QSize kPictureSize(2000, 1300);
 constexpr int kPictureMargin = 24;
 
@@ -45,7 +45,7 @@ QRect RoomOn(const QPagedPaintDevice& device, int resolution) {
 bool WriteProfilePdf(ProfileWindow& profile, QBuffer& buffer) {
   QPdfWriter writer(&buffer);
   writer.setResolution(kPdfDotsPerInch);
-  writer.setTitle("Crown Profile");
+  writer.setTitle(kTitle);
   UseLandscape(writer);
   return PaintProfile(profile, writer, RoomOn(writer, kPdfDotsPerInch));
 }
@@ -64,7 +64,7 @@ bool QtHost::PrintProfile() {
   if (profile == nullptr) return false;
   Draw();
   QPrinter& printer = ChosenPrinter();
-  printer.setDocName("Crown Profile");
+  printer.setDocName(kTitle);
   printer.setFullPage(false);
   UseLandscape(printer);
   const bool painted = PaintProfile(*profile, printer, RoomOn(printer, printer.resolution()));

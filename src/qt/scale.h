@@ -1,10 +1,7 @@
+// Twips of the structures to pixels of the windows, and the heights of letters.
 #pragma once
 
-#include <QColor>
 #include <QRect>
-#include <QString>
-#include <algorithm>
-#include <string_view>
 
 #include "screen/controls.h"
 
@@ -36,20 +33,5 @@ class Scale {
 // Heights of letters, pixels at 100 percent: of labels, buttons and fields, and of the sheets.
 inline constexpr int kTextPixels = 12;
 inline constexpr int kSheetTextPixels = 11;
-
-inline QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-// Units of UTF-16, in which the toolkit counts, that so many characters of a text take.
-inline int UnitsOf(const QString& text, int characters) {
-  qsizetype units = 0;
-  for (; characters > 0 && units < text.size(); --characters) units += text[units].isHighSurrogate() ? 2 : 1;
-  return static_cast<int>(std::min(units, text.size()));
-}
-
-inline QColor ToQt(Colour colour) {
-  return {colour.red, colour.green, colour.blue};
-}
 
 }  // namespace torvale

@@ -5,6 +5,9 @@
 #include <QShortcut>
 #include <utility>
 
+#include "qt/fitted_text.h"
+#include "qt/to_qt.h"
+#include "qt/user_events.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/help.h"
@@ -16,7 +19,7 @@ constexpr std::string_view kSoilsGrid = "Grd_Soils_FurrowFlow";
 
 }  // namespace
 
-SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
+SoilsWindow::SoilsWindow(Program& program, WindowRun run, QWidget* parent)
     : QMainWindow(parent),
       program_(program),
       run_(std::move(run)),
@@ -31,11 +34,7 @@ SoilsWindow::SoilsWindow(Program& program, Run run, QWidget* parent)
   area_->setWidget(canvas_);
   setCentralWidget(area_);
   grid_->setAccessibleName(ToQt(FactsOf(kSoilsGrid)->spoken));
-  GridEvents events;
-  events.key = [this](const KeyStroke& stroke) { run_([&] { GridKey(program_, kSoilsGrid, stroke); }); };
-  events.point = [this](int row, int column, bool extend) {
-    run_([&] { GridPoint(program_, kSoilsGrid, row, column, extend); });
-  };
+  GridEvents events = KeysAndClicks(program_, std::string(kSoilsGrid), run_);
   events.menu = [this](int row, int column, const QPoint& at) {
     std::vector<std::string_view> entries;
     run_([&] { entries = GridMenu(program_, kSoilsGrid, row, column); });
@@ -61,9 +60,7 @@ void SoilsWindow::LayOut() {
   drawn_zoom_ = program_.main.zoom;
   const Scale scale(drawn_zoom_);
   const Place& place = program_.soils.Grd_Soils_FurrowFlow.control.place;
-  QFont letters = font();
-  letters.setPixelSize(scale.Zoomed(kTextPixels));
-  menuBar()->setFont(letters);
+  SetTextSize(*menuBar(), scale.Zoomed(kTextPixels));
   grid_->setGeometry(scale.Rect(place));
   canvas_->resize(scale.Pixels(place.width + 2 * place.left), scale.Pixels(place.height + 2 * place.top));
   // A little more than the canvas, so that no scroll bar of the area takes room from the other.

@@ -2,11 +2,11 @@
 
 #include <QMainWindow>
 #include <QScrollArea>
-#include <functional>
 #include <string>
 
 #include "qt/grid_view.h"
 #include "qt/menu_view.h"
+#include "qt/window_run.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -15,8 +15,7 @@ namespace torvale {
 class SoilsWindow final : public QMainWindow {
  public:
   // What the user does is worked on inside `run`, which brings all windows up to date afterwards.
-  using Run = std::function<void(const std::function<void()>&)>;
-  SoilsWindow(Program& program, Run run, QWidget* parent);
+  SoilsWindow(Program& program, WindowRun run, QWidget* parent);
 
   // Applies what changed in the structure since the last call.
   void Sync();
@@ -30,7 +29,7 @@ class SoilsWindow final : public QMainWindow {
   void LayOut();
 
   Program& program_;
-  Run run_;
+  WindowRun run_;
   QScrollArea* area_;
   QWidget* canvas_;
   GridView* grid_;

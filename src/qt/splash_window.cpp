@@ -6,9 +6,10 @@
 #include <QScreen>
 #include <utility>
 
-#include "qt/control_view.h"
+#include "qt/control_widgets.h"
 #include "qt/own_icons.h"
 #include "qt/scale.h"
+#include "qt/to_qt.h"
 #include "shell/commands.h"
 #include "shell/splash.h"
 
@@ -39,7 +40,7 @@ void SplashWindow::MakeLabels() {
     label->setAlignment(AlignmentOf(look.place));
     label->setGeometry(scale.Rect(named.control->place));
     QFont letters = label->font();
-    letters.setPixelSize(scale.Zoomed(look.pixels > 0 ? look.pixels : kTextPixels));
+    letters.setPixelSize(scale.Zoomed(LettersOf(look)));
     letters.setBold(look.bold);
     label->setFont(letters);
     label->setText(ToQt(named.control->caption).remove('\r'));

@@ -3,7 +3,7 @@
 #include <QSvgRenderer>
 
 #include "qt/own_icons.h"
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 // The pictures lie in this library, which the linker asks for by this name.
 static void LoadPictures() {

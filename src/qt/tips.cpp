@@ -1,17 +1,8 @@
 #include "qt/tips.h"
 
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
-
-std::string InLines(std::initializer_list<std::string_view> texts) {
-  std::string lines;
-  for (const std::string_view text : texts) {
-    if (!lines.empty() && !text.empty()) lines += '\n';
-    lines += text;
-  }
-  return lines;
-}
 
 QString TipText(std::string_view text) {
   if (text.empty()) return {};

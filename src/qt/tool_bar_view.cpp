@@ -2,9 +2,10 @@
 
 #include <QToolButton>
 
-#include "qt/control_view.h"
 #include "qt/own_icons.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
+#include "screen/plain_caption.h"
 #include "shell/commands.h"
 
 namespace torvale {
@@ -24,7 +25,7 @@ ToolBarView::ToolBarView(Program& program, QToolBar& bar, const std::function<vo
   for (const ControlFacts* button : ToolButtons()) {
     if (!HasToolCommand(*button)) continue;
     if (button->tool.starts_group) bar_.addSeparator();
-    const QString spoken = ToQt(SpokenNameOf(*button));
+    const QString spoken = ToQt(PlainCaption(button->caption));
     QAction* action = bar_.addAction(OwnIcon(button->tool.icon), spoken);
     const std::string name = ToolButtonName(button->tool.key);
     const std::string tip = ToolTipOf(*button);

@@ -65,7 +65,8 @@ inline constexpr ControlRow<MainScreen> kPreferences[] = {
                                        "Increments in head change for Limited Hole Selection:",
                                        "Use to determine what amount you desire to use when the computer changes head "
                                        "pressure while calculating the best holes you have selected."),
-    Label<&MainScreen::lblOpenFilter>("lblOpenFilter", "Frame1", PreferenceLabel(15), "", kFilterTip),
+    Label<&MainScreen::lblOpenFilter>("lblOpenFilter", "Frame1", PreferenceLabel(15),
+                                      "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)", kFilterTip),
     Field<&MainScreen::txtDefault, 0>("txtDefault(0)", "Frame1", PreferenceField(0), kStationTip),
     Field<&MainScreen::txtDefault, 1>("txtDefault(1)", "Frame1", PreferenceField(1), kHoleStepTip),
     Field<&MainScreen::txtDefault, 2>("txtDefault(2)", "Frame1", PreferenceField(2), kOrificeTip),

@@ -23,7 +23,12 @@ constexpr ControlRow<SplashScreen> kRows[] = {
                                             "Holes that suit the head", "", {.look = {TextPlace::kCentre, 0, true}}),
     rows::Label<&SplashScreen::Label2>("Label2", "frmSplash", {4950, 3330, 4350, 300}, "A crown that offsets the head",
                                        "", {.look = {TextPlace::kCentre, 0, true}}),
-    rows::Label<&SplashScreen::lblProductDescription>("lblProductDescription", "frmSplash", {300, 3780, 9000, 1080}),
+    rows::Label<&SplashScreen::lblProductDescription>(
+        "lblProductDescription", "frmSplash", {300, 3780, 9000, 1080},
+        " This program was developed to improve Distribution Uniformity in Layflat pipe.\r\n"
+        "  Distribution Uniformity can be improved using TORVALE two ways.\r\n"
+        "   1. Selecting correct hole diameters for head pressure.\r\n"
+        "   2. Designing correct slope where layflat pipe is installed to offset head pressure."),
     rows::Label<&SplashScreen::lblCompany>("lblCompany", "frmSplash", {300, 5010, 9000, 285},
                                            "By the TORVALE developers", "", {.look = {TextPlace::kCentre, 0, false}}),
     rows::Label<&SplashScreen::lblWarning>(

@@ -1,4 +1,4 @@
-// The file of the guide: its pages, its places, and the search in them.
+// The file of the guide: its pages, and the places on them.
 #pragma once
 
 #include <stdexcept>
@@ -26,15 +26,5 @@ const HelpPage* PageAt(const std::vector<HelpPage>& pages, std::string_view plac
 // The anchor of the heading on the page of messages that a message of that text stands under, the closest one; what the
 // program puts in stands in italics there. The page itself where none fits.
 std::string PlaceOfMessage(const std::vector<HelpPage>& pages, std::string_view body);
-
-// A page that was found, and a stretch of its text around the first word that was looked for.
-struct HelpHit {
-  const HelpPage* page;
-  std::string excerpt;
-};
-
-// The pages that hold all of the words, in large or small letters alike; a word may stand inside another. Pages with
-// more of the words in their titles come first, else the order is that of the contents. No words find nothing.
-std::vector<HelpHit> SearchHelp(const std::vector<HelpPage>& pages, std::string_view words);
 
 }  // namespace torvale

@@ -29,7 +29,6 @@ namespace torvale {
 namespace {
 
 constexpr std::string_view kZoomKey = "MainZoom";
-constexpr int kPlainZoom = 100;
 constexpr int kScreenMargin = 120;  // twips to the right of what stands on the screens, and below it
 
 // The saved place of the main screen, by the key of each value.
@@ -104,7 +103,6 @@ void Form_Load(Program& program) {
   record.FileVersion = ProgramVersion();
   record.PipeKind = kLayflat;
   TickPipe(program);
-  main.lblOpenFilter.caption = "Set OPEN FILE default extenion\r(LHD, PFD, CSD DSD, CSH, *.*)";
   if (record.StationInterval == 0) record.StationInterval = 100;
   FillBlankPreferences(main);
   ResetBestHoleLimits(main);
@@ -161,6 +159,12 @@ void mnuFileExit_Click(Program& program) {
 void SetZoom(Program& program, int percent) {
   ShowZoom(program.main, percent);
   program.host.SaveSetting(kZoomKey, GeneralText(percent));
+}
+
+void StepZoom(Program& program, int steps) {
+  const auto* const at = std::lower_bound(kZoomSteps.begin(), kZoomSteps.end(), program.main.zoom);
+  const auto last = static_cast<std::ptrdiff_t>(kZoomSteps.size()) - 1;
+  SetZoom(program, *(kZoomSteps.begin() + std::clamp<std::ptrdiff_t>(at - kZoomSteps.begin() + steps, 0, last)));
 }
 
 void mnuZoomFit_Click(Program& program) {

@@ -18,6 +18,9 @@ void mnuFileExit_Click(Program& program);
 
 // One scale factor for the whole screen, percent; remembered for the next start.
 void SetZoom(Program& program, int percent);
+inline constexpr int kPlainZoom = 100;
+// So many of the steps that the menu offers up or down, to its ends.
+void StepZoom(Program& program, int steps);
 // The largest step at which the screens stand whole in the room that the window has; the smallest where none does. A
 // normal window grows with the screens, so that this is for one that is maximised.
 void mnuZoomFit_Click(Program& program);

@@ -12,7 +12,7 @@ constexpr int kScreenWidth = 15400;
 constexpr int kScreenHeight = 9330;
 
 bool IsPanel(std::string_view name) {
-  return name == "Frame1" || name == "frameHoleSelection";
+  return std::find(kPanels.begin(), kPanels.end(), name) != kPanels.end();
 }
 
 Control* Grabbed(Program& program) {
@@ -63,7 +63,7 @@ void ScreenMouse(Program& program, std::string_view over, MouseAction action, Mo
   const auto left = static_cast<float>(x);
   const auto top = static_cast<float>(y);
   const bool dragging = !program.main.drag.panel.empty();
-  const bool screen = over == "frmMainForm";
+  const bool screen = over == kMainForm;
   Guarded(program, [&] {
     if (action == MouseAction::kDown && button == MouseButton::kLeft) return GrabPanel(program, over, left, top);
     if (!dragging && screen) return BackgroundMouse(program);

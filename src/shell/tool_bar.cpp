@@ -59,13 +59,6 @@ Reach ReachOfToolButton(Program& program, const ControlFacts& button) {
   return bar == Reach::kUsable ? ReachOf(program, button.parent) : bar;
 }
 
-std::string SpokenNameOf(const ControlFacts& button) {
-  std::string name(button.caption);
-  if (name.ends_with("...")) name.resize(name.size() - 3);
-  std::erase(name, '&');
-  return name;
-}
-
 std::string ToolTipOf(const ControlFacts& button) {
   if (const PrintButton* print = PrintButtonOf(button)) return std::string(print->tool_tip);
   std::string tip(button.tool_tip);

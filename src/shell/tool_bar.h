@@ -25,8 +25,6 @@ std::optional<std::string_view> ToolKeyOf(std::string_view name);
 // Whether the user can press the button: it goes with the bar and with its menu, which a long search locks.
 Reach ReachOfToolButton(Program& program, const ControlFacts& button);
 
-// What a reader of the screen calls the button: the entry's caption without its marks.
-std::string SpokenNameOf(const ControlFacts& button);
 // What the button does, and the key that does the same: "Open a saved design (Ctrl+O)".
 std::string ToolTipOf(const ControlFacts& button);
 

@@ -7,6 +7,7 @@
 
 #include "display/grid_layout.h"
 #include "gui/window_test.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

@@ -9,7 +9,7 @@
 #include <QUrl>
 
 #include "gui/window_test.h"
-#include "qt/scale.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

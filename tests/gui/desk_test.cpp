@@ -7,6 +7,7 @@
 #include "engine/survey.h"
 #include "gui/window_test.h"
 #include "qt/desk_view.h"
+#include "qt/to_qt.h"
 #include "shell/events.h"
 
 namespace torvale {

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "gui/window_test.h"
+#include "qt/to_qt.h"
 #include "shell/commands.h"
 
 namespace torvale {

@@ -7,6 +7,7 @@
 #include <QTextBrowser>
 
 #include "gui/window_test.h"
+#include "qt/to_qt.h"
 #include "shell/main_form.h"
 #include "support/source_folder.h"
 

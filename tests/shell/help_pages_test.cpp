@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/help_search.h"
+
 namespace torvale {
 namespace {
 

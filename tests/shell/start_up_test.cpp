@@ -202,6 +202,17 @@ TEST_F(ZoomTest, ItIs100PercentAtFirst) {
   EXPECT_TRUE(host.settings.empty());
 }
 
+// The menu offers 75, 100, 125, 150, 175, 200 and 250 percent.
+TEST_F(ZoomTest, AStepGoesToTheNextOfTheMenuAndNotBeyondItsEnds) {
+  StartProgram(program);
+  const std::pair<int, int> steps[] = {{1, 125}, {-2, 75}, {-1, 75}, {5, 200}, {1, 250}, {1, 250}, {-1, 200}};
+  for (const auto& [step, percent] : steps) {
+    StepZoom(program, step);
+    EXPECT_EQ(program.main.zoom, percent);
+  }
+  EXPECT_EQ(Ticked(), 200);
+}
+
 TEST_F(ZoomTest, ItIsRememberedForTheNextStart) {
   StartProgram(program);
   SetZoom(program, 150);

@@ -4,23 +4,17 @@
 
 #include <set>
 
+#include "screen/plain_caption.h"
 #include "shell/commands.h"
+#include "shell/level_field.h"
 #include "shell/started_program.h"
 
 namespace torvale {
 namespace {
 
 struct ToolBarTest : StartedProgramTest {
-  // A hole of 5/8 inch each 20 feet on 100 feet of level pipe.
   void Design() {
-    TypeText(program, "txtInfo(2)", "30");
-    TypeText(program, "txtInfo(3)", "2");
-    TypeText(program, "txtInfo(5)", "E");
-    const char* const row[] = {"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"};
-    for (int column = 0; column < 9; ++column) {
-      sheet().Set(1, column, row[column]);
-      sheet().Set(2, column, column == 0 ? "100" : row[column]);
-    }
+    TypeLevelField(program);
     ASSERT_EQ(Click(program, "mnuDesignField"), Reach::kUsable);
   }
 };
@@ -37,7 +31,7 @@ TEST_F(ToolBarTest, EveryButtonSaysWhatItDoesAndStandsInAMenu) {
                                 "Cut", "Copy", "Paste"};
   for (std::size_t i = 0; i < std::size(spoken); ++i) {
     const ControlFacts& button = *ToolButtons()[i];
-    EXPECT_EQ(SpokenNameOf(button), spoken[i]);
+    EXPECT_EQ(PlainCaption(button.caption), spoken[i]);
     EXPECT_FALSE(ToolTipOf(button).empty()) << button.name;
     EXPECT_TRUE(HasToolCommand(button)) << button.name;
     EXPECT_NE(FindControl(program, button.parent), nullptr) << button.name;
