@@ -8,8 +8,10 @@
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "search/design_commands.h"
+#include "shell/packed_changes.h"
 #include "shell/recovery.h"
 #include "shell/stale.h"
+#include "shell/step_names.h"
 
 namespace torvale {
 namespace {
@@ -19,35 +21,6 @@ constexpr std::size_t kMostHistoryBytes = std::size_t{16} << 20U;
 
 constexpr std::string_view kUndo = "mnuEditUndo";
 constexpr std::string_view kRedo = "mnuEditRedo";
-
-// Seven bits to a byte, the lowest first; the highest bit tells that more follow.
-void PutNumber(std::string& out, std::size_t number) {
-  for (; number >= 0x80U; number >>= 7U) out.push_back(static_cast<char>(number | 0x80U));
-  out.push_back(static_cast<char>(number));
-}
-
-std::size_t TakeNumber(std::string_view& in) {
-  std::size_t number = 0;
-  for (unsigned shift = 0; !in.empty(); shift += 7) {
-    const auto byte = static_cast<unsigned char>(in.front());
-    in.remove_prefix(1);
-    number |= static_cast<std::size_t>(byte & 0x7FU) << shift;
-    if ((byte & 0x80U) == 0) break;
-  }
-  return number;
-}
-
-void PutText(std::string& out, std::string_view text) {
-  PutNumber(out, text.size());
-  out.append(text);
-}
-
-std::string TakeText(std::string_view& in) {
-  const std::size_t length = std::min(TakeNumber(in), in.size());
-  std::string text(in.substr(0, length));
-  in.remove_prefix(length);
-  return text;
-}
 
 std::size_t BytesOf(const EditStep& step) {
   return sizeof(EditStep) + step.name.capacity() + step.changes.capacity();
@@ -71,48 +44,6 @@ void HoldToSize(History& history) {
 
 std::uint64_t TopNumber(const History& history) {
   return history.done.empty() ? 0 : history.done.back().number;
-}
-
-// Commands whose caption does not tell in a menu what they did, by the beginning of their name.
-struct CauseName {
-  std::string_view control;
-  std::string_view name;
-};
-
-constexpr CauseName kCauseNames[] = {
-    {"mnuFileList", "Open"},
-    {"cmdBringBack", "Bring Back Last Work"},
-    {"btnOpenVersion", "Open an Earlier Version"},
-    {"Grd_EarlierVersions", "Open an Earlier Version"},
-    {"btnDefaultExit", "Preferences"},
-    {"cmdInterpolate", "Interpolation"},
-    {"cmdADDtoSelected", "Add to Selected Holes"},
-    {"cmdExitHoleSelect", "User Hole Selection"},
-    {"cmdFindBestHoles", "Best Holes"},
-    {"listSoils", "Soil"},
-    {"mnuLayflatPipe", "Type of Pipe"},
-    {"mnuRigidPipe", "Type of Pipe"},
-    {"fill", "Fill"},
-};
-
-// A caption as a sentence has it: without the mark of its mnemonic and the points of a dialog.
-std::string PlainCaption(std::string caption) {
-  std::erase(caption, '&');
-  while (caption.ends_with('.') || caption.ends_with(' ')) caption.pop_back();
-  return caption;
-}
-
-bool IsTyping(std::string_view cause) {
-  return cause == "Grid1" || cause == "cell" || cause.starts_with("txt");
-}
-
-std::string NameOfStep(Program& program, std::string_view cause, const std::vector<InputChange>& changes) {
-  for (const CauseName& row : kCauseNames) {
-    if (cause.starts_with(row.control)) return std::string(row.name);
-  }
-  const Control* control = IsTyping(cause) ? nullptr : FindControl(program, cause);
-  if (control != nullptr && !control->caption.empty()) return PlainCaption(control->caption);
-  return "typing in " + PlaceName(program, changes.front().place);
 }
 
 bool AllFileNames(const std::vector<InputChange>& changes) {
@@ -194,14 +125,14 @@ void LeaveStaleDesign(Program& program, const History& history) {
   if (TopNumber(history) != history.table_step) LeaveDesign(program);
 }
 
-bool IsPreference(const InputChange& change) {
-  return change.place >= kPreferencePlace && change.place < kPipePlace;
+bool ChangesPreferences(const std::vector<InputChange>& changes) {
+  return std::any_of(changes.begin(), changes.end(), [](const InputChange& c) { return IsPreference(c.place); });
 }
 
 // The user sees what came back: the cursor or the focus goes to the first of it.
 void GoTo(Program& program, int place) {
-  Grid& sheet = program.main.Grid1;
-  if (place < kSheetPlaces) sheet.SetCurrent(place / kSurveyColumns + 1, place % kSurveyColumns);
+  const SheetCell cell = CellAt(place);
+  if (IsCell(place)) program.main.Grid1.SetCurrent(cell.row, cell.column);
   const std::string control = ControlOfPlace(place);
   if (!control.empty()) MoveFocus(program, control);
 }
@@ -220,9 +151,7 @@ void Restore(Program& program, History& history, const std::vector<InputChange>&
   }
   LeaveStaleDesign(program, history);
   SetInputs(program, texts);
-  if (std::any_of(changes.begin(), changes.end(), IsPreference) && !program.main.Frame1.visible) {
-    StorePreferences(program);
-  }
+  if (ChangesPreferences(changes) && !program.main.Frame1.visible) StorePreferences(program);
   history.restored = true;
   TakeInputChanges(program, history.now, history.sheet_revision);
   GoTo(program, changes.front().place);
@@ -284,27 +213,6 @@ void mnuEditRedo_Click(Program& program) {
   const EditStep& top = history.done.back();
   Restore(program, history, UnpackChanges(top.changes), false);
   Say(program, words::kDoneAgain(top.name));
-}
-
-std::string PackChanges(const std::vector<InputChange>& changes) {
-  std::string packed;
-  for (const InputChange& change : changes) {
-    PutNumber(packed, static_cast<std::size_t>(change.place));
-    PutText(packed, change.before);
-    PutText(packed, change.after);
-  }
-  packed.shrink_to_fit();
-  return packed;
-}
-
-std::vector<InputChange> UnpackChanges(std::string_view packed) {
-  std::vector<InputChange> changes;
-  while (!packed.empty()) {
-    const auto place = static_cast<int>(TakeNumber(packed));
-    std::string before = TakeText(packed);
-    changes.push_back({place, std::move(before), TakeText(packed)});
-  }
-  return changes;
 }
 
 }  // namespace torvale

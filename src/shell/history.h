@@ -1,13 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "screen/program.h"
 #include "shell/history_state.h"
-#include "shell/inputs.h"
 
 namespace torvale {
 
@@ -28,9 +25,5 @@ void EndOfEvent(Program& program);
 
 void mnuEditUndo_Click(Program& program);
 void mnuEditRedo_Click(Program& program);
-
-// Changes as one text, and back.
-std::string PackChanges(const std::vector<InputChange>& changes);
-std::vector<InputChange> UnpackChanges(std::string_view packed);
 
 }  // namespace torvale

@@ -10,15 +10,11 @@
 namespace torvale {
 namespace {
 
-constexpr std::array<std::string DesignRecord::*, kInputPlaces - kNamePlace> kFileNames = {
-    &DesignRecord::SaveFileName, &DesignRecord::OpenedFileName, &DesignRecord::DisplayFileName};
+constexpr std::array kFileNames = {&DesignRecord::SaveFileName, &DesignRecord::OpenedFileName,
+                                   &DesignRecord::DisplayFileName};
+static_assert(kFileNames.size() == kKindPlaces.back().count);
 
-constexpr std::array<std::string_view, kNamePlace - kBestPlace> kBestNames = {"Stretches of One Size", "Least Head",
-                                                                              "Highest Head"};
-
-std::size_t Index(int place, int first) {
-  return static_cast<std::size_t>(place - first);
-}
+constexpr std::array<std::string_view, 3> kBestNames = {"Stretches of One Size", "Least Head", "Highest Head"};
 
 std::string HoleLines(const ListBox& list) {
   std::string lines;
@@ -48,20 +44,33 @@ void ChooseSoil(Program& program, const std::string& text) {
   if (list.Current() >= 0) listSoils_Click(program);
 }
 
-// The text of a place that is no cell of the sheet.
-std::string TextAt(const Program& program, int place) {
-  const MainScreen& main = program.main;
-  if (place < kPreferencePlace) return main.txtInfo.at(Index(place, kInfoPlace)).text();
-  if (place < kPipePlace) return main.txtDefault.at(Index(place, kPreferencePlace)).text();
-  if (place == kPipePlace) return program.record.PipeKind;
-  if (place == kHolesPlace) return HoleLines(main.listHolesSelected);
-  if (place == kSoilPlace) return SoilText(main.listSoils);
-  if (place < kNamePlace) return main.txtBest.at(Index(place, kBestPlace)).text();
-  return program.record.*kFileNames.at(Index(place, kNamePlace));
+const std::string& CellText(const Program& program, int place) {
+  const SheetCell cell = CellAt(place);
+  return program.main.Grid1.Text(cell.row, cell.column);
 }
 
-const std::string& CellText(const Program& program, int place) {
-  return program.main.Grid1.Text(place / kSurveyColumns + 1, place % kSurveyColumns);
+std::string TextAt(const Program& program, int place) {
+  const MainScreen& main = program.main;
+  const auto [kind, index] = KindAt(place);
+  switch (kind) {
+    case InputKind::kCell:
+      return CellText(program, place);
+    case InputKind::kInfoField:
+      return main.txtInfo.at(index).text();
+    case InputKind::kPreference:
+      return main.txtDefault.at(index).text();
+    case InputKind::kPipe:
+      return program.record.PipeKind;
+    case InputKind::kHoles:
+      return HoleLines(main.listHolesSelected);
+    case InputKind::kSoil:
+      return SoilText(main.listSoils);
+    case InputKind::kBestLimit:
+      return main.txtBest.at(index).text();
+    case InputKind::kFileName:
+      return program.record.*kFileNames.at(index);
+  }
+  return "";
 }
 
 // A sheet that is not laid out yet has no cells.
@@ -70,24 +79,30 @@ bool HasSheet(const Program& program) {
   return sheet.rows() == kSurveyGridRows && sheet.column_count() == kSurveyColumns;
 }
 
+void SetCell(Grid& sheet, SheetCell cell, std::string_view text) {
+  sheet.Set(cell.row, cell.column, text);
+}
+
 void SetText(Program& program, int place, const std::string& text) {
   MainScreen& main = program.main;
-  if (place < kSheetPlaces) {
-    main.Grid1.Set(place / kSurveyColumns + 1, place % kSurveyColumns, text);
-  } else if (place < kPreferencePlace) {
-    main.txtInfo.at(Index(place, kInfoPlace)).Set(text);
-  } else if (place < kPipePlace) {
-    main.txtDefault.at(Index(place, kPreferencePlace)).Set(text);
-  } else if (place == kPipePlace) {
-    if (!text.empty()) SetPipeKind(program, text);
-  } else if (place == kHolesPlace) {
-    SetHoleLines(main.listHolesSelected, text);
-  } else if (place == kSoilPlace) {
-    ChooseSoil(program, text);
-  } else if (place < kNamePlace) {
-    main.txtBest.at(Index(place, kBestPlace)).Set(text);
-  } else {
-    program.record.*kFileNames.at(Index(place, kNamePlace)) = text;
+  const auto [kind, index] = KindAt(place);
+  switch (kind) {
+    case InputKind::kCell:
+      return SetCell(main.Grid1, CellAt(place), text);
+    case InputKind::kInfoField:
+      return main.txtInfo.at(index).Set(text);
+    case InputKind::kPreference:
+      return main.txtDefault.at(index).Set(text);
+    case InputKind::kPipe:
+      return text.empty() ? void() : SetPipeKind(program, text);
+    case InputKind::kHoles:
+      return SetHoleLines(main.listHolesSelected, text);
+    case InputKind::kSoil:
+      return ChooseSoil(program, text);
+    case InputKind::kBestLimit:
+      return main.txtBest.at(index).Set(text);
+    case InputKind::kFileName:
+      program.record.*kFileNames.at(index) = text;
   }
 }
 
@@ -119,12 +134,12 @@ std::vector<InputChange> TakeInputChanges(const Program& program, InputTexts& kn
   const std::uint64_t revision = program.main.Grid1.cells().revision();
   if (HasSheet(program) && revision != sheet_revision) {
     sheet_revision = revision;
-    for (int place = 0; place < kSheetPlaces; ++place) {
+    for (int place = 0; place < kCellPlaces; ++place) {
       std::string& text = known[static_cast<std::size_t>(place)];
       if (text != CellText(program, place)) Note(changes, place, text, CellText(program, place));
     }
   }
-  for (int place = kSheetPlaces; place < kInputPlaces; ++place) {
+  for (int place = kCellPlaces; place < kInputPlaces; ++place) {
     std::string& text = known[static_cast<std::size_t>(place)];
     std::string now = TextAt(program, place);
     if (text != now) Note(changes, place, text, std::move(now));
@@ -143,7 +158,7 @@ void SetInputs(Program& program, const std::vector<std::pair<int, std::string>>&
 }
 
 int FieldPlace(std::string_view control) {
-  for (int place = kInfoPlace; place < kNamePlace; ++place) {
+  for (int place = kCellPlaces; place < kInputPlaces; ++place) {
     if (!control.empty() && control == ControlOfPlace(place)) return place;
   }
   return -1;
@@ -152,29 +167,49 @@ int FieldPlace(std::string_view control) {
 int ActivePlace(Program& program) {
   const std::string& focus = program.main.focus;
   const Grid& sheet = program.main.Grid1;
-  if (focus == "Grid1") return sheet.row > 0 ? CellPlace(sheet.row, sheet.column) : -1;
-  return focus.starts_with("txt") ? FieldPlace(focus) : -1;
+  if (focus == "Grid1") return sheet.row > 0 ? PlaceOfCell({sheet.row, sheet.column}) : -1;
+  return FieldPlace(focus);
 }
 
 std::string ControlOfPlace(int place) {
-  if (place < kSheetPlaces) return "Grid1";
-  if (place < kPreferencePlace) return "txtInfo(" + std::to_string(place - kInfoPlace) + ")";
-  if (place < kPipePlace) return "txtDefault(" + std::to_string(place - kPreferencePlace) + ")";
-  if (place >= kBestPlace && place < kNamePlace) return "txtBest(" + std::to_string(place - kBestPlace) + ")";
-  return "";
+  const auto [kind, index] = KindAt(place);
+  const std::string behind = "(" + std::to_string(index) + ")";
+  switch (kind) {
+    case InputKind::kCell:
+      return "Grid1";
+    case InputKind::kInfoField:
+      return "txtInfo" + behind;
+    case InputKind::kPreference:
+      return "txtDefault" + behind;
+    case InputKind::kBestLimit:
+      return "txtBest" + behind;
+    default:
+      return "";
+  }
 }
 
 std::string PlaceName(const Program& program, int place) {
-  if (place < kSheetPlaces) {
-    return "row " + std::to_string(place / kSurveyColumns + 1) + ", " + ColumnName(program, place % kSurveyColumns);
+  const auto [kind, index] = KindAt(place);
+  const SheetCell cell = CellAt(place);
+  switch (kind) {
+    case InputKind::kCell:
+      return "row " + std::to_string(cell.row) + ", " + ColumnName(program, cell.column);
+    case InputKind::kInfoField:
+      return std::string(kInfoFacts.at(index).name);
+    case InputKind::kPreference:
+      return "Preferences, " + std::string(kPreferenceFacts.at(index).name);
+    case InputKind::kPipe:
+      return "Type of Pipe";
+    case InputKind::kHoles:
+      return "Selected Holes";
+    case InputKind::kSoil:
+      return "Soil";
+    case InputKind::kBestLimit:
+      return std::string(kBestNames.at(index));
+    case InputKind::kFileName:
+      return "file name";
   }
-  if (place < kPreferencePlace) return std::string(kInfoFacts.at(Index(place, kInfoPlace)).name);
-  if (place < kPipePlace)
-    return "Preferences, " + std::string(kPreferenceFacts.at(Index(place, kPreferencePlace)).name);
-  if (place == kPipePlace) return "Type of Pipe";
-  if (place == kHolesPlace) return "Selected Holes";
-  if (place == kSoilPlace) return "Soil";
-  return place < kNamePlace ? std::string(kBestNames.at(Index(place, kBestPlace))) : "file name";
+  return "";
 }
 
 }  // namespace torvale

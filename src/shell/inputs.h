@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,26 +15,71 @@ namespace torvale {
 
 // Everything that a user puts in, as texts, each at a place of its own: the cells of the survey sheet row by row, the
 // information fields, the preferences, the kind of pipe, the chosen hole sizes (one to a line), the chosen line of the
-// list of soils (a number, empty for none), the limits of the best holes, and the names of the design's files. Results
-// are no inputs.
+// list of soils (a number, empty for none), the limits of the best holes, and the names of the design's files
+// (SaveFileName, OpenedFileName, DisplayFileName). Results are no inputs.
 
-inline constexpr int kSheetPlaces = (kSurveyGridRows - 1) * kSurveyColumns;
-inline constexpr int kInfoPlace = kSheetPlaces;
-inline constexpr int kPreferencePlace = kInfoPlace + static_cast<int>(kInfoFacts.size());
-inline constexpr int kPipePlace = kPreferencePlace + static_cast<int>(kPreferenceFacts.size());
-inline constexpr int kHolesPlace = kPipePlace + 1;
-inline constexpr int kSoilPlace = kHolesPlace + 1;
-inline constexpr int kBestPlace = kSoilPlace + 1;  // the limits of the best holes
-inline constexpr int kNamePlace = kBestPlace + 3;  // SaveFileName, OpenedFileName, DisplayFileName
-inline constexpr int kInputPlaces = kNamePlace + 3;
+enum class InputKind { kCell, kInfoField, kPreference, kPipe, kHoles, kSoil, kBestLimit, kFileName };
 
-// The names of files go with what the user did; alone they are nothing to take back.
-inline bool IsFileName(int place) {
-  return place >= kNamePlace;
+// How many places a kind has. The kinds follow one another in this order.
+struct KindPlaces {
+  InputKind kind;
+  std::size_t count;
+};
+inline constexpr std::array<KindPlaces, 8> kKindPlaces = {{
+    {InputKind::kCell, std::size_t{kSurveyGridRows - 1} * kSurveyColumns},
+    {InputKind::kInfoField, kInfoFacts.size()},
+    {InputKind::kPreference, kPreferenceFacts.size()},
+    {InputKind::kPipe, 1},
+    {InputKind::kHoles, 1},
+    {InputKind::kSoil, 1},
+    {InputKind::kBestLimit, 3},
+    {InputKind::kFileName, 3},
+}};
+
+// A place as its kind and its index among those of the kind.
+struct KindOfPlace {
+  InputKind kind;
+  std::size_t index;
+};
+constexpr KindOfPlace KindAt(int place) {
+  auto index = static_cast<std::size_t>(place);
+  for (const KindPlaces& places : kKindPlaces) {
+    if (index < places.count) return {places.kind, index};
+    index -= places.count;
+  }
+  return {InputKind::kFileName, kKindPlaces.back().count};
 }
 
-inline int CellPlace(int row, int column) {
-  return (row - 1) * kSurveyColumns + column;
+// And back.
+constexpr int PlaceOf(InputKind kind, std::size_t index = 0) {
+  std::size_t first = 0;
+  for (const KindPlaces& places : kKindPlaces) {
+    if (places.kind == kind) break;
+    first += places.count;
+  }
+  return static_cast<int>(first + index);
+}
+
+inline constexpr int kInputPlaces = PlaceOf(InputKind::kFileName, kKindPlaces.back().count);
+
+// The places of cells are the first ones.
+inline constexpr int kCellPlaces = PlaceOf(InputKind::kInfoField);
+constexpr bool IsCell(int place) {
+  return place < kCellPlaces;
+}
+constexpr SheetCell CellAt(int place) {
+  return {place / kSurveyColumns + 1, place % kSurveyColumns};
+}
+constexpr int PlaceOfCell(SheetCell cell) {
+  return (cell.row - 1) * kSurveyColumns + cell.column;
+}
+
+// The names of files go with what the user did; alone they are nothing to take back.
+constexpr bool IsFileName(int place) {
+  return KindAt(place).kind == InputKind::kFileName;
+}
+constexpr bool IsPreference(int place) {
+  return KindAt(place).kind == InputKind::kPreference;
 }
 
 using InputTexts = std::vector<std::string>;  // by place

@@ -1,7 +1,6 @@
 #include "shell/journal.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
@@ -17,110 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kAnyHeading = "TORVALE journal ";
-constexpr std::string_view kHeading = "TORVALE journal 1\n";
 constexpr std::string_view kEnding = ".journal";
-constexpr std::string_view kMoment = "at";
-constexpr std::string_view kStored = "stored";
-constexpr std::string_view kSheet = "Grid1";
 constexpr std::size_t kLongJournal = std::size_t{4} << 20U;  // bytes; far below what can be read again
 constexpr std::int64_t kDay = 24LL * 60 * 60 * 1000;         // milliseconds
 constexpr int kMostNames = 1000;
 constexpr std::size_t kMostLostWorks = 20;
-
-struct NamedPlace {
-  std::string_view name;
-  int place;
-};
-
-constexpr std::array<NamedPlace, 6> kNamedPlaces = {{
-    {"PipeKind", kPipePlace},
-    {"listHolesSelected", kHolesPlace},
-    {"listSoils", kSoilPlace},
-    {"SaveFileName", kNamePlace},
-    {"OpenedFileName", kNamePlace + 1},
-    {"DisplayFileName", kNamePlace + 2},
-}};
-
-std::string KeyOf(int place) {
-  if (place < kSheetPlaces) {
-    return std::string(kSheet) + " " + std::to_string(place / kSurveyColumns + 1) + " " +
-           std::to_string(place % kSurveyColumns);
-  }
-  for (const NamedPlace& named : kNamedPlaces) {
-    if (named.place == place) return std::string(named.name);
-  }
-  return ControlOfPlace(place);
-}
-
-std::optional<int> WholeNumber(std::string_view text) {
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
-
-// The place of a cell: "3 2".
-std::optional<int> CellOf(std::string_view key) {
-  const std::size_t blank = key.find(' ');
-  if (blank == std::string_view::npos) return std::nullopt;
-  const auto row = WholeNumber(key.substr(0, blank));
-  const auto column = WholeNumber(key.substr(blank + 1));
-  if (!row || !column || *row < 1 || *row >= kSurveyGridRows || *column < 0 || *column >= kSurveyColumns) {
-    return std::nullopt;
-  }
-  return CellPlace(*row, *column);
-}
-
-std::optional<int> PlaceOf(std::string_view key) {
-  if (key.starts_with(kSheet) && key.size() > kSheet.size()) return CellOf(key.substr(kSheet.size() + 1));
-  for (const NamedPlace& named : kNamedPlaces) {
-    if (named.name == key) return named.place;
-  }
-  const int field = FieldPlace(key);
-  return field < 0 ? std::nullopt : std::optional(field);
-}
-
-// A text on one line.
-std::string Escaped(std::string_view text) {
-  std::string out;
-  for (const char c : text) {
-    if (c == '\\') {
-      out += "\\\\";
-    } else if (c == '\n') {
-      out += "\\n";
-    } else {
-      out += c;
-    }
-  }
-  return out;
-}
-
-std::string Unescaped(std::string_view text) {
-  std::string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\\' && i + 1 < text.size()) {
-      ++i;
-      out += text[i] == 'n' ? '\n' : text[i];
-    } else {
-      out += text[i];
-    }
-  }
-  return out;
-}
-
-void TakeLine(LostWork& work, std::string_view line) {
-  const std::size_t tab = line.find('\t');
-  const std::string_view key = line.substr(0, tab);
-  const std::string_view text = tab == std::string_view::npos ? std::string_view() : line.substr(tab + 1);
-  // It counts at the very end alone; a line that is damaged may be one of work.
-  work.stored = key == kStored;
-  if (key == kMoment) {
-    std::from_chars(text.data(), text.data() + text.size(), work.moment);
-  } else if (const auto place = PlaceOf(key)) {
-    work.texts[static_cast<std::size_t>(*place)] = Unescaped(text);
-  }
-}
 
 // A step of the disk that a test may let fail.
 template <typename Work>
@@ -164,7 +64,7 @@ int BeginAnew(Host& host, Journal& journal, const InputTexts& now, bool stored) 
   Journal next;
   int error = Begin(host, next);
   if (error == 0) {
-    error = Append(host, next, std::string(kHeading) + JournalText(next.written, now, stored, host.Clock()));
+    error = Append(host, next, std::string(kJournalHeading) + JournalText(next.written, now, stored, host.Clock()));
   }
   RemoveJournal(error == 0 ? journal : next);
   if (error == 0) journal = std::move(next);
@@ -188,11 +88,6 @@ bool IsYoung(Host& host, const fs::path& path) {
   return host.Clock() - BeginningOf(path) < kDay;
 }
 
-// A form of journal that a later version of the program may have.
-bool IsOfAnotherForm(std::string_view text) {
-  return text.starts_with(kAnyHeading) && !text.starts_with(kHeading);
-}
-
 bool HoldsText(const LostWork& work) {
   return std::any_of(work.texts.begin(), work.texts.end(), [](const std::string& text) { return !text.empty(); });
 }
@@ -205,7 +100,7 @@ std::optional<LostWork> LookInto(Host& host, const fs::path& path) {
   LostWork work;
   try {
     const std::string text = ReadBytes(Utf8Of(path));
-    if (IsOfAnotherForm(text)) return std::nullopt;
+    if (IsJournalOfAnotherForm(text)) return std::nullopt;
     work = ReadJournal(text);
   } catch (const FileFault&) {
     return std::nullopt;
@@ -222,28 +117,6 @@ std::optional<LostWork> LookInto(Host& host, const fs::path& path) {
 
 std::string JournalFolder(Host& host) {
   return host.UserDataFolder() + "/journal";
-}
-
-std::string JournalText(const InputTexts& before, const InputTexts& now, bool stored, std::int64_t moment) {
-  std::string text;
-  for (int place = 0; place < kInputPlaces; ++place) {
-    const std::string& known = before[static_cast<std::size_t>(place)];
-    const std::string& wanted = now[static_cast<std::size_t>(place)];
-    if (known != wanted) text.append(KeyOf(place)).append("\t").append(Escaped(wanted)).append("\n");
-  }
-  text.append(kMoment).append("\t").append(std::to_string(moment)).append("\n");
-  if (stored) text.append(kStored).append("\n");
-  return text;
-}
-
-LostWork ReadJournal(std::string_view text) {
-  LostWork work;
-  if (IsOfAnotherForm(text)) return work;
-  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-    TakeLine(work, text.substr(0, end));
-    text.remove_prefix(end + 1);
-  }
-  return work;
 }
 
 int WriteJournal(Host& host, Journal& journal, const InputTexts& now, bool stored) {

@@ -2,21 +2,18 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/platform.h"
 #include "screen/host.h"
 #include "shell/inputs.h"
+#include "shell/journal_text.h"
 
 namespace torvale {
 
 // The inputs on disk as they grow, so that a program that dies loses nothing: one file for each running program in the
 // folder "journal" of the user's data, held by a lock for as long as the program lives. A journal that nobody holds is
 // the last work of a program that has ended.
-//
-// A journal is text, a line for each place that has changed, its name and its text with a tab between; each write ends
-// with a line that tells its moment. A line that the end of the program cut short does not count.
 
 struct Journal {
   std::string path;
@@ -27,14 +24,6 @@ struct Journal {
   bool broken = false;      // a write failed half way; the next one begins another file
   bool unflushed = false;   // something written may not be on the disk yet
   std::int64_t moment = 0;  // of the last write
-};
-
-// What a journal comes to.
-struct LostWork {
-  std::string path;
-  std::int64_t moment = 0;  // of its last write, as Host::Clock tells time
-  InputTexts texts = InputTexts(kInputPlaces);
-  bool stored = false;  // nothing of it is lost
 };
 
 // The folder of the journals.
@@ -56,10 +45,5 @@ void RemoveJournal(Journal& journal);
 std::vector<LostWork> FindLostWork(Host& host);
 // One of them is taken away; false where another program holds it.
 bool RemoveLostWork(const LostWork& work);
-
-// One write of a journal, and all of them read again. Lines that are not understood are passed over, also a first line
-// that is none of a journal; of a journal in a form that another version writes nothing is read.
-std::string JournalText(const InputTexts& before, const InputTexts& now, bool stored, std::int64_t moment);
-LostWork ReadJournal(std::string_view text);
 
 }  // namespace torvale

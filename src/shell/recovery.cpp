@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "screen/fields.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
 #include "shell/history_state.h"
@@ -17,7 +18,7 @@ constexpr std::int64_t kJournalPause = 1000;  // milliseconds between two writes
 
 // Preferences and names of files are no work that a new design drops.
 bool IsWork(int place) {
-  return place < kPreferencePlace || (place >= kPipePlace && !IsFileName(place));
+  return !IsPreference(place) && !IsFileName(place);
 }
 
 template <typename Counts>
@@ -37,8 +38,12 @@ bool IsStored(const History& history, const InputTexts& now) {
   return Same(history.stored, now, [](int place) { return !IsFileName(place); });
 }
 
-void TakePreferences(InputTexts& stored, const InputTexts& now) {
-  std::copy(now.begin() + kPreferencePlace, now.begin() + kPipePlace, stored.begin() + kPreferencePlace);
+// Takes over the preferences, or all else.
+void TakeOver(InputTexts& stored, const InputTexts& now, bool preferences) {
+  for (int place = 0; place < kInputPlaces; ++place) {
+    const auto i = static_cast<std::size_t>(place);
+    if (IsPreference(place) == preferences) stored[i] = now[i];
+  }
 }
 
 void Tell(Program& program, History& history, int error) {
@@ -74,7 +79,7 @@ void ForgetStoredWork(History& history, const InputTexts& now) {
 }
 
 std::string WorkText(Program& program, const LostWork& work) {
-  const std::string& name = work.texts[kInfoPlace];
+  const std::string& name = work.texts[PlaceOf(InputKind::kInfoField, InfoField::kDesignName)];
   return (name.empty() ? "" : name + ", ") + program.host.TimeText(work.moment);
 }
 
@@ -116,10 +121,9 @@ void NoteStored(Program& program) {
   if (stored) {
     LeaveDroppedWork(program, history, now);
     ForgetStoredWork(history, now);
-    std::copy(now.begin(), now.begin() + kPreferencePlace, history.stored.begin());
-    std::copy(now.begin() + kPipePlace, now.end(), history.stored.begin() + kPipePlace);
+    TakeOver(history.stored, now, false);
   }
-  if (preferences) TakePreferences(history.stored, now);
+  if (preferences) TakeOver(history.stored, now, true);
   history.unwritten = history.urgent = true;
 }
 

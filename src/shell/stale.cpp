@@ -14,7 +14,8 @@
 namespace torvale {
 namespace {
 
-constexpr std::string_view kBegin = "The figures shown are for ";
+// What the mark of figures that are out of date begins with.
+constexpr std::string_view kBegin = words::kFiguresAreFor.text().substr(0, words::kFiguresAreFor.text().find("{}"));
 
 std::string_view Trimmed(std::string_view text) {
   while (text.starts_with(' ')) text.remove_prefix(1);
@@ -43,26 +44,32 @@ std::vector<int> StalePlaces(const Program& program, const InputTexts& shown, co
     const auto at = static_cast<std::size_t>(place);
     if (Trimmed(shown[at]) != Trimmed(now[at])) places.push_back(place);
   };
-  const auto look_at_fields = [&](int place, const auto& facts) {
-    for (const auto& field : facts) {
-      if (Enters(field.enters, program.record)) look(place);
-      ++place;
+  const auto look_at_fields = [&](InputKind kind, const auto& facts) {
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+      if (Enters(facts.at(i).enters, program.record)) look(PlaceOf(kind, i));
     }
   };
-  look_at_fields(kInfoPlace, kInfoFacts);
-  look_at_fields(kPreferencePlace, kPreferenceFacts);
-  if (program.record.DesignType == kLimitedHoles) look(kHolesPlace);
-  look(kPipePlace);
-  const auto sheet = std::mismatch(shown.begin(), shown.begin() + kSheetPlaces, now.begin());
-  if (sheet.first != shown.begin() + kSheetPlaces) places.push_back(static_cast<int>(sheet.first - shown.begin()));
+  look_at_fields(InputKind::kInfoField, kInfoFacts);
+  look_at_fields(InputKind::kPreference, kPreferenceFacts);
+  if (program.record.DesignType == kLimitedHoles) look(PlaceOf(InputKind::kHoles));
+  look(PlaceOf(InputKind::kPipe));
+  const auto end_of_cells = shown.begin() + kCellPlaces;
+  const auto cell = std::mismatch(shown.begin(), end_of_cells, now.begin()).first;
+  if (cell != end_of_cells) places.push_back(static_cast<int>(cell - shown.begin()));
   return places;
 }
 
 std::string Was(const Program& program, int place, const std::string& text) {
-  if (place < kSheetPlaces) return "the survey before " + PlaceName(program, place) + " was changed";
-  if (place == kPipePlace) return "the other type of pipe";
-  if (place == kHolesPlace) return "other hole sizes";
-  return PlaceName(program, place) + " " + (text.empty() ? "empty" : text);
+  switch (KindAt(place).kind) {
+    case InputKind::kCell:
+      return "the survey before " + PlaceName(program, place) + " was changed";
+    case InputKind::kPipe:
+      return "the other type of pipe";
+    case InputKind::kHoles:
+      return "other hole sizes";
+    default:
+      return PlaceName(program, place) + " " + (text.empty() ? "empty" : text);
+  }
 }
 
 SpokenSentence FiguresAreFor(const Program& program, const InputTexts& shown, const std::vector<int>& places) {
@@ -121,12 +128,12 @@ void MarkStale(Program& program, const InputTexts& shown, const InputTexts& now)
   const std::string before = main.cmdReCalc.mark;
   if (sentence.empty() && before.empty()) return;
   for (std::size_t i = 0; i < main.txtInfo.size(); ++i) {
-    const int place = kInfoPlace + static_cast<int>(i);
+    const int place = PlaceOf(InputKind::kInfoField, i);
     const bool stale = std::find(places.begin(), places.end(), place) != places.end();
     Mark(main.txtInfo.at(i).control, stale ? sentence.text() : "");
   }
   main.cmdReCalc.mark = sentence.text();
-  const bool typed = !places.empty() && places.front() >= kSheetPlaces && sentence.text() != before;
+  const bool typed = !places.empty() && !IsCell(places.front()) && sentence.text() != before;
   TellStale(program, sentence, typed);
 }
 

@@ -9,6 +9,7 @@
 #include "input/focus.h"
 #include "input/input_program.h"
 #include "search/design_commands.h"
+#include "support/level_line.h"
 
 namespace torvale {
 namespace {
@@ -292,11 +293,7 @@ struct ShownDesignTest : InfoFieldsTest {
     Info(2).Set("30");
     Info(3).Set("2");
     Info(5).Set("E");
-    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-    for (int row = 0; row < 2; ++row) {
-      for (int column = 0; column < 9; ++column) sheet().Set(row + 1, column, rows[row][column]);
-    }
+    FillLevelLine(sheet());
     mnuDesignField_Click(program);
   }
 };

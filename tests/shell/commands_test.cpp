@@ -8,6 +8,7 @@
 #include <set>
 
 #include "shell/events.h"
+#include "shell/level_field.h"
 #include "shell/main_form.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
@@ -117,16 +118,7 @@ TEST_F(CommandsTest, ExitStoresThePreferences) {
 
 // A whole planned design by clicks and typing: a hole of 5/8 inch each 20 feet on 100 feet of level 15 inch pipe.
 struct ClickedDesignTest : CommandsTest {
-  ClickedDesignTest() {
-    TypeText(program, "txtInfo(2)", "30");
-    TypeText(program, "txtInfo(3)", "2");
-    TypeText(program, "txtInfo(5)", "E");
-    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-    for (int row = 0; row < 2; ++row) {
-      for (int column = 0; column < 9; ++column) program.main.Grid1.Set(row + 1, column, rows[row][column]);
-    }
-  }
+  ClickedDesignTest() { TypeLevelField(program); }
 };
 
 TEST_F(ClickedDesignTest, APlannedDesignIsShownAndTheWayBackIsOpen) {

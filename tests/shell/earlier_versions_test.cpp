@@ -10,6 +10,7 @@
 #include "files/design_files.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/level_field.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
 #include "support/file_bytes.h"
@@ -239,14 +240,7 @@ TEST_F(EarlierVersionsTest, ASaveGoesOnWhereNothingCanBeKept) {
 }
 
 TEST_F(EarlierVersionsTest, TheListTellsFileTimeDesignTypeAndUniformity) {
-  TypeText(program, "txtInfo(2)", "30");
-  TypeText(program, "txtInfo(3)", "2");
-  TypeText(program, "txtInfo(5)", "E");
-  const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                  {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-  for (int row = 0; row < 2; ++row) {
-    for (int column = 0; column < 9; ++column) program.main.Grid1.Set(row + 1, column, rows[row][column]);
-  }
+  TypeLevelField(program);
   Click(program, "mnuDesignField");
   SaveDesign("Dunn", Path("dunn.PFD"));
   SaveDesign("Smith", Path("dunn.PFD"));

@@ -7,7 +7,9 @@
 #include "engine/survey.h"
 #include "input/sheet.h"
 #include "shell/commands.h"
+#include "shell/level_field.h"
 #include "shell/started_program.h"
+#include "support/level_line.h"
 
 namespace torvale {
 namespace {
@@ -18,19 +20,8 @@ using testing::StartsWith;
 
 // A planned line of 100 feet: a hole of 5/8 inch each 20 feet on level ground, 30 GPM.
 struct EventEndTest : StartedProgramTest {
-  EventEndTest() : main(program.main) {
-    TypeText(program, "txtInfo(2)", "30");
-    TypeText(program, "txtInfo(3)", "2");
-    TypeText(program, "txtInfo(5)", "E");
-    Survey();
-  }
-  void Survey() {
-    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-    for (int row = 0; row < 2; ++row) {
-      for (int column = 0; column < 9; ++column) sheet().Set(row + 1, column, rows[row][column]);
-    }
-  }
+  EventEndTest() : main(program.main) { TypeLevelField(program); }
+  void Survey() { FillLevelLine(sheet()); }
   void Run(std::string_view command) { ASSERT_EQ(Click(program, command), Reach::kUsable) << command; }
   // A selection with holes of 5/8 inch alone.
   void RunSelection() {

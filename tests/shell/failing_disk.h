@@ -20,6 +20,7 @@
 #include "shell/start_up.h"
 #include "support/fake_host.h"
 #include "support/file_bytes.h"
+#include "support/level_line.h"
 #include "support/usual_preferences.h"
 
 namespace torvale {
@@ -98,11 +99,7 @@ struct WorkFolder {
   void TypeDesign() {
     const char* const info[] = {"Dunn", "5/14/2026", "30", "2", "Levee Road", "E"};
     for (int i = 0; i < 6; ++i) TypeText(*program, "txtInfo(" + std::to_string(i) + ")", info[i]);
-    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-    for (int row = 0; row < 2; ++row) {
-      for (int column = 0; column < 9; ++column) program->main.Grid1.Set(row + 1, column, rows[row][column]);
-    }
+    FillLevelLine(program->main.Grid1);
     Click(*program, "mnuDesignField");
     ASSERT_TRUE(program->main.Grid2.control.visible);
   }

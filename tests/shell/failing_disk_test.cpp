@@ -112,7 +112,7 @@ class FailingDiskTest : public ::testing::TestWithParam<Writing> {
     if (work.program->main.mnuFileBringBack.enabled) {
       Click(*work.program, "mnuFileBringBack");
       const InputTexts back = InputsOf(*work.program);
-      EXPECT_TRUE(std::equal(typed.begin(), typed.begin() + kPreferencePlace, back.begin()));
+      EXPECT_TRUE(std::equal(typed.begin(), typed.begin() + PlaceOf(InputKind::kPreference), back.begin()));
       return;
     }
     const Snapshot files = work.Files();

@@ -6,6 +6,8 @@
 #include "engine/survey.h"
 #include "shell/commands.h"
 #include "shell/events.h"
+#include "shell/level_field.h"
+#include "shell/packed_changes.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
 
@@ -32,14 +34,7 @@ struct HistoryTest : ::testing::Test {
   // A level line of 100 feet: 15 inch pipe, a hole of 5/8 inch each 20 feet.
   void TypeField() {
     TypeText(program, "txtInfo(0)", "Level");
-    TypeText(program, "txtInfo(2)", "30");
-    TypeText(program, "txtInfo(3)", "2");
-    TypeText(program, "txtInfo(5)", "E");
-    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-    for (int row = 0; row < 2; ++row) {
-      for (int column = 0; column < 9; ++column) program.main.Grid1.Set(row + 1, column, rows[row][column]);
-    }
+    TypeLevelField(program);
     FocusGained(program, "Grid1");  // an event that takes note of the cells
   }
 
@@ -371,7 +366,8 @@ TEST_F(HistoryTest, BackToTheStartAndOnToTheEndMeetsTheSameInputs) {
 }
 
 TEST(HistoryChanges, PackedAndBack) {
-  const std::vector<InputChange> changes = {{0, "", "0"}, {2870, "a\nb", std::string(300, 'x')}, {kNamePlace, "x", ""}};
+  const std::vector<InputChange> changes = {
+      {0, "", "0"}, {2870, "a\nb", std::string(300, 'x')}, {PlaceOf(InputKind::kFileName), "x", ""}};
   EXPECT_EQ(UnpackChanges(PackChanges(changes)), changes);
 }
 

@@ -25,13 +25,13 @@ int FilesIn(const std::string& folder) {
   return count;
 }
 
-const InputTexts kTyped = Texts({{CellPlace(3, 2), "1250"},
-                                 {kInfoPlace, "Dunn\tand \\n\nsons \xE2\x80\x9D"},
-                                 {kPreferencePlace + 15, "*.*"},
-                                 {kPipePlace, "R"},
-                                 {kHolesPlace, "1/4\n3/8\n"},
-                                 {kSoilPlace, "3"},
-                                 {kNamePlace + 2, "/home/x/dunn, east.PFD"}});
+const InputTexts kTyped = Texts({{PlaceOfCell({3, 2}), "1250"},
+                                 {PlaceOf(InputKind::kInfoField), "Dunn\tand \\n\nsons \xE2\x80\x9D"},
+                                 {PlaceOf(InputKind::kPreference, 15), "*.*"},
+                                 {PlaceOf(InputKind::kPipe), "R"},
+                                 {PlaceOf(InputKind::kHoles), "1/4\n3/8\n"},
+                                 {PlaceOf(InputKind::kSoil), "3"},
+                                 {PlaceOf(InputKind::kFileName, 2), "/home/x/dunn, east.PFD"}});
 
 TEST(JournalText, ComesBackWordForWord) {
   const std::string text = "TORVALE journal 1\n" + JournalText(InputTexts(kInputPlaces), kTyped, false, 1234);
@@ -43,8 +43,8 @@ TEST(JournalText, ComesBackWordForWord) {
 
 TEST(JournalText, TellsOnlyWhatChanged) {
   InputTexts now = kTyped;
-  now[static_cast<std::size_t>(CellPlace(319, 8))] = "20";
-  now[kHolesPlace] = "";
+  now[static_cast<std::size_t>(PlaceOfCell({319, 8}))] = "20";
+  now[PlaceOf(InputKind::kHoles)] = "";
   EXPECT_EQ(JournalText(kTyped, now, true, 5), "Grid1 319 8\t20\nlistHolesSelected\t\nat\t5\nstored\n");
 }
 
@@ -115,7 +115,7 @@ TEST_F(JournalTest, StoredWorkNeedsNone) {
 
 TEST_F(JournalTest, TwoProgramsHaveAFileEach) {
   Journal other;
-  const InputTexts second = Texts({{kInfoPlace, "Second"}});
+  const InputTexts second = Texts({{PlaceOf(InputKind::kInfoField), "Second"}});
   ASSERT_EQ(WriteJournal(host, journal, kTyped, false), 0);
   ASSERT_EQ(WriteJournal(host, other, second, false), 0);
   EXPECT_NE(journal.path, other.path);
@@ -153,7 +153,7 @@ TEST_F(JournalTest, BeginsAnewAfterAWriteThatFailed) {
 TEST_F(JournalTest, BeginsAnewWhenItHasGrownLong) {
   InputTexts texts = kTyped;
   for (int i = 0; i < 600; ++i) {
-    texts[kInfoPlace] = std::string(10'000, static_cast<char>('a' + i % 26));
+    texts[PlaceOf(InputKind::kInfoField)] = std::string(10'000, static_cast<char>('a' + i % 26));
     ASSERT_EQ(WriteJournal(host, journal, texts, false), 0);
   }
   EXPECT_EQ(FilesIn(JournalFolder(host)), 1);
@@ -166,13 +166,13 @@ TEST_F(JournalTest, KeepsTheTwentyNewestWorks) {
   for (int i = 0; i < 25; ++i) {
     host.now += 1000;
     Journal left;
-    ASSERT_EQ(WriteJournal(host, left, Texts({{kInfoPlace, std::to_string(i)}}), false), 0);
+    ASSERT_EQ(WriteJournal(host, left, Texts({{PlaceOf(InputKind::kInfoField), std::to_string(i)}}), false), 0);
     LeaveJournal(left);
   }
   const std::vector<LostWork> lost = FindLostWork(host);
   ASSERT_EQ(lost.size(), 20U);
-  EXPECT_EQ(lost.front().texts[kInfoPlace], "24");
-  EXPECT_EQ(lost.back().texts[kInfoPlace], "5");
+  EXPECT_EQ(lost.front().texts[PlaceOf(InputKind::kInfoField)], "24");
+  EXPECT_EQ(lost.back().texts[PlaceOf(InputKind::kInfoField)], "5");
   EXPECT_EQ(FilesIn(JournalFolder(host)), 20);
 }
 

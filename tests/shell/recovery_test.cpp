@@ -12,6 +12,7 @@
 #include "shell/commands.h"
 #include "shell/events.h"
 #include "shell/history.h"
+#include "shell/level_field.h"
 #include "shell/main_form.h"
 #include "shell/start_up.h"
 #include "support/fake_host.h"
@@ -287,14 +288,7 @@ TEST_F(RecoveryTest, SaysOnceThatItCanNotKeepWork) {
 
 // Work goes on during a calculation that lets events run; so does its journal.
 TEST_F(RecoveryTest, WhatIsTypedDuringACalculationIsKept) {
-  TypeText(*program, "txtInfo(2)", "30");
-  TypeText(*program, "txtInfo(3)", "2");
-  TypeText(*program, "txtInfo(5)", "E");
-  const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                  {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-  for (int row = 0; row < 2; ++row) {
-    for (int column = 0; column < 9; ++column) program->main.Grid1.Set(row + 1, column, rows[row][column]);
-  }
+  TypeLevelField(*program);
   std::vector<LostWork> seen;
   host.event_at = 1;
   host.event = [&] {
@@ -304,7 +298,7 @@ TEST_F(RecoveryTest, WhatIsTypedDuringACalculationIsKept) {
   };
   Click(*program, "mnuDesignField");
   ASSERT_EQ(seen.size(), 1U) << "the march never yielded";
-  EXPECT_EQ(seen[0].texts[kInfoPlace + 4], "South");
+  EXPECT_EQ(seen[0].texts[PlaceOf(InputKind::kInfoField, 4)], "South");
 }
 
 // Types one character after the other, a tenth of a second between them by its clock, and tells of each through a pipe,

@@ -5,6 +5,7 @@
 
 #include "failing_disk.h"
 #include "files/earlier_versions.h"
+#include "shell/level_field.h"
 #include "shell/main_form.h"
 #include "support/long_runs.h"
 #include "support/source_folder.h"
@@ -120,14 +121,7 @@ struct StrangeStartTest : ::testing::Test {
     Click(program, "MnuExit");
     SelectLines(program, "listSoils", {0});
     Click(program, "mnuFileNew");
-    for (const auto& [field, text] : {std::pair{"txtInfo(2)", "30"}, {"txtInfo(3)", "2"}, {"txtInfo(5)", "E"}}) {
-      TypeText(program, field, text);
-    }
-    const char* const rows[2][9] = {{"0", "10", "1320", "20", "15", "5/8", "1", "7", "20"},
-                                    {"100", "10", "1320", "20", "15", "5/8", "1", "7", "20"}};
-    for (int row = 0; row < 2; ++row) {
-      for (int column = 0; column < 9; ++column) program.main.Grid1.Set(row + 1, column, rows[row][column]);
-    }
+    TypeLevelField(program);
     for (const auto& [field, text] : {std::pair{"txtDefault(2)", "0.65"}, {"txtDefault(3)", "140"}}) {
       TypeUnseen(program, field, text);
     }
