@@ -1,6 +1,6 @@
 // What a user does in grids, by pointer and by key: see shell/events.h.
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -31,6 +31,7 @@ constexpr std::string_view kStakesGrid = "Grd_Stakes";
 constexpr int kNarrowest = 240;  // twips of a column
 constexpr int kWidest = 15000;   // twips of a column
 constexpr int kWidenStep = 120;  // twips that a key gives or takes
+
 // Moves the current cell of a grid that has no rules of its own for it.
 void PointPlainly(Grid& grid, Cell to, bool extend) {
   const int row = std::clamp(to.row, 1, grid.rows() - 1);
@@ -42,32 +43,65 @@ void PointPlainly(Grid& grid, Cell to, bool extend) {
   }
 }
 
-void Point(Program& program, std::string_view grid, Cell to, bool extend) {
-  if (grid == "Grid2") {
-    PointPlainly(program.main.Grid2, to, extend);
-    Grid2_SelChange(program);
-  } else if (grid == kSoilsGrid) {
-    PointPlainly(program.soils.Grd_Soils_FurrowFlow, to, extend);
-  } else if (grid == kVersionsGrid) {
-    PointPlainly(program.versions.Grd_EarlierVersions, to, false);
-    ShowVersionPath(program);
-  } else if (IsDeskGrid(grid)) {
-    PointPlainly(*FindGrid(program, grid), to, false);
-    ShowComparison(program.desk);
-  } else if (grid == kStakesGrid) {
-    PointPlainly(program.stakes.Grd_Stakes, to, extend);
-  } else if (extend) {
-    ExtendSelection(program, to.row, to.column);
-  } else {
-    MoveCursor(program, to.row, to.column);
-  }
+void PointInSheet(Program& program, Cell to, bool extend) {
+  extend ? ExtendSelection(program, to.row, to.column) : MoveCursor(program, to.row, to.column);
 }
 
-// The grid that takes keys and clicks under that name, while the user can reach it.
+void PointInResults(Program& program, Cell to, bool extend) {
+  PointPlainly(program.main.Grid2, to, extend);
+  Grid2_SelChange(program);
+}
+
+void PointInSoils(Program& program, Cell to, bool extend) {
+  PointPlainly(program.soils.Grd_Soils_FurrowFlow, to, extend);
+}
+
+void PointInVersions(Program& program, Cell to, bool /*extend*/) {
+  PointPlainly(program.versions.Grd_EarlierVersions, to, false);
+  ShowVersionPath(program);
+}
+
+void PointInStakes(Program& program, Cell to, bool extend) {
+  PointPlainly(program.stakes.Grd_Stakes, to, extend);
+}
+
+void PointInComparison(Program& program, Cell to, bool /*extend*/) {
+  PointPlainly(program.desk.Comparison, to, false);
+  ShowComparison(program.desk);
+}
+
+void PointInRemarks(Program& program, Cell to, bool /*extend*/) {
+  PointPlainly(program.desk.SurveyRemarks, to, false);
+}
+
+// A grid that takes keys and clicks: what moves its current cell, or with `extend` the far corner of its selection, and
+// whether Tab leads past it, since there is nothing to type into.
+struct LivingGrid {
+  std::string_view name;
+  void (*point)(Program&, Cell to, bool extend);
+  bool tab_leads_past;
+};
+
+constexpr LivingGrid kLivingGrids[] = {
+    {"Grid1", PointInSheet, false},          {"Grid2", PointInResults, true},
+    {kSoilsGrid, PointInSoils, false},       {kVersionsGrid, PointInVersions, false},
+    {kStakesGrid, PointInStakes, true},      {"Comparison", PointInComparison, true},
+    {"SurveyRemarks", PointInRemarks, true},
+};
+
+const LivingGrid* FindLiving(std::string_view name) {
+  const auto* const found = std::find_if(std::begin(kLivingGrids), std::end(kLivingGrids),
+                                         [&](const LivingGrid& grid) { return grid.name == name; });
+  return found == std::end(kLivingGrids) ? nullptr : found;
+}
+
+void Point(Program& program, std::string_view grid, Cell to, bool extend) {
+  FindLiving(grid)->point(program, to, extend);
+}
+
+// The grid of that name, while the user can reach it.
 Grid* LiveGrid(Program& program, std::string_view name) {
-  constexpr std::array kLive = {std::string_view("Grid1"), std::string_view("Grid2"), kSoilsGrid, kVersionsGrid,
-                                kStakesGrid};
-  if (std::find(kLive.begin(), kLive.end(), name) == kLive.end() && !IsDeskGrid(name)) return nullptr;
+  if (FindLiving(name) == nullptr) return nullptr;
   return ReachOf(program, name) == Reach::kUsable ? FindGrid(program, name) : nullptr;
 }
 
@@ -141,9 +175,9 @@ bool IsSelected(const Grid& grid, Cell cell) {
   return cell.row >= top && cell.row <= bottom && cell.column >= left && cell.column <= right;
 }
 
-// Moves by Tab, or on to the next control. The results and the stakes have nothing to type in, so Tab leads past them.
+// Moves by Tab, or on to the next control.
 void Tab(Program& program, std::string_view name, const Grid& grid, bool back, bool leave) {
-  const bool past = leave || name == "Grid2" || name == kStakesGrid || IsDeskGrid(name);
+  const bool past = leave || FindLiving(name)->tab_leads_past;
   const auto to = past ? std::nullopt : TabTargetOf(grid, back);
   if (to) {
     Point(program, name, *to, false);
