@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <utility>
 
 #include "qt/grid_view.h"
@@ -14,17 +13,12 @@
 #include "screen/spoken_names.h"
 #include "shell/commands.h"
 #include "shell/events.h"
-#include "shell/help.h"
 
 namespace torvale {
 
-ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close,
-                       WindowRun run, QWidget* parent)
-    : QWidget(parent, Qt::Window),
-      program_(program),
-      run_(std::move(run)),
-      grid_(std::move(grid)),
-      close_(std::move(close)) {
+ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& controls, const std::string& grid,
+                       std::string close, WindowRun run, QWidget* parent)
+    : QWidget(parent, Qt::Window), program_(program), run_(std::move(run)), close_(std::move(close)) {
   setWindowModality(Qt::WindowModal);
   for (const NamedControl& named : controls) {
     if (named.kind == ControlKind::kFrame) {
@@ -39,9 +33,7 @@ ListWindow::ListWindow(Program& program, const std::vector<NamedControl>& contro
     const QString spoken = ToQt(facts.spoken.empty() ? facts.caption : facts.spoken).remove('&');
     controls_.back().widget->setAccessibleName(field ? ToQt(SpokenNameOf(controls, named)) : spoken);
   }
-  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-  connect(help, &QShortcut::activated, this,
-          [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, grid_)); }); });
+  HelpOnF1(*this, program_, grid, run_);
 }
 
 void ListWindow::Connect(const ControlView& view) {

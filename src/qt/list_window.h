@@ -16,7 +16,7 @@ class ListWindow final : public QWidget {
  public:
   // What the user does is worked on inside `run`, which brings all windows up to date afterwards. `close` is the button
   // that leaves the window, which its own cross and Esc do, too; F1 opens the guide at what it says of `grid`.
-  ListWindow(Program& program, const std::vector<NamedControl>& controls, std::string grid, std::string close,
+  ListWindow(Program& program, const std::vector<NamedControl>& controls, const std::string& grid, std::string close,
              WindowRun run, QWidget* parent);
 
   // Applies what changed in the structure since the last call.
@@ -36,7 +36,6 @@ class ListWindow final : public QWidget {
 
   Program& program_;
   WindowRun run_;
-  std::string grid_;
   std::string close_;
   const Control* window_ = nullptr;
   std::vector<ControlView> controls_;

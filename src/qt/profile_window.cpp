@@ -12,8 +12,8 @@
 #include "qt/fitted_text.h"
 #include "qt/tips.h"
 #include "qt/to_qt.h"
+#include "qt/user_events.h"
 #include "shell/commands.h"
-#include "shell/help.h"
 
 namespace torvale {
 namespace {
@@ -49,9 +49,7 @@ ProfileWindow::ProfileWindow(Program& program, WindowRun run, QWidget* parent)
   for (const Button& button : buttons_) buttons->addWidget(button.button);
   auto* back = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(back, &QShortcut::activated, this, [this] { Click("btnBack"); });
-  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-  connect(help, &QShortcut::activated, this,
-          [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, "CrownProfile")); }); });
+  HelpOnF1(*this, program_, kName, run_);
 }
 
 void ProfileWindow::MakeControls() {

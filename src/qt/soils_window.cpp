@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QShortcut>
 #include <utility>
 
 #include "qt/fitted_text.h"
@@ -10,7 +9,6 @@
 #include "qt/user_events.h"
 #include "shell/commands.h"
 #include "shell/events.h"
-#include "shell/help.h"
 
 namespace torvale {
 namespace {
@@ -42,9 +40,7 @@ SoilsWindow::SoilsWindow(Program& program, WindowRun run, QWidget* parent)
   };
   events.widen = [this](int column, int width) { run_([&] { WidenColumn(program_, kSoilsGrid, column, width); }); };
   grid_->Connect(std::move(events));
-  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-  connect(help, &QShortcut::activated, this,
-          [this] { run_([this] { OpenHelp(program_, HelpPlaceFor(program_, kSoilsGrid)); }); });
+  HelpOnF1(*this, program_, std::string(kSoilsGrid), run_);
 }
 
 void SoilsWindow::RunClick(const std::string& name) {

@@ -1,7 +1,10 @@
 #include "qt/user_events.h"
 
+#include <QShortcut>
+
 #include "qt/field_view.h"
 #include "shell/events.h"
+#include "shell/help.h"
 
 namespace torvale {
 
@@ -29,6 +32,12 @@ void ConnectField(QLineEdit& edit, Program& program, const std::string& name, co
   });
   QObject::connect(&edit, &QLineEdit::selectionChanged, &edit, select);
   QObject::connect(&edit, &QLineEdit::cursorPositionChanged, &edit, select);
+}
+
+void HelpOnF1(QWidget& window, Program& program, const std::string& control, const WindowRun& run) {
+  auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &window);
+  QObject::connect(key, &QShortcut::activated, &window,
+                   [&program, control, run] { run([&] { OpenHelp(program, HelpPlaceFor(program, control)); }); });
 }
 
 }  // namespace torvale

@@ -18,4 +18,7 @@ GridEvents KeysAndClicks(Program& program, const std::string& name, const Window
 void ConnectField(QLineEdit& edit, Program& program, const std::string& name, const bool& syncing,
                   const WindowRun& run);
 
+// F1 in a window opens the guide at what it says of the control of that name.
+void HelpOnF1(QWidget& window, Program& program, const std::string& control, const WindowRun& run);
+
 }  // namespace torvale
