@@ -77,7 +77,7 @@ inline void LowestSumOf(const float* flows, const int* at, const double* ratio, 
   }
   double total = 0;
   for (; i < count; ++i) total += key[i] <= cut.bound ? value(key[i]) : 0.0;
-  for (int k = 0; k < kParts; ++k) total += part[k];
+  for (const double of_part : part) total += of_part;
   sum.value = cut.beyond == 0 ? total : total - cut.beyond * value(cut.bound);
 }
 

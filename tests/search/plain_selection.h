@@ -10,6 +10,7 @@
 #include "engine/stations.h"
 #include "engine/uniformity.h"
 #include "screen/fields.h"
+#include "screen/screen_engine_host.h"
 #include "search/cal_dsign_var.h"
 #include "search/flow_run.h"
 #include "search/hole_selection.h"
