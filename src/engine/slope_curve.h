@@ -10,10 +10,10 @@ namespace torvale {
 struct SlopeCurve {
   static constexpr int kCrowns = 4;
 
-  // The far-end head that meets the target, and how much lower the lowest head is. As long as nothing is known the head
-  // follows the rise, and the rest is left to those who correct the curve.
-  double RootAt(double mean_rise) const;
-  double DropAt(double mean_rise) const;
+  // At a mean rise: the far-end head that meets the target, and how much lower the lowest head is. As long as nothing
+  // is known the head follows the rise, and the rest is left to those who correct the curve.
+  double RootAt(double at) const;
+  double DropAt(double at) const;
 
   bool known = false;
   double mean_rise[kCrowns] = {};
