@@ -6,6 +6,7 @@
 
 #include "display/grid_layout.h"
 #include "engine/survey.h"
+#include "screen/fields.h"
 #include "screen/program.h"
 #include "shell/start_up.h"
 #include "support/silent_host.h"
@@ -22,9 +23,9 @@ struct BenchLine {
     host.messages = 0;  // of the soils that the current folder may lack
     const int feet = 5280 / rows;
     MainScreen& main = program.main;
-    main.txtInfo[2].Set("1000");
-    main.txtInfo[3].Set("2");
-    main.txtInfo[5].Set("E");
+    main.txtInfo[InfoField::kGpm].Set("1000");
+    main.txtInfo[InfoField::kTargetHead].Set("2");
+    main.txtInfo[InfoField::kSurveyKind].Set("E");
     const int length = (rows - 1) * feet;
     const std::string hole = rows > 2000 ? "1/8" : rows > 500 ? "1/4" : "1/2";
     const std::string first[] = {"0", "101", "1200", std::to_string(feet), "15", hole, "1", "10", std::to_string(feet)};

@@ -4,6 +4,7 @@
 
 #include "bench_line.h"
 #include "scenarios/scenario.h"
+#include "screen/fields.h"
 
 namespace torvale {
 namespace {
@@ -36,8 +37,8 @@ BENCHMARK(RefusedRun)->Unit(benchmark::kMicrosecond);
 // A design beside the one on the screen, from the copied inputs to its figures.
 void ScenarioRun(benchmark::State& state, std::int16_t design_type) {
   BenchLine line(static_cast<int>(state.range(0)));
-  line.program.main.txtDefault[13].Set("2");
-  line.program.main.txtDefault[14].Set(".2");
+  line.program.main.txtDefault[Preference::kHighestHead].Set("2");
+  line.program.main.txtDefault[Preference::kHeadStep].Set(".2");
   for (const char* size : {"1/16", "1/8", "1/4", "3/8", "1/2"}) line.program.main.listHolesSelected.Add(size);
   const ScenarioInput input = InputOf(line.program);
   QuietProgram quiet;

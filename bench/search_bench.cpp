@@ -7,6 +7,7 @@
 
 #include "bench_line.h"
 #include "engine/uniformity.h"
+#include "screen/fields.h"
 #include "screen/screen_engine_host.h"
 #include "script/statements.h"
 #include "search/cal_dsign_var.h"
@@ -124,8 +125,8 @@ void ComputerSelection(benchmark::State& state) {
 }
 
 void ChooseFiveSizes(Program& program) {
-  program.main.txtDefault[13].Set("2");
-  program.main.txtDefault[14].Set(".2");
+  program.main.txtDefault[Preference::kHighestHead].Set("2");
+  program.main.txtDefault[Preference::kHeadStep].Set(".2");
   for (const char* size : {"1/16", "1/8", "1/4", "3/8", "1/2"}) program.main.listHolesSelected.Add(size);
 }
 

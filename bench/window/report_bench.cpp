@@ -8,6 +8,7 @@
 #include "engine/flow_calc.h"
 #include "qt/qt_host.h"
 #include "reports/design_reports.h"
+#include "screen/fields.h"
 #include "search/cal_dsign_var.h"
 #include "search/design_commands.h"
 #include "search/flow_run.h"
@@ -26,7 +27,7 @@ struct LongestLine : BenchLine {
     }
     main.Grid1.Set(1, kSpacingColumn, "0.5");
     main.Grid1.Set(1, kPipeDiaColumn, "36");
-    main.txtInfo[2].Set("1500");
+    main.txtInfo[InfoField::kGpm].Set("1500");
     host.messages = 0;  // of the soils that are not in the folder
     mnuDesignField_Click(program);
   }

@@ -10,6 +10,7 @@
 #include "../bench_line.h"
 #include "display/design_display.h"
 #include "qt/main_window.h"
+#include "screen/fields.h"
 #include "shell/commands.h"
 #include "shell/events.h"
 
@@ -58,7 +59,7 @@ void ShowResult(benchmark::State& state, const char* table) {
   Program& program = shown.line.program;
   shown.Click("mnuDesignField");
   Design other = program.record;
-  program.main.txtInfo[3].Set("1.9");
+  program.main.txtInfo[InfoField::kTargetHead].Set("1.9");
   shown.Click("mnuDesignField");
   program.main.cmdDesignToggle.caption = table;
   for (auto _ : state) {
@@ -78,8 +79,8 @@ BENCHMARK_CAPTURE(ShowResult, summary, "Summary")->Arg(264)->Arg(5280)->Unit(ben
 void ClickToTable(benchmark::State& state, const char* entry) {
   OpenWindow shown(static_cast<int>(state.range(0)));
   Program& program = shown.line.program;
-  program.main.txtDefault[13].Set("2");
-  program.main.txtDefault[14].Set(".2");
+  program.main.txtDefault[Preference::kHighestHead].Set("2");
+  program.main.txtDefault[Preference::kHeadStep].Set(".2");
   const bool by_list = entry == std::string_view("mnuManHoleSelection");
   for (const char* size : {"1/16", "1/8", "1/4", "3/8", "1/2"}) program.main.listHolesSelected.Add(size);
   for (auto _ : state) {
