@@ -24,6 +24,16 @@ struct FileFacts {
   std::uint32_t group = 0;
 };
 
+// Paths from their root on. Folders of other machines are named as the system names them, as in \\machine\folder, which
+// std::filesystem takes for a folder of the current disk in GCC's library for Windows.
+bool IsWholePath(const std::filesystem::path& path);
+// The path as it is where it can't be told.
+std::filesystem::path WholePath(const std::filesystem::path& path);
+// Without ".", ".." and doubled separators, for a user to read.
+std::filesystem::path ReadablePath(const std::filesystem::path& path);
+// With all links followed, as far as something stands there: one path for one file.
+std::filesystem::path ResolvedPath(const std::filesystem::path& path);
+
 // A path at which nothing stands is no error.
 int LookAt(const std::filesystem::path& path, FileFacts& facts);
 

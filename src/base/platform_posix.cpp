@@ -72,6 +72,26 @@ std::filesystem::path HomeFolder() {
 
 }  // namespace
 
+bool IsWholePath(const std::filesystem::path& path) {
+  return path.is_absolute();
+}
+
+std::filesystem::path WholePath(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::absolute(path, error);
+  return error ? path : whole;
+}
+
+std::filesystem::path ReadablePath(const std::filesystem::path& path) {
+  return WholePath(path).lexically_normal();
+}
+
+std::filesystem::path ResolvedPath(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+  return error ? path : resolved;
+}
+
 int LookAt(const std::filesystem::path& path, FileFacts& facts) {
   facts = {};
   struct stat status {};

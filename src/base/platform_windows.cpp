@@ -120,7 +120,37 @@ bool Replace(const std::wstring& from, const std::wstring& to) {
   return ::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
+bool IsOnAnotherMachine(const fs::path& whole) {
+  return whole.native().starts_with(L"\\\\");
+}
+
 }  // namespace
+
+bool IsWholePath(const fs::path& path) {
+  return path.is_absolute() || IsOnAnotherMachine(fs::path(path).make_preferred());
+}
+
+fs::path WholePath(const fs::path& path) {
+  const DWORD room = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+  std::wstring whole(room, L'\0');
+  const DWORD length = ::GetFullPathNameW(path.c_str(), room, whole.data(), nullptr);
+  if (length == 0 || length >= room) return path;
+  whole.resize(length);
+  return whole;
+}
+
+fs::path ReadablePath(const fs::path& path) {
+  return WholePath(path);
+}
+
+fs::path ResolvedPath(const fs::path& path) {
+  const fs::path whole = WholePath(path);
+  // Links there lead where only that machine knows.
+  if (IsOnAnotherMachine(whole)) return whole;
+  std::error_code error;
+  const fs::path resolved = fs::weakly_canonical(whole, error);
+  return error ? whole : resolved;
+}
 
 int LookAt(const fs::path& path, FileFacts& facts) {
   facts = {};

@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "base/platform.h"
 #include "batch/cell_words.h"
 #include "batch/csv_text.h"
 #include "batch/survey_table.h"
@@ -127,11 +128,17 @@ void OpenDesign(Program& program, const FieldRow& field, const std::filesystem::
   program.record.OpenedFileName.clear();
 }
 
+// A name of its own, or one that is meant from the folder on.
+std::filesystem::path SurveyPath(const FieldRow& field, const std::filesystem::path& folder) {
+  const std::filesystem::path path = PathOf(field.survey);
+  return IsWholePath(path) ? path : folder / path;
+}
+
 }  // namespace
 
 std::string ReadSurveyFile(const FieldRow& field, const std::filesystem::path& folder) {
   try {
-    return ReadTextFile(folder / PathOf(field.survey));
+    return ReadTextFile(SurveyPath(field, folder));
   } catch (const TextFileFault& fault) {
     throw FieldFault(field.survey + ": " + fault.what());
   }
@@ -146,7 +153,7 @@ FieldInputs TypeField(QuietProgram& quiet, const FieldRow& field, const std::fil
   SetPreferences(program, field, inputs.remarks);
   mnuFileNew_Click(program);
   if (IsDesignFile(field.survey)) {
-    OpenDesign(program, field, folder / PathOf(field.survey));
+    OpenDesign(program, field, SurveyPath(field, folder));
   } else {
     try {
       const SurveyTable table = ReadSurveyTable(TextOfFile(survey), field.layout, field.survey);

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/platform.h"
 #include "base/version.h"
 #include "batch/content_hash.h"
 #include "batch/csv_text.h"
@@ -57,9 +58,9 @@ class Batch {
         fields_(std::make_shared<const FieldTable>(std::move(fields))),
         journal_(journal),
         progress_(errors, options.progress, fields_->size()) {
-    task_ = std::make_shared<const FieldTask>(FieldTask{std::filesystem::absolute(options.table).parent_path(),
-                                                        std::filesystem::absolute(options.out_folder),
-                                                        options.data_folder, options.papers, ContentOf(options)});
+    task_ = std::make_shared<const FieldTask>(FieldTask{WholePath(options.table).parent_path(),
+                                                        WholePath(options.out_folder), options.data_folder,
+                                                        options.papers, ContentOf(options)});
   }
 
   // False where it was stopped.

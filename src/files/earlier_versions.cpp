@@ -9,6 +9,7 @@
 
 #include "base/format.h"
 #include "base/paths.h"
+#include "base/platform.h"
 #include "files/code_page.h"
 #include "files/design_format.h"
 #include "files/file_fault.h"
@@ -136,7 +137,7 @@ void HoldToSize(Host& host, std::size_t most) {
 }
 
 bool IsPath(const std::string& text) {
-  return !text.empty() && IsUtf8(text) && PathOf(text).is_absolute() && text.find('\0') == std::string::npos;
+  return !text.empty() && IsUtf8(text) && IsWholePath(PathOf(text)) && text.find('\0') == std::string::npos;
 }
 
 // Where it isn't known any more which file a content is of: a file of the design's name among the user's data.
@@ -182,9 +183,7 @@ std::string OtherName(std::string_view former, std::string_view bytes) {
 }  // namespace
 
 std::string TruePath(const std::string& path) {
-  std::error_code error;
-  const fs::path found = fs::weakly_canonical(PathOf(path), error);
-  return error ? path : Utf8Of(found);
+  return Utf8Of(ResolvedPath(PathOf(path)));
 }
 
 SpokenSentence KeepEarlierVersion(Program& program, const std::string& path, std::string_view bytes,

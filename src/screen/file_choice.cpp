@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "base/platform.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/status_line.h"
@@ -60,10 +61,8 @@ std::optional<std::string> ChooseExport(Program& program, const Export& wanted) 
 }
 
 void SayWritten(Program& program, std::string_view path) {
-  std::error_code ignored;
-  fs::path file = fs::absolute(PathOf(path), ignored);
-  if (file.empty()) file = PathOf(path);
-  Say(program, words::kSaved(Utf8Of(file.filename()), Utf8Of(file.parent_path().lexically_normal())));
+  const fs::path file = ReadablePath(PathOf(path));
+  Say(program, words::kSaved(Utf8Of(file.filename()), Utf8Of(file.parent_path())));
 }
 
 void SayFormerKept(Program& program, std::string_view path, const WholeFileResult& result) {

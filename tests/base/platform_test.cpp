@@ -85,12 +85,27 @@ TEST_F(Platform, APathMayBeLong) {
   EXPECT_TRUE(Seen(deep).is_writable);
 }
 
+TEST_F(Platform, APathIsWholeFromItsRootOn) {
+  EXPECT_TRUE(IsWholePath(folder));
+  EXPECT_FALSE(IsWholePath("x"));
+  EXPECT_FALSE(IsWholePath(""));
+  EXPECT_EQ(WholePath("x"), fs::current_path() / "x");
+  EXPECT_EQ(WholePath(path), path);
+  EXPECT_EQ(ReadablePath(folder / "." / "y" / ".." / "z"), folder / "z");
+  EXPECT_EQ(ResolvedPath(path), fs::weakly_canonical(folder) / path.filename());
+}
+
 TEST_F(Platform, AFileLiesInTheNetwork) {
   // Given by scripts/wine.sh; other systems have no names of their own for it.
   const char* const network = std::getenv("TORVALE_NETWORK_FOLDER");
   if (network == nullptr) GTEST_SKIP() << "no folder in the network is named";
   const fs::path there = PathOf(network) / folder.filename();
   ASSERT_TRUE(fs::create_directory(there));
+  // By their letters: the library takes one of the two separators ahead for doubled.
+  EXPECT_TRUE(IsWholePath(there));
+  EXPECT_EQ(Utf8Of(WholePath(there / "x")), Utf8Of(there / "x"));
+  EXPECT_EQ(Utf8Of(ReadablePath(there / "." / "y" / ".." / "z")), Utf8Of(there / "z"));
+  EXPECT_EQ(Utf8Of(ResolvedPath(there / "x")), Utf8Of(there / "x"));
   for (const fs::path& in : {there, DeepFolder(there)}) {
     EXPECT_FALSE(Seen(in / PathOf(kForeignName)).is_there);
     EXPECT_EQ(Write(in / PathOf(kForeignName), "first"), 0);
