@@ -201,9 +201,10 @@ void RunGuarded(Program& program, BuiltRows& rows, const Calculation& calculate)
     if (program.record.DesignOK == "False") {
       ForgetProgress(program);
     } else {
-      Say(program, WhatStopped(program, fault));
+      const Stopped stopped = WhatStopped(program, fault);
+      Say(program, stopped.sentence);
+      program.main.refused = stopped.cell;
     }
-    program.main.refused = CellThatStopped(program);
     program.record.MissingData = -1;
     program.record.CancelFlag = true;
   }

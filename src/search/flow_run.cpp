@@ -8,11 +8,13 @@
 #include "base/numbers.h"
 #include "engine/acres.h"
 #include "engine/flow_calc.h"
+#include "engine/survey.h"
 #include "screen/fields.h"
 #include "screen/message_box.h"
 #include "screen/screen_engine_host.h"
 #include "screen/status_line.h"
 #include "screen/words.h"
+#include "search/survey_diagnosis.h"
 
 namespace torvale {
 namespace {
@@ -24,6 +26,16 @@ class QuietEngineHost final : public ScreenEngineHost {
   long Yield(long /*due*/) override { return std::numeric_limits<long>::max(); }
 };
 
+// The first row of the survey with a hole; none where the program chooses the holes.
+SheetCell FirstHole(const Program& program) {
+  if (IsHoleSelection(program.record)) return {};
+  const SurveyReader survey(program.main.Grid1.cells(), program.record.SurveyRows);
+  for (int row = 1; row <= program.record.SurveyRows; ++row) {
+    if (survey.Val(row, kHoleSizeColumn) > 0) return {row, kHoleSizeColumn};
+  }
+  return {};
+}
+
 // Nothing is said where no cause can be found.
 void SayCause(Program& program, const GiveUpCause& cause) {
   constexpr double kFilled = 0.05;  // feet: with less than that over its holes no line is filled
@@ -31,12 +43,15 @@ void SayCause(Program& program, const GiveUpCause& cause) {
   const double share = cause.capacity > 0 ? cause.wanted / cause.capacity : 0;
   const double level = cause.head * share * share;
   const std::string wanted = Format(cause.wanted, "#####0");
+  SheetCell& refused = program.main.refused;
+  refused = FirstHole(program);
   if (cause.capacity < cause.wanted) {
     Say(program, words::kHolesTooSmall(GeneralText(cause.head), Format(cause.capacity, "#####0"), wanted));
   } else if (level < kFilled) {
     Say(program, words::kHolesTooLarge(wanted, Format(level, "0.000")));
   } else if (cause.empty_station) {
     Say(program, words::kHeadLost(Format(*cause.empty_station, "####0")));
+    refused = {SurveyRowAt(program, *cause.empty_station), kCrownColumn};
   }
 }
 

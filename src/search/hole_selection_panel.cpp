@@ -177,7 +177,7 @@ void MarchShownSelection(Program& program) {
   try {
     if (MarchAgain(program)) return;
   } catch (const RunTimeFault& fault) {
-    Say(program, WhatStopped(program, fault));
+    Say(program, WhatStopped(program, fault).sentence);
   }
   program.record.DesignOK = "False";
   BackToInput(program);

@@ -48,18 +48,28 @@ bool NoFurrowLength(const DesignRecord& record) {
 }
 
 // A furrow without a length has no share of the flow, and shares are divided by.
-SpokenSentence LengthSentence(const DesignRecord& record) {
-  if (NoFurrowLength(record)) return words::kNoFurrowLength;
+Stopped LengthMissing(const Program& program) {
+  const DesignRecord& record = program.record;
+  if (NoFurrowLength(record)) return {words::kNoFurrowLength, {1, kFurrowLengthColumn}};
   const int row = HoleWithoutLength(record);
   if (row == 0) return {};
-  return words::kRowWithoutLength(GeneralText(record.Station[row]));
+  const float station = record.Station[row];
+  return {words::kRowWithoutLength(GeneralText(station)), {SurveyRowAt(program, station), kFurrowLengthColumn}};
 }
 
 }  // namespace
 
-SpokenSentence EmptyFieldSentence(const Program& program) {
+std::optional<InfoField::Index> EmptyField(const Program& program) {
   for (const NeededField& needed : kNeededFields) {
-    if (TextOf(program.main, needed.field).empty()) return needed.sentence;
+    if (TextOf(program.main, needed.field).empty()) return needed.field;
+  }
+  return std::nullopt;
+}
+
+SpokenSentence EmptyFieldSentence(const Program& program) {
+  const std::optional<InfoField::Index> empty = EmptyField(program);
+  for (const NeededField& needed : kNeededFields) {
+    if (needed.field == empty) return needed.sentence;
   }
   return {};
 }
@@ -72,23 +82,25 @@ SpokenSentence StationOrderSentence(int row) {
   return words::kStationsNotRising(GeneralText(row - 1), GeneralText(row));
 }
 
-SpokenSentence WhatStopped(const Program& program, const RunTimeFault& fault) {
+Stopped WhatStopped(const Program& program, const RunTimeFault& fault) {
   const DesignRecord& record = program.record;
-  if (const int row = RowWithoutStation(program.main.Grid1.cells()); row > 0)
-    return EmptyCellSentence(row, kStationColumn);
-  if (const int row = RowOutOfOrder(program); row > 0) return StationOrderSentence(row);
-  if (record.WateredFurrows == 0) return words::kNoHoles;
-  if (fault.kind == Fault::kDivisionByZero) {
-    if (record.SurveyRows == 1) return words::kOneRowOnly;
-    if (SpokenSentence sentence = LengthSentence(record); !sentence.empty()) return sentence;
+  if (const int row = RowWithoutStation(program.main.Grid1.cells()); row > 0) {
+    return {EmptyCellSentence(row, kStationColumn), {row, kStationColumn}};
   }
-  return words::kNumberOutOfPlace;
+  if (const int row = RowOutOfOrder(program); row > 0) return {StationOrderSentence(row), {row, kStationColumn}};
+  if (record.WateredFurrows == 0) return {words::kNoHoles, {1, kHoleSizeColumn}};
+  if (fault.kind == Fault::kDivisionByZero) {
+    if (record.SurveyRows == 1) return {words::kOneRowOnly, {2, kStationColumn}};
+    if (Stopped missing = LengthMissing(program); !missing.sentence.empty()) return missing;
+  }
+  return {words::kNumberOutOfPlace, {}};
 }
 
-SheetCell CellThatStopped(const Program& program) {
-  if (const int row = RowWithoutStation(program.main.Grid1.cells()); row > 0) return {row, kStationColumn};
-  const int row = RowOutOfOrder(program);
-  return row > 0 ? SheetCell{row, kStationColumn} : SheetCell{};
+int SurveyRowAt(const Program& program, double station) {
+  const SurveyReader survey(program.main.Grid1.cells(), program.record.SurveyRows);
+  int row = 1;
+  while (row < program.record.SurveyRows && survey.Val(row + 1, kStationColumn) <= station) ++row;
+  return row;
 }
 
 }  // namespace torvale

@@ -7,6 +7,7 @@
 #include "base/numbers.h"
 #include "display/grid_layout.h"
 #include "input/focus.h"
+#include "search/survey_diagnosis.h"
 #include "shell/commands.h"
 #include "shell/desk.h"
 #include "shell/desk_chart.h"
@@ -43,8 +44,12 @@ void UseDesign(Program& program) {
     MakeDesign(program, design);
   } else if (design.cell.row > 0) {
     GoToCell(program, design.cell);
+  } else if (const auto field = EmptyField(program)) {
+    FocusGained(program, NameOf(*field));
   } else if (design.commands.size() > 1) {
     Click(program, design.commands.front());  // its panel, where what is missing can be chosen
+  } else if (!program.remarks.empty()) {
+    GoToCell(program, program.remarks.front().cell);
   }
 }
 
