@@ -11,6 +11,7 @@
 #include "display/design_display.h"
 #include "display/result_tables.h"
 #include "engine/survey.h"
+#include "reports/stale_mark.h"
 #include "screen/fields.h"
 #include "screen/file_choice.h"
 #include "screen/message_box.h"
@@ -113,9 +114,18 @@ void ShowButtons(CrownProfileScreen& profile, bool visible) {
   }
 }
 
-// What went wrong; nothing where all copies were printed.
+// What stands above the picture, and what goes with it where its figures are out of date.
+void NameProfile(Program& program) {
+  std::string name = TextOf(program.main, InfoField::kDesignName) + "   " + TextOf(program.main, InfoField::kLocation);
+  if (const std::string stale = StaleHeading(program); !stale.empty()) name += "   " + stale;
+  program.profile.lblProfileName.caption = name;
+}
+
+// What went wrong; nothing where all copies were printed, or the user does not want them as they are.
 SpokenMessage PrintCopies(Program& program) {
   if (!program.host.HasPrinter()) return words::kNoPrinterForPicture;
+  if (!GoOnThoughStale(program)) return {};
+  NameProfile(program);
   const std::optional<int> copies = program.host.PrinterDialog();
   if (!copies) return words::kPrintingCancelled;
   ShowButtons(program.profile, false);
@@ -151,7 +161,7 @@ void mnuProfile_Click(Program& program) {
   toggle.caption = kSummary;
   try {
     DisplayDesign(program);
-    profile.lblProfileName.caption = TextOf(main, InfoField::kDesignName) + "   " + TextOf(main, InfoField::kLocation);
+    NameProfile(program);
     BuildCrownChart(program);
   } catch (const RunTimeFault&) {
     // The sheet behind the table can have been cut or pasted over since the design was worked out.
@@ -172,6 +182,8 @@ void btnPrintProfile_Click(Program& program) {
 }
 
 void btnExportPicture_Click(Program& program) {
+  if (!GoOnThoughStale(program)) return;
+  NameProfile(program);
   const auto path = ChooseExport(
       program,
       {"Export Picture", "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf", "Crown Profile", {".png", ".pdf"}});

@@ -200,7 +200,10 @@ bool ResultsShown(Program& program) {
 
 void PrintNow(Program& program, Report report) {
   if (!ResultsShown(program)) return;
-  Guarded(program, [&] { PrintAtOnce(program, report); });
+  Guarded(program, [&] {
+    NameCause(program, "tbToolBar(Print)");
+    PrintAtOnce(program, report);
+  });
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "shell/history.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "files/preferences_panel.h"
@@ -89,12 +90,17 @@ bool Record(Program& program, History& history, std::string_view cause) {
   return !changes.empty();
 }
 
+// What fills the table anew with the figures that it has: the other table, all that prints and exports, the profile,
+// the panel of preferences when it is left.
 bool MakesNoResults(std::string_view cause) {
-  return cause == "cmdDesignToggle" || cause == kUndo || cause == kRedo;
+  constexpr std::string_view kShowing[] = {"cmdDesignToggle", "mnuPr",     "mnuExport",      "tbToolBar(Print",
+                                           "btnPr",           "btnExport", "btnDefaultExit", "btnBack"};
+  const auto begins = [cause](std::string_view with) { return cause.starts_with(with); };
+  return cause == kUndo || cause == kRedo || std::any_of(std::begin(kShowing), std::end(kShowing), begins);
 }
 
-// The table that was worked out belongs to the inputs as they are now. The other table of the same design, and a
-// heading that follows a field, are no new results.
+// The table that was worked out belongs to the inputs as they are now. The same figures once more, and a heading that
+// follows a field, are no new results.
 void NoteResults(Program& program, History& history) {
   const std::uint64_t revision = program.main.Grid2.cells().revision();
   if (std::exchange(history.table_revision, revision) == revision) return;

@@ -91,16 +91,194 @@ TEST_F(StaleTest, PagesAreMarked) {
   EXPECT_EQ(std::get<PrintedText>(document.operations[3]).text, "NOT RE-CALCULATED");
 }
 
+// Whatever enters the design and is changed behind its figures.
+struct Change {
+  const char* name;
+  const char* before;  // what is done ahead of the design
+  void (*change)(Program&);
+  const char* told;   // what the figures are for
+  const char* field;  // that is marked, where it is one of the screen's
+};
+std::ostream& operator<<(std::ostream& out, const Change& change) {
+  return out << change.name;
+}
+
+void SetText(Program& program, const char* field, const char* text) {
+  TypeText(program, field, text);
+}
+
+// In the panel of the preferences, which is left again.
+void Prefer(Program& program, const char* field, const char* text) {
+  Click(program, "mnuPreference");
+  TypeText(program, field, text);
+  Click(program, "btnDefaultExit");
+}
+
+const Change kChanges[] = {
+    {"Gpm", "", [](Program& p) { SetText(p, "txtInfo(2)", "380"); }, "GPM 400", "txtInfo(2)"},
+    {"TargetHead", "", [](Program& p) { SetText(p, "txtInfo(3)", "3"); }, "Target Head 2", "txtInfo(3)"},
+    {"SurveyKind", "", [](Program& p) { SetText(p, "txtInfo(5)", "R"); }, "Rod Readings or Elevations E", "txtInfo(5)"},
+    {"Orifice", "", [](Program& p) { Prefer(p, "txtDefault(2)", ".7"); }, "Preferences, Orifice Coefficient 0.65",
+     nullptr},
+    {"Roughness", "", [](Program& p) { Prefer(p, "txtDefault(3)", "150"); }, "Preferences, Hazen-Williams C 140",
+     nullptr},
+    {"Cell", "", [](Program& p) { Guarded(p, [&p] { p.main.Grid1.Set(2, 2, "700"); }); },
+     "the survey before row 2, Furrow Length was changed", nullptr},
+    {"GateForm", "mnuRigidPipe", [](Program& p) { Prefer(p, "txtDefault(11)", "C"); }, "Preferences, Type of Gate R",
+     nullptr},
+    {"GateSize", "mnuRigidPipe", [](Program& p) { Prefer(p, "txtDefault(12)", "2"); }, "Preferences, Size of Gate 1.2",
+     nullptr},
+};
+
+struct StaleInputTest : StaleTest, testing::WithParamInterface<Change> {};
+
+TEST_P(StaleInputTest, MarksItsFieldAndReCalculate) {
+  const Change& change = GetParam();
+  if (*change.before != '\0') {
+    Click(program, "mnuWindowInfo");
+    Click(program, change.before);
+    Click(program, "mnuDesignField");
+    ASSERT_EQ(program.main.cmdReCalc.mark, "");
+  }
+  ASSERT_TRUE(program.main.Grid2.control.visible);
+  change.change(program);
+  const std::string mark = "The figures shown are for " + std::string(change.told) + ": press Re-Calculate.";
+  EXPECT_EQ(program.main.cmdReCalc.mark, mark);
+  EXPECT_EQ(program.main.sbStatusBar.caption, mark);
+  if (change.field != nullptr) {
+    EXPECT_EQ(FindControl(program, change.field)->mark, mark);
+  }
+  for (const char* field : {"txtInfo(2)", "txtInfo(3)", "txtInfo(5)"}) {
+    const bool marked = change.field != nullptr && std::string_view(field) == change.field;
+    EXPECT_EQ(FindControl(program, field)->mark.empty(), !marked) << field;
+  }
+  Click(program, "cmdReCalc");
+  EXPECT_EQ(program.main.cmdReCalc.mark, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, StaleInputTest, testing::ValuesIn(kChanges),
+                         [](const auto& change) { return std::string(change.param.name); });
+
+// A switch of the pipe works the shown design out anew, so that its figures are never those of the other pipe.
+TEST_F(StaleTest, TheOtherPipeIsWorkedOutAtOnce) {
+  Click(program, "mnuRigidPipe");
+  EXPECT_TRUE(program.main.Grid2.control.visible);
+  EXPECT_EQ(program.main.cmdReCalc.mark, "");
+  TypeText(program, "txtInfo(2)", "380");
+  EXPECT_NE(program.main.cmdReCalc.mark, "");
+  Click(program, "mnuLayflatPipe");
+  EXPECT_EQ(program.main.cmdReCalc.mark, "");
+}
+
+// What is only shown once more is not worked out anew: the other table, the panel of preferences, what was printed.
+TEST_F(StaleTest, StaysStaleWhateverIsShownOfIt) {
+  TypeText(program, "txtInfo(2)", "380");
+  const std::string mark = program.main.cmdReCalc.mark;
+  ASSERT_NE(mark, "");
+  for (const char* command : {"cmdDesignToggle", "mnuPrintSummary", "mnuPrintComplete", "mnuPreview(1)",
+                              "mnuExportPdf(1)", "mnuProfile", "btnBack", "tbToolBar(PrintComplete)"}) {
+    host.answers = {true};
+    Click(program, command);
+    EXPECT_EQ(program.main.cmdReCalc.mark, mark) << command;
+  }
+  Click(program, "cmdReCalc");
+  EXPECT_EQ(program.main.cmdReCalc.mark, "");
+}
+
+// The sizes of a user's selection and the heads that it goes through enter no other design.
+TEST_F(StaleTest, WhatEntersOneTypeAloneIsStaleThereAlone) {
+  program.main.listHolesSelected.Add("7/8");
+  Click(program, "mnuDesignField");
+  Prefer(program, "txtDefault(13)", "3");
+  Guarded(program, [this] { program.main.listHolesSelected.Add("1"); });
+  EXPECT_EQ(program.main.cmdReCalc.mark, "");
+  Click(program, "mnuManHoleSelection");
+  Click(program, "cmdExitHoleSelect");
+  ASSERT_EQ(program.record.DesignType, kLimitedHoles);
+  ASSERT_EQ(program.main.cmdReCalc.mark, "");
+  Guarded(program, [this] { program.main.txtDefault[13].Set("2.5"); });
+  EXPECT_EQ(program.main.cmdReCalc.mark,
+            "The figures shown are for Preferences, Highest Target Head 3: press Re-Calculate.");
+  Guarded(program, [this] { program.main.listHolesSelected.Add("3/4"); });
+  EXPECT_EQ(program.main.cmdReCalc.mark,
+            "The figures shown are for Preferences, Highest Target Head 3 and other hole sizes: press Re-Calculate.");
+}
+
+// All that prints, previews or exports the figures.
+constexpr const char* kLeavingTheScreen[] = {
+    "mnuPrintSummary",  "mnuPrintComplete", "mnuPrtHoleSummary", "mnuPreview(0)",          "mnuPreview(1)",
+    "mnuPreview(2)",    "mnuExportPdf(0)",  "mnuExportPdf(1)",   "mnuExportPdf(2)",        "mnuExportCsv",
+    "mnuExportHoleCsv", "mnuExportPhone",   "mnuExportPicture",  "tbToolBar(PrintSummary)"};
+
 TEST_F(StaleTest, ExportsAskFirst) {
   TypeText(program, "txtInfo(2)", "380");
-  for (const char* entry : {"mnuPrintSummary", "mnuPreview(1)", "mnuExportPdf(2)", "mnuExportCsv", "mnuExportHoleCsv",
-                            "mnuExportPhone", "mnuExportPicture"}) {
+  for (const char* entry : kLeavingTheScreen) {
     host.questions.clear();
     host.answers = {false};
-    Click(program, entry);
+    EXPECT_EQ(Click(program, entry), Reach::kUsable) << entry;
     ASSERT_EQ(host.questions.size(), 1U) << entry;
     EXPECT_EQ(host.questions[0].title, "Not Re-Calculated");
+    EXPECT_EQ(host.questions[0].body,
+              "The figures shown are for GPM 400: press Re-Calculate. Go on with the figures as they are?");
   }
+  EXPECT_TRUE(host.printed.empty());
+  EXPECT_TRUE(host.previewed.empty());
+  EXPECT_TRUE(host.dialogs.empty());
+}
+
+// With a Yes every page that is printed, previewed or written has the mark.
+TEST_F(StaleTest, EveryPageThatLeavesTheScreenIsMarked) {
+  const auto expect_marked = [](const Document& document) {
+    int pages = 1;
+    int marks = 0;
+    for (const PrintOperation& operation : document.operations) {
+      pages += std::holds_alternative<NewPage>(operation) ? 1 : 0;
+      const auto* text = std::get_if<PrintedText>(&operation);
+      marks += text != nullptr && text->text == "NOT RE-CALCULATED" ? 1 : 0;
+    }
+    EXPECT_EQ(marks, pages);
+  };
+  TypeText(program, "txtInfo(2)", "380");
+  for (const char* entry : {"mnuPrintSummary", "mnuPrintComplete", "mnuPrtHoleSummary"}) {
+    host.answers = {true};
+    Click(program, entry);
+  }
+  for (const char* entry : {"mnuPreview(0)", "mnuPreview(1)", "mnuPreview(2)"}) {
+    host.answers = {true};
+    Click(program, entry);
+  }
+  for (const char* entry : {"mnuExportPdf(0)", "mnuExportPdf(1)", "mnuExportPdf(2)"}) {
+    host.answers = {true};
+    host.paths = {std::string(entry) + ".pdf"};
+    Click(program, entry);
+  }
+  EXPECT_EQ(host.printed.size(), 3U);
+  EXPECT_EQ(host.previewed.size(), 3U);
+  EXPECT_EQ(host.pdfs.size(), 3U);
+  for (const Document& document : host.printed) expect_marked(document);
+  for (const Document& document : host.previewed) expect_marked(document);
+  for (const auto& [path, document] : host.pdfs) expect_marked(document);
+}
+
+TEST_F(StaleTest, TheCrownProfileAsksFirstAndIsMarked) {
+  Click(program, "mnuProfile");
+  EXPECT_EQ(program.profile.lblProfileName.caption.find("NOT RE-CALCULATED"), std::string::npos);
+  TypeText(program, "txtInfo(2)", "380");
+  int printed = 0;
+  host.print_profile = [&] { return ++printed > 0; };
+  for (const char* button : {"btnPrintProfile", "btnExportPicture"}) {
+    host.questions.clear();
+    host.answers = {false};
+    Click(program, button);
+    ASSERT_EQ(host.questions.size(), 1U) << button;
+  }
+  EXPECT_EQ(printed, 0);
+  EXPECT_TRUE(host.messages.empty());
+  host.answers = {true};
+  Click(program, "btnPrintProfile");
+  EXPECT_EQ(printed, 1);
+  EXPECT_TRUE(program.profile.lblProfileName.caption.ends_with("   NOT RE-CALCULATED"))
+      << program.profile.lblProfileName.caption;
 }
 
 // A line whose crown dips, with stakes: what leaves the window of stakes is marked and asked about as well.
