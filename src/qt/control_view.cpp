@@ -56,11 +56,11 @@ QPalette Colours(const Control& control, ControlKind kind) {
   return palette;
 }
 
-void DrawCaption(ControlView& view, int zoom) {
+void DrawCaption(ControlView& view, const Scale& scale) {
   const Control& control = *view.named.control;
-  const int pixels = Scale(zoom).Zoomed(kTextPixels);
+  const int pixels = scale.Zoomed(kTextPixels);
   if (view.named.kind == ControlKind::kLabel) {
-    const int letters = Scale(zoom).Zoomed(LettersOf(view.named.facts->look));
+    const int letters = scale.Zoomed(LettersOf(view.named.facts->look));
     SetLabelText(static_cast<QLabel&>(*view.widget), LinesOf(control.caption), letters);
     // A label without text is no patch of colour.
     view.widget->setAutoFillBackground(control.back.has_value() && !control.caption.empty());
@@ -68,7 +68,6 @@ void DrawCaption(ControlView& view, int zoom) {
     SetButtonText(static_cast<QPushButton&>(*view.widget), ToQt(control.caption), pixels);
     view.widget->setAccessibleName(ToQt(control.caption).remove('&'));
   } else if (view.title != nullptr) {
-    const Scale scale(zoom);
     view.title->setGeometry(scale.Rect({kTitleMargin, 0, control.place.width - 2 * kTitleMargin, kTitleHeight}));
     SetLabelText(*view.title, ToQt(control.caption), pixels);
     view.widget->setAccessibleName(ToQt(control.caption));
@@ -97,19 +96,19 @@ ControlView MakeControlView(const NamedControl& named, QWidget* parent) {
   return view;
 }
 
-Redrawn DrawControl(ControlView& view, int zoom) {
+Redrawn DrawControl(ControlView& view, const Scale& scale) {
   const Control& control = *view.named.control;
   DrawContent(view);
-  if (view.drawn == control && view.drawn_zoom == zoom) return {};
-  const bool moved = view.drawn_zoom != zoom || view.drawn->place != control.place;
+  if (view.drawn == control && view.drawn_scale == scale) return {};
+  const bool moved = view.drawn_scale != scale || view.drawn->place != control.place;
   const bool recoloured = !view.drawn || view.drawn->back != control.back || view.drawn->fore != control.fore ||
                           view.drawn->enabled != control.enabled || view.drawn->mark != control.mark;
   const bool shown = !view.drawn || view.drawn->visible != control.visible;
   const bool said = moved || recoloured || view.drawn->caption != control.caption;
   QWidget& widget = *view.widget;
-  if (moved) widget.setGeometry(Scale(zoom).Rect(control.place));
+  if (moved) widget.setGeometry(scale.Rect(control.place));
   if (recoloured) widget.setPalette(Colours(control, view.named.kind));
-  if (said) DrawCaption(view, zoom);
+  if (said) DrawCaption(view, scale);
   if (recoloured || view.drawn->tool_tip != control.tool_tip) {
     const std::string tip = TipOf(view.named.name, control);
     widget.setToolTip(TipText(tip));
@@ -118,7 +117,7 @@ Redrawn DrawControl(ControlView& view, int zoom) {
   widget.setEnabled(control.enabled);
   if (shown) widget.setVisible(control.visible);
   view.drawn = control;
-  view.drawn_zoom = zoom;
+  view.drawn_scale = scale;
   return {moved || shown, said && !view.named.parent.empty()};
 }
 
@@ -129,7 +128,7 @@ void FitFrame(ControlView& frame, std::span<ControlView> controls) {
   for (ControlView& view : controls) {
     auto* label = qobject_cast<QLabel*>(view.widget);
     if (view.named.parent != frame.named.name || label == nullptr) continue;
-    const QRect place = Scale(view.drawn_zoom).Rect(view.drawn->place);
+    const QRect place = view.drawn_scale.Rect(view.drawn->place);
     const int needed = label->text().contains('\n') ? label->sizeHint().height() : 0;
     label->resize(place.width(), std::max(place.height(), needed));
     height = std::max(height, place.top() + needed);

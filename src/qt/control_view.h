@@ -19,7 +19,7 @@ struct ControlView {
   QWidget* inside = nullptr;          // of a frame: where its controls stand
   QLabel* title = nullptr;            // of a frame with a caption
   std::optional<Control> drawn = {};  // nothing before the first drawing
-  int drawn_zoom = 0;
+  Scale drawn_scale = Scale(0);
   std::uint64_t drawn_lines = 0;  // of a list: its revision
   DrawnText drawn_text = {};      // of a field
 };
@@ -34,7 +34,7 @@ struct Redrawn {
 };
 
 // Applies what changed in the structure since the last call.
-Redrawn DrawControl(ControlView& view, int zoom);
+Redrawn DrawControl(ControlView& view, const Scale& scale);
 
 // Makes room for the labels of `controls` that stand in a frame: a text that is longer than the frame can be scrolled
 // to.

@@ -15,9 +15,11 @@ namespace torvale {
 namespace {
 
 constexpr int kMargin = 6;         // pixels at 100 percent
-constexpr int kHeightBelow = 252;  // the same
+constexpr int kHeightBelow = 276;  // the same
 constexpr int kNarrowest = 420;    // the same
-constexpr int kWordsLines = 2;
+constexpr int kWanted = 900;       // the same: all columns of the comparison
+constexpr int kWordsLines = 3;
+constexpr int kPointLines = 2;
 
 void SetLetters(QWidget& widget, int pixels, bool bold = false) {
   QFont font = widget.font();
@@ -138,7 +140,8 @@ void DeskView::DrawLetters(const Section& section) const {
                                 letters.height() + pixels / 2);
   if (section.words == nullptr) return;
   SetLetters(*section.words, pixels);
-  section.words->setFixedHeight(kWordsLines * section.words->fontMetrics().lineSpacing());
+  const int lines = section.chart == nullptr ? kWordsLines : kPointLines;
+  section.words->setFixedHeight(lines * section.words->fontMetrics().lineSpacing());
 }
 
 bool DeskView::Sync() {
@@ -216,6 +219,10 @@ void DeskView::StandUpright(bool upright) {
 
 int DeskView::HeightBelow() const {
   return Scale(program_.main.zoom).Zoomed(kHeightBelow);
+}
+
+int DeskView::WantedBeside() const {
+  return Scale(program_.main.zoom).Zoomed(kWanted);
 }
 
 int DeskView::NarrowestBeside() const {

@@ -33,7 +33,8 @@ class DeskView final : public QWidget {
   bool OpenBesideChart() const;
   // Pixels that the desk wants where it lies below the screens.
   int HeightBelow() const;
-  // Pixels without which it does not stand beside them.
+  // Pixels that it wants where it stands beside them, and without which it does not.
+  int WantedBeside() const;
   int NarrowestBeside() const;
   // Gives the focus to the control of that name, where it is one of these.
   void TakeFocus(const std::string& name);

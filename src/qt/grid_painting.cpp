@@ -12,11 +12,12 @@
 namespace torvale {
 namespace {
 
-constexpr int kCursorWidth = 2;      // pixels
-constexpr int kSelectionAlpha = 90;  // of 255
-constexpr int kHeadingStretch = 87;  // percent: headings are set narrow
-constexpr int kHeadingMargin = 2;    // pixels
-constexpr int kCellMargin = 3;       // pixels
+constexpr int kCursorWidth = 2;        // pixels
+constexpr int kSelectionAlpha = 90;    // of 255
+constexpr int kHeadingStretch = 87;    // percent: headings are set narrow
+constexpr int kHeadingMargin = 2;      // pixels
+constexpr int kCellMargin = 3;         // pixels
+constexpr double kSmallestPart = 0.8;  // of the letters' height
 
 constexpr int kDarkBase = 128;  // of 255
 const QColor kFilledOnLight(0x6b, 0x6b, 0x6b);
@@ -67,8 +68,17 @@ QColor TextColour(const Grid& grid, int row, int column, const QPalette& palette
   return fore && *fore != kBlack ? ToQt(*fore) : palette.color(QPalette::Text);
 }
 
-// What the lines of the row have no room for ends in dots.
-void DrawLines(QPainter& painter, const QFont& font, const QRect& room, Qt::Alignment across, const QString& text) {
+bool Fits(const QFont& font, const QRect& room, const QString& text) {
+  return QFontMetrics(font).boundingRect(room, Qt::TextWordWrap, text).height() <= room.height();
+}
+
+// What the lines of the row have no room for takes somewhat smaller letters, and where these would not do ends in dots.
+void DrawLines(QPainter& painter, const QFont& plain, const QRect& room, Qt::Alignment across, const QString& text) {
+  QFont font = plain;
+  while (!Fits(font, room, text) && font.pixelSize() - 1 >= plain.pixelSize() * kSmallestPart) {
+    font.setPixelSize(font.pixelSize() - 1);
+  }
+  if (!Fits(font, room, text)) font = plain;
   painter.setFont(font);
   const QFontMetrics metrics(font);
   const int lines = std::max(1, room.height() / metrics.lineSpacing());
@@ -150,7 +160,7 @@ void GridCell::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
                     back ? ToQt(*back) : palette.color(row % 2 == 0 ? QPalette::AlternateBase : QPalette::Base));
   QColor highlight = palette.color(QPalette::Highlight);
   const bool worked_in = option.widget != nullptr && option.widget->focusPolicy() != Qt::NoFocus;
-  if (worked_in && row == grid_.row && column == grid_.column) {
+  if (worked_in && row == grid_.row && column == grid_.StartOf(row, grid_.column)) {
     painter->setPen(QPen(highlight, option.widget->hasFocus() ? kCursorWidth : 1));
     painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   } else if (Selected(grid_, row, column) && back) {

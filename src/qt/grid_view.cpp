@@ -58,7 +58,7 @@ void GridView::Connect(GridEvents events) {
   if (!events_.widen) return;
   heading_->setSectionResizeMode(QHeaderView::Interactive);
   connect(heading_, &QHeaderView::sectionResized, this, [this](int column, int /*before*/, int now) {
-    if (!laying_out_) events_.widen(column, scale_.Twips(now));
+    if (!laying_out_) events_.widen(column, scale_.TwipsAcross(now));
   });
   connect(heading_, &QHeaderView::sectionHandleDoubleClicked, this, [this](int column) { events_.widen(column, 0); });
 }
@@ -98,12 +98,12 @@ void GridView::SetColumnWidths(int room) {
   const int count = model_->columnCount();
   const bool widened =
       std::any_of(grid_.columns.begin(), grid_.columns.end(), [](const GridColumn& c) { return c.widened > 0; });
-  const bool scrolls = (widened || grid_.scrolls_sideways) && scale_.Pixels(grid_.EdgeOf(count)) > room;
+  const bool scrolls = (widened || grid_.scrolls_sideways) && scale_.PixelsAcross(grid_.EdgeOf(count)) > room;
   setHorizontalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
   laying_out_ = true;
   for (int c = 0; c < count; ++c) {
-    const int right = c + 1 < count || scrolls ? scale_.Pixels(grid_.EdgeOf(c + 1)) : room;
-    setColumnWidth(c, std::max(1, right - scale_.Pixels(grid_.EdgeOf(c))));
+    const int right = c + 1 < count || scrolls ? scale_.PixelsAcross(grid_.EdgeOf(c + 1)) : room;
+    setColumnWidth(c, std::max(1, right - scale_.PixelsAcross(grid_.EdgeOf(c))));
   }
   laying_out_ = false;
 }
@@ -118,6 +118,7 @@ bool GridView::Draw(const Scale& scale) {
     heading_->FitLetters(scale.Zoomed(kSheetTextPixels));
   }
   scale_ = scale;
+  JoinCells();
   if (relayout) {
     drawn_.columns = grid_.columns;
     drawn_.rows = grid_.rows();
@@ -133,6 +134,13 @@ bool GridView::Draw(const Scale& scale) {
     grid_.left_column = drawn_.left_column = horizontalScrollBar()->value();
   }
   return DrawCursor();
+}
+
+void GridView::JoinCells() {
+  if (drawn_.joined == grid_.joined()) return;
+  drawn_.joined = grid_.joined();
+  clearSpans();
+  for (const auto& [row, from] : drawn_.joined) setSpan(row - 1, from, 1, grid_.column_count() - from);
 }
 
 // The view stays where it is: where it follows the cursor the structure says so.
@@ -207,7 +215,7 @@ void GridView::Point(const QMouseEvent& event, bool extend) {
 void GridView::Mouse(const QMouseEvent& event, MouseAction action) {
   if (!events_.mouse) return;
   const QPoint at = viewport()->mapTo(this, event.position().toPoint());
-  events_.mouse(action, ButtonOf(event), scale_.Twips(at.x()), scale_.Twips(at.y()));
+  events_.mouse(action, ButtonOf(event), scale_.TwipsAcross(at.x()), scale_.Twips(at.y()));
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {

@@ -3,6 +3,7 @@
 
 #include <QTableView>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "qt/scale.h"
@@ -64,8 +65,10 @@ class GridView final : public QTableView {
     int column = 0;
     int row_sel = 0;
     int column_sel = 0;
+    std::map<int, int> joined;
   };
   void LayOut();
+  void JoinCells();
   int LinesOfRow(int room, int row_height, int line_height) const;
   void SetColumnWidths(int room);
   bool DrawCursor();

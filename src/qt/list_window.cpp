@@ -81,7 +81,7 @@ void ListWindow::FitSize() {
 
 void ListWindow::DrawControls() {
   for (ControlView& view : controls_) {
-    DrawControl(view, program_.main.zoom);
+    DrawControl(view, Scale(program_.main.zoom));
     if (view.named.kind == ControlKind::kGrid) static_cast<GridView&>(*view.widget).Draw(Scale(program_.main.zoom));
   }
   if (std::exchange(drawn_zoom_, program_.main.zoom) != program_.main.zoom) FitSize();

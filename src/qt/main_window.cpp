@@ -260,10 +260,10 @@ void MainWindow::MouseReleased(const QMouseEvent& event) {
 }
 
 void MainWindow::TellMouse(std::string_view over, const QWidget& widget, MouseAction action, const QMouseEvent& event) {
-  const Scale scale(program_.main.zoom);
+  const Scale scale = ScreenScale();
   const QPoint at = widget.mapFromGlobal(event.globalPosition().toPoint());
   const MouseButton button = ButtonOf(event);
-  Run([&] { ScreenMouse(program_, over, action, button, scale.Twips(at.x()), scale.Twips(at.y())); });
+  Run([&] { ScreenMouse(program_, over, action, button, scale.TwipsAcross(at.x()), scale.Twips(at.y())); });
 }
 
 }  // namespace torvale

@@ -89,11 +89,16 @@ class MainWindow final : public QMainWindow {
   // Drawing
   void DrawZoom();
   void DrawGrid(const ControlView& view);
+  void DrawStatus();
   void DrawFocus();
   void DrawBusy();
-  QSize NeededRoom() const;
-  bool RoomBeside(int screens) const;
-  QRect ChartPlace(const QSize& needed) const;
+  Scale ScreenScale() const { return Scale(program_.main.zoom, widening_); }
+  QSize NeededRoom(const Scale& scale) const;
+  bool RoomBeside() const;
+  int ChartHeight() const;
+  QRect ChartPlace() const;
+  double Widening(bool desk) const;
+  void Widen(double widening);
   int CurveBelow(const ControlView& view) const;
   void FitCanvas();
   void PlaceDesk();
@@ -117,7 +122,9 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<ToolBarView> tools_;
   WindowPlace place_;
   LiveComparison comparison_;
+  QSize status_room_;  // that its letters were chosen for
   int drawn_zoom_ = 0;
+  double widening_ = 1;   // of the screens, in a window that is wider than they are
   int bars_ = 0;          // pixels of height that the place of the window does not count
   bool syncing_ = false;  // focus and text changes are ours, not the user's
   bool busy_shown_ = false;

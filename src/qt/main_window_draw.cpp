@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <algorithm>
 #include <array>
@@ -10,13 +11,17 @@
 #include "qt/fitted_text.h"
 #include "qt/main_window.h"
 #include "qt/to_qt.h"
+#include "qt/tips.h"
 
 namespace torvale {
 namespace {
 
-constexpr int kMargin = 8;         // pixels around what stands on the screen, at 100 percent
-constexpr int kWorthGrowing = 60;  // pixels at 100 percent
-constexpr int kChartHeight = 200;  // the same, with its title and words
+constexpr int kMargin = 8;            // pixels around what stands on the screen, at 100 percent
+constexpr int kWorthGrowing = 60;     // pixels at 100 percent
+constexpr int kChartHeight = 200;     // the same, with its title and words
+constexpr int kScreensWidth = 16000;  // twips, of a normal window
+constexpr double kWidest = 2;         // times; beyond that a row is hard to follow with the eye
+constexpr double kWorthWidening = 1.05;
 
 // What shows more where it is longer.
 constexpr std::array<std::string_view, 3> kGrowing = {"Grid1", "Grid2", "frameShowLimitedHoles"};
@@ -40,7 +45,7 @@ void MainWindow::Sync() {
   if (zoomed) DrawZoom();
   bool refit = zoomed;
   for (ControlView& view : controls_) {
-    const Redrawn redrawn = DrawControl(view, program_.main.zoom);
+    const Redrawn redrawn = DrawControl(view, ScreenScale());
     refit = refit || redrawn.needs_room || redrawn.in_frame;
   }
   const bool desk = desk_->Sync();
@@ -57,7 +62,7 @@ void MainWindow::Sync() {
   stakes_->Sync();
   help_->Sync();
   if (const QString title = ToQt(program_.main.title); windowTitle() != title) setWindowTitle(title);
-  if (const QString text = ToQt(program_.main.sbStatusBar.caption); status_->text() != text) status_->setText(text);
+  DrawStatus();
   cancel_key_->setEnabled(ReachOf(program_, "cmdCancel") == Reach::kUsable);
   DrawFocus();
   DrawBusy();
@@ -70,6 +75,8 @@ void MainWindow::DrawZoom() {
   SetTextSize(*menuBar(), pixels);
   for (QMenu* menu : menuBar()->findChildren<QMenu*>()) SetTextSize(*menu, pixels);
   SetTextSize(*status_, pixels);
+  status_->setFixedHeight(status_->fontMetrics().height() + 2 * status_->margin());
+  status_room_ = {};
   tools_->Draw(Scale(drawn_zoom_));
 }
 
@@ -81,7 +88,7 @@ void MainWindow::DrawGrid(const ControlView& view) {
     const bool covered = ReachOf(program_, view.named.name) == Reach::kHidden;
     grid.setFocusPolicy(covered ? Qt::NoFocus : Qt::StrongFocus);
   }
-  if (!grid.Draw(Scale(program_.main.zoom)) || !grid.hasFocus()) return;
+  if (!grid.Draw(ScreenScale()) || !grid.hasFocus()) return;
   const QRect cursor = grid.CursorRect();
   if (cursor.isEmpty()) return;
   const QPoint middle = grid.mapTo(canvas_, cursor.center());
@@ -89,34 +96,58 @@ void MainWindow::DrawGrid(const ControlView& view) {
 }
 
 // The room that what stands on the screen takes as the structure has it.
-QSize MainWindow::NeededRoom() const {
+QSize MainWindow::NeededRoom(const Scale& scale) const {
   QSize needed;
   for (const ControlView& view : controls_) {
     if (!view.named.parent.empty() || !view.named.control->visible) continue;
-    const QRect place = Scale(program_.main.zoom).Rect(view.named.control->place);
+    const QRect place = scale.Rect(view.named.control->place);
     needed = needed.expandedTo({place.right() + 1, place.bottom() + 1});
   }
-  const int margin = Scale(program_.main.zoom).Zoomed(kMargin);
+  const int margin = scale.Zoomed(kMargin);
   return needed + QSize(margin, margin);
 }
 
-bool MainWindow::RoomBeside(int screens) const {
-  return centralWidget()->width() >= screens + desk_->NarrowestBeside();
+// Beside the screens as they are before they are widened.
+bool MainWindow::RoomBeside() const {
+  return centralWidget()->width() >= NeededRoom(Scale(program_.main.zoom)).width() + desk_->NarrowestBeside();
 }
 
-// Where a maximised window has room for it the chart stands below the hole summary, which keeps its length then; else
-// the place is empty. A normal window is only as high as what it shows.
-QRect MainWindow::ChartPlace(const QSize& needed) const {
+// What a maximised window has below the hole summary for the chart, which stands there where it has enough; else 0. A
+// normal window is only as high as what it shows.
+int MainWindow::ChartHeight() const {
   const Scale scale(program_.main.zoom);
-  const Control& summary = program_.main.frameShowLimitedHoles;
-  const bool shown = program_.desk.frmChart.visible && summary.visible;
-  if (!shown || program_.main.state != WindowState::kMaximized) return {};
-  const bool below = desk_->OpenBesideChart() && !RoomBeside(needed.width());
-  const int longer = centralWidget()->height() - (below ? desk_->HeightBelow() : 0) - needed.height();
-  if (longer < scale.Zoomed(kChartHeight)) return {};
-  const QRect above = scale.Rect(summary.place);
-  const int gap = scale.Zoomed(kMargin);
-  return {above.left(), above.bottom() + gap, above.width(), longer - gap};
+  const bool shown = program_.desk.frmChart.visible && program_.main.frameShowLimitedHoles.visible;
+  if (!shown || program_.main.state != WindowState::kMaximized) return 0;
+  const bool below = desk_->OpenBesideChart() && !RoomBeside();
+  const int longer = centralWidget()->height() - (below ? desk_->HeightBelow() : 0) - NeededRoom(scale).height();
+  return longer < scale.Zoomed(kChartHeight) ? 0 : longer - scale.Zoomed(kMargin);
+}
+
+// The hole summary keeps its length then.
+QRect MainWindow::ChartPlace() const {
+  const int height = ChartHeight();
+  if (height == 0) return {};
+  const Scale scale = ScreenScale();
+  const QRect above = scale.Rect(program_.main.frameShowLimitedHoles.place);
+  return {above.left(), above.bottom() + scale.Zoomed(kMargin), above.width(), height};
+}
+
+// How many times wider the screens are shown than they are laid out, where the window is wider than they are. A desk
+// beside them has what it wants first.
+double MainWindow::Widening(bool desk) const {
+  const Scale scale(program_.main.zoom);
+  const QSize needed = NeededRoom(scale);
+  const QSize window = centralWidget()->size();
+  int room = window.width();
+  if (desk && RoomBeside()) room -= desk_->WantedBeside();
+  if (needed.height() > window.height()) room -= area_->verticalScrollBar()->sizeHint().width();
+  const double widening = static_cast<double>(room) / std::max(needed.width(), scale.Pixels(kScreensWidth));
+  return widening < kWorthWidening ? 1 : std::min(widening, kWidest);
+}
+
+void MainWindow::Widen(double widening) {
+  if (std::exchange(widening_, widening) == widening) return;
+  for (ControlView& view : controls_) DrawControl(view, ScreenScale());
 }
 
 // What the curve of the best holes takes of the foot of the hole summary, which scrolls above it.
@@ -127,14 +158,16 @@ int MainWindow::CurveBelow(const ControlView& view) const {
   return scale.Rect(main.frameShowLimitedHoles.place).bottom() + 1 - scale.Rect(main.frameBestCurve.place).top();
 }
 
-// A window that is clearly higher than the screen shows more rows: the tables and the hole summary reach down to its
-// foot.
+// A window that is clearly larger than the screens shows wider panels and more rows: the tables and the hole summary
+// reach down to its foot.
 void MainWindow::FitCanvas() {
-  const Scale scale(program_.main.zoom);
-  const QSize needed = NeededRoom();
+  const bool chart_in_desk = program_.desk.frmChart.visible && ChartHeight() == 0;
+  Widen(Widening(chart_in_desk || desk_->OpenBesideChart()));
+  const Scale scale = ScreenScale();
+  const QSize needed = NeededRoom(scale);
   const int free = area_->viewport()->height() - needed.height();
   const int longer = free >= scale.Zoomed(kWorthGrowing) ? free : 0;
-  const QRect chart = ChartPlace(needed);
+  const QRect chart = ChartPlace();
   desk_->StandChart(*canvas_, chart);
   const MainScreen& main = program_.main;
   const int below_summary = chart.isEmpty() ? longer : 0;
@@ -154,7 +187,7 @@ void MainWindow::FitCanvas() {
 // Beside the screens where the window has room for both, else below them; then a normal window is so much higher.
 void MainWindow::PlaceDesk() {
   const bool open = desk_->isVisibleTo(centralWidget());
-  const bool beside = open && RoomBeside(canvas_->width());
+  const bool beside = open && RoomBeside();
   const bool below = open && !beside;
   halves_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   halves_->setStretchFactor(desk_, beside ? 1 : 0);
@@ -164,9 +197,16 @@ void MainWindow::PlaceDesk() {
   desk_->setMinimumHeight(below ? desk_->HeightBelow() : 0);
   desk_->setMaximumHeight(below ? desk_->HeightBelow() : QWIDGETSIZE_MAX);
   const Scale plain(100);
+  const int lower = below ? desk_->HeightBelow() : 0;
+  const Scale scale(program_.main.zoom);
   program_.main.room_width = plain.Twips(centralWidget()->width());
-  program_.main.room_height = plain.Twips(centralWidget()->height() - (below ? desk_->HeightBelow() : 0));
-  const int bars = tools_->Height() + (below ? desk_->HeightBelow() : 0);
+  program_.main.room_height = plain.Twips(height());
+  program_.main.bars_height = scale.Twips(height() - centralWidget()->height());
+  // A chart that stands on the screens may have to leave them.
+  const bool any = open || program_.desk.frmChart.visible;
+  program_.main.desk_width = any ? scale.Twips(desk_->NarrowestBeside()) : 0;
+  program_.main.desk_height = any ? scale.Twips(desk_->HeightBelow()) : 0;
+  const int bars = tools_->Height() + lower;
   if (std::exchange(bars_, bars) == bars) return;
   place_.SetBarHeight(bars);
   if (isVisible() && program_.main.state == WindowState::kNormal) place_.Apply();
@@ -179,6 +219,20 @@ void MainWindow::RoomChanged() {
   PlaceDesk();
   for (ControlView& view : controls_) DrawGrid(view);
   desk_->Sync();
+  DrawStatus();
+}
+
+// A sentence that is too long for the line takes smaller letters; its tip has it whole in any case.
+void MainWindow::DrawStatus() {
+  const QString text = ToQt(program_.main.sbStatusBar.caption);
+  const QSize room = status_->contentsRect().size();
+  if (status_->text() == text && status_room_ == room) return;
+  status_room_ = room;
+  QFont letters = status_->font();
+  letters.setPixelSize(Scale(program_.main.zoom).Zoomed(kTextPixels));
+  status_->setFont(Fitting(letters, room, Qt::TextSingleLine, text));
+  status_->setToolTip(TipText(program_.main.sbStatusBar.caption));
+  status_->setText(text);
 }
 
 void MainWindow::DrawFocus() {

@@ -10,6 +10,9 @@ namespace {
 constexpr int kChartLetters = 10;  // pixels at 100 percent
 constexpr double kRoom = 0.06;     // of the range, above and below its lines
 constexpr int kGap = 4;            // pixels
+constexpr int kPlainZoom = 100;    // percent
+constexpr double kApart = 0.2;     // of the height, between head and flow where both are level
+constexpr double kNearEdge = 0.2;  // the same, where a name has no room
 constexpr double kLineWidth = 1.6;
 
 struct Look {
@@ -32,6 +35,42 @@ QCPRange RangeOf(const std::vector<double>& values, double also) {
   if (values.empty()) return {0, 1};
   const double most = std::max(*std::max_element(values.begin(), values.end()), also);
   return {0, most + std::max(most * kRoom, 0.05)};
+}
+
+double MeanOf(const std::vector<double>& values) {
+  double sum = 0;
+  int count = 0;
+  for (const double value : values) {
+    if (value <= 0) continue;
+    sum += value;
+    ++count;
+  }
+  return count == 0 ? 0 : sum / count;
+}
+
+// The range of the flows, which reaches so high that on the whole they don't run upon the heads.
+QCPRange RangeApart(const std::vector<double>& flows, double wanted, double head_level) {
+  const QCPRange plain = RangeOf(flows, wanted);
+  for (const double higher : {1.0, 1.5, 2.0}) {
+    if (std::abs(MeanOf(flows) / (plain.upper * higher) - head_level) >= kApart) return {0, plain.upper * higher};
+  }
+  return plain;
+}
+
+enum class Corner { kLeftAbove, kRightAbove, kRightBelow };
+
+// The name of a line, at one of its ends; on the other side of the line where the edge is too near.
+void PutName(QCPItemText& name, const QString& words, QCPAxis* along, QCPAxis* up, double station, double value,
+             Corner corner) {
+  name.setVisible(!words.isEmpty());
+  if (words.isEmpty()) return;
+  name.setText(words);
+  name.position->setAxes(along, up);
+  name.position->setCoords(station, value);
+  const double level = value / up->range().upper;
+  const bool above = corner == Corner::kRightBelow ? level < kNearEdge : level <= 1 - kNearEdge;
+  const bool left = corner == Corner::kLeftAbove;
+  name.setPositionAlignment((left ? Qt::AlignLeft : Qt::AlignRight) | (above ? Qt::AlignBottom : Qt::AlignTop));
 }
 
 }  // namespace
@@ -86,9 +125,18 @@ SupplyChartView::SupplyChartView(QWidget* parent, std::function<void(double)> po
     }
     return item;
   };
+  const auto name = [this] {
+    auto* item = new QCPItemText(this);
+    item->position->setType(QCPItemPosition::ptPlotCoords);
+    item->position->setAxisRect(upper_);
+    item->setClipAxisRect(upper_);
+    item->setPadding(QMargins(kGap, 1, kGap, 1));
+    return item;
+  };
+  for (QCPItemText** item : {&head_name_, &flow_name_, &wanted_name_, &safe_name_}) *item = name();
   lit_ = line(upper_);
   lit_below_ = line(lower_);
-  UseColours();
+  Show({}, Scale(kPlainZoom));
 }
 
 void SupplyChartView::Show(const SupplyChart& chart, const Scale& scale) {
@@ -130,8 +178,32 @@ void SupplyChartView::DrawLines(const SupplyChart& chart) {
   const double safest = DrawSafeHeads(chart, stations);
   for (QCPAxisRect* rect : {upper_, lower_}) rect->axis(QCPAxis::atBottom)->setRange(first, std::max(last, first + 1));
   upper_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.heads, safest));
-  upper_->axis(QCPAxis::atRight)->setRange(RangeOf(chart.flows, chart.wanted_flow.value_or(0)));
+  const double head_level = MeanOf(chart.heads) / upper_->axis(QCPAxis::atLeft)->range().upper;
+  upper_->axis(QCPAxis::atRight)->setRange(RangeApart(chart.flows, chart.wanted_flow.value_or(0), head_level));
   lower_->axis(QCPAxis::atLeft)->setRange(RangeOf(chart.sizes, 0));
+  NameLines(chart);
+  // Scales of nothing would only look like something.
+  for (QCPAxisRect* rect : {upper_, lower_}) rect->setVisible(!chart.stations.empty());
+}
+
+void SupplyChartView::NameLines(const SupplyChart& chart) {
+  QCPAxis* along = upper_->axis(QCPAxis::atBottom);
+  QCPAxis* heads = upper_->axis(QCPAxis::atLeft);
+  QCPAxis* flows = upper_->axis(QCPAxis::atRight);
+  const bool any = !chart.stations.empty();
+  const double first = any ? chart.stations.front() : 0;
+  const double last = any ? chart.stations.back() : 0;
+  const auto flow = std::find_if(chart.flows.begin(), chart.flows.end(), [](double value) { return value > 0; });
+  const auto safe =
+      std::find_if(chart.safe_heads.rbegin(), chart.safe_heads.rend(), [](double head) { return head > 0; });
+  PutName(*head_name_, any ? "Head" : "", along, heads, first, any ? chart.heads.front() : 0, Corner::kLeftAbove);
+  PutName(*flow_name_, flow != chart.flows.end() ? "Furrow flow" : "", along, flows, first,
+          flow != chart.flows.end() ? *flow : 0, Corner::kLeftAbove);
+  PutName(*wanted_name_, QString::fromStdString(chart.wanted_words), along, flows, last, chart.wanted_flow.value_or(0),
+          Corner::kRightBelow);
+  const auto safe_row = static_cast<std::size_t>(chart.safe_heads.rend() - safe);
+  PutName(*safe_name_, QString::fromStdString(chart.safe_words), along, heads,
+          safe_row > 0 ? chart.stations[safe_row - 1] : last, safe_row > 0 ? *safe : 0, Corner::kRightAbove);
 }
 
 // A pipe of which nothing is known leaves a gap. Gives back the highest of the heads.
@@ -167,6 +239,7 @@ void SupplyChartView::UseLetters(const Scale& scale) {
       axis->setLabelFont(font);
     }
   }
+  for (QCPItemText* name : {head_name_, flow_name_, wanted_name_, safe_name_}) name->setFont(font);
 }
 
 void SupplyChartView::UseColours() {
@@ -194,6 +267,11 @@ void SupplyChartView::UseColours() {
   pen(wanted_, kWanted);
   pen(safe_, kSafe);
   pen(sizes_, kSizes);
+  const auto name = [](QCPItemText* item, const QCPGraph* graph) { item->setColor(graph->pen().color()); };
+  name(head_name_, head_);
+  name(flow_name_, flow_);
+  name(wanted_name_, wanted_);
+  name(safe_name_, safe_);
   // Each scale is written in the colour of its line.
   upper_->axis(QCPAxis::atLeft)->setLabelColor(head_->pen().color());
   upper_->axis(QCPAxis::atRight)->setLabelColor(flow_->pen().color());

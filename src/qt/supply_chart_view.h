@@ -25,6 +25,7 @@ class SupplyChartView final : public QCustomPlot {
 
  private:
   void DrawLines(const SupplyChart& chart);
+  void NameLines(const SupplyChart& chart);
   double DrawSafeHeads(const SupplyChart& chart, const QVector<double>& stations);
   void DrawLit(const SupplyChart& chart);
   void UseColours();
@@ -38,6 +39,10 @@ class SupplyChartView final : public QCustomPlot {
   QCPGraph* wanted_;
   QCPGraph* safe_;
   QCPGraph* sizes_;
+  QCPItemText* head_name_;
+  QCPItemText* flow_name_;
+  QCPItemText* wanted_name_;
+  QCPItemText* safe_name_;
   QCPItemStraightLine* lit_;
   QCPItemStraightLine* lit_below_;
   std::uint64_t drawn_ = ~std::uint64_t{0};

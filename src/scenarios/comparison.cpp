@@ -1,6 +1,7 @@
 #include "scenarios/comparison.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -26,11 +27,18 @@ std::string SizesText(const std::vector<SizeCount>& sizes) {
   return text;
 }
 
+// A level crown has neither digit ahead of the point nor behind it.
 std::string SlopeText(const ScenarioResult& result) {
   if (!result.slope) return "";
-  if (!result.slope_ends) return Format(*result.slope, "##.###");
+  if (!result.slope_ends) {
+    const std::string slope = Format(*result.slope, "##.###");
+    return slope == "." ? "0" : slope;
+  }
   return Format(*result.slope, "##.00") + " to " + Format(*result.slope_ends, "#######");
 }
+
+// Of the marks of `kWarningFigures`.
+constexpr std::array<std::size_t, kWarningFigures.size()> kMarkedColumns = {kComparedHighestHead, kComparedLeastFlow};
 
 struct Cell {
   ComparisonColumn column;
@@ -121,6 +129,9 @@ void TakeResult(DeskScreen& desk, const ScenarioResult& result) {
   design->made = result.outcome == ScenarioOutcome::kDone;
   design->words = WordsOf(desk, result);
   design->cell = result.cell;
+  for (std::size_t i = 0; i < result.marks.size(); ++i) {
+    design->marks.at(kMarkedColumns.at(i)) = design->made ? result.marks.at(i) : std::string();
+  }
   for (Cell& cell : CellsOf(result)) {
     const auto column = static_cast<std::size_t>(cell.column);
     design->texts.at(column) = design->made ? std::move(cell.text) : std::string();

@@ -110,9 +110,9 @@ std::string WithoutColour(std::string_view words) {
 
 // What would harm the field comes first.
 void TakeWarnings(Program& program, const std::vector<Told>& told, ScenarioResult& result) {
-  for (const Figure::Index figure : kWarningFigures) {
-    const std::string& mark = program.main.frmDisplayLbl[figure].mark;
-    if (!mark.empty()) result.warnings.push_back(mark);
+  for (std::size_t i = 0; i < kWarningFigures.size(); ++i) {
+    result.marks.at(i) = program.main.frmDisplayLbl[kWarningFigures.at(i)].mark;
+    if (!result.marks.at(i).empty()) result.warnings.push_back(result.marks.at(i));
   }
   for (const Told& message : told) result.warnings.push_back(message.body);
   for (const std::string_view name : kWarningControls) {

@@ -11,6 +11,7 @@
 #include "record/text_grid.h"
 #include "scenarios/scenario_host.h"
 #include "screen/design_types.h"
+#include "screen/fields.h"
 #include "screen/program.h"
 
 namespace torvale {
@@ -85,9 +86,11 @@ struct ScenarioResult {
   std::string target_head;  // the field afterwards: a limited selection chooses the head itself
 
   std::vector<std::string> warnings;  // whole sentences
-  std::string proof;                  // best holes: what is proven of other plans
-  std::vector<std::string> words;     // of a refusal: what was said, one message after the other
-  SheetCell cell;                     // of a refusal: the cell of the survey that it speaks of
+  std::array<std::string, kWarningFigures.size()>
+      marks;                       // those that `kWarningFigures` are marked with, which are first
+  std::string proof;               // best holes: what is proven of other plans
+  std::vector<std::string> words;  // of a refusal: what was said, one message after the other
+  SheetCell cell;                  // of a refusal: the cell of the survey that it speaks of
 
   bool operator==(const ScenarioResult&) const = default;
 };

@@ -97,6 +97,7 @@ void Grid::Resize(int rows, int column_count) {
   const std::vector<CellLook> old = std::move(looks_);
   cells_.Resize(rows, column_count);
   columns.resize(static_cast<std::size_t>(column_count));
+  std::erase_if(joined_, [&](const auto& row) { return row.first >= rows || row.second >= column_count; });
   looks_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(column_count), CellLook{});
   for (int r = 0; r < std::min(rows, old_rows); ++r) {
     for (int c = 0; c < std::min(column_count, old_columns); ++c) {
@@ -110,6 +111,7 @@ void Grid::Clear() {
   cells_.Clear();
   filled_ = TextGrid();
   std::fill(looks_.begin(), looks_.end(), CellLook{});
+  joined_.clear();
   ClearTips();
   ClearMarks();
 }
@@ -226,6 +228,19 @@ void Grid::ClearTips() {
 
 void Grid::ClearMarks() {
   ClearNotes(&CellNote::mark);
+}
+
+int Grid::StartOf(int r, int c) const {
+  const auto found = joined_.find(r);
+  return found == joined_.end() ? c : std::min(c, found->second);
+}
+
+void Grid::Join(int r, std::optional<int> from) {
+  const auto found = joined_.find(r);
+  if (found == joined_.end() ? !from.has_value() : from == found->second) return;
+  joined_.erase(r);
+  if (Look(r, from.value_or(0)), from) joined_[r] = *from;
+  ++look_revision_;
 }
 
 bool Grid::Filled(int r, int c) const {

@@ -218,6 +218,13 @@ class Grid {
   void ClearTips();
   void ClearMarks();
 
+  // Rows whose cells are one from a column on, by row: the text is that column's, the others stay empty.
+  const std::map<int, int>& joined() const { return joined_; }
+  // The column at which the cell begins that a column of a row is part of.
+  int StartOf(int r, int c) const;
+  // Joins the cells of a row from that column on; by nothing parts them.
+  void Join(int r, std::optional<int> from);
+
   // Whether the text of a cell is one that the program filled in, and nobody has put another in its place.
   bool Filled(int r, int c) const;
   // Remembers that the text that stands in the cell was filled in, or forgets it.
@@ -244,6 +251,7 @@ class Grid {
   TextGrid filled_;  // what was filled in, cell by cell; without a cell while nothing was
   std::vector<CellLook> looks_;
   std::map<std::pair<int, int>, CellNote> notes_;  // few cells have one
+  std::map<int, int> joined_;
   std::uint64_t look_revision_ = 0;
 };
 

@@ -26,19 +26,18 @@ constexpr ControlRow<DeskScreen> kRows[] = {
 };
 
 constexpr std::array<ComparisonTrait, kComparisonColumns> kTraits = {{
-    {"Design", 1500, Better::kNone, "The kinds of design of the Design menu"},
-    {"Unif. (%)", 720, Better::kHigher, "Distribution uniformity: mean of the lowest quarter over the target mean"},
-    {"Highest Head (ft)", 1260, Better::kLower, "Highest head, feet, and its station"},
-    {"Lowest Head (ft)", 1260, Better::kHigher, "Lowest head, feet, and its station"},
-    {"Least Flow", 720, Better::kHigher, "Least furrow flow, gallons per minute"},
-    {"Greatest Flow", 800, Better::kLower, "Greatest furrow flow, gallons per minute"},
-    {"Hole Sizes", 1200, Better::kLower, "Sizes of the holes, inches; the fewest are the best"},
-    {"Size Changes", 780, Better::kLower, "How often the crew must change the size along the line"},
-    {"Slope (per 100 ft)", 1200, Better::kNone, "Designed slope of the crown, feet in 100 feet"},
-    {"Highest Fill (ft)", 800, Better::kLower, "Highest fill below the designed crown, feet"},
-    {"Hours for 1 in.", 780, Better::kLower, "Hours of pumping that apply a gross inch"},
-    {"Warning, Gain", 1700, Better::kNone,
-     "What the figures warn of, what Best Holes gains, or why the design can't be made"},
+    {"Design", 1520, Better::kNone, "The kinds of design of the Design menu"},
+    {"Unif. (%)", 640, Better::kHigher, "Distribution uniformity: mean of the lowest quarter over the target mean"},
+    {"Highest Head (ft)", 1200, Better::kLower, "Highest head, feet, and its station"},
+    {"Lowest Head (ft)", 1200, Better::kHigher, "Lowest head, feet, and its station"},
+    {"Least Flow", 660, Better::kHigher, "Least furrow flow, gallons per minute"},
+    {"Greatest Flow", 760, Better::kLower, "Greatest furrow flow, gallons per minute"},
+    {"Hole Sizes", 1150, Better::kLower, "Sizes of the holes, inches; the fewest are the best"},
+    {"Size Changes", 760, Better::kLower, "How often the crew must change the size along the line"},
+    {"Slope (per\u00a0100\u00a0ft)", 1080, Better::kNone, "Designed slope of the crown, feet in 100 feet"},
+    {"Highest Fill (ft)", 720, Better::kLower, "Highest fill below the designed crown, feet"},
+    {"Hours for 1\u00a0in.", 720, Better::kLower, "Hours of pumping that apply a gross inch"},
+    {"Warning, Gain", 2100, Better::kNone, "What the figures warn of, and what Best Holes gains"},
 }};
 
 constexpr int kHeadingHeight = 510;  // twips, two lines
@@ -48,7 +47,8 @@ constexpr int kRemarkColumn = 1600;
 constexpr int kRemarkSentence = 3300;
 constexpr int kRemarkLines = 2;
 
-constexpr std::string_view kNone = "\u2014";  // of a design that can't be made
+constexpr std::string_view kNone = "\u2014";           // of a design that can't be made ...
+constexpr int kComparedReason = kComparedHighestHead;  // ... and the column from which on its row says why
 
 void Compose(Grid& grid) {
   grid.fixed_back = kTeal;
@@ -94,16 +94,33 @@ const ComparedDesign* BestOf(const DeskScreen& desk, std::size_t column) {
   return alike ? nullptr : best;
 }
 
+std::string CellText(const ComparedDesign& design, int column, const std::string& words) {
+  if (column == kComparedName) return design.texts[kComparedName];
+  if (design.made) return column == kComparedWarning ? words : design.texts.at(static_cast<std::size_t>(column));
+  if (!design.tried) return "";
+  if (column == kComparedUniformity) return std::string(kNone);
+  return column == kComparedReason ? words : "";
+}
+
+// What may be longer than its cell.
+std::string CellTip(const ComparedDesign& design, int column, const std::string& words) {
+  if (!design.tried) return "";
+  const std::string& sizes = design.texts[kComparedSizes];
+  if (design.made && column == kComparedSizes) return sizes.find(',') == std::string::npos ? "" : sizes;
+  return !design.made || column == kComparedWarning ? words : "";
+}
+
 void ShowDesign(Grid& grid, int row, const ComparedDesign& design) {
-  for (int c = 0; c < kComparisonColumns; ++c) {
-    const auto column = static_cast<std::size_t>(c);
-    const bool shown = c == kComparedName || design.made;
-    grid.Set(row, c, shown ? std::string_view(design.texts.at(column)) : std::string_view());
-  }
   const std::string words = InOneLine(design.words);
-  if (design.tried && !design.made) grid.Set(row, kComparedUniformity, kNone);
-  if (design.tried) grid.Set(row, kComparedWarning, words);
-  grid.SetTip(row, kComparedWarning, words);
+  const bool refused = design.tried && !design.made;
+  grid.Join(row, refused ? std::optional<int>(kComparedReason) : std::nullopt);
+  grid.SetAlign(row, kComparedReason, refused ? Align::kGeneral : Align::kCentreCentre);
+  for (int c = 0; c < kComparisonColumns; ++c) {
+    grid.Set(row, c, CellText(design, c, words));
+    const std::string& mark = design.marks.at(static_cast<std::size_t>(c));
+    grid.SetMark(row, c, design.made ? std::string_view(mark) : std::string_view());
+    if (c >= kComparedReason) grid.SetTip(row, c, CellTip(design, c, words));
+  }
   // The warnings may stand where the view does not reach.
   const std::string makes = InOneLine({"Enter or a click makes this design", words});
   grid.SetTip(row, kComparedName, design.made ? makes : words);

@@ -42,6 +42,7 @@ struct ComparedDesign {
   bool made = false;                                  // else why not, in `words`
   std::array<std::string, kComparisonColumns> texts;  // the name always, the others of one that was made
   std::array<std::optional<double>, kComparisonColumns> values = {};  // what the columns are sorted and compared by
+  std::array<std::string, kComparisonColumns> marks;                  // what would harm the field, at its figure
   std::vector<std::string> words;                                     // warnings, or why it can't be made: sentences
   SheetCell cell;                                                     // of the survey, that these speak of
   bool operator==(const ComparedDesign&) const = default;
@@ -55,6 +56,8 @@ struct SupplyChart {
   std::vector<double> sizes;          // inches; 0 where a row has no hole
   std::vector<double> safe_heads;     // feet that the tubing up to the row is to bear; 0 where nothing is known of it
   std::optional<double> wanted_flow;  // of a furrow
+  std::string wanted_words;           // what that line is called ...
+  std::string safe_words;             // ... and that of the safe heads
   int row = 0;                        // of the design, that is lit; 0 for none
   std::uint64_t revision = 0;         // moves with every change of the lines, not of `row`
 };

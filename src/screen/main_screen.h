@@ -41,9 +41,15 @@ struct MainScreen {
   std::string title;
   Place window;  // twips
   WindowState state = WindowState::kNormal;
-  int zoom = 100;      // percent; one scale factor for the whole screen
-  int room_width = 0;  // twips at 100 percent that a window has for the screens; 0 where there is none
+  int zoom = 100;  // percent; one scale factor for the whole screen
+  // Of a window, in twips: what it has for the screens and what grows as they do; 0 where there is no window.
+  int room_width = 0;
   int room_height = 0;
+  // What else takes of it at 100 percent: menus, tool bar and the line at the foot of the height, and an open desk of
+  // the width beside the screens or of the height below them.
+  int bars_height = 0;
+  int desk_width = 0;
+  int desk_height = 0;
   bool busy = false;        // the whole program's pointer is the hourglass
   bool main_busy = false;   // this screen's own pointer is
   bool closed = false;      // the screen was unloaded; the program ends

@@ -7,14 +7,14 @@ constexpr std::string_view kWindow = "frmStakes";
 
 constexpr ControlRow<StakesScreen> kRows[] = {
     rows::Frame<&StakesScreen::frmStakes>(kWindow, {}, "Stakes", {.visible = false}),
-    rows::Label<&StakesScreen::lblStakeInterval>("lblStakeInterval", kWindow, {120, 165, 2000, 315},
+    rows::Label<&StakesScreen::lblStakeInterval>("lblStakeInterval", kWindow, {120, 165, 2160, 315},
                                                  "Feet between stakes:"),
     rows::Field<&StakesScreen::txtStakeInterval>(
-        "txtStakeInterval", kWindow, {2200, 120, 900, 345},
+        "txtStakeInterval", kWindow, {2340, 120, 900, 345},
         "A stake stands at every so many feet, as 50 or 100, and at every survey station"),
-    rows::Label<&StakesScreen::lblCrownWidth>("lblCrownWidth", kWindow, {3400, 165, 2520, 315},
+    rows::Label<&StakesScreen::lblCrownWidth>("lblCrownWidth", kWindow, {3540, 165, 2520, 315},
                                               "Width of the crown (feet):"),
-    rows::Field<&StakesScreen::txtCrownWidth>("txtCrownWidth", kWindow, {5980, 120, 900, 345},
+    rows::Field<&StakesScreen::txtCrownWidth>("txtCrownWidth", kWindow, {6120, 120, 900, 345},
                                               "Width of the crown that is built, for the earth that it takes"),
     rows::Row<&StakesScreen::Grd_Stakes, rows::kWhole>(ControlKind::kGrid, "Grd_Stakes", kWindow,
                                                        {120, 600, 9900, 5400}, "", "", {.spoken = "Stakes"}),

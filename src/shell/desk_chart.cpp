@@ -1,5 +1,6 @@
 #include "shell/desk_chart.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -15,6 +16,14 @@
 namespace torvale {
 namespace {
 
+// The head itself where all of the tubing that is known of bears the same.
+std::string SafeWords(const std::vector<double>& heads) {
+  const double most = heads.empty() ? 0 : *std::max_element(heads.begin(), heads.end());
+  const bool alike = std::all_of(heads.begin(), heads.end(), [&](double head) { return head == 0 || head == most; });
+  if (most == 0) return "";
+  return alike ? "Safe head " + Format(most, "##0.00") + " ft" : "Safe head";
+}
+
 void TakeDesign(const Program& program, SupplyChart& chart) {
   const DesignRecord& record = program.record;
   const RowArray<Inches>& sizes = ChosenHoleDia(record);
@@ -26,7 +35,11 @@ void TakeDesign(const Program& program, SupplyChart& chart) {
     chart.sizes.push_back(hole ? sizes[i] : 0);
     chart.safe_heads.push_back(SafeHeadAt(record, program.pipe_strengths, i).value_or(0));
   }
-  if (record.AverageFurrowFlow > 0) chart.wanted_flow = record.AverageFurrowFlow;
+  if (record.AverageFurrowFlow > 0) {
+    chart.wanted_flow = record.AverageFurrowFlow;
+    chart.wanted_words = "Wanted flow " + Format(*chart.wanted_flow, "##0.00") + " GPM";
+  }
+  chart.safe_words = SafeWords(chart.safe_heads);
 }
 
 // The design's row that the results' current row shows. Of several at one whole foot it is the one of that number.

@@ -170,12 +170,16 @@ void StepZoom(Program& program, int steps) {
 void mnuZoomFit_Click(Program& program) {
   const MainScreen& main = program.main;
   const Place& corner = main.frameShowLimitedHoles.place;  // the rightmost and lowest of what stands on the screens
-  const auto fits = [](int edge, int percent, int room) { return (edge + kScreenMargin) * percent / 100 <= room; };
+  const int width = corner.left + corner.width + kScreenMargin;
+  const int height = corner.top + corner.height + kScreenMargin + main.bars_height;
+  const auto whole = [&](int percent) {
+    const auto fits = [percent](int length, int room) { return length * percent / 100 <= room; };
+    const bool beside = fits(width + main.desk_width, main.room_width);
+    return fits(width, main.room_width) && fits(height + (beside ? 0 : main.desk_height), main.room_height);
+  };
   int best = kZoomSteps.front();
   for (const int step : kZoomSteps) {
-    const bool whole = fits(corner.left + corner.width, step, main.room_width) &&
-                       fits(corner.top + corner.height, step, main.room_height);
-    if (whole) best = step;
+    if (whole(step)) best = step;
   }
   if (main.room_width > 0) SetZoom(program, best);
 }

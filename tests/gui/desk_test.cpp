@@ -1,9 +1,11 @@
 // The desk in the window: where it stands, what it shows while the user types, and what a click on it does.
+#include <QScrollBar>
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <vector>
 
+#include "display/grid_layout.h"
 #include "engine/survey.h"
 #include "gui/window_test.h"
 #include "qt/desk_view.h"
@@ -28,6 +30,71 @@ class DeskWindowTest : public WindowTest {
     return !desk().designs.empty() &&
            std::all_of(desk().designs.begin(), desk().designs.end(), [](const ComparedDesign& d) { return d.tried; });
   }
+  // 26 rows, one every 6 feet: by keys and by the mouse, in the table and in the chart.
+  void ExpectOnePointInTableAndChart() {
+    auto& plot = static_cast<QCustomPlot&>(Find<QWidget>("SupplyChart"));
+    const auto lit = [&] {
+      plot.replot();
+      for (int i = 0; i < plot.itemCount(); ++i) {
+        const auto* line = qobject_cast<QCPItemStraightLine*>(plot.item(i));
+        if (line != nullptr && line->visible()) return line->point1->coords().x();
+      }
+      return -1.0;
+    };
+    const auto expect_row = [&](int row) {
+      EXPECT_EQ(main().Grid2.row, row);
+      EXPECT_EQ(desk().chart.row, row);
+      EXPECT_DOUBLE_EQ(lit(), 6.0 * (row - 1));
+      const std::string station = "Station " + std::to_string(6 * (row - 1)) + ":";
+      EXPECT_TRUE(desk().lblChartPoint.caption.starts_with(station)) << desk().lblChartPoint.caption;
+    };
+    Results().setFocus();
+    Key(Results(), Qt::Key_Home, 1, Qt::ControlModifier);
+    expect_row(1);
+    Key(Results(), Qt::Key_Down, 4);
+    expect_row(5);
+    QTest::mouseClick(Results().viewport(), Qt::LeftButton, Qt::NoModifier, PointOf(Results(), 9, kResultHead));
+    expect_row(9);
+    const double x = plot.axisRect(0)->axis(QCPAxis::atBottom)->coordToPixel(119);  // 114 and 120 are stations
+    for (const int y : {plot.height() / 4, plot.height() * 3 / 4}) {
+      Key(Results(), Qt::Key_Home, 1, Qt::ControlModifier);
+      QTest::mouseClick(&plot, Qt::LeftButton, Qt::NoModifier, QPoint(qRound(x), y));
+      expect_row(21);
+    }
+  }
+  // Types cells of the sheet from a row on, by keys.
+  void TypeRows(int row, const std::vector<std::vector<const char*>>& rows) {
+    Sheet().setFocus();
+    for (const std::vector<const char*>& cells : rows) {
+      for (std::size_t column = 0; column < cells.size(); ++column) {
+        GridPoint(*program_, "Grid1", row, static_cast<int>(column), false);
+        // Sizes are stepped through, and the keys pass letters and commas over: these come in by other ways.
+        const std::string_view cell = cells[column];
+        if (column == kHoleSizeColumn || cell.find_first_not_of("0123456789.") != std::string_view::npos) {
+          Guarded(*program_, [&] { main().Grid1.Set(row, static_cast<int>(column), cell); });
+          continue;
+        }
+        Key(Sheet(), Qt::Key_Delete);
+        Type(Sheet(), cells[column]);
+      }
+      ++row;
+    }
+    Key(Sheet(), Qt::Key_Home, 1, Qt::ControlModifier);
+  }
+  // The whole of a cell, with what is joined to it.
+  QRect CellRect(int row, int column) {
+    QRect cell = Comparison().visualRect(Comparison().model()->index(row - 1, column));
+    const int last = column + Comparison().columnSpan(row - 1, column) - 1;
+    cell.setRight(Comparison().columnViewportPosition(last) + Comparison().columnWidth(last) - 1);
+    return cell;
+  }
+  int RowOf(std::string_view name) {
+    const auto& designs = desk().designs;
+    const auto found = std::find_if(designs.begin(), designs.end(),
+                                    [&](const ComparedDesign& d) { return d.texts[kComparedName] == name; });
+    return static_cast<int>(found - designs.begin()) + 1;
+  }
+  bool Made(std::string_view name) { return desk().designs.at(static_cast<std::size_t>(RowOf(name) - 1)).made; }
   // With TORVALE_PICTURES naming a folder.
   void Keep(const char* name) {
     const QByteArray folder = qgetenv("TORVALE_PICTURES");
@@ -81,6 +148,14 @@ TEST_F(DeskWindowTest, ALargeWindowShowsMoreRows) {
   Keep("large");
 }
 
+TEST_F(DeskWindowTest, TheSamePointIsLitInTableAndChart) {
+  Choose("mnuDesk(2)");
+  Line();
+  Key(Sheet(), Qt::Key_F5);
+  ASSERT_TRUE(Desk().isAncestorOf(&Find<QWidget>("SupplyChart")));
+  ExpectOnePointInTableAndChart();
+}
+
 // The chart stands below the hole summary where a maximised window is high enough, and in the desk elsewhere.
 TEST_F(DeskWindowTest, TheChartStandsBelowTheHoleSummaryOfALargeWindow) {
   window_->showMaximized();
@@ -101,10 +176,7 @@ TEST_F(DeskWindowTest, TheChartStandsBelowTheHoleSummaryOfALargeWindow) {
   EXPECT_GE(Find<QWidget>("SupplyChart").height(), 100);
   EXPECT_LE(section.geometry().bottom(), section.parentWidget()->height());
   Keep("chart-below-summary");
-  // A click in it goes to a row of the table there as well.
-  auto& plot = Find<QWidget>("SupplyChart");
-  QTest::mouseClick(&plot, Qt::LeftButton, Qt::NoModifier, QPoint(plot.width() - 60, plot.height() / 3));
-  EXPECT_GT(main().Grid2.row, 10);
+  ExpectOnePointInTableAndChart();
   Press("btnCloseChart");
   EXPECT_FALSE(section.isVisible());
   Choose("mnuDesk(2)");
@@ -117,6 +189,99 @@ TEST_F(DeskWindowTest, TheChartStandsBelowTheHoleSummaryOfALargeWindow) {
   window_->Sync();
   EXPECT_TRUE(Desk().isAncestorOf(&section));
   EXPECT_TRUE(Desk().isVisible());
+}
+
+// Large screens: tables and panels are wider as well, as far as a row can be followed with the eye, and what the mouse
+// points at is what lies there.
+struct Room {
+  const char* name;
+  int width;
+  int height;
+};
+class LargeWindowTest : public DeskWindowTest, public testing::WithParamInterface<Room> {
+ protected:
+  void Enlarge() {
+    // A maximised window has the size of the display, which the tests' is too small for.
+    main().state = WindowState::kMaximized;
+    window_->resize(GetParam().width, GetParam().height);
+    QTest::qWait(400);
+    ASSERT_EQ(window_->size(), QSize(GetParam().width, GetParam().height));
+  }
+  QWidget& Canvas() { return Find<QWidget>("canvas"); }
+  void Shot(const char* state) { Keep((std::string("room-") + GetParam().name + "-" + state).c_str()); }
+};
+
+TEST_P(LargeWindowTest, TablesAndPanelsAreWider) {
+  const int plain = Sheet().width();
+  const int summary = main().frameShowLimitedHoles.place.width / 15;
+  Enlarge();
+  const double wider = std::min(2.0, GetParam().width / (16000 / 15.0));
+  EXPECT_NEAR(Sheet().width(), plain * wider, 3);
+  Shot("first-steps");
+  Line();
+  EXPECT_EQ(Sheet().columnViewportPosition(8) + Sheet().columnWidth(8), Sheet().viewport()->width())
+      << "the columns fill the sheet";
+  Shot("input");
+  Key(Sheet(), Qt::Key_F5);
+  Choose("mnuDesk(2)");
+  QTest::qWait(200);
+  EXPECT_NEAR(Find<QWidget>("frameShowLimitedHoles").width(), summary * wider, 3);
+  EXPECT_NEAR(Find<QWidget>("SupplyChart").width(), summary * wider, 6);
+  Shot("results");
+  // A click lands in the cell that is seen, and reads out the station under the pointer.
+  QTest::mouseClick(Results().viewport(), Qt::LeftButton, Qt::NoModifier, PointOf(Results(), 12, kResultHead));
+  EXPECT_EQ(main().Grid2.row, 12);
+  EXPECT_EQ(main().Grid2.column, kResultHead);
+  Choose("mnuWindowInfo");
+  Choose("mnuZoomFit");
+  QTest::qWait(300);
+  EXPECT_GE(main().zoom, 125);
+  EXPECT_GE(Canvas().width() + (Desk().isVisible() ? Desk().width() : 0), GetParam().width * 3 / 4);
+  EXPECT_FALSE(Find<QScrollArea>("screens").horizontalScrollBar()->isVisible());
+  EXPECT_FALSE(Find<QScrollArea>("screens").verticalScrollBar()->isVisible());
+  Key(Sheet(), Qt::Key_F5);
+  QTest::qWait(200);
+  Shot("fit");
+}
+
+TEST_P(LargeWindowTest, TheDeskHasItsRoomFirst) {
+  Enlarge();
+  Line();
+  for (const char* section : {"mnuDesk(0)", "mnuDesk(1)", "mnuDesk(2)"}) Choose(section);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 20000));
+  Key(Sheet(), Qt::Key_F8);
+  QTest::qWait(300);
+  EXPECT_GE(Desk().width(), 800);
+  EXPECT_GE(Desk().x(), Canvas().width());
+  EXPECT_EQ(Comparison().horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff) << "all columns have room";
+  EXPECT_FALSE(Find<QScrollArea>("screens").horizontalScrollBar()->isVisible());
+  Shot("desk");
+}
+
+// A panel goes where it is dropped, however wide the screens are.
+TEST_P(LargeWindowTest, APanelIsDroppedUnderThePointer) {
+  Enlarge();
+  Line();
+  Choose("mnuManHoleSelection");
+  auto& panel = Find<QWidget>("frameHoleSelection");
+  const QPoint before = panel.pos();
+  QWidget* ground = static_cast<QScrollArea&>(panel).widget();
+  const QPoint grip(panel.width() - 12, panel.height() - 12);
+  const QPoint from = ground->mapFrom(&panel, grip);
+  QTest::mousePress(ground, Qt::LeftButton, Qt::NoModifier, from);
+  QTest::mouseRelease(ground, Qt::LeftButton, Qt::NoModifier, from + QPoint(90, 60));
+  EXPECT_NEAR(panel.x(), before.x() + 90, 2);
+  EXPECT_NEAR(panel.y(), before.y() + 60, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rooms, LargeWindowTest,
+                         testing::Values(Room{"hd", 1920, 1010}, Room{"qhd", 2560, 1370}, Room{"uhd", 3840, 2090}),
+                         [](const auto& room) { return std::string(room.param.name); });
+
+// A window as wide as the screens shows them as they are laid out.
+TEST_F(DeskWindowTest, ANormalWindowIsNotWidened) {
+  EXPECT_EQ(Sheet().width(), main().Grid1.control.place.width / 15);
+  EXPECT_EQ(Find<QWidget>("frameFirstSteps").x(), main().frameFirstSteps.place.left / 15);
 }
 
 // The remarks in the window: the list fills while one types, and a click or Enter goes to the cell.
@@ -160,19 +325,14 @@ TEST_F(DeskWindowTest, TheComparisonWorksByKeys) {
   Key(Comparison(), Qt::Key_Space);
   EXPECT_EQ(desk().sorted_by, kComparedUniformity);
   Key(Comparison(), Qt::Key_Home, 1, Qt::ControlModifier);
-  const int down = static_cast<int>(
-      std::find_if(desk().designs.begin(), desk().designs.end(),
-                   [](const ComparedDesign& d) { return d.texts[kComparedName] == "Computer Holes"; }) -
-      desk().designs.begin());
+  const int down = RowOf("Computer Holes") - 1;
   Key(Comparison(), Qt::Key_Down, down);
   Key(Comparison(), Qt::Key_Return);
   EXPECT_TRUE(Results().isVisible());
   EXPECT_EQ(record().DesignType, kComputerHoles);
   // What can't be made for want of sizes leads to where they are chosen, and says so.
-  const auto users = std::find_if(desk().designs.begin(), desk().designs.end(),
-                                  [](const ComparedDesign& d) { return d.texts[kComparedName] == "User Holes"; });
-  const int row = static_cast<int>(users - desk().designs.begin()) + 1;
-  EXPECT_NE(desk().Comparison.Text(row, kComparedWarning).find("Selected Holes"), std::string::npos);
+  const int row = RowOf("User Holes");
+  EXPECT_NE(desk().Comparison.Text(row, kComparedHighestHead).find("Selected Holes"), std::string::npos);
   QTest::mouseClick(Comparison().viewport(), Qt::LeftButton, Qt::NoModifier, PointOf(Comparison(), row, 0));
   EXPECT_TRUE(Find<QWidget>("frameHoleSelection").isVisible());
 }
@@ -191,11 +351,70 @@ TEST_F(DeskWindowTest, WarningsTakeSeveralLines) {
   EXPECT_EQ(Comparison().horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff) << "all columns have room";
   // The longest words fit the lines of their cell.
   for (int row = 1; row < desk().Comparison.rows(); ++row) {
-    const QRect cell = Comparison().visualRect(Comparison().model()->index(row - 1, kComparedWarning));
+    const int column = Made(desk().Comparison.Text(row, 0)) ? kComparedWarning : kComparedHighestHead;
+    const QRect cell = CellRect(row, column);
     const QRect words = Comparison().fontMetrics().boundingRect(cell.adjusted(3, 0, -3, 0), Qt::TextWordWrap,
-                                                                ToQt(desk().Comparison.Text(row, kComparedWarning)));
-    EXPECT_LE(words.height(), cell.height()) << desk().Comparison.Text(row, kComparedWarning);
+                                                                ToQt(desk().Comparison.Text(row, column)));
+    EXPECT_LE(words.height(), cell.height()) << desk().Comparison.Text(row, column);
   }
+}
+
+// In a normal window the row of a design that can't be made says why in the room of its figures, and the line below the
+// table has the whole of it, and of every warning, for the row that the arrow keys lead to.
+TEST_F(DeskWindowTest, WordsAreReadableInANormalWindow) {
+  TypeFields("North Forty", "400", "2");
+  program_->pipe_strengths = {{15, 10, 2.2}};
+  TypeRows(1, {{"0", "10.00", "600", "6", "15", "1/2", "1", "10", "6"},
+               {"150", "10.00", "600", "6", "15", "1/2", "1", "10", "6"}});
+  for (const char* section : {"mnuDesk(0)", "mnuDesk(2)", "mnuDesk(1)"}) {
+    Choose(section);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 20000));
+    ASSERT_FALSE(Made("Constant Slope"));
+    const int refused = RowOf("Constant Slope");
+    EXPECT_GE(CellRect(refused, kComparedHighestHead).width(), 600) << "joined to the end of the row";
+    auto& words = Find<QLabel>("lblComparisonWords");
+    Comparison().setFocus();
+    Key(Comparison(), Qt::Key_Home, 1, Qt::ControlModifier);
+    for (int row = 1; row < desk().Comparison.rows(); ++row) {
+      ASSERT_EQ(desk().Comparison.row, row);
+      const ComparedDesign& design = desk().designs.at(static_cast<std::size_t>(row - 1));
+      for (const std::string& sentence : design.words) {
+        const QString flat = ToQt(sentence).simplified();
+        EXPECT_TRUE(words.text().contains(flat)) << flat.toStdString();
+        EXPECT_TRUE(words.toolTip().contains(flat.left(20).toHtmlEscaped())) << words.toolTip().toStdString();
+      }
+      const QRect needed = words.fontMetrics().boundingRect(words.contentsRect(), Qt::TextWordWrap, words.text());
+      EXPECT_LE(needed.height(), words.height()) << section << ": " << words.text().toStdString();
+      EXPECT_GE(words.font().pixelSize(), 9) << section << ": " << words.text().toStdString();
+      Key(Comparison(), Qt::Key_Down);
+    }
+    Keep((std::string("words-") + section[8]).c_str());
+  }
+}
+
+// Tubing that would burst and furrows that stay dry are pink where their figures stand.
+TEST_F(DeskWindowTest, WhatWouldHarmTheFieldIsPink) {
+  program_->pipe_strengths = {{15, 10, 0.5}};
+  Choose("mnuDesk(0)");
+  TypeFields("Hump", "100", "2");
+  TypeRows(1, {{"0", "100", "1000", "10", "15", "7/8", "1", "10", "10"},
+               {"40", "104", "1000", "10", "15", "7/8", "1", "10", "10"},
+               {"80", "100", "1000", "10", "15", "7/8", "1", "10", "10"},
+               {"200", "100", "1000", "10", "15", "7/8", "1", "10", "10"}});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 20000));
+  int burst = 0;
+  for (int row = 1; row < desk().Comparison.rows(); ++row) {
+    const ComparedDesign& design = desk().designs.at(static_cast<std::size_t>(row - 1));
+    const std::string& mark = desk().Comparison.Mark(row, kComparedHighestHead);
+    burst += mark.find("is to bear") != std::string::npos ? 1 : 0;
+    EXPECT_EQ(mark.empty(), design.marks[kComparedHighestHead].empty());
+    if (mark.empty()) continue;
+    const QImage picture = Comparison().viewport()->grab().toImage();
+    const QRect cell = CellRect(row, kComparedHighestHead);
+    EXPECT_EQ(picture.pixelColor(cell.left() + 3, cell.top() + 3), ToQt(kMarkedBack));
+  }
+  EXPECT_GT(burst, 0);
+  Keep("burst");
 }
 
 TEST_F(DeskWindowTest, AChangedFieldIsMarkedUntilReCalculated) {
@@ -242,17 +461,33 @@ class DeskLookTest : public DeskWindowTest, public testing::WithParamInterface<D
     DeskWindowTest::TearDown();
     QApplication::setPalette(before_);
   }
+  // Maximised on a large screen, at the zoom.
+  void Enlarge() {
+    window_->showMaximized();
+    window_->resize(19 * GetParam().zoom, 10 * GetParam().zoom);
+    Guarded(*program_, [this] { SetZoom(*program_, GetParam().zoom); });
+    window_->Sync();
+  }
+  // Every label that is seen has room for its words.
+  void Look(const char* state) {
+    QTest::qWait(100);
+    Keep((std::string(state) + "-" + GetParam().name).c_str());
+    for (const QLabel* label : window_->findChildren<QLabel*>()) {
+      if (!label->isVisible() || label->text().isEmpty() || label->objectName() == "sbStatusBar") continue;
+      const int flags = label->wordWrap() ? Qt::TextWordWrap : 0;
+      const QRect words = label->fontMetrics().boundingRect(label->contentsRect(), flags, label->text());
+      EXPECT_LE(words.width(), label->width() + 1) << state << ": " << label->text().toStdString();
+      EXPECT_LE(words.height(), label->height() + 1) << state << ": " << label->text().toStdString();
+    }
+  }
 
  private:
   QPalette before_;
 };
 
 TEST_P(DeskLookTest, HasRoomForWhatStandsInIt) {
-  window_->showMaximized();
-  window_->resize(19 * GetParam().zoom, 10 * GetParam().zoom);
+  Enlarge();
   Line();
-  Guarded(*program_, [this] { SetZoom(*program_, GetParam().zoom); });
-  window_->Sync();
   for (const char* section : {"mnuDesk(0)", "mnuDesk(1)", "mnuDesk(2)"}) Choose(section);
   ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 60000));
   Keep((std::string("desk-input-") + GetParam().name).c_str());
@@ -265,56 +500,31 @@ TEST_P(DeskLookTest, HasRoomForWhatStandsInIt) {
   }
 }
 
-// Every label that is seen has room for its words.
 TEST_P(DeskLookTest, NothingIsCutOff) {
-  const auto look = [&](const char* state) {
-    QTest::qWait(100);
-    Keep((std::string(state) + "-" + GetParam().name).c_str());
-    for (const QLabel* label : window_->findChildren<QLabel*>()) {
-      if (!label->isVisible() || label->text().isEmpty() || label->objectName() == "sbStatusBar") continue;
-      const int flags = label->wordWrap() ? Qt::TextWordWrap : 0;
-      const QRect words = label->fontMetrics().boundingRect(label->contentsRect(), flags, label->text());
-      EXPECT_LE(words.width(), label->width() + 1) << state << ": " << label->text().toStdString();
-      EXPECT_LE(words.height(), label->height() + 1) << state << ": " << label->text().toStdString();
-    }
-  };
   program_->pipe_strengths = {{15, 10, 2.2}};
-  window_->showMaximized();
-  window_->resize(19 * GetParam().zoom, 10 * GetParam().zoom);
-  Guarded(*program_, [this] { SetZoom(*program_, GetParam().zoom); });
-  window_->Sync();
-  look("first-steps");
+  Enlarge();
+  Look("first-steps");
   for (const char* section : {"mnuDesk(0)", "mnuDesk(1)", "mnuDesk(2)"}) Choose(section);
   TypeFields("North Forty", "400", "2");
-  Guarded(*program_, [this] {
-    const char* const rows[3][9] = {{"0", "100,25", "1320", "6", "15", "7/8", "1", "10", "6"},
-                                    {"90", "100.1", "85O", "6", "15", "9/7", "1", "10", "6"},
-                                    {"60", "102.2", "1320", "6", "15", "7/8", "1", "10", "6"}};
-    for (int row = 0; row < 3; ++row) {
-      for (int column = 0; column < 9; ++column) main().Grid1.Set(row + 1, column, rows[row][column]);
-    }
-  });
-  window_->Sync();
+  TypeRows(1, {{"0", "100.25", "1320", "6", "15", "7/8", "1", "10", "6"},
+               {"90", "99.6", "1320", "6", "15", "7/8", "1", "10", "6"},
+               {"150", "99.9", "1320", "6", "15", "7/8", "1", "10", "6"}});
+  EXPECT_FALSE(Find<QWidget>("frameFirstSteps").isVisible());
+  Keep((std::string("filling-") + GetParam().name).c_str());
   ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 60000));
-  look("remarks");
-  Guarded(*program_, [this] {
-    const char* const cells[4][2] = {{"0", "100.25"}, {"90", "99.6"}, {"150", "99.9"}, {"", ""}};
-    for (int row = 0; row < 3; ++row) {
-      for (int column = 0; column < 2; ++column) main().Grid1.Set(row + 1, column, cells[row][column]);
-    }
-    main().Grid1.Set(2, kFurrowLengthColumn, "1320");
-    main().Grid1.Set(2, kHoleSizeColumn, "7/8");
-    TypeText(*program_, "txtInfo(5)", "E");
-  });
-  Key(Sheet(), Qt::Key_F6);
+  Look("filled");
+  GridPoint(*program_, "Comparison", 0, kComparedUniformity, false);
   window_->Sync();
+  Look("sorted");
+  Key(Sheet(), Qt::Key_F6);
   ASSERT_TRUE(main().Grid2.control.visible);
   QTest::qWait(500);
   EXPECT_FALSE(main().frmDisplayLbl[1].mark.empty()) << "more head than the tubing is to bear";
-  look("overload");
-  TypeText(*program_, "txtInfo(2)", "380");
-  window_->Sync();
-  look("stale");
+  Look("overload");
+  Info(2).setFocus();
+  Info(2).selectAll();
+  Type(Info(2), "380");
+  Look("stale");
   Guarded(*program_, [this] { MenuOpened(*program_, "mnuView"); });
   window_->Sync();
   Choose("mnuStakes");
@@ -324,6 +534,53 @@ TEST_P(DeskLookTest, NothingIsCutOff) {
   window_->Sync();
   const QByteArray folder = qgetenv("TORVALE_PICTURES");
   if (!folder.isEmpty()) stakes.grab().save(QString("%1/stakes-%2.png").arg(QString(folder), GetParam().name));
+}
+
+// A survey with one slip of each kind, then one of which the program filled cells in.
+TEST_P(DeskLookTest, RemarksAreNotCutOff) {
+  Enlarge();
+  for (const char* section : {"mnuDesk(0)", "mnuDesk(1)"}) Choose(section);
+  TypeFields("Slips", "400", "2");
+  TypeRows(1, {{"0", "100.25", "1320", "6", "15", "7/8", "1", "10", ""},
+               {"90", "100.1", "85O", "six", "15", "9/7", "1", "10", "6"},
+               {"90", "102.2", "1320", "6", "15", "7/8", "1", "10", "6"},
+               {"60", "102,3", "1320", "6", "15", "7/8", "1", "10", "6"},
+               {"150", "102.3", "", "", "", "", "", "", ""},
+               {"200", "102.3", "1320", "6", "15", "7/8", "1", "10", "6"}});
+  EXPECT_GE(program_->remarks.size(), 7U);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 60000));
+  Look("remarks");
+  Choose("mnuFileNew");
+  TypeFields("Grey", "400", "2");
+  TypeRows(1, {{"0", "100.25", "1320", "6", "15", "7/8", "1", "10", "6"}});
+  TypeRows(2, {{"90", "100.1"}, {"150", "100.0", "1200"}});
+  Guarded(*program_, [this] {
+    for (const int row : {2, 3}) main().Grid1.Set(row, kHoleSizeColumn, "7/8");
+  });
+  Press("cmdInterpolate");
+  EXPECT_TRUE(main().Grid1.Filled(2, kPipeDiaColumn));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 60000));
+  Look("grey");
+}
+
+// The chart below the hole summary and the curve of the best holes.
+TEST_P(DeskLookTest, TheChartStandsClearOfTheCurve) {
+  Enlarge();
+  Line();
+  for (const char* size : {"3/4", "7/8", "1"}) main().listHolesSelected.Add(size);
+  main().txtBest[0].Set("2");
+  Choose("mnuDesk(2)");
+  Choose("mnuBestHoles");
+  Press("cmdFindBestHoles");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return main().Grid2.control.visible; }, 60000));
+  auto& curve = Find<QWidget>("frameBestCurve");
+  ASSERT_TRUE(curve.isVisible());
+  Look("curve");
+  EXPECT_GE(curve.y(), Find<QWidget>("frameShowLimitedHoles").geometry().bottom());
+  auto& section = Find<QWidget>("frmChart");
+  if (!Desk().isAncestorOf(&section)) {
+    EXPECT_GT(section.y(), curve.geometry().bottom());
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Looks, DeskLookTest,

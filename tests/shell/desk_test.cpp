@@ -109,6 +109,20 @@ TEST_F(DeskTest, ZoomFitsTheWindow) {
   program.main.room_width = 600 * 15;
   Click(program, "mnuZoomFit");
   EXPECT_EQ(program.main.zoom, 75) << "the smallest where none fits";
+  // With 90 pixels of menus, tool bar and the like, which grow too, 150 percent want 720 x 1.5 = 1080 pixels in all.
+  program.main.room_width = 1920 * 15;
+  program.main.bars_height = 90 * 15;
+  program.main.room_height = 1079 * 15;
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 125);
+  program.main.room_height = 1080 * 15;
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 150);
+  // A desk of 420 pixels has no room beside screens of 1032 at 150 percent (2178), and none below them.
+  program.main.desk_width = 420 * 15;
+  program.main.desk_height = 276 * 15;
+  Click(program, "mnuZoomFit");
+  EXPECT_EQ(program.main.zoom, 125);
 }
 
 // Tab leads out of the sheet through the screen and the desk, and back.
