@@ -1,7 +1,11 @@
 // The stakes, the pink and the grey cells, and the picture for a phone, with real keys in real windows.
+#include <QFileDialog>
 #include <QImage>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QTableView>
 
+#include "gui/pdf_pages.h"
 #include "qt/document_painter.h"
 #include "shell/commands.h"
 #include "shell/events.h"
@@ -38,6 +42,20 @@ struct StakesWindowTest : WindowTest {
     window_->Sync();
     Choose("mnuStakes");
     ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &Window(); }));
+  }
+  // Chooses the path in the file dialog that is about to open over the stakes.
+  void SaveNextTo(const QString& path) {
+    QTimer::singleShot(0, qApp, [this, path] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      EXPECT_EQ(dialog->parentWidget(), &Window());
+      dialog->selectFile(path);
+      static_cast<QDialog*>(dialog)->accept();
+    });
+  }
+  static QString TextOfFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
   }
   // A picture for the eye, where a folder is named for it.
   static void Picture(QWidget& widget, const QString& name) {
@@ -90,6 +108,74 @@ TEST_F(StakesWindowTest, TabLeadsRoundTheWindowAndEscOutOfIt) {
   Key(table, Qt::Key_Escape);
   EXPECT_FALSE(Window().isVisible());
   EXPECT_EQ(main().focus, "Grid2");
+}
+
+// By its button, with the mouse and by key.
+TEST_F(StakesWindowTest, TheTableIsExported) {
+  Design();
+  Open();
+  TypeText(*program_, "txtCrownWidth", "6");
+  window_->Sync();
+  const QString path = data_.filePath("stakes.csv");
+  SaveNextTo(path);
+  Press("btnCsvStakes");
+  const QStringList lines = TextOfFile(path).split("\r\n");
+  const Grid& table = program_->stakes.Grd_Stakes;
+  ASSERT_EQ(lines.size(), table.rows() + 1) << "each line ends";
+  for (int row = 0; row < table.rows(); ++row) {
+    QStringList cells;
+    for (int c = 0; c < table.column_count(); ++c) cells.append(QString::fromStdString(table.Text(row, c)));
+    EXPECT_EQ(lines[row], cells.join(','));
+  }
+  EXPECT_NE(main().sbStatusBar.caption.find("stakes.csv"), std::string::npos) << main().sbStatusBar.caption;
+  const QString by_key = data_.filePath("by-key.csv");
+  SaveNextTo(by_key);
+  Find<QPushButton>("btnCsvStakes").setFocus();
+  Key(Find<QPushButton>("btnCsvStakes"), Qt::Key_Space);
+  EXPECT_EQ(TextOfFile(by_key), TextOfFile(path));
+}
+
+TEST_F(StakesWindowTest, TheReportIsExported) {
+  if (!CanRenderPdf()) GTEST_SKIP() << "pdftoppm is not installed";
+  Design();
+  Open();
+  TypeText(*program_, "txtStakeInterval", "25");
+  TypeText(*program_, "txtCrownWidth", "6");
+  window_->Sync();
+  const QString path = data_.filePath("stakes.pdf");
+  SaveNextTo(path);
+  Press("btnPdfStakes");
+  const std::vector<QImage> pages = PagesOf(path);
+  ASSERT_EQ(pages.size(), 1U);
+  const auto ink = [&](double left, double top, double right, double foot) {
+    constexpr double kMargin = 0.25;  // the document's 8 inches in the middle of 8.5
+    const auto dots = [](double inches) { return qRound(inches * kDotsPerInch); };
+    return DarkDots(pages[0],
+                    QRect(QPoint(dots(left + kMargin), dots(top)), QPoint(dots(right + kMargin), dots(foot))));
+  };
+  EXPECT_GT(ink(2, 0.2, 6, 1), 200) << "the title";
+  // Names in two lines from 1.2 inches on, .5 for them, .53 for the headings: five rows of .195 begin at 2.23.
+  for (const double left : {0.5, 1.25, 2.25, 3.25, 4.25, 5.45, 6.5}) {
+    EXPECT_GT(ink(left + 0.04, 1.72, left + 0.7, 2.2), 30) << "heading at " << left;
+    EXPECT_GT(ink(left + 0.04, 2.45, left + 0.7, 2.6), 10) << "second stake at " << left;
+  }
+  EXPECT_EQ(ink(0, 5, 8, 10.5), 0) << "below the table and its sentences";
+  const QString folder = qEnvironmentVariable("TORVALE_PICTURES");
+  if (!folder.isEmpty()) pages[0].save(folder + "/stakes-report.png");
+}
+
+TEST_F(StakesWindowTest, TheReportIsPreviewed) {
+  Design();
+  Open();
+  bool seen = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    seen = dialog->findChild<QPrintPreviewWidget*>()->pageCount() == 1 && dialog->windowTitle() == "Stakes";
+    dialog->reject();
+  });
+  Press("btnPreviewStakes");
+  EXPECT_TRUE(seen);
 }
 
 TEST_F(StakesWindowTest, PicturesAtTwoSizes) {

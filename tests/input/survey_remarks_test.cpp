@@ -80,6 +80,93 @@ TEST_F(SurveyRemarksTest, TheWordsOfASupplyLineAreNoWrongNumbers) {
   EXPECT_TRUE(RemarksOnSurvey(program).empty());
 }
 
+TEST_F(SurveyRemarksTest, AWordIsNoNumber) {
+  sheet().Set(2, 3, "wide");
+  EXPECT_EQ(Only(),
+            "2,3: Row 2, distance between holes: \u201Cwide\u201D is read as 0. Write digits and, for decimals, one "
+            "point: no commas, no letters.");
+}
+
+TEST_F(SurveyRemarksTest, TheLetterOIsNoZero) {
+  sheet().Set(3, 2, "85O");
+  EXPECT_EQ(Only(),
+            "3,2: Row 3, furrow length: \u201C85O\u201D is read as 85. Write digits and, for decimals, one point: no "
+            "commas, no letters.");
+}
+
+TEST_F(SurveyRemarksTest, AStationMustRise) {
+  sheet().Set(3, 0, "90");
+  EXPECT_EQ(Only(),
+            "3,0: Row 3, station: 90 lies ahead of 100 in the row above. Stations must rise: correct it, or move the "
+            "row.");
+  sheet().Set(3, 0, "100");
+  EXPECT_EQ(Only(), "3,0: Row 3, station: it is the same as in the row above. Correct it, or delete the row.");
+}
+
+TEST_F(SurveyRemarksTest, TheFirstStationIsZero) {
+  sheet().Set(1, 0, "5");
+  EXPECT_EQ(Only(), "1,0: Row 1, station: it must be 0. Measure the stations from the head of the line.");
+  sheet().Set(1, 0, "0.0");
+  EXPECT_TRUE(RemarksOnSurvey(program).empty());
+}
+
+// A row without a hole and a length, an empty one, and one without a station end the survey ahead of what lies below.
+TEST_F(SurveyRemarksTest, ARowThatEndsTheSurveyEarlyIsNamed) {
+  sheet().Set(2, 2, "");
+  sheet().Set(2, 5, "");
+  EXPECT_EQ(Only(),
+            "2,5: Row 2 has neither furrow length nor hole size, so that the survey ends at station 0. Enter a hole "
+            "size, or 0 where nothing is watered.");
+  Row(2, {"", "", "", "", "", "", "", "", ""});
+  EXPECT_EQ(Only(), "2,0: Row 2 is empty, so that the survey ends at station 0. Fill it, or delete it.");
+  Row(2, {"", "10.10", "1320", "25", "15", "1", "1", "10", "25"});
+  EXPECT_EQ(Only(), "2,0: Row 2, station: it is missing. Enter it, or empty the row.");
+}
+
+// Only row 1 is full; of the others the stations and readings alone are typed.
+TEST_F(SurveyRemarksTest, ASurveyOfWhichOnlyTheFirstRowIsFull) {
+  Row(2, {"100", "10.10", "", "", "", "", "", "", ""});
+  Row(3, {"200", "10.20", "", "", "", "", "", "", ""});
+  EXPECT_EQ(Only(),
+            "2,5: Row 2 has neither furrow length nor hole size, so that the survey ends at station 0. Enter a hole "
+            "size, or 0 where nothing is watered.");
+}
+
+TEST_F(SurveyRemarksTest, WhatTheFirstRowLacksIsNamed) {
+  const struct {
+    int column;
+    const char* remark;
+  } kinds[] = {
+      {1, "1,1: Row 1, elevation: it is missing. Enter it; the rows below take it from here."},
+      {4, "1,4: Row 1, pipe diameter: it is missing. Enter it; the rows below take it from here."},
+      {2, "1,2: Row 1, furrow length: it is missing. Enter it at the first watered row and wherever it changes."},
+      {8, "1,8: Row 1, planted furrow width: it is missing, so that acres and hours come out as 0."},
+  };
+  for (const auto& [column, remark] : kinds) {
+    const std::string kept = Text(1, column);
+    sheet().Set(1, column, "");
+    EXPECT_EQ(Only(), remark);
+    sheet().Set(1, column, kept);
+  }
+}
+
+// Every remark stands as the mark of its cell, which is the first line of the cell's tool tip.
+TEST_F(SurveyRemarksTest, EachKindMarksItsCell) {
+  Row(1, {"5", "", "", "wide", "", "1", "1", "10", ""});
+  Row(2, {"100", "10,1", "85O", "25", "15", "5/9", "1", "10", "25"});
+  Row(3, {"100", "20.20", "1320", "25", "15", "1", "1", "10", "25"});
+  Row(4, {"90", "20.20", "1320", "25", "15", "1", "1", "10", "25"});
+  Row(5, {"300", "20.20", "", "", "", "", "", "", ""});
+  Row(6, {"400", "20.20", "1320", "25", "15", "1", "1", "10", "25"});
+  MarkSurvey(program);
+  std::string cells;
+  for (const SurveyRemark& remark : program.remarks) {
+    cells += CellName(remark.cell.row, remark.cell.column) + " ";
+    EXPECT_EQ(sheet().Mark(remark.cell.row, remark.cell.column), remark.sentence);
+  }
+  EXPECT_EQ(cells, "1,0 1,1 1,2 1,3 1,4 1,8 2,1 2,2 2,5 3,0 3,1 4,0 5,5 ");
+}
+
 TEST_F(SurveyRemarksTest, AHoleSizeMustBeInTheTable) {
   sheet().Set(2, 5, "5/9");
   EXPECT_EQ(
