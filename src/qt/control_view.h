@@ -7,6 +7,7 @@
 #include <span>
 
 #include "qt/field_view.h"
+#include "qt/scale.h"
 #include "screen/main_screen.h"
 
 namespace torvale {

@@ -10,8 +10,8 @@
 
 #include "qt/fitted_text.h"
 #include "qt/main_window.h"
-#include "qt/to_qt.h"
 #include "qt/tips.h"
+#include "qt/to_qt.h"
 
 namespace torvale {
 namespace {

@@ -121,10 +121,8 @@ void NameProfile(Program& program) {
   program.profile.lblProfileName.caption = name;
 }
 
-// What went wrong; nothing where all copies were printed, or the user does not want them as they are.
+// What went wrong; nothing where all copies were printed.
 SpokenMessage PrintCopies(Program& program) {
-  if (!program.host.HasPrinter()) return words::kNoPrinterForPicture;
-  if (!GoOnThoughStale(program)) return {};
   NameProfile(program);
   const std::optional<int> copies = program.host.PrinterDialog();
   if (!copies) return words::kPrintingCancelled;
@@ -176,18 +174,22 @@ void btnBack_Click(Program& program) {
 }
 
 void btnPrintProfile_Click(Program& program) {
-  const SpokenMessage failure = PrintCopies(program);
-  ShowButtons(program.profile, true);
-  if (!failure.empty()) Tell(program, failure);
+  if (!program.host.HasPrinter()) return Tell(program, words::kNoPrinterForPicture);
+  TakeOut(program, [&] {
+    const SpokenMessage failure = PrintCopies(program);
+    ShowButtons(program.profile, true);
+    if (!failure.empty()) Tell(program, failure);
+  });
 }
 
 void btnExportPicture_Click(Program& program) {
-  if (!GoOnThoughStale(program)) return;
-  NameProfile(program);
-  const auto path = ChooseExport(
-      program,
-      {"Export Picture", "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf", "Crown Profile", {".png", ".pdf"}});
-  if (path) TellExported(program, *path, program.host.WriteProfile(*path), words::kPictureNotWritten);
+  TakeOut(program, [&] {
+    NameProfile(program);
+    const auto path = ChooseExport(
+        program,
+        {"Export Picture", "PNG picture (*.png)|*.png|PDF document (*.pdf)|*.pdf", "Crown Profile", {".png", ".pdf"}});
+    if (path) TellExported(program, *path, program.host.WriteProfile(*path), words::kPictureNotWritten);
+  });
 }
 
 }  // namespace torvale
