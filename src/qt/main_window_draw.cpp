@@ -132,9 +132,10 @@ QRect MainWindow::ChartPlace() const {
   return {above.left(), above.bottom() + scale.Zoomed(kMargin), above.width(), height};
 }
 
-// How many times wider the screens are shown than they are laid out, where the window is wider than they are. A desk
-// beside them has what it wants first.
+// How many times wider the screens are shown than they are laid out, in a maximised window that is wider than they are.
+// A desk beside them has what it wants first. A window of normal state has the width that goes with its zoom.
 double MainWindow::Widening(bool desk) const {
+  if (program_.main.state != WindowState::kMaximized) return 1;
   const Scale scale(program_.main.zoom);
   const QSize needed = NeededRoom(scale);
   const QSize window = centralWidget()->size();

@@ -6,12 +6,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
-#include <QShortcut>
 #include <QStandardPaths>
 #include <QTimer>
 #include <algorithm>
@@ -44,13 +44,29 @@ void KeepLines(const QMessageBox& box) {
   label->setMinimumWidth(std::min(widest + 1, box.screen()->availableSize().width() * 2 / 3));
 }
 
+// What the F1 key does in a box, whichever of its buttons has the focus.
+class ExplainOnF1 final : public QObject {
+ public:
+  explicit ExplainOnF1(const std::function<void()>& explain) : explain_(explain) {}
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool asked = event->type() == QEvent::KeyPress && static_cast<QKeyEvent&>(*event).key() == Qt::Key_F1;
+    if (!asked || !explain_) return QObject::eventFilter(watched, event);
+    explain_();
+    return true;
+  }
+
+ private:
+  const std::function<void()>& explain_;
+};
+
 QMessageBox::StandardButton Show(QWidget* window, QMessageBox::Icon icon, std::string_view body, std::string_view title,
                                  QMessageBox::StandardButtons buttons, const std::function<void()>& explain) {
   QMessageBox box(icon, ToQt(title.empty() ? kProgramTitle : title), LinesToQt(body), buttons, window);
   box.setTextFormat(Qt::PlainText);
   // The box holds back the windows that it belongs to, but not the guide.
   if (window != nullptr) box.setWindowModality(Qt::WindowModal);
-  if (explain) QObject::connect(new QShortcut(Qt::Key_F1, &box), &QShortcut::activated, explain);
+  ExplainOnF1 on_f1(explain);
+  box.installEventFilter(&on_f1);
   KeepLines(box);
   const ArrowPointer plain;
   const int answer = box.exec();
