@@ -620,10 +620,10 @@ TEST_F(DeskWindowTest, DropsNoKeyWhileAllDesignsAreWorkedOut) {
   std::string typed;
   std::string read;
   std::vector<double> work;
-  // Five digits into each of a hundred cells below the survey, in the column of furrow lengths: each makes another
-  // sheet.
+  // Five digits as the planted width, a hundred times: each makes another sheet, of which every design can be made.
   for (int cell = 0; cell < 100; ++cell) {
-    GridPoint(*program_, "Grid1", 100 + cell, kFurrowLengthColumn, false);
+    GridPoint(*program_, "Grid1", 1 + cell % 2, kPlantedWidthColumn, false);
+    QTest::keyClick(&Sheet(), Qt::Key_Delete);
     for (int i = 0; i < 5; ++i) {
       const char digit = static_cast<char>('1' + (cell + i) % 9);
       typed += digit;
@@ -632,8 +632,9 @@ TEST_F(DeskWindowTest, DropsNoKeyWhileAllDesignsAreWorkedOut) {
       QTest::qWait(20);
       work.push_back(WorkedMilliseconds() - before);
     }
-    read += main().Grid1.Text(100 + cell, kFurrowLengthColumn);
+    read += main().Grid1.Text(1 + cell % 2, kPlantedWidthColumn);
   }
+  EXPECT_TRUE(desk().designs.front().made);
   EXPECT_EQ(read, typed);
   std::sort(work.begin(), work.end());
   std::printf("work for a key: %.2f ms in the middle, %.2f ms at most\n", work[work.size() / 2], work.back());
