@@ -267,7 +267,13 @@ void SupplyChartView::UseColours() {
   pen(wanted_, kWanted);
   pen(safe_, kSafe);
   pen(sizes_, kSizes);
-  const auto name = [](QCPItemText* item, const QCPGraph* graph) { item->setColor(graph->pen().color()); };
+  // A name may lie on other lines, which shine through a little.
+  QColor behind = ground;
+  behind.setAlphaF(0.8F);
+  const auto name = [&](QCPItemText* item, const QCPGraph* graph) {
+    item->setColor(graph->pen().color());
+    item->setBrush(behind);
+  };
   name(head_name_, head_);
   name(flow_name_, flow_);
   name(wanted_name_, wanted_);
