@@ -417,6 +417,31 @@ TEST_F(DeskWindowTest, WhatWouldHarmTheFieldIsPink) {
   Keep("burst");
 }
 
+// Furrows of one foot among some of a thousand are to get a thousandth of their water: where those get holes of half an
+// inch, a hole for these would be smaller than the smallest size, a thirty-second, and they get none.
+TEST_F(DeskWindowTest, FurrowsThatStayDryArePinkAtTheLeastFlow) {
+  Choose("mnuDesk(0)");
+  TypeFields("Dry end", "10", "1");
+  TypeRows(1, {{"0", "100", "1000", "10", "15", "1", "1", "10", "10"},
+               {"20", "100", "1000", "10", "15", "1", "1", "10", "10"},
+               {"40", "100", "1", "10", "15", "1", "1", "10", "10"},
+               {"60", "100", "1", "10", "15", "1", "1", "10", "10"}});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return AllTried(); }, 20000));
+  const auto dry = std::find_if(desk().designs.begin(), desk().designs.end(), [](const ComparedDesign& design) {
+    return design.texts[kComparedName] == "Computer Holes";
+  });
+  ASSERT_NE(dry, desk().designs.end());
+  const std::string words = "3 furrows get no water, the first at station 40.";
+  EXPECT_EQ(dry->marks[kComparedLeastFlow], words);
+  int row = 1;
+  while (desk().Comparison.Text(row, kComparedName) != "Computer Holes") ++row;
+  EXPECT_EQ(desk().Comparison.Mark(row, kComparedLeastFlow), words);
+  const QImage picture = Comparison().viewport()->grab().toImage();
+  const QRect cell = CellRect(row, kComparedLeastFlow);
+  EXPECT_EQ(picture.pixelColor(cell.left() + 3, cell.top() + 3), ToQt(kMarkedBack));
+  Keep("dry");
+}
+
 TEST_F(DeskWindowTest, AChangedFieldIsMarkedUntilReCalculated) {
   Line();
   Key(Sheet(), Qt::Key_F5);
