@@ -70,7 +70,7 @@ struct WideForm {
   // Marches the first `count` jobs, which the lanes may round up. `crowns` has `slots` floats for each row from 0 on,
   // in the units of the survey. `flows` takes `jobs` floats for each row from 0 on, at `FlowPlace`: what flows out of
   // the rows with holes. `lowest` below 0 tells that the march went negative; what else comes out of such a job means
-  // nothing. No fault is told: the line must be one that `CannotOverflow` (head_brackets.h) vouches for.
+  // nothing. No fault is told: the line must be one that `IsMonotone` (head_brackets.h) vouches for.
   void (*march)(const WideLine& line, const float* crowns, WideJobs& jobs, int count, float* flows) = nullptr;
   // The same on the crown of `WideRow::rise`, all `one_crown_jobs` of them. The first one's rows come out in `rows`.
   void (*march_one_crown)(const WideLine& line, WideJobs& jobs, const WideProfile& rows) = nullptr;

@@ -100,6 +100,8 @@ WideForm FourLanes() {
 
 #else
 
+#include "engine/wide_march.h"
+
 // A compiler or a processor without them: the form of one lane serves.
 torvale::WideForm torvale::FourLanes() {
   return FormOf(VectorLanes::kOne);

@@ -106,6 +106,8 @@ WideForm EightLanes() {
 
 #else
 
+#include "engine/wide_march.h"
+
 // A compiler or a processor without them: the form of one lane serves.
 torvale::WideForm torvale::EightLanes() {
   return FormOf(VectorLanes::kOne);
