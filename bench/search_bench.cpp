@@ -159,6 +159,28 @@ void ComputerHoles(benchmark::State& state) {
   if (!Designed(line.program)) state.SkipWithError("no design");
 }
 
+// The same without what is around it: the rows stand, and no table is shown.
+template <Form kForm>
+void ComputerHolesAlone(benchmark::State& state) {
+  BenchLine line(static_cast<int>(state.range(0)));
+  DesignRecord& record = line.program.record;
+  mnuComputerHoleSelection_Click(line.program);
+  if (kForm == Form::kPlain) line.host.on_yield = [](long) { return plain::kRowsAhead; };
+  plain::BuildRows(line.program);
+  const std::int16_t furrows = record.WateredFurrows;
+  const RowArray<float> area = record.PipeArea;
+  for (auto _ : state) {
+    record.WateredFurrows = furrows;
+    record.PipeArea = area;
+    if (kForm == Form::kPlain) {
+      plain::SelectTwice(line.program);
+    } else {
+      MultiHoleSizeTwice(line.program);
+    }
+  }
+  if (!Designed(line.program)) state.SkipWithError("no design");
+}
+
 template <Form kForm>
 void ListedHoles(benchmark::State& state) {
   BenchLine line(static_cast<int>(state.range(0)));
@@ -189,6 +211,8 @@ BENCHMARK(ComputerSelection)->Arg(264)->Arg(1056)->Arg(5280)->Unit(benchmark::kM
 BENCHMARK(LimitedSelection)->Arg(264)->Arg(1056)->Arg(5280)->Unit(benchmark::kMillisecond);
 BENCHMARK(ComputerHoles<Form::kPlain>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
 BENCHMARK(ComputerHoles<Form::kFast>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
+BENCHMARK(ComputerHolesAlone<Form::kPlain>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
+BENCHMARK(ComputerHolesAlone<Form::kFast>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
 BENCHMARK(ListedHoles<Form::kPlain>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
 BENCHMARK(ListedHoles<Form::kFast>)->Arg(264)->Arg(5280)->Unit(benchmark::kMillisecond);
 

@@ -31,6 +31,13 @@ inline void BuildRows(Program& program) {
   FlowRatio(record);
 }
 
+// The selections of one head, on rows that are built.
+inline void SelectTwice(Program& program) {
+  MultiHoleSize(program);
+  const float target_head = Narrow(Val(TextOf(program.main, InfoField::kTargetHead)));
+  if (target_head < program.record.MaxHead) MultiHoleSize(program);
+}
+
 // A run of a hole selection for the head that is typed in, where nothing is wrong with the input.
 inline void Run(Program& program) {
   DesignRecord& record = program.record;
@@ -38,9 +45,7 @@ inline void Run(Program& program) {
   record.DesignOK = "True";
   record.CancelFlag = false;
   BuildRows(program);
-  MultiHoleSize(program);
-  const float target_head = Narrow(Val(TextOf(program.main, InfoField::kTargetHead)));
-  if (target_head < record.MaxHead) MultiHoleSize(program);
+  SelectTwice(program);
   if (record.DesignOK == "False" || record.CancelFlag) return;
   SortFurrows(record);
   RunAcreCalc(program);
