@@ -7,6 +7,7 @@
 
 #include "engine/end_head_quest.h"
 #include "engine/foresight.h"
+#include "engine/hydraulics.h"
 #include "engine/slope_guess.h"
 #include "engine/slope_trials.h"
 #include "engine/trial_crew.h"
@@ -156,7 +157,7 @@ class Search {
     guess_.LearnNegative(flight.quest.model, flight.quest.brackets.negative);
     SlopeTrial& trial = flight.trial;
     trial.end_head = replay.end_head;
-    trial.lowest_head = std::min(200000.0F, Narrow(end.marched.lowest));
+    trial.lowest_head = std::min(kStartOfLowest, Narrow(end.marched.lowest));
     trial.highest_head = std::max(0.0F, Narrow(end.marched.highest));
     trial.uniformity = UniformityOf(end.quarter.sum, end.quarter.places, field_.average_flow);
     trial.search = {EndHeadSearch::Outcome::kConverged,

@@ -24,9 +24,9 @@ void ClearResults(Design& record) {
   record.MaxHead = 0;
   record.MaxHeadStation = StoreInt16(record.Station[1]);
   record.MinHeadStation = 2000;
-  record.MinHead = 200000.0F;
+  record.MinHead = kStartOfLowest;
   record.MaxFurrowFlow = 0;
-  record.MinFurrowFlow = 200000.0F;
+  record.MinFurrowFlow = kStartOfLowest;
 }
 
 // The furrows that the uniformity is worked out from: those with a length and a flow.
@@ -121,7 +121,7 @@ void Calculate(Design& record, const TypedTexts& texts, EngineHost& host, FlowEn
   record.Head[record.HoleRows] = IsHoleSelection(record) ? record.SeedEndHead : Finite(Val(texts.target_head));
   // The index is the count of furrows, not of rows; nothing in the march reads this element.
   const double diameter = Val(SurveyReader(texts.sheet, record.SurveyRows).Text(record.SurveyRows, kPipeDiaColumn));
-  record.PipeArea[record.WateredFurrows] = Store32(diameter * diameter * 3.14 / 4);
+  record.PipeArea[record.WateredFurrows] = Store32(CircleArea(diameter));
   record.AccumGPM = 0;
   const EndHeadSearch search = March(record, ReadsElevations(texts.survey_kind), host);
   end.tries = search.tries;

@@ -1,3 +1,4 @@
+// The calculation of one line: a search on the far-end head until the flow out of all holes meets the target.
 #pragma once
 
 #include <optional>

@@ -27,6 +27,10 @@ inline double OrificeHead(double area, double flow, double discharge_coef) {
   return Finite(share * share / kTwiceGravity);
 }
 
+// Where the lowest head of a line, in feet, and its least furrow flow, in gallons per minute, begin before a row has
+// told a lower one.
+inline constexpr float kStartOfLowest = 200000;
+
 // The area of a circle, in the square of the unit of its diameter.
 inline double CircleArea(double diameter) {
   return diameter * diameter * 3.14 / 4;

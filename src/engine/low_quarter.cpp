@@ -51,7 +51,7 @@ bool PlanFurrows(const SlopeField& field, FurrowPlan& plan) {
   plan.length.assign(length.begin() + 1, length.begin() + 1 + sums.furrows);
   plan.equal_lengths = std::all_of(plan.length.begin(), plan.length.end(),
                                    [&](std::int16_t each) { return each == plan.length.front() && each > 0; });
-  plan.quarter = Narrow(Wide(field.low_quarter) * Wide(sums.length));
+  plan.quarter = QuarterOf(field.low_quarter, sums.length);
   std::fill(listed.begin(), listed.end(), 1.0F);
   plan.places = LowQuarterPlaces(listed.data(), length.data(), sums.furrows, plan.quarter);
   return plan.places > 0;

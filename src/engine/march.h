@@ -1,3 +1,4 @@
+// One march over a line: heads, flows and areas row by row, from the far end to the head.
 #pragma once
 
 #include "engine/line.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/arithmetic.h"
+#include "engine/hydraulics.h"
 #include "engine/uniformity.h"
 
 namespace torvale {
@@ -15,11 +16,8 @@ float UniformityOfTrial(const SlopeField& field, PlainTrialWork& work) {
   ListFurrows(rows, work.flow.data(), field.furrow_length.data(), field.flow_ratio.data(),
               {work.furrow_flow.data(), work.furrow_length.data(), nullptr}, sums);
   QSort(1, sums.furrows, work.furrow_flow.data(), work.furrow_length.data());
-  const float quarter = Narrow(Wide(field.low_quarter) * Wide(sums.length));
-  const int places = LowQuarterPlaces(work.furrow_flow.data(), work.furrow_length.data(), rows, quarter);
-  double low = 0;
-  for (int i = 1; i <= places; ++i) low += work.furrow_flow[static_cast<std::size_t>(i)];
-  return UniformityOf(low, places, field.average_flow);
+  return UniformityOfSorted(work.furrow_flow.data(), work.furrow_length.data(), rows,
+                            QuarterOf(field.low_quarter, sums.length), field.average_flow);
 }
 
 }  // namespace
@@ -54,7 +52,7 @@ bool TryPlainly(const SlopeField& field, float slope, PlainTrialWork& work, Slop
     if (trial.search.outcome != EndHeadSearch::Outcome::kConverged) return false;
     trial.end_head = end_head;
     const auto [low, high] = std::minmax_element(work.head.begin() + 1, work.head.begin() + 1 + rows);
-    trial.lowest_head = std::min(200000.0F, Store32(*low));
+    trial.lowest_head = std::min(kStartOfLowest, Store32(*low));
     trial.highest_head = std::max(0.0F, Store32(*high));
     trial.uniformity = UniformityOfTrial(field, work);
     return true;

@@ -1,3 +1,4 @@
+// The forms of lanes that need instructions which not every processor has.
 #pragma once
 
 #include "engine/wide_lines.h"
