@@ -52,7 +52,7 @@ TEST_F(FileCommandsTest, OpenBeginsAmongTheSamplesUntilThereIsAListOfDesigns) {
   EXPECT_EQ(host.dialogs.back().folder, "");
   std::filesystem::create_directory(Path("samples"));
   mnuFileOpen_Click(program);
-  EXPECT_EQ(host.dialogs.back().folder, Path("samples"));
+  EXPECT_EQ(std::filesystem::path(host.dialogs.back().folder), std::filesystem::path(Path("samples")));
   host.WriteFile("RecentTORVALEFileName.Dat", "");
   mnuFileOpen_Click(program);
   EXPECT_EQ(host.dialogs.back().folder, "");

@@ -79,7 +79,7 @@ struct WorkFolder {
     Snapshot files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
       if (!entry.is_regular_file()) continue;
-      files[std::filesystem::relative(entry.path(), folder).string()] = BytesOf(entry.path());
+      files[std::filesystem::relative(entry.path(), folder).generic_string()] = BytesOf(entry.path());
     }
     return files;
   }
