@@ -1,6 +1,8 @@
 #include "search/survey_diagnosis.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "base/numbers.h"
 #include "engine/interpolation.h"
@@ -57,21 +59,25 @@ Stopped LengthMissing(const Program& program) {
   return {words::kRowWithoutLength(GeneralText(station)), {SurveyRowAt(program, station), kFurrowLengthColumn}};
 }
 
+// The first field that a design needs and that is empty; nullptr where all are filled.
+const NeededField* FirstEmpty(const Program& program) {
+  const auto* const end = std::end(kNeededFields);
+  const auto* const found = std::find_if(std::begin(kNeededFields), end, [&](const NeededField& needed) {
+    return TextOf(program.main, needed.field).empty();
+  });
+  return found == end ? nullptr : found;
+}
+
 }  // namespace
 
 std::optional<InfoField::Index> EmptyField(const Program& program) {
-  for (const NeededField& needed : kNeededFields) {
-    if (TextOf(program.main, needed.field).empty()) return needed.field;
-  }
-  return std::nullopt;
+  const NeededField* const empty = FirstEmpty(program);
+  return empty == nullptr ? std::nullopt : std::optional(empty->field);
 }
 
 SpokenSentence EmptyFieldSentence(const Program& program) {
-  const std::optional<InfoField::Index> empty = EmptyField(program);
-  for (const NeededField& needed : kNeededFields) {
-    if (needed.field == empty) return needed.sentence;
-  }
-  return {};
+  const NeededField* const empty = FirstEmpty(program);
+  return empty == nullptr ? SpokenSentence() : empty->sentence;
 }
 
 SpokenSentence EmptyCellSentence(int row, int column) {

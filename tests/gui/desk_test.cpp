@@ -96,6 +96,11 @@ class DeskWindowTest : public WindowTest {
   }
   bool Made(std::string_view name) { return desk().designs.at(static_cast<std::size_t>(RowOf(name) - 1)).made; }
   // With TORVALE_PICTURES naming a folder.
+  void ExpectPink(int row, int column) {
+    const QImage picture = Comparison().viewport()->grab().toImage();
+    const QRect cell = CellRect(row, column);
+    EXPECT_EQ(picture.pixelColor(cell.left() + 3, cell.top() + 3), ToQt(kMarkedBack));
+  }
   void Keep(const char* name) {
     const QByteArray folder = qgetenv("TORVALE_PICTURES");
     if (!folder.isEmpty()) window_->grab().save(QString("%1/%2.png").arg(QString(folder), name));
@@ -409,9 +414,7 @@ TEST_F(DeskWindowTest, WhatWouldHarmTheFieldIsPink) {
     burst += mark.find("is to bear") != std::string::npos ? 1 : 0;
     EXPECT_EQ(mark.empty(), design.marks[kComparedHighestHead].empty());
     if (mark.empty()) continue;
-    const QImage picture = Comparison().viewport()->grab().toImage();
-    const QRect cell = CellRect(row, kComparedHighestHead);
-    EXPECT_EQ(picture.pixelColor(cell.left() + 3, cell.top() + 3), ToQt(kMarkedBack));
+    ExpectPink(row, kComparedHighestHead);
   }
   EXPECT_GT(burst, 0);
   Keep("burst");
@@ -436,9 +439,7 @@ TEST_F(DeskWindowTest, FurrowsThatStayDryArePinkAtTheLeastFlow) {
   int row = 1;
   while (desk().Comparison.Text(row, kComparedName) != "Computer Holes") ++row;
   EXPECT_EQ(desk().Comparison.Mark(row, kComparedLeastFlow), words);
-  const QImage picture = Comparison().viewport()->grab().toImage();
-  const QRect cell = CellRect(row, kComparedLeastFlow);
-  EXPECT_EQ(picture.pixelColor(cell.left() + 3, cell.top() + 3), ToQt(kMarkedBack));
+  ExpectPink(row, kComparedLeastFlow);
   Keep("dry");
 }
 
